@@ -1,0 +1,50 @@
+# One library a folder. A folder's library sees src/ and what it links, and nothing above it has a
+# target yet when its CMakeLists.txt is read, so an arrow that points upwards fails at configure time.
+
+add_library(mevo_options INTERFACE)
+target_compile_definitions(mevo_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+    QT_NO_FOREACH QT_NO_KEYWORDS)
+if(MSVC)
+    target_compile_options(mevo_options INTERFACE /W4 /utf-8 /permissive-)
+else()
+    target_compile_options(mevo_options INTERFACE -Wall -Wextra)
+endif()
+if(MEVO_WARNINGS_ARE_ERRORS)
+    target_compile_options(mevo_options INTERFACE $<IF:$<CXX_COMPILER_ID:MSVC>,/WX,-Werror>)
+endif()
+if(MEVO_SANITIZE)
+    target_compile_options(mevo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(mevo_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# mevo_library(name SOURCES ... LINKS ...): LINKS must exist already, which keeps the arrows one-way.
+function(mevo_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+    foreach(link IN LISTS arg_LINKS)
+        if(NOT TARGET ${link})
+            message(FATAL_ERROR "${name} links ${link}, which stands above it or doesn't exist.")
+        endif()
+    endforeach()
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC mevo_options ${arg_LINKS})
+endfunction()
+
+# mevo_program(name SOURCES ... LINKS ...): lands in build/bin.
+function(mevo_program name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE mevo_options ${arg_LINKS})
+endfunction()
+
+# mevo_test(name SOURCES ... LINKS ... [LABEL slow]): one GoogleTest binary, one ctest test per case.
+function(mevo_test name)
+    cmake_parse_arguments(arg "" "LABEL" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE mevo_options test_support ${arg_LINKS})
+    set(properties TIMEOUT 300)
+    if(arg_LABEL)
+        list(APPEND properties LABELS ${arg_LABEL})
+    endif()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
+endfunction()

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "foundation/access_holder.h"
+#include "foundation/installation.h"
+#include "foundation/start_up.h"
+#include "platform/desktop/ports.h"
+#include "reports/state/report_state.h"
+#include "scoring/score_all_tests.h"
+#include "shell/conventions/menu_counts.h"
+#include "shell/conventions/page_host.h"
+
+#include <memory>
+
+namespace app {
+
+// Everything that lives as long as the process, and the way from a page's name to its class.
+class Program {
+public:
+    explicit Program(desktop::Platform& platform);
+
+    // The window, and after a second start-up and the Main menu. The program's folder is where its assets lie.
+    void Start(const QString& program_folder);
+
+    shell::Page_Host& Window() { return host; }
+    foundation::Installation& Installed() { return installation; }
+
+private:
+    std::unique_ptr<shell::Page> Make_Page(shell::Page_Id page, shell::Navigator& navigator);
+
+    desktop::Platform& platform;
+    foundation::Installation installation;
+    shell::Menu_Counts counts;
+    scoring::Pupil_Lists pupils;
+    scoring::Norm_Tables norms;
+    scoring::Score_Store scores;
+    scoring::Item_Store items;
+    scoring::Work_Lists lists;
+    foundation::Access_Holder scoring_holder;
+    scoring::Scoring scoring;
+    reports::Report_State report_state;
+    foundation::Form8 form8;
+    shell::Page_Host host;
+};
+
+} // namespace app

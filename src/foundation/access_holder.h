@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/basics/value.h"
+#include "platform/database/connection.h"
+#include "platform/database/recordset.h"
+#include "platform/desktop/ports.h"
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+namespace foundation {
+
+// A code module's or page's way to the database: one connection and one recordset, both gone between uses,
+// so that nothing is held open between the user's actions. A holder carries one query at a time.
+//
+// The calling order is ado_Open, as a rule ado_RSCount, reads and writes through Fields, ado_Close.
+class Access_Holder {
+public:
+    explicit Access_Holder(desktop::Platform& platform) : platform(platform) {}
+
+    int ConnectionTimeout = 15; // seconds to wait for a file in use
+
+    // Opens the query and stands on its first row. An error is put to the user with Abort, which ends the
+    // program, Retry, which repeats the failing step, and Ignore, which goes on behind it.
+    // lock_mode is "ReadOnly", "Optimistic", "Pessimistic" or "BatchOptimistic"; any other word leaves the
+    // default lock in force.
+    void ado_Open(const QString& connection_string, const QString& sql, const QString& lock_mode);
+
+    // Sets count to the number of rows and goes back to the first; no row gives 0. Silent: on any other
+    // error, and beyond 32767 rows, count stays as it stood.
+    void ado_RSCount(qint16& count);
+
+    // Closes and releases both; harmless when they are closed already.
+    void ado_Close();
+
+    // The open recordset. Error 91 if Ignore left none.
+    database::Recordset& Rows();
+    basics::Value Field(const QString& name) { return Rows().Fields(name).Value(); }
+
+protected:
+    desktop::Platform& platform;
+    void Step(const std::function<void()>& step); // with Abort, Retry and Ignore
+    std::unique_ptr<database::Connection> connection;
+    std::unique_ptr<database::Recordset> recordset;
+};
+
+// The Main menu's holder has a count-only form beside the three.
+class Counting_Access_Holder : public Access_Holder {
+public:
+    using Access_Holder::Access_Holder;
+    // Opens the query, counts its rows and closes it; the rows can't be read.
+    void ado_Open_Alternative(const QString& connection_string, const QString& sql, const QString& lock_mode);
+    qint16 row_count = 0;
+};
+
+} // namespace foundation

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/basics/value.h"
+
+#include <QString>
+
+namespace foundation {
+
+// What start-up finds out and every page reads: where things lie, and whose database it is. One lives for
+// the whole process.
+struct Installation {
+    QString App_Path;              // the program's folder, without a backslash at its end
+    QString Database_Path;         // the working database
+    QString Empty_Database_Path;   // the empty template
+    QString Archive_Folder;        // offered by the archive dialogs
+    QString Common_AppData_Path;   // set only when it was asked for
+    QString Current_Database_Path; // the database in use: the working one, or an archive in view
+    QString Connection_String;     // names the database in use; every query passes it
+    bool Viewing_Mode = false;     // an archive is in view, to be read only
+
+    basics::Value Admin_Password; // empty until read
+    QString Product_Version;
+    QString CustomerName;
+    QString Institution; // heads every printout
+};
+
+// The connection string for a database file.
+QString Connection_String_For(const QString& database_path);
+
+} // namespace foundation

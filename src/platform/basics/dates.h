@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <optional>
+
+namespace basics {
+
+// Reads a date in any form that the suite's modules have left in a file: dd/mm/yyyy, dd/mm/yy (30 to 99
+// are 1930 to 1999), also with "-" or "." between, and yyyy-mm-dd, each with or without a time of day.
+std::optional<QDateTime> Stored_Date(const QString& text);
+
+// A date as text: dd/mm/yyyy, with the time of day behind it unless it is midnight.
+QString Date_Text(const QDateTime& date);
+
+} // namespace basics

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace basics {
+
+// A path of the program's texts, whose folders are divided by backslashes, as this system takes it:
+// absolute, and with the letter case of the entries that lie on the disk where they differ only in that.
+// A part that doesn't exist stays as it was written.
+QString Native_Path(const QString& path);
+
+} // namespace basics

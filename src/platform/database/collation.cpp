@@ -1,0 +1,66 @@
+#include "platform/database/collation.h"
+
+#include "platform/database/engine_errors.h"
+#include "platform/database/jet_sql.h"
+
+#include <QCollator>
+#include <QLocale>
+#include <memory>
+#include <sqlite3.h>
+
+namespace database {
+namespace {
+
+// The system's collator is costly to make, and most queries compare nothing.
+class Text_Comparer {
+public:
+    int Compare(const QString& left, const QString& right) {
+        if (!collator) {
+            collator = std::make_unique<QCollator>(QLocale(QLocale::English, QLocale::UnitedKingdom));
+            collator->setCaseSensitivity(Qt::CaseInsensitive);
+        }
+        return collator->compare(left, right);
+    }
+
+private:
+    std::unique_ptr<QCollator> collator;
+};
+
+int Compare_Texts(void* comparer, int left_size, const void* left, int right_size, const void* right) {
+    const auto text = [](const void* bytes, int size) { return QString::fromUtf8(static_cast<const char*>(bytes), size); };
+    return static_cast<Text_Comparer*>(comparer)->Compare(text(left, left_size), text(right, right_size));
+}
+
+void Delete_Comparer(void* comparer) {
+    delete static_cast<Text_Comparer*>(comparer);
+}
+
+void Install(sqlite3* engine, const char* name) {
+    auto comparer = std::make_unique<Text_Comparer>();
+    // In the engine's own encoding: for another one, its built-in NOCASE would go before ours.
+    const int result = sqlite3_create_collation_v2(engine, name, SQLITE_UTF8, comparer.get(), Compare_Texts, Delete_Comparer);
+    if (result != SQLITE_OK) Raise_Engine_Error(engine, result);
+    comparer.release(); // the connection deletes it
+}
+
+bool Holds_Foreign_Indexes(sqlite3* engine) {
+    sqlite3_stmt* statement = nullptr;
+    const int prepared = sqlite3_prepare_v2(engine,
+                                            "SELECT 1 FROM sqlite_master AS m, pragma_index_xinfo(m.name) AS x "
+                                            "WHERE m.type = 'index' AND x.key = 1 AND x.coll = 'NOCASE' LIMIT 1",
+                                            -1, &statement, nullptr);
+    if (prepared != SQLITE_OK) Raise_Engine_Error(engine, prepared);
+    const int stepped = sqlite3_step(statement);
+    sqlite3_finalize(statement);
+    if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) Raise_Engine_Error(engine, stepped);
+    return stepped == SQLITE_ROW;
+}
+
+} // namespace
+
+void Install_Text_Order(sqlite3* engine) {
+    Install(engine, Text_Order);
+    if (!Holds_Foreign_Indexes(engine)) Install(engine, "NOCASE");
+}
+
+} // namespace database

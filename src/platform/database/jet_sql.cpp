@@ -1,0 +1,255 @@
+#include "platform/database/jet_sql.h"
+
+#include "platform/database/engine_errors.h"
+
+#include <QList>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+namespace {
+
+struct Token {
+    enum class Kind { Word, Name, Number, Text, Symbol };
+    Kind kind;
+    QString text;
+
+    bool Is(QLatin1StringView word) const {
+        return (kind == Kind::Word || kind == Kind::Symbol) && text.compare(word, Qt::CaseInsensitive) == 0;
+    }
+    bool Is_Operand() const { return kind != Kind::Symbol; }
+};
+
+using Tokens = QList<Token>;
+
+[[noreturn]] void Refuse(const QString& description) {
+    Raise_Engine_Error(errors::Syntax, description);
+}
+
+// ---- from text to tokens
+
+bool Starts_Word(QChar c) {
+    return c.isLetter() || c == u'_';
+}
+
+bool Continues_Word(QChar c) {
+    return c.isLetterOrNumber() || c == u'_';
+}
+
+// The place behind a quoted run that begins at `start`; a doubled closing mark stands for itself.
+qsizetype End_Of_Quoted(const QString& jet, qsizetype start, QChar closing) {
+    for (qsizetype at = start + 1; at < jet.size(); ++at) {
+        if (jet[at] != closing) continue;
+        if (closing != u']' && at + 1 < jet.size() && jet[at + 1] == closing) {
+            ++at;
+            continue;
+        }
+        return at + 1;
+    }
+    Refuse(u"Syntax error in string in query expression '"_s + jet.mid(start) + u"'."_s);
+}
+
+// Jet takes texts in double quotes as well; SQLite would read those as names.
+QString Single_Quoted(const QString& quoted) {
+    if (quoted.startsWith(u'\'')) return quoted;
+    QString content = quoted.mid(1, quoted.size() - 2);
+    content.replace(u"\"\""_s, u"\""_s).replace(u"'"_s, u"''"_s);
+    return u'\'' + content + u'\'';
+}
+
+qsizetype End_Of_Number(const QString& jet, qsizetype at) {
+    const auto digits = [&] {
+        while (at < jet.size() && jet[at].isDigit()) ++at;
+    };
+    digits();
+    if (at < jet.size() && jet[at] == u'.') {
+        ++at;
+        digits();
+    }
+    if (at + 1 < jet.size() && jet[at].toLower() == u'e') {
+        const qsizetype sign = jet[at + 1] == u'+' || jet[at + 1] == u'-' ? 1 : 0;
+        if (at + 1 + sign < jet.size() && jet[at + 1 + sign].isDigit()) {
+            at += 1 + sign;
+            digits();
+        }
+    }
+    return at;
+}
+
+qsizetype Symbol_Length(const QString& jet, qsizetype at) {
+    static const QString pairs[] = {u"<="_s, u">="_s, u"<>"_s};
+    const QString pair = jet.mid(at, 2);
+    for (const QString& known : pairs)
+        if (pair == known) return 2;
+    return 1;
+}
+
+Tokens Tokens_Of(const QString& jet) {
+    static const QString known_symbols = u"+-*/=<>(),.;"_s;
+    Tokens tokens;
+    qsizetype at = 0;
+    const auto take = [&](Token::Kind kind, qsizetype end) {
+        tokens.append({kind, jet.mid(at, end - at)});
+        at = end;
+    };
+    while (at < jet.size()) {
+        const QChar c = jet[at];
+        if (c.isSpace()) {
+            ++at;
+        } else if (c == u'\'' || c == u'"') {
+            take(Token::Kind::Text, End_Of_Quoted(jet, at, c));
+            tokens.last().text = Single_Quoted(tokens.last().text);
+        } else if (c == u'[') {
+            take(Token::Kind::Name, End_Of_Quoted(jet, at, u']'));
+        } else if (c.isDigit()) {
+            take(Token::Kind::Number, End_Of_Number(jet, at));
+        } else if (Starts_Word(c)) {
+            qsizetype end = at;
+            while (end < jet.size() && Continues_Word(jet[end])) ++end;
+            take(Token::Kind::Word, end);
+        } else if (known_symbols.contains(c)) {
+            take(Token::Kind::Symbol, at + Symbol_Length(jet, at));
+        } else {
+            Refuse(u"Syntax error in query expression '"_s + jet.mid(at, 40) + u"'."_s);
+        }
+    }
+    return tokens;
+}
+
+void Drop_The_End_Mark(Tokens& tokens) {
+    for (qsizetype at = 0; at < tokens.size(); ++at) {
+        if (!tokens[at].Is(";"_L1)) continue;
+        if (at + 1 < tokens.size()) Refuse(u"Characters found after end of SQL statement."_s);
+        tokens.removeAt(at);
+    }
+    if (tokens.isEmpty()) Refuse(u"Invalid SQL statement; expected 'DELETE', 'INSERT', 'SELECT', or 'UPDATE'."_s);
+}
+
+// ---- sums of texts
+
+// One sum: operands joined by "+" on one level of parentheses.
+struct Sum {
+    QList<qsizetype> plus_signs;
+    bool holds_text = false;
+    bool after_operand = false;
+};
+
+void Join_Texts(Tokens& tokens) {
+    QList<Sum> open{Sum{}};
+    const auto finish = [&](Sum& sum) {
+        if (sum.holds_text)
+            for (const qsizetype place : sum.plus_signs) tokens[place].text = u"||"_s;
+        const bool joined = sum.holds_text && !sum.plus_signs.isEmpty();
+        sum = Sum{};
+        return joined;
+    };
+    for (qsizetype at = 0; at < tokens.size(); ++at) {
+        const Token& token = tokens[at];
+        if (token.Is("("_L1)) {
+            open.append(Sum{});
+        } else if (token.Is(")"_L1)) {
+            const bool joined = finish(open.last());
+            if (open.size() > 1) open.removeLast();
+            open.last().holds_text |= joined;
+            open.last().after_operand = true;
+        } else if (token.Is("."_L1)) {
+            open.last().after_operand = false; // table.column is one operand
+        } else if (token.Is("+"_L1)) {
+            open.last().plus_signs.append(at);
+            open.last().after_operand = false;
+        } else if (!token.Is_Operand()) {
+            finish(open.last());
+        } else {
+            // Two operands side by side belong to two sums: a keyword lies between, or is one of them.
+            if (open.last().after_operand) finish(open.last());
+            open.last().holds_text |= token.kind == Token::Kind::Text;
+            open.last().after_operand = true;
+        }
+    }
+    for (Sum& sum : open) finish(sum);
+}
+
+// ---- definitions
+
+void Limit_Texts(Tokens& tokens) {
+    if (!tokens.first().Is("CREATE"_L1) && !tokens.first().Is("ALTER"_L1)) return;
+    for (qsizetype at = 1; at + 3 < tokens.size(); ++at) {
+        const bool sized_text = tokens[at].Is("TEXT"_L1) && tokens[at + 1].Is("("_L1) &&
+                                tokens[at + 2].kind == Token::Kind::Number && tokens[at + 3].Is(")"_L1);
+        if (!sized_text) continue;
+        const QString limit = u"COLLATE NOCASE CHECK ( length ( %1 ) <= %2 )"_s.arg(tokens[at - 1].text, tokens[at + 2].text);
+        tokens.insert(at + 4, {Token::Kind::Name, limit});
+        at += 4;
+    }
+}
+
+// ---- order
+
+void Sort_By_Text_Order(Tokens& tokens) {
+    const QString collate = u"COLLATE "_s + QLatin1StringView(Text_Order);
+    for (qsizetype at = 0; at + 2 < tokens.size(); ++at) {
+        if (!tokens[at].Is("ORDER"_L1) || !tokens[at + 1].Is("BY"_L1)) continue;
+        int depth = 0;
+        bool named = false; // the term at hand has its collation
+        for (at += 2; at < tokens.size() && depth >= 0; ++at) {
+            const Token& token = tokens[at];
+            if (token.Is("("_L1)) ++depth;
+            if (token.Is(")"_L1)) --depth;
+            if (depth != 0) continue;
+            if (token.Is(","_L1)) {
+                if (!named) tokens.insert(at++, {Token::Kind::Name, collate});
+                named = false;
+            } else if ((token.Is("ASC"_L1) || token.Is("DESC"_L1)) && !named) {
+                tokens.insert(at++, {Token::Kind::Name, collate});
+                named = true;
+            }
+        }
+        if (!named) tokens.insert(at, {Token::Kind::Name, collate});
+        return;
+    }
+}
+
+// ---- the table that a recordset can write to
+
+std::optional<QString> Only_Table(const Tokens& tokens) {
+    if (!tokens.first().Is("SELECT"_L1)) return std::nullopt;
+    static const QLatin1StringView derived[] = {"DISTINCT"_L1, "GROUP"_L1, "UNION"_L1, "JOIN"_L1, "SELECT"_L1};
+    qsizetype from = -1;
+    for (qsizetype at = 1; at < tokens.size(); ++at) {
+        for (const QLatin1StringView& word : derived)
+            if (tokens[at].Is(word)) return std::nullopt;
+        if (tokens[at].Is("FROM"_L1) && from < 0) from = at;
+    }
+    if (from < 0 || from + 1 >= tokens.size()) return std::nullopt;
+    const Token& table = tokens[from + 1];
+    const bool named = table.kind == Token::Kind::Word || table.kind == Token::Kind::Name;
+    const bool more = from + 2 < tokens.size() && tokens[from + 2].Is(","_L1);
+    return named && !more ? std::optional(table.text) : std::nullopt;
+}
+
+QString Joined(const Tokens& tokens) {
+    QStringList texts;
+    texts.reserve(tokens.size());
+    for (const Token& token : tokens) texts.append(token.text);
+    return texts.join(u' ');
+}
+
+} // namespace
+
+Translated_Statement Translate_Jet(const QString& jet) {
+    Tokens tokens = Tokens_Of(jet);
+    Drop_The_End_Mark(tokens);
+    Join_Texts(tokens);
+    Limit_Texts(tokens);
+    Sort_By_Text_Order(tokens);
+
+    Translated_Statement statement{Joined(tokens), {}, {}};
+    if (const auto table = Only_Table(tokens)) {
+        statement.table = *table;
+        statement.with_row_identity = u"SELECT rowid , "_s + Joined(tokens.sliced(1));
+    }
+    return statement;
+}
+
+} // namespace database

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+namespace database {
+
+// The collation that each connection offers for sorting: without regard to case, with accents in their
+// place. ORDER BY is given it by the translator, so that a file whose own indexes were built by another
+// order is still searched by that order.
+inline constexpr char Text_Order[] = "TEXT_ORDER";
+
+struct Translated_Statement {
+    QString sql;
+    // Only for a plain SELECT from one table: that table, and the same statement with the row's identity
+    // as its first column, through which a recordset writes.
+    QString table;
+    QString with_row_identity;
+};
+
+// Translates one statement of the Jet dialect, token by token: "+" joins texts where a text literal stands
+// in the sum, TEXT(n) in a definition gets its length limit, names in brackets stay names, comments are
+// none. A statement with anything behind its end is refused, as the dialect knows one at a time: so no
+// spliced value can bring a second statement with it.
+// Throws basics::Run_Time_Error (errors::Syntax).
+Translated_Statement Translate_Jet(const QString& jet);
+
+} // namespace database

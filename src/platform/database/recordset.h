@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/basics/value.h"
+#include "platform/database/connection.h"
+
+#include <QHash>
+#include <QString>
+#include <vector>
+
+namespace database {
+
+enum class Lock_Type { Default = 0, Read_Only = 1, Pessimistic = 2, Optimistic = 3, Batch_Optimistic = 4 };
+
+class Recordset;
+
+// One column of the current row. Setting a value is kept until the recordset's Update.
+class Field {
+public:
+    QString Name() const;
+    basics::Value Value() const;
+    void Set_Value(const basics::Value& value);
+
+private:
+    friend class Recordset;
+    Field(Recordset& owner, int column) : owner(owner), column(column) {}
+    Recordset& owner;
+    int column;
+};
+
+// The rows of one query, walked forwards and rewound by MoveFirst. The rows are read when it opens, so that
+// no lock stays on the file while a page works through them.
+class Recordset {
+public:
+    Recordset() = default;
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    Lock_Type LockType = Lock_Type::Default;
+    QString Source;
+    void Set_ActiveConnection(Connection* connection); // must be open
+
+    void Open();                          // runs Source; an action statement leaves the recordset closed
+    void Open_Table(const QString& name); // the whole table by its name, for walking its columns
+    void Close();
+    bool Is_Open() const { return open; }
+
+    bool Eof() const; // behind the last row
+    void MoveFirst(); // error 3021 if there is no row
+    void MoveNext();
+
+    int Field_Count() const;
+    Field Fields(const QString& name); // without regard to case
+    Field Fields(int column);          // from 0
+
+    void AddNew(); // a new row, stored by Update
+    void Update(); // writes the fields that were assigned, to this row and no other
+
+private:
+    friend class Connection;
+    friend class Field;
+
+    void Take(Connection::Rows rows, bool with_identity);
+    void Require_Open() const;
+    void Require_Row() const;
+    basics::Value Value_At(int column) const;
+    void Assign(int column, const basics::Value& value);
+    void Forget_Assignments();
+    void Insert_Row();
+    void Update_Row();
+
+    Connection* connection = nullptr;
+    bool open = false;
+    bool adding = false;
+    QString table; // empty: can't be written
+    QStringList names;
+    QHash<QString, int> columns; // by the name in lower case
+    std::vector<basics::Value> identities;
+    std::vector<std::vector<basics::Value>> rows;
+    std::size_t current = 0;
+    std::vector<std::pair<int, basics::Value>> assigned;
+};
+
+} // namespace database

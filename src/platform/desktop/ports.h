@@ -1,0 +1,113 @@
+#pragma once
+
+#include "platform/desktop/message_boxes.h"
+
+#include <QDateTime>
+#include <QString>
+#include <cstdlib>
+
+class QDialog;
+
+namespace desktop {
+
+// What the program asks of the world outside the process, one small class a concern. The real ones stand
+// in qt_platform.h; a test brings its own.
+
+// The mouse pointer over all of the program; the values are the system's own.
+enum class Pointer_Shape { Default = 0, Hourglass = 11, Arrow_And_Hourglass = 13 };
+
+class Pointer {
+public:
+    virtual ~Pointer() = default;
+    virtual void Set(Pointer_Shape shape) = 0;
+};
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual QDateTime Now() const = 0; // local time
+    // How long a page's one-shot timer really waits for the interval that its design gives, in milliseconds.
+    virtual int Timer_Interval(int designed) const = 0;
+};
+
+class Sound {
+public:
+    virtual ~Sound() = default;
+    // Plays a wave file and returns when it has ended; a missing file or device is passed over.
+    virtual void Play(const QString& file) = 0;
+};
+
+class Documents {
+public:
+    virtual ~Documents() = default;
+    // The system's short form of a folder's path; empty if there is no such folder.
+    virtual QString Short_Path(const QString& path) = 0;
+    // Opens a file with the application registered for it. Above 32 or negative is success; the others are
+    // the system's own codes, such as 2 for a missing file and 31 for no application.
+    virtual int Shell_Open(const QString& file, const QString& folder) = 0;
+};
+
+class Processes {
+public:
+    virtual ~Processes() = default;
+    // Starts a program, visible and with the focus, and doesn't wait for it.
+    // Throws basics::Run_Time_Error 53 if it isn't there.
+    virtual void Start(const QString& command_line) = 0;
+    // Ends this process at once. Nothing is closed first.
+    [[noreturn]] void End(int status) {
+        End_Process(status);
+        std::abort(); // a body that came back would let the program run on behind its own end
+    }
+
+protected:
+    virtual void End_Process(int status) = 0;
+};
+
+class Ini_Files {
+public:
+    virtual ~Ini_Files() = default;
+    // The value of a key without the blanks around it; an empty value is empty text. `missing` if the file,
+    // the section or the key isn't there.
+    virtual QString Value(const QString& file, const QString& section, const QString& key,
+                          const QString& missing) = 0;
+};
+
+class Files {
+public:
+    virtual ~Files() = default;
+    // The bare name of a file as it is spelt on the disk; empty if there is none.
+    virtual QString Dir(const QString& file) = 0;
+};
+
+// Folders that the system keeps, by their customary numbers.
+inline constexpr int Common_AppData = 35; // application data of all users
+
+class Special_Folders {
+public:
+    virtual ~Special_Folders() = default;
+    // Sets `path` and gives 0, or gives another number if the system knows no such folder.
+    virtual int Folder_Path(int number, QString& path) = 0;
+};
+
+// Shows a dialog over the page and comes back when it is closed.
+class Modal_Dialogs {
+public:
+    virtual ~Modal_Dialogs() = default;
+    virtual void Show(QDialog& dialog) = 0;
+};
+
+// All of them together, by reference; app makes one, a test makes its own.
+struct Platform {
+    Message_Boxes& boxes;
+    Pointer& pointer;
+    Clock& clock;
+    Sound& sound;
+    Documents& documents;
+    Processes& processes;
+    Ini_Files& ini;
+    Files& files;
+    Special_Folders& folders;
+    Modal_Dialogs& dialogs;
+};
+
+} // namespace desktop

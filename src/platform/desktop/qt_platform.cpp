@@ -1,0 +1,204 @@
+#include "platform/desktop/qt_platform.h"
+
+#include "platform/basics/native_path.h"
+#include "platform/basics/run_time_error.h"
+#include "platform/desktop/windows_services.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QProcess>
+#include <QSoundEffect>
+#include <QStringDecoder>
+#include <QTimer>
+#include <QUrl>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace desktop {
+namespace {
+
+class Qt_Message_Boxes final : public Message_Boxes {
+public:
+    Answer Ask(Box_Style style, const QString& title, const QString& text) override {
+        QMessageBox box(QApplication::activeWindow());
+        box.setWindowTitle(title);
+        box.setTextFormat(Qt::PlainText); // a pupil's name is never mark-up
+        QString lines = text;
+        box.setText(lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'));
+        box.setIcon(Icon(style));
+        box.setStandardButtons(Buttons(style));
+        return Answer_Of(box.exec());
+    }
+
+private:
+    static QMessageBox::Icon Icon(Box_Style style) {
+        switch (static_cast<int>(style) & 0x70) {
+        case 16: return QMessageBox::Critical;
+        case 64: return QMessageBox::Information;
+        default: return QMessageBox::NoIcon;
+        }
+    }
+    static QMessageBox::StandardButtons Buttons(Box_Style style) {
+        switch (static_cast<int>(style) & 0x0f) {
+        case 2: return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+        case 3: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case 4: return QMessageBox::Yes | QMessageBox::No;
+        default: return QMessageBox::Ok;
+        }
+    }
+    static Answer Answer_Of(int button) {
+        switch (button) {
+        case QMessageBox::Cancel: return Answer::Cancel;
+        case QMessageBox::Abort: return Answer::Abort;
+        case QMessageBox::Retry: return Answer::Retry;
+        case QMessageBox::Ignore: return Answer::Ignore;
+        case QMessageBox::Yes: return Answer::Yes;
+        case QMessageBox::No: return Answer::No;
+        default: return Answer::Ok;
+        }
+    }
+};
+
+class Qt_Pointer final : public Pointer {
+public:
+    void Set(Pointer_Shape shape) override {
+        while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
+        if (shape == Pointer_Shape::Hourglass) QApplication::setOverrideCursor(Qt::WaitCursor);
+        if (shape == Pointer_Shape::Arrow_And_Hourglass) QApplication::setOverrideCursor(Qt::BusyCursor);
+    }
+};
+
+class System_Clock final : public Clock {
+public:
+    QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    int Timer_Interval(int designed) const override { return designed; }
+};
+
+class Qt_Sound final : public Sound {
+public:
+    void Play(const QString& file) override {
+        const QString native = basics::Native_Path(file);
+        if (!QFileInfo::exists(native)) return;
+        QSoundEffect effect;
+        effect.setSource(QUrl::fromLocalFile(native));
+        QEventLoop until_the_end;
+        QObject::connect(&effect, &QSoundEffect::playingChanged, &until_the_end, [&] {
+            if (!effect.isPlaying()) until_the_end.quit();
+        });
+        QTimer::singleShot(Longest_Click_Ms, &until_the_end, &QEventLoop::quit);
+        effect.play();
+        until_the_end.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+
+private:
+    // Without a sound device the toolkit reports a sound as playing for ever.
+    static constexpr int Longest_Click_Ms = 500;
+};
+
+class Qt_Documents final : public Documents {
+public:
+    QString Short_Path(const QString& path) override { return System_Short_Path(path); }
+
+    int Shell_Open(const QString& file, const QString&) override {
+        constexpr int file_not_found = 2;
+        constexpr int no_application = 31;
+        constexpr int done = 33;
+        const QString native = basics::Native_Path(file);
+        if (!QFileInfo::exists(native)) return file_not_found;
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(native)) ? done : no_application;
+    }
+};
+
+class Qt_Processes final : public Processes {
+public:
+    void Start(const QString& command_line) override {
+        const qsizetype blank = End_Of_Program(command_line);
+        const QString program = basics::Native_Path(command_line.left(blank));
+        const QStringList arguments = QProcess::splitCommand(command_line.mid(blank));
+        if (!QFileInfo(program).isFile()) basics::Raise(basics::errors::File_Not_Found);
+        if (!QProcess::startDetached(program, arguments)) basics::Raise(basics::errors::Permission_Denied);
+    }
+
+protected:
+    void End_Process(int status) override {
+        std::fflush(nullptr);
+        std::_Exit(status);
+    }
+
+private:
+    // The program's own path may hold blanks: the longest beginning that names a file is taken.
+    static qsizetype End_Of_Program(const QString& command_line) {
+        for (qsizetype end = command_line.size(); end > 0; end = command_line.lastIndexOf(u' ', end - 1))
+            if (QFileInfo(basics::Native_Path(command_line.left(end))).isFile()) return end;
+        const qsizetype blank = command_line.lastIndexOf(u' ');
+        return blank < 0 ? command_line.size() : blank;
+    }
+};
+
+class File_Of_Settings final : public Ini_Files {
+public:
+    QString Value(const QString& file, const QString& section, const QString& key, const QString& missing) override {
+        QFile opened(basics::Native_Path(file));
+        if (!opened.open(QIODevice::ReadOnly)) return missing;
+        const QString value = Ini_Value(Decoded(opened.readAll()), section, key);
+        return value.isNull() ? missing : value;
+    }
+
+private:
+    // Written by whatever editor a school has: UTF-8, or the older single-byte page.
+    static QString Decoded(const QByteArray& bytes) {
+        QStringDecoder utf8(QStringDecoder::Utf8);
+        const QString text = utf8(bytes);
+        return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+    }
+};
+
+class Disk_Files final : public Files {
+public:
+    QString Dir(const QString& file) override {
+        const QFileInfo info(basics::Native_Path(file));
+        return info.isFile() ? info.fileName() : QString();
+    }
+};
+
+class System_Folders final : public Special_Folders {
+public:
+    int Folder_Path(int number, QString& path) override { return System_Folder(number, path); }
+};
+
+class Qt_Modal_Dialogs final : public Modal_Dialogs {
+public:
+    void Show(QDialog& dialog) override { dialog.exec(); }
+};
+
+} // namespace
+
+struct Qt_Platform::Bodies {
+    Qt_Message_Boxes boxes;
+    Qt_Pointer pointer;
+    System_Clock clock;
+    Qt_Sound sound;
+    Qt_Documents documents;
+    Qt_Processes processes;
+    File_Of_Settings ini;
+    Disk_Files files;
+    System_Folders folders;
+    Qt_Modal_Dialogs dialogs;
+    Platform ports{boxes, pointer, clock, sound, documents, processes, ini, files, folders, dialogs};
+};
+
+Qt_Platform::Qt_Platform() : bodies(std::make_unique<Bodies>()) {}
+Qt_Platform::~Qt_Platform() = default;
+
+Platform& Qt_Platform::Ports() {
+    return bodies->ports;
+}
+
+} // namespace desktop

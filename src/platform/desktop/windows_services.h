@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+namespace desktop {
+
+// Services that only one family of systems has under that name; elsewhere a plain stand-in serves.
+
+// The short form of an existing path; empty if it doesn't exist.
+QString System_Short_Path(const QString& path);
+
+// Sets the path of a folder that the system keeps and gives 0; another result if it has none such.
+int System_Folder(int number, QString& path);
+
+} // namespace desktop

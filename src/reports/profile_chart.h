@@ -1,0 +1,58 @@
+#pragma once
+
+#include "reports/profile_bars.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QString>
+#include <array>
+
+namespace reports {
+
+// The mark of a test that was ended early. It stands 18 pixels above its bar; near the chart's top edge its
+// letter moves down into the bar, so that it is never cut off.
+class Terminated_Mark : public QWidget {
+    Q_OBJECT
+public:
+    Terminated_Mark(const QString& name, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+// The chart's ground with its bars, all of them controls of their own: Shape1 to Shape8 for accuracy,
+// Shape12(0) to Shape12(7) for time, Image12 and Image13 the marks of the first two tests.
+// t is the test, from 1 to 8.
+class Profile_Chart : public QFrame {
+    Q_OBJECT
+public:
+    Profile_Chart(const QString& name, QWidget* parent);
+
+    static constexpr int Column_Width = 64;
+    static constexpr int Column_Pitch = 84;
+    static constexpr int First_Column = 14;
+    static constexpr QSize Size{680, Chart_Height};
+    static int Column_Left(int t) { return First_Column + (t - 1) * Column_Pitch; }
+
+    // The ground's picture; a missing or unreadable file is a run-time error.
+    void Load_Picture(const QString& file);
+
+    QFrame* Shape(int t) const { return accuracy[static_cast<std::size_t>(t)]; }
+    QFrame* Time_Shape(int t) const { return time[static_cast<std::size_t>(t)]; } // Shape12(t - 1)
+    Terminated_Mark* Image12;
+    Terminated_Mark* Image13;
+
+    static void Place(QFrame* bar, const Bar& place);
+    // Tells a screen reader what the chart shows.
+    void Describe(const QString& text) { setAccessibleDescription(text); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::array<QFrame*, 9> accuracy{};
+    std::array<QFrame*, 9> time{};
+    QPixmap ground;
+};
+
+} // namespace reports

@@ -1,0 +1,425 @@
+#include "reports/reports_page.h"
+
+#include "platform/basics/number_text.h"
+#include "reports/state/pupil_comment.h"
+#include "scoring/score_conversion.h"
+#include "scoring/summary_table.h"
+
+using namespace Qt::StringLiterals;
+
+namespace reports {
+
+using desktop::Pointer_Shape;
+
+constexpr int Whole_Column = 64;
+constexpr int Half_Column = 32;
+constexpr int Resting_Top = 356;
+const QString Way_Back = u"Show the bar chart"_s;
+
+// ---- opening
+
+void Form30::Load() {
+    Show_Progress_Width(1);
+    state.Show_Time_Bars = false;
+    Set_Bar_Widths(false, Whole_Column);
+    state.Chart_Background = u"GREY"_s;
+    state.Chart_Mode = u"P"_s;
+    Clear_Bar_Arrays();
+    Show_Time_Flag();
+    state.Test_Table_Title = {
+        u"Test data for Tolvens"_s,       u"Test data for Blik's Friends"_s,       u"Test data for Karrel"_s,
+        u"Test data for Blik's Letters"_s, u"Test data for Blik's Letters Names"_s, u"Test data for Drell"_s,
+        u"Test data for Mirvel"_s,        u"Test data for Yoon"_s,                 u"Test data for Pindo"_s,
+    };
+    if (installation.Viewing_Mode) HotLabel3->setEnabled(false);
+    scoring::Load_All_Norms(holder, installation, norms);
+    Once_Painted(u"Timer2"_s, [this] { Timer2_Timer(); });
+}
+
+void Form30::Timer2_Timer() {
+    state.Chart_Background = u"GREY"_s;
+    Load_Students();
+}
+
+void Form30::Load_Students() {
+    scoring::Load_Pupil_Lists(holder, installation, platform.clock, pupils);
+    Combo1->Clear();
+    for (int p = 1; p <= pupils.Pupils_Listed; ++p) Combo1->AddItem(scoring::Pupil_List_Entry(pupils, p));
+    if (pupils.Pupils_Listed > 0) Combo1->Set_ListIndex(0);
+    else Label7->Set_Caption(u"No reports are available as yet"_s);
+}
+
+// ---- choosing a pupil
+
+void Form30::Combo1_Click() {
+    state.Current_Pupil = static_cast<qint16>(Combo1->ListIndex() + 1);
+    Show_Progress_Width(1);
+    state.Current_Student_Code = pupils.Student_Code[state.Current_Pupil];
+    This_Students_Age(state.Current_Pupil);
+    platform.pointer.Set(Pointer_Shape::Hourglass);
+    Picture2->show();
+    Regen_Bars_For_Another_Child(state.Current_Pupil);
+    platform.pointer.Set(Pointer_Shape::Default);
+}
+
+void Form30::This_Students_Age(int p) {
+    state.Pupil_Name = pupils.Pupil_Name_List[p];
+    state.Pupil_DOB = pupils.Pupil_DOB_List[p];
+    const int months = scoring::Age_When_First_Tested(pupils, p);
+    state.Pupil_Age_Text = basics::Signed_Number(months / 12) + u"y "_s + basics::Signed_Number(months % 12) + u'm';
+}
+
+// The order is required: each step relies on the one before.
+void Form30::Regen_Bars_For_Another_Child(int p) {
+    database::Connection connection;
+    connection.ConnectionString = installation.Connection_String;
+    connection.Open();
+    Hide_Any_Tables();
+    Reset_Bars();
+    scoring::Clear_Scores(scoring.scores);
+    scoring::Show_Test_Names(state.summary);
+    Label3->setText(u""_s);
+    scoring::Clear_Terminated_Flags(scoring.scores);
+    Show_8_Buttons();
+    platform.pointer.Set(Pointer_Shape::Hourglass);
+    scoring::Score_All_Tests(p, true, scoring);
+    if (state.Show_Time_Bars) Compute_Raw_Scores_Times(p, true);
+    state.Time_Scores_Ready = state.Show_Time_Bars;
+    platform.pointer.Set(Pointer_Shape::Default);
+    if (state.Chart_Mode == "P"_L1) ShowCentiles_Click();
+    else ShowZScores_Click();
+    Hide_Untaken_Bars(p);
+    TerminatedTests();
+    Label16->setText(u""_s);
+    scoring::Fill_SummaryTable_With_Scores(p, scoring, state.summary);
+    scoring::Fill_SummaryTable_With_Ages(p, pupils, state.summary);
+    Show_Summary_Cells();
+    Load_Comment(p, pupils, installation, holder, state.comment);
+    Describe_Chart(p);
+    Show_Progress_Width(1);
+    connection.Close();
+}
+
+void Form30::Compute_Raw_Scores_Times(int p, bool show_progress) {
+    scoring::Compute_Raw_Scores_Times(p, show_progress, scoring);
+    Show_Progress_Width(1);
+}
+
+void Form30::TerminatedTests() {
+    const auto stand = [this](Terminated_Mark* mark, const QFrame* bar, bool terminated) {
+        constexpr int above = 18;
+        mark->move(bar->x() + (bar->width() - mark->width()) / 2, bar->y() - above);
+        mark->setVisible(terminated);
+        mark->raise();
+        mark->update();
+    };
+    stand(Picture2->Image12, Picture2->Shape(1), scoring.scores.Tolvens_Terminated);
+    stand(Picture2->Image13, Picture2->Shape(2), scoring.scores.Friends_Terminated);
+}
+
+void Form30::Show_Progress_Width(int width) {
+    Shape11->resize(width, Shape11->height());
+    Shape11->repaint(); // the page is busy: nobody else paints it
+}
+
+// ---- bars
+
+Eight_Centiles Form30::Raw_Centiles() const {
+    Eight_Centiles centiles;
+    for (int t = 1; t <= 8; ++t) centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Raw_Centile[t];
+    return centiles;
+}
+
+Eight_Centiles Form30::Time_Centiles() const {
+    Eight_Centiles centiles;
+    for (int t = 1; t <= 8; ++t) centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Time_Centile[t].As_Integer();
+    return centiles;
+}
+
+static void Stand_On_Centiles(QFrame* bar, int centile) {
+    Profile_Chart::Place(bar, Centile_Bar(centile));
+    if (centile > 0) bar->show(); // 0 leaves a bar as it was, at no height
+}
+
+void Form30::Show_Centile_Bars(const Eight_Centiles& centiles) {
+    state.Chart_Mode = u"P"_s;
+    for (int t = 1; t <= 8; ++t) Stand_On_Centiles(Picture2->Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
+}
+
+void Form30::Show_Time_Centile_Bars(const Eight_Centiles& centiles) {
+    for (int t = 1; t <= 8; ++t) Stand_On_Centiles(Picture2->Time_Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
+}
+
+void Form30::Convert_Z_Score_To_Bar_Height(double z, qint16& height) {
+    if (const auto found = Bar_Height_For(z)) {
+        height = static_cast<qint16>(*found);
+        return;
+    }
+    platform.boxes.Ask(desktop::Box_Style::Information, u"Error"_s, u"There has been an error calculating the bar height"_s);
+}
+
+void Form30::Show_ZScore_Bars(const Eight_Centiles& centiles) {
+    for (int t = 1; t <= 8; ++t) {
+        const qint16 centile = centiles[static_cast<std::size_t>(t - 1)];
+        qint16 height = 0;
+        Convert_Z_Score_To_Bar_Height(scoring::Centile_To_ZScore(centile), height);
+        if (centile > 0) Picture2->Shape(t)->show();
+        Profile_Chart::Place(Picture2->Shape(t), ZScore_Bar(centile, height));
+    }
+}
+
+// Whether a time bar is seen is Set_Bar_Widths' alone on this scale.
+void Form30::Show_Time_ZScore_Bars(const Eight_Centiles& centiles) {
+    for (int t = 1; t <= 8; ++t) {
+        const qint16 centile = centiles[static_cast<std::size_t>(t - 1)];
+        qint16 height = 0;
+        Convert_Z_Score_To_Bar_Height(scoring::Centile_To_ZScore(centile), height);
+        Profile_Chart::Place(Picture2->Time_Shape(t), ZScore_Bar(centile, height));
+    }
+}
+
+void Form30::Set_Bar_Widths(bool show_time, int width) {
+    for (int t = 1; t <= 8; ++t) {
+        Picture2->Time_Shape(t)->setVisible(show_time);
+        Picture2->Shape(t)->resize(width, Picture2->Shape(t)->height());
+    }
+}
+
+void Form30::Reset_Bars() {
+    for (int t = 1; t <= 8; ++t) {
+        Profile_Chart::Place(Picture2->Shape(t), {Resting_Top, 0});
+        Picture2->Shape(t)->raise();
+        Profile_Chart::Place(Picture2->Time_Shape(t), {Resting_Top, 0});
+    }
+}
+
+void Form30::Clear_Bar_Arrays() {
+    for (int t = 1; t <= 8; ++t) {
+        scoring.scores.Raw_Centile[t] = 0;
+        Picture2->Shape(t)->resize(Picture2->Shape(t)->width(), 0);
+    }
+}
+
+void Form30::Hide_Test_Bars(int t) {
+    Picture2->Shape(t)->hide();
+    Picture2->Shape(t)->raise();
+    Picture2->Time_Shape(t)->hide();
+}
+
+void Form30::Hide_Untaken_Bars(int p) {
+    for (int t = 1; t <= 8; ++t)
+        if (pupils.Test_Status[t][p] == 0) Hide_Test_Bars(t);
+}
+
+void Form30::Toggle_Show_TimeBars(int p) {
+    state.Show_Time_Bars = !state.Show_Time_Bars;
+    if (!state.Show_Time_Bars) {
+        Set_Bar_Widths(false, Whole_Column);
+        return;
+    }
+    if (!state.Time_Scores_Ready) {
+        Compute_Raw_Scores_Times(p, true);
+        scoring::Fill_SummaryTable_With_Scores(p, scoring, state.summary);
+        Show_Summary_Cells();
+        state.Time_Scores_Ready = true;
+    }
+    if (state.Chart_Mode == "Z"_L1) Show_Time_ZScore_Bars(Time_Centiles());
+    if (state.Chart_Mode == "P"_L1) Show_Time_Centile_Bars(Time_Centiles());
+    Set_Bar_Widths(true, Half_Column);
+}
+
+void Form30::Show_Time_Flag() {
+    Image4->setPixmap((state.Show_Time_Bars ? Image1 : Image3)->pixmap());
+    Image4->setAccessibleName(state.Show_Time_Bars ? u"Time bars on"_s : u"Time bars off"_s);
+}
+
+// ---- scale and ground
+
+QString Form30::Chart_File() const {
+    const QString scale = state.Chart_Mode == "Z"_L1 ? u"z"_s : u"p"_s;
+    if (state.Chart_Background == "GREY"_L1) return installation.App_Path + u"\\system\\"_s + scale + u"_grey.bmp"_s;
+    if (state.Chart_Background == "WHITE"_L1) return installation.App_Path + u"\\system\\"_s + scale + u"_white.bmp"_s;
+    return {};
+}
+
+void Form30::Copy_Scale_Picture() {
+    Image2->setPixmap((state.Chart_Mode == "Z"_L1 ? Image7 : Image6)->pixmap());
+}
+
+void Form30::Show_Scale() {
+    const bool z = state.Chart_Mode == "Z"_L1;
+    for (QLabel* mark : Label10) mark->setVisible(z);
+    for (QLabel* mark : Label9) mark->setVisible(!z);
+    Copy_Scale_Picture();
+    (z ? ShowZScores : ShowCentiles)->setChecked(true);
+}
+
+void Form30::Draw_Scale(const QString& mode) {
+    Hide_Any_Tables();
+    state.Chart_Mode = mode;
+    Show_Scale();
+    if (const QString file = Chart_File(); !file.isEmpty()) Picture2->Load_Picture(file);
+    (state.Chart_Background == "WHITE"_L1 ? ShowWhite : ShowGreys)->setChecked(true);
+    Picture2->show();
+}
+
+void Form30::ShowCentiles_Click() {
+    Draw_Scale(u"P"_s);
+    Show_Centile_Bars(Raw_Centiles());
+    if (state.Show_Time_Bars) Show_Time_Centile_Bars(Time_Centiles());
+    TerminatedTests(); // the marks stand on the bars, wherever these went
+}
+
+void Form30::ShowZScores_Click() {
+    Draw_Scale(u"Z"_s);
+    Show_ZScore_Bars(Raw_Centiles());
+    if (state.Show_Time_Bars) Show_Time_ZScore_Bars(Time_Centiles());
+    TerminatedTests();
+}
+
+void Form30::Change_Background(const QString& ground) {
+    state.Chart_Background = ground;
+    Picture2->Load_Picture(Chart_File());
+    Copy_Scale_Picture();
+    (ground == "WHITE"_L1 ? ShowWhite : ShowGreys)->setChecked(true);
+}
+
+void Form30::ShowGreys_Click() {
+    Change_Background(u"GREY"_s);
+}
+
+void Form30::ShowWhite_Click() {
+    Change_Background(u"WHITE"_s);
+}
+
+// ---- chart and tables
+
+void Form30::Hide_Any_Tables() {
+    fpSpread1->hide();
+}
+
+void Form30::Hide_All_Objects() {
+    Hide_Any_Tables();
+    Picture2->hide();
+}
+
+void Form30::Hide_All_Markers() {
+    for (QFrame* marker : Shape10) marker->hide();
+}
+
+void Form30::Show_Raw_Marker(int i) {
+    Hide_All_Markers();
+    for (QLabel* mark : Label9) mark->hide();
+    Shape10[static_cast<std::size_t>(i)]->show();
+    Shape10[static_cast<std::size_t>(i)]->raise();
+    Label3->setText(state.Test_Table_Title[static_cast<std::size_t>(i)]);
+}
+
+void Form30::Hide_8_Buttons() {
+    for (shell::HotLabel* button : BtnEnh) button->hide();
+}
+
+void Form30::Show_8_Buttons() {
+    for (shell::HotLabel* button : BtnEnh) button->show();
+}
+
+void Form30::Show_Summary_Cells() {
+    for (int row = 1; row <= 10; ++row)
+        for (int column = 1; column <= 10; ++column) fpSpread1->Set_Text(column, row, state.summary.Cell(column, row));
+}
+
+// What the bars show, in words, for a reader who doesn't see them.
+void Form30::Describe_Chart(int p) {
+    QStringList rows;
+    for (int t = 1; t <= 8; ++t) {
+        const QString name = scoring::Test_At(t).Test_Name;
+        if (pupils.Test_Status[t][p] == 0) rows.append(name + u": not taken"_s);
+        else rows.append(name + u": centile "_s + state.summary.Cell(3, t + 1));
+    }
+    Picture2->Describe(rows.join(u"; "_s));
+}
+
+// ---- entries
+
+void Form30::HotLabel1_Click() {
+    navigator.Go_To(shell::Page_Id::Main_Menu);
+}
+
+void Form30::HotLabel2_Click() {
+    Toggle_Show_TimeBars(state.Current_Pupil);
+    Show_Time_Flag();
+    TerminatedTests();
+}
+
+void Form30::HotLabel3_Click() {
+    state.comment.Comment_Changed = false;
+    shell::Form11 dialog(platform, state.comment);
+    platform.dialogs.Show(dialog);
+    if (state.comment.Comment_Changed) Save_Comment(state.Current_Pupil, pupils, installation, holder, state.comment);
+}
+
+void Form30::HotLabel4_Click() {
+    if (!Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Individual_Report);
+}
+
+void Form30::HotLabel6_Click() {
+    if (!Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Batch_Report);
+}
+
+void Form30::HotLabel5_Click() {
+    if (!state.Chart_Replaced) return;
+    Hide_All_Markers();
+    Label3->setText(u""_s);
+    Show_Scale();
+    Hide_All_Objects();
+    Show_8_Buttons();
+    Picture2->show();
+    PrintIcon->hide();
+}
+
+void Form30::Label7_Click() {
+    if (!state.Chart_Replaced || Label7->Caption() != Way_Back) return;
+    Hide_All_Objects();
+    Show_8_Buttons();
+    Picture2->show();
+    Label7->Set_Caption(u""_s);
+}
+
+void Form30::PrintIcon_Click() {
+    if (!Picture2->isHidden()) return; // only tables are printed from here
+    navigator.Open_On_Top(shell::Page_Id::Print_Table);
+}
+
+bool Form30::Is_Done(int t) const {
+    if (t == scoring::test_index::Pindo) return pupils.Test_Status[t][state.Current_Pupil] != 0;
+    return !Picture2->Shape(t)->isHidden();
+}
+
+void Form30::Test_Button_Click(int t) {
+    const bool pindo = t == scoring::test_index::Pindo;
+    state.Chart_Replaced = true;
+    Show_Raw_Marker(t - 1);
+    if (Is_Done(t)) {
+        navigator.Open_On_Top(shell::Page_Id::Raw_Data);
+        return;
+    }
+    platform.boxes.Ask(desktop::Box_Style::Information, u"Test information"_s,
+                       pindo ? u"Student has not completed Pindo"_s : u"Student has not completed this test"_s);
+    if (t <= scoring::test_index::Drell) PrintIcon->hide();
+}
+
+void Form30::HotLabel7_Click() {
+    state.Chart_Replaced = true;
+    Hide_8_Buttons();
+    Hide_All_Objects();
+    for (QLabel* mark : Label9) mark->hide();
+    for (QLabel* mark : Label10) mark->hide();
+    Hide_All_Markers();
+    Image2->clear();
+    Label3->setText(u"Test Summary for "_s + state.Pupil_Name);
+    fpSpread1->show();
+    PrintIcon->show();
+    Label7->Set_Caption(Way_Back);
+}
+
+} // namespace reports

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "foundation/access_holder.h"
+#include "platform/grid/spread.h"
+#include "reports/profile_chart.h"
+#include "reports/state/report_state.h"
+#include "scoring/norm_tables.h"
+#include "scoring/pupil_lists.h"
+#include "scoring/score_all_tests.h"
+#include "shell/conventions/click_combo.h"
+#include "shell/conventions/page.h"
+
+#include <array>
+
+namespace reports {
+
+// What the Reports page works on; each lives longer than the page.
+struct Report_Data {
+    foundation::Installation& installation;
+    scoring::Pupil_Lists& pupils;
+    scoring::Norm_Tables& norms;
+    scoring::Scoring& scoring;
+    Report_State& state;
+};
+
+using Eight_Centiles = std::array<qint16, 8>; // tests 1 to 8
+
+// The Reports page: a teacher chooses a pupil who has results and sees his profile as bars on one of two
+// scales. Nothing is stored but the comment: scores are worked out each time.
+class Form30 final : public shell::Page {
+    Q_OBJECT
+public:
+    Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_Data data);
+
+    void Load() override;
+    void Timer2_Timer(); // the pupil list, once the page has been painted
+    void Load_Students();
+
+    // p: place in the pupil list, from 1
+    void Regen_Bars_For_Another_Child(int p);
+    void This_Students_Age(int p);
+    void Compute_Raw_Scores_Times(int p, bool show_progress);
+    void TerminatedTests();
+
+    void Show_Centile_Bars(const Eight_Centiles& centiles);
+    void Show_Time_Centile_Bars(const Eight_Centiles& centiles);
+    void Show_ZScore_Bars(const Eight_Centiles& centiles);
+    void Show_Time_ZScore_Bars(const Eight_Centiles& centiles);
+    void Convert_Z_Score_To_Bar_Height(double z, qint16& height);
+    void Set_Bar_Widths(bool show_time, int width); // pixels, of the accuracy bars
+    void Show_Scale();
+    void Reset_Bars();
+    void Clear_Bar_Arrays();
+    void Hide_Test_Bars(int t);
+    void Hide_Untaken_Bars(int p);
+    void Toggle_Show_TimeBars(int p);
+    void Show_Time_Flag();
+    void Hide_All_Objects();
+    void Hide_Any_Tables();
+
+    void Show_Raw_Marker(int i); // 0 to 8
+    void Hide_8_Buttons();       // all nine, in spite of the name
+    void Show_8_Buttons();
+
+    void Combo1_Click();
+    void ShowCentiles_Click();
+    void ShowZScores_Click();
+    void ShowGreys_Click();
+    void ShowWhite_Click();
+    void HotLabel1_Click(); // the menu
+    void HotLabel2_Click(); // time bars on or off
+    void HotLabel3_Click(); // the comment
+    void HotLabel4_Click(); // the individual report
+    void HotLabel5_Click(); // back to the chart
+    void HotLabel6_Click(); // the batch report
+    void HotLabel7_Click(); // the summary
+    void Label7_Click();    // back to the chart, while it says so
+    void PrintIcon_Click(); // the table on screen
+    void Test_Button_Click(int t); // BtnEnh11 to BtnEnh19: one test's answers, item by item
+
+private:
+    void Lay_Out();
+    void Lay_Out_Chart();
+    void Lay_Out_Left_Panel();
+    void Lay_Out_Right_Panel();
+    void Tell_Helps();
+    QString Chart_File() const; // of the ground for the scale and shading in force
+    void Draw_Scale(const QString& mode);
+    void Change_Background(const QString& ground);
+    void Copy_Scale_Picture();
+    void Hide_All_Markers();
+    bool Is_Done(int t) const;
+    void Show_Summary_Cells();
+    void Describe_Chart(int p);
+    void Show_Progress_Width(int width);
+    Eight_Centiles Raw_Centiles() const;
+    Eight_Centiles Time_Centiles() const;
+
+    foundation::Installation& installation;
+    scoring::Pupil_Lists& pupils;
+    scoring::Norm_Tables& norms;
+    scoring::Scoring& scoring;
+    Report_State& state;
+    foundation::Access_Holder holder;
+
+    Profile_Chart* Picture2;
+    shell::Click_Combo* Combo1;
+    grid::fpSpread* fpSpread1;
+    std::array<QLabel*, 9> Label9;
+    std::array<QLabel*, 5> Label10;
+    std::array<QFrame*, 9> Shape10;
+    std::array<shell::HotLabel*, 9> BtnEnh; // BtnEnh11 to BtnEnh19, in test order
+    QLabel *Image1, *Image2, *Image3, *Image4, *Image6, *Image7;
+    QLabel *Label3, *Label16;
+    shell::HotLabel* Label7; // the help line, and the way back from a table
+    QFrame* Shape11;
+    shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
+    shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon;
+};
+
+} // namespace reports

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/basics/value.h"
+#include "scoring/summary_table.h"
+#include "shell/conventions/comment_dialog.h"
+
+#include <QString>
+#include <array>
+
+namespace reports {
+
+// The pupil on screen and how he is shown. The report pages read it when they open over the Reports page.
+struct Report_State {
+    qint16 Current_Pupil = 0; // place in the pupil list, from 1
+    QString Current_Student_Code;
+    QString Pupil_Name;
+    basics::Value Pupil_DOB;
+    QString Pupil_Age_Text;         // the age at test as printed
+    shell::Comment_In_Hand comment; // holds Pupil_Comment
+
+    QString Chart_Mode = QStringLiteral("P");          // "P": centiles, "Z": z-scores
+    QString Chart_Background = QStringLiteral("GREY"); // "GREY": bands, "WHITE": plain ground
+    bool Show_Time_Bars = false;
+    bool Chart_Replaced = false;    // a table has been shown where the chart was
+    bool Time_Scores_Ready = false; // the time pass has run for the current pupil
+
+    std::array<QString, 9> Test_Table_Title; // captions of the detail tables, set when the page is loaded
+    scoring::Summary_Cells summary;          // what the summary grid shows
+};
+
+} // namespace reports

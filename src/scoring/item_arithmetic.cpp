@@ -1,0 +1,93 @@
+#include "scoring/item_arithmetic.h"
+
+namespace scoring {
+
+namespace {
+
+using basics::Value;
+using Elements = basics::Bounded<Value, 100>;
+
+void Split(const QString& text, Elements& elements, int& count) {
+    count = 0;
+    QString element;
+    for (const QChar character : text) {
+        if (character == u',') {
+            elements[++count] = element;
+            element.clear();
+        } else {
+            element.append(character);
+        }
+    }
+    if (!element.isEmpty()) elements[++count] = element; // so a trailing comma adds none
+}
+
+struct Misplaced_Elements {
+    basics::Bounded<Value, 10> requested;
+    basics::Bounded<Value, 10> chosen;
+    int count = 0;
+};
+
+Misplaced_Elements Elements_Out_Of_Place(const Work_Lists& work) {
+    Misplaced_Elements misplaced;
+    for (int i = 1; i <= work.Requested_Count; ++i) {
+        if (work.Chosen_Items[i] == work.Requested_Items[i]) continue;
+        ++misplaced.count;
+        misplaced.requested[misplaced.count] = work.Requested_Items[i];
+        misplaced.chosen[misplaced.count] = work.Chosen_Items[i];
+    }
+    return misplaced;
+}
+
+int Equal_Pairs(const Misplaced_Elements& misplaced) {
+    int pairs = 0;
+    for (int i = 1; i <= misplaced.count; ++i)
+        for (int j = 1; j <= misplaced.count; ++j)
+            if (misplaced.requested[i] == misplaced.chosen[j]) ++pairs;
+    return pairs;
+}
+
+} // namespace
+
+void Split_Requested(const Value& text, Work_Lists& work) {
+    Split(text.As_Text(), work.Requested_Items, work.Requested_Count);
+}
+
+void Split_Chosen(const Value& text, Work_Lists& work) {
+    Split(text.As_Text(), work.Chosen_Items, work.Chosen_Count);
+}
+
+void Score_Item(const Value& requested, const Value& chosen, int& result, Item_Form form, Work_Lists& work) {
+    result = 0;
+    if (form == Item_Form::List) {
+        Split_Requested(requested, work);
+        Split_Chosen(chosen, work);
+        for (int i = 1; i <= work.Requested_Count; ++i)
+            if (work.Chosen_Items[i] == work.Requested_Items[i]) ++result;
+    } else if (chosen == requested) {
+        result = 1;
+    }
+    work.Last_Correct_Count = result;
+}
+
+void Seq_Errors_Direct(const Value& requested, const Value& chosen, int& result, Item_Form form,
+                       Work_Lists& work) {
+    result = 0;
+    if (form == Item_Form::List) {
+        Split_Requested(requested, work);
+        Split_Chosen(chosen, work);
+        for (int i = 1; i <= work.Requested_Count; ++i)
+            for (int j = 1; j <= work.Requested_Count; ++j)
+                if (work.Requested_Items[j] == work.Chosen_Items[i]) ++result;
+    }
+    result -= work.Last_Correct_Count;
+}
+
+void Seq_Errors_Misplaced(const Value& requested, const Value& chosen, int& result, Item_Form form,
+                          Work_Lists& work) {
+    if (form == Item_Form::Single) return;
+    Split_Requested(requested, work);
+    Split_Chosen(chosen, work);
+    result = Equal_Pairs(Elements_Out_Of_Place(work));
+}
+
+} // namespace scoring

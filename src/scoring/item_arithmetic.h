@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/basics/bounded.h"
+#include "platform/basics/value.h"
+
+namespace scoring {
+
+// The elements of the two lists that were split last, from 1. Splitting doesn't clear what lies beyond the
+// new count: a chosen list that is too short is compared with an earlier list's tail.
+struct Work_Lists {
+    basics::Bounded<basics::Value, 100> Requested_Items;
+    basics::Bounded<basics::Value, 100> Chosen_Items;
+    int Requested_Count = 0;
+    int Chosen_Count = 0;
+    int Last_Correct_Count = 0; // of the item that Score_Item saw last
+};
+
+// What an item's two texts are: one answer each, or lists with commas.
+enum class Item_Form { Single, List };
+
+// An item without a value has no list: run-time error 94.
+void Split_Requested(const basics::Value& text, Work_Lists& work);
+void Split_Chosen(const basics::Value& text, Work_Lists& work);
+
+// The number of elements that are right and in their place.
+void Score_Item(const basics::Value& requested, const basics::Value& chosen, int& result, Item_Form form,
+                Work_Lists& work);
+
+// Chosen elements that stand anywhere in the requested list, less those in place: it counts on Score_Item
+// having seen the same item just before.
+void Seq_Errors_Direct(const basics::Value& requested, const basics::Value& chosen, int& result, Item_Form form,
+                       Work_Lists& work);
+
+// Pairs among the elements out of place; a single answer leaves result as it is.
+void Seq_Errors_Misplaced(const basics::Value& requested, const basics::Value& chosen, int& result, Item_Form form,
+                          Work_Lists& work);
+
+} // namespace scoring

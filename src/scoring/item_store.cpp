@@ -1,0 +1,23 @@
+#include "scoring/item_store.h"
+
+#include "platform/basics/run_time_error.h"
+
+namespace scoring {
+
+std::size_t Item_Array::Checked(int item) const {
+    if (item < 0 || static_cast<std::size_t>(item) >= values.size())
+        basics::Raise(basics::errors::Subscript_Out_Of_Range);
+    return static_cast<std::size_t>(item);
+}
+
+Item_Store::Item_Store() {
+    for (int t = 1; t <= All_Tests; ++t)
+        tests.emplace_back(Test_At(t).Highest_Item);
+}
+
+std::size_t Item_Store::Checked(int t) {
+    if (t < 1 || t > All_Tests) basics::Raise(basics::errors::Subscript_Out_Of_Range);
+    return static_cast<std::size_t>(t - 1);
+}
+
+} // namespace scoring

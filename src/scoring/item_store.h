@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/basics/value.h"
+#include "scoring/test_catalogue.h"
+
+#include <array>
+#include <vector>
+
+namespace scoring {
+
+// One field of a test's items as the database holds it, by item number from 1. An item beyond the test's
+// highest is run-time error 9.
+class Item_Array {
+public:
+    explicit Item_Array(int highest = 0) : values(static_cast<std::size_t>(highest) + 1) {}
+    basics::Value& operator[](int item) { return values[Checked(item)]; }
+    const basics::Value& operator[](int item) const { return values[Checked(item)]; }
+
+private:
+    std::size_t Checked(int item) const;
+    std::vector<basics::Value> values;
+};
+
+// The answers of one test, and what its passes count. They are those of the pupil scored last, and items
+// that a pass doesn't read keep what an earlier pupil left.
+class Test_Items {
+public:
+    explicit Test_Items(int highest_item) { arrays.fill(Item_Array(highest_item)); }
+
+    Item_Array& Of(Item_Field field) { return arrays[static_cast<std::size_t>(field)]; }
+    const Item_Array& Of(Item_Field field) const { return arrays[static_cast<std::size_t>(field)]; }
+
+    const basics::Value& Item_Requested(int i) const { return Of(Item_Field::Requested)[i]; }
+    const basics::Value& Item_Chosen(int i) const { return Of(Item_Field::Chosen)[i]; }
+    const basics::Value& Item_Time(int i) const { return Of(Item_Field::Time)[i]; } // milliseconds
+
+    int Raw_Total = 0; // of the raw pass; the time pass of Karrel and of the letter names sets it to 0
+    double Time_Sum = 0;
+    int Time_Count = 0;   // item times used; in Karrel the attempts, which the raw pass counts as well
+    qint32 Mean_Time = 0; // rounded
+    int Sequence_Errors = 0; // Blik's Letters and Drell: of the raw pass
+    basics::Value RepeatCount;
+    basics::Value PauseCount;
+
+private:
+    std::array<Item_Array, foundation::Item_Field_Count> arrays;
+};
+
+class Item_Store {
+public:
+    Item_Store();
+    Test_Items& operator[](int t) { return tests[Checked(t)]; }
+    const Test_Items& operator[](int t) const { return tests[Checked(t)]; }
+
+private:
+    static std::size_t Checked(int t);
+    std::vector<Test_Items> tests;
+};
+
+} // namespace scoring

@@ -1,0 +1,36 @@
+#include "scoring/list_items.h"
+
+namespace scoring {
+
+static void Add_Item(const Test_Items& items, int i, int& total, Work_Lists& work) {
+    int correct = 0;
+    Score_Item(items.Item_Requested(i), items.Item_Chosen(i), correct, Item_Form::List, work);
+    total += correct;
+}
+
+void Add_Up_Lists(int t, Scoring& scoring) {
+    Test_Items& items = scoring.Items[t];
+    items.Raw_Total = 0;
+    for (int i = 1; i <= Test_At(t).Items; ++i)
+        Add_Item(items, i, items.Raw_Total, scoring.Work);
+}
+
+void Add_Up_Lists_And_Sequence_Errors(int t, Sequence_Errors_Rule rule, Scoring& scoring) {
+    Test_Items& items = scoring.Items[t];
+    items.Raw_Total = 0;
+    items.Sequence_Errors = 0;
+    for (int i = 1; i <= Test_At(t).Items; ++i) {
+        Add_Item(items, i, items.Raw_Total, scoring.Work);
+        int errors = 0;
+        rule(items.Item_Requested(i), items.Item_Chosen(i), errors, Item_Form::List, scoring.Work);
+        items.Sequence_Errors += errors;
+    }
+}
+
+bool Has_Unreached_Item(int t, const Item_Store& items) {
+    for (int i = 1; i <= Test_At(t).Items; ++i)
+        if (items[t].Item_Requested(i).Reads(Not_Reached)) return true;
+    return false;
+}
+
+} // namespace scoring

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "scoring/scoring.h"
+
+#include <functional>
+
+namespace scoring {
+
+// Told the width of the progress strip in pixels as each test is through; an empty one asks for no progress.
+using Progress_Strip = std::function<void(int width)>;
+
+// The raw pass over all nine tests of the pupil at place p. A test is scored only if its status is 1.
+void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scoring);
+
+// The time pass over the eight normed tests, once for each raw pass. It ends with the strip at width 1.
+void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring);
+
+} // namespace scoring

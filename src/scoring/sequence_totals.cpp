@@ -1,0 +1,62 @@
+#include "scoring/sequence_totals.h"
+
+#include "platform/basics/run_time_error.h"
+#include "scoring/list_items.h"
+
+namespace scoring {
+
+namespace {
+
+using test_index::Bliks_Friends;
+using test_index::Bliks_Letters;
+using test_index::Drell;
+using test_index::Tolvens;
+
+// A detail table is filled with errors passed over: an item that can't be counted adds nothing.
+template <class Step>
+void Passing_Over_Errors(Step step) {
+    try {
+        step();
+    } catch (const basics::Run_Time_Error&) {
+    }
+}
+
+int Total_Of_Shown_Rows(const Test_Items& items, int rows, Sequence_Errors_Rule rule, Work_Lists work) {
+    int total = 0;
+    for (int i = 1; i <= rows; ++i) {
+        const basics::Value& requested = items.Item_Requested(i);
+        const basics::Value& chosen = items.Item_Chosen(i);
+        if (chosen.Reads(No_Answer)) continue;
+        int correct = 0;
+        int errors = 0;
+        Passing_Over_Errors([&] { Score_Item(requested, chosen, correct, Item_Form::List, work); });
+        Passing_Over_Errors([&] { rule(requested, chosen, errors, Item_Form::List, work); });
+        total += errors;
+    }
+    return total;
+}
+
+} // namespace
+
+int Tolvens_Rows_Shown(int months) {
+    return months < Older_From ? 10 : 13;
+}
+
+bool Has_Sequence_Total(int t) {
+    return t == Tolvens || t == Bliks_Friends || t == Bliks_Letters || t == Drell;
+}
+
+int Sequence_Total(int t, int p, const Scoring& scoring) {
+    const Test_Items& items = scoring.Items[t];
+    switch (t) {
+    case Tolvens:
+        return Total_Of_Shown_Rows(items, Tolvens_Rows_Shown(scoring.Pupils.Test_Age[Tolvens][p]),
+                                   Seq_Errors_Direct, scoring.Work);
+    case Bliks_Friends:
+        return Total_Of_Shown_Rows(items, Test_At(t).Items, Seq_Errors_Misplaced, scoring.Work);
+    default:
+        return items.Sequence_Errors;
+    }
+}
+
+} // namespace scoring

@@ -1,0 +1,90 @@
+#include "scoring/test_pass.h"
+
+#include "platform/basics/number_text.h"
+#include "platform/basics/run_time_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace scoring {
+
+namespace {
+
+using basics::Value;
+
+constexpr double Time_Limit = 1'000'000; // ms; the test modules store it for an item without an answer
+
+bool Is_Loaded(Item_Field field, Item_Load load) {
+    if (load == Item_Load::Answers_And_Times) return true;
+    return (field == Item_Field::Time) == (load == Item_Load::Times);
+}
+
+Value As_Kept(const Value& stored, Item_Field field, const Test_Entry& test) {
+    const bool is_list = field == Item_Field::Requested || field == Item_Field::Chosen;
+    return test.Null_List_Reads_As_Empty && is_list ? Value(stored.Text_Or_Empty()) : stored;
+}
+
+void Read_Items(const Test_Entry& test, const Item_Columns& columns, Item_Range range, Item_Load load,
+                database::Recordset& row, Test_Items& items) {
+    for (int i = range.First; i <= range.Last; ++i)
+        for (const Item_Field field : test.Fields)
+            if (Is_Loaded(field, load) && columns.Has(field))
+                items.Of(field)[i] = As_Kept(row.Fields(columns.Name(field, i)).Value(), field, test);
+}
+
+} // namespace
+
+Item_Range All_Items(int t) {
+    return {1, Test_At(t).Items};
+}
+
+void Load_Items(int t, Item_Range range, Item_Load load, int p, database::Recordset* rs, Scoring& scoring) {
+    const Test_Entry& test = Test_At(t);
+    Test_Items& items = scoring.Items[t];
+    if (rs) {
+        Read_Items(test, test.Joined_Row, range, load, *rs, items);
+        return;
+    }
+    scoring.Holder.ado_Open(scoring.Installation.Connection_String,
+                            u"SELECT * FROM "_s + test.Data_Table + u" WHERE StudentCode = '"_s +
+                                scoring.Pupils.Student_Code[p] + u'\'',
+                            u"ReadOnly"_s);
+    Read_Items(test, test.Own_Row, range, load, scoring.Holder.Rows(), items);
+    if (test.Counts_Repeats && load != Item_Load::Times) {
+        items.RepeatCount = scoring.Holder.Field(u"RepeatCount"_s);
+        items.PauseCount = scoring.Holder.Field(u"PauseCount"_s);
+    }
+    scoring.Holder.ado_Close();
+}
+
+bool Is_Valid_Time(const Value& time) {
+    if (time.Reads(u"")) return false;
+    const double milliseconds = time.As_Double();
+    return milliseconds > 0 && milliseconds < Time_Limit;
+}
+
+void Look_Up_Raw_Total(int t, int p, Scoring& scoring) {
+    Raw_To_Centile(scoring.Items[t].Raw_Total, Test_At(t).Norm_Table,
+                   Age_To_Norm_Column(scoring.Pupils.Test_Age[t][p]), scoring.Norms, scoring.Scores);
+}
+
+void Add_Up_Times(int t, Item_Range range, int p, Scoring& scoring) {
+    Test_Items& items = scoring.Items[t];
+    items.Time_Count = 0;
+    for (int i = range.First; i <= range.Last; ++i) {
+        if (!Is_Valid_Time(items.Item_Time(i))) continue;
+        items.Time_Sum += items.Item_Time(i).As_Double();
+        ++items.Time_Count;
+    }
+    if (items.Time_Count == 0) basics::Raise(basics::errors::Division_By_Zero);
+    items.Mean_Time = Value(items.Time_Sum / items.Time_Count).As_Long();
+    Time_To_Centile(items.Mean_Time, Test_At(t).Time_Norm_Table,
+                    Age_To_Norm_Column(scoring.Pupils.Test_Age[t][p]), scoring.Norms, scoring.Scores);
+}
+
+void Time_Items(int t, Item_Range range, int p, database::Recordset* rs, Scoring& scoring) {
+    scoring.Items[t].Time_Sum = 0;
+    Load_Items(t, range, Item_Load::Times, p, rs, scoring);
+    Add_Up_Times(t, range, p, scoring);
+}
+
+} // namespace scoring

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QDateTime>
+
+namespace shell {
+
+// Completed years from a date up to now; negative for a date in a later year.
+qint16 Whole_Years_Since(const QDateTime& date, const QDateTime& now);
+
+// Completed months beyond the completed years, 0 to 11. A pupil born on the 31st passes a month only on a
+// 31st; a date in the future gives 0.
+qint16 Months_Part_Since(const QDateTime& date, const QDateTime& now);
+
+// Age in completed months.
+qint16 Age_In_Months(const QDateTime& date, const QDateTime& now);
+
+} // namespace shell

@@ -1,0 +1,76 @@
+#include "shell/conventions/comment_dialog.h"
+
+#include "shell/conventions/guard.h"
+#include "shell/conventions/hot_label.h"
+#include "shell/conventions/theme.h"
+#include "shell/conventions/utilities.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace shell {
+
+Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment) : comment(comment), Text1(new QPlainTextEdit) {
+    setObjectName(u"Form11"_s);
+    setWindowTitle(u"Administrator's Optional Comment Field"_s);
+    resize(640, 420);
+    comment.Comment_Changed = false;
+
+    auto* label1 = Make_Label(
+        u"Label1"_s,
+        u"Please enter your comment below. This will be printed in the lower half of this person's individual report."_s,
+        Text_Role::Body, this);
+    label1->setWordWrap(true);
+    Text1->setObjectName(u"Text1"_s);
+    Text1->setAccessibleName(label1->text());
+    Text1->setTabChangesFocus(true);
+    HotLabel2_Click();
+    as_shown = Text1->toPlainText();
+
+    auto* ok = new HotLabel(u"HotLabel1"_s, u"OK"_s, this);
+    auto* undo = new HotLabel(u"HotLabel2"_s, u"Undo"_s, this);
+    auto* clear = new HotLabel(u"HotLabel3"_s, u"Clear"_s, this);
+    On(ok, &HotLabel::clicked, this, platform, [this] { HotLabel1_Click(); });
+    On(undo, &HotLabel::clicked, this, platform, [this] { HotLabel2_Click(); });
+    On(clear, &HotLabel::clicked, this, platform, [this] { HotLabel3_Click(); });
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (HotLabel* button : {ok, undo, clear}) {
+        button->setMinimumSize(96, 36);
+        buttons->addWidget(button);
+    }
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(24, 20, 24, 20);
+    column->setSpacing(12);
+    column->addWidget(label1);
+    column->addWidget(Text1);
+    column->addLayout(buttons);
+}
+
+void Form11::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    Center_Control(*this);
+}
+
+void Form11::HotLabel1_Click() {
+    // The field turns the line ends of older files into its own; a comment that nobody touched stays as stored.
+    if (Text1->toPlainText() != as_shown) {
+        comment.Comment_Changed = true;
+        comment.Pupil_Comment = Text1->toPlainText();
+    }
+    accept();
+}
+
+void Form11::HotLabel2_Click() {
+    Text1->setPlainText(comment.Pupil_Comment);
+}
+
+void Form11::HotLabel3_Click() {
+    Text1->clear();
+}
+
+} // namespace shell

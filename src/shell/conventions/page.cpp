@@ -1,0 +1,47 @@
+#include "shell/conventions/page.h"
+
+using namespace Qt::StringLiterals;
+
+namespace shell {
+
+Page::Page(desktop::Platform& platform, Navigator& navigator, const QSize& frame_size)
+    : platform(platform), navigator(navigator), Frame1(new QFrame(this)) {
+    setProperty("page", true);
+    setAttribute(Qt::WA_StyledBackground);
+    Frame1->setObjectName(u"Frame1"_s);
+    Frame1->setProperty("card", true);
+    Frame1->setFixedSize(frame_size);
+}
+
+QPointF Page::Centred(const QSize& screen, const QSize& frame) {
+    return {(screen.width() - frame.width()) / 2.0, (screen.height() - frame.height()) / 2.0};
+}
+
+void Page::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Frame1->move(Centred(size(), Frame1->size()).toPoint());
+}
+
+void Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
+    auto* timer = new QTimer(this);
+    timer->setObjectName(timer_name);
+    timer->setSingleShot(true);
+    On(timer, &QTimer::timeout, this, platform, std::move(work));
+    timer->start(platform.clock.Timer_Interval(Deferred_Ms));
+}
+
+HotLabel* Page::Make_HotLabel(const QString& name, const QString& caption, const QRect& place, std::function<void()> click,
+                              HotLabel::Look look, QWidget* parent) {
+    auto* label = new HotLabel(name, caption, parent ? parent : Frame1, look);
+    label->setGeometry(place);
+    On(label, &HotLabel::clicked, this, platform, std::move(click));
+    return label;
+}
+
+QLabel* Page::Make_Label(const QString& name, const QString& text, Text_Role role, const QRect& place, QWidget* parent) {
+    QLabel* label = shell::Make_Label(name, text, role, parent ? parent : Frame1);
+    label->setGeometry(place);
+    return label;
+}
+
+} // namespace shell

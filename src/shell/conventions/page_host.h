@@ -1,0 +1,42 @@
+#pragma once
+
+#include "shell/conventions/page.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace shell {
+
+// The one window. It shows the topmost page and carries out what a page asked for once that page's handler
+// has returned, so that pages never nest, however long the day.
+class Page_Host : public QWidget, public Navigator {
+    Q_OBJECT
+public:
+    using Page_Factory = std::function<std::unique_ptr<Page>(Page_Id, Navigator&)>;
+    Page_Host(desktop::Platform& platform, Page_Factory factory);
+    ~Page_Host() override;
+
+    void Go_To(Page_Id page) override;
+    void Open_On_Top(Page_Id page) override;
+    void Close_Page() override;
+    void Unload_All() override;
+
+    Page* Current() const { return pages.empty() ? nullptr : pages.back().get(); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Later(std::function<void()> act);
+    void Show_New(Page_Id page);
+    void Drop_Top();
+
+    desktop::Platform& platform;
+    Page_Factory factory;
+    std::vector<std::unique_ptr<Page>> pages; // the topmost last
+};
+
+} // namespace shell

@@ -1,0 +1,172 @@
+#include "shell/main_menu.h"
+
+#include "platform/basics/run_time_error.h"
+#include "shell/conventions/utilities.h"
+
+#include <QGroupBox>
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace shell {
+
+constexpr QSize Frame_Size{1000, 640};
+
+Form77::Form77(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation, Menu_Counts& counts)
+    : Page(platform, navigator, Frame_Size), installation(installation), counts(counts), holder(platform) {
+    setObjectName(u"Form77"_s);
+    Lay_Out();
+    Tell_Helps();
+}
+
+void Form77::Lay_Out() {
+    Make_Label(u"Label1"_s, u"Main Menu"_s, Text_Role::Title, {40, 28, 500, 44});
+    Make_Label(u"Label2"_s, u"Administration Module"_s, Text_Role::Subtitle, {40, 74, 500, 24});
+    Label6 = Make_Label(u"Label6"_s, u""_s, Text_Role::Quiet, {700, 36, 260, 24});
+    Label6->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Label5 = Make_Label(u"Label5"_s, u"Viewing Mode in use"_s, Text_Role::Badge, {760, 66, 200, 34});
+    Label5->setAlignment(Qt::AlignCenter);
+    Label4 = Make_Label(u"Label4"_s, u""_s, Text_Role::Notice, {40, 344, 920, 34});
+    Label4->hide();
+
+    // Three columns: the results, the pupils, the database. The order down and across is the tab order.
+    const auto entry = [this](const char16_t* name, const QString& caption, int column, int row, std::function<void()> click) {
+        const QRect place(40 + column * 312, 128 + row * 70, 296, 58);
+        HotLabel* made = Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click), HotLabel::Look::Entry);
+        made->setAccessibleName(caption);
+        return made;
+    };
+    const auto going_to = [this](Page_Id page) { return [this, page] { navigator.Go_To(page); }; };
+    const auto on_top = [this](Page_Id page) { return [this, page] { navigator.Open_On_Top(page); }; };
+    HotLabel1 = entry(u"HotLabel1", u"Reports"_s, 0, 0, going_to(Page_Id::Reports));
+    HotLabel7 = entry(u"HotLabel7", u"Testing progress"_s, 0, 1, on_top(Page_Id::Testing_Progress));
+    HotLabel5 = entry(u"HotLabel5", u"Fine tuning"_s, 0, 2, going_to(Page_Id::Fine_Tuning));
+    HotLabel4 = entry(u"HotLabel4", u"Register individuals"_s, 1, 0, going_to(Page_Id::Register));
+    HotLabel2 = entry(u"HotLabel2", u"Import from file"_s, 1, 1, going_to(Page_Id::Import));
+    HotLabel3 = entry(u"HotLabel3", u"Delete individuals"_s, 1, 2, going_to(Page_Id::Delete));
+    HotLabel14 = entry(u"HotLabel14", u"Security"_s, 2, 0, going_to(Page_Id::Security));
+    HotLabel8 = entry(u"HotLabel8", u"Archiving"_s, 2, 1, going_to(Page_Id::Archiving));
+    HotLabel6 = entry(u"HotLabel6", u"Settings"_s, 2, 2, on_top(Page_Id::Settings));
+
+    auto* frame2 = new QGroupBox(u"Documentation"_s, Frame1);
+    frame2->setObjectName(u"Frame2"_s);
+    frame2->setGeometry(40, 388, 608, 100);
+    HotLabel11 = Make_HotLabel(u"HotLabel11"_s, u"Teacher's Manual (htm)"_s, {16, 34, 280, 48}, [this] { HotLabel11_Click(); },
+                               HotLabel::Look::Entry, frame2);
+    HotLabel12 = Make_HotLabel(u"HotLabel12"_s, u"Software Guide (htm)"_s, {312, 34, 280, 48}, [this] { HotLabel12_Click(); },
+                               HotLabel::Look::Entry, frame2);
+    HotLabel13 = Make_HotLabel(u"HotLabel13"_s, u"Quit"_s, {664, 422, 296, 48}, [this] { HotLabel13_Click(); });
+
+    Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Help, {40, 520, 920, 84});
+    Label3->setWordWrap(true);
+    Label3->setAccessibleName(u"Help"_s);
+}
+
+void Form77::Tell_Helps() {
+    auto* help = new Help_Line(this, [this](const QString& text) { Label3->setText(text); });
+    help->Clear_Over(this);
+    help->Clear_Over(Frame1);
+    help->Tell(Label3, [this] { return u"Number of pupils registered: "_s + counts.Number_Of_Students.Text_Or_Empty(); });
+    help->Tell(HotLabel1, [this] {
+        return counts.Number_With_Results > 0
+                   ? u"View the reports for each student; export raw results to a text file or print out reports singly or 8 to a page."_s
+                   : u"There are currently no results to view in 'Reports' as no tests have been completed yet."_s;
+    });
+    help->Tell(HotLabel2, u"Click on 'Import pupils' to register batches of individuals in Mevo using a specially formatted text file "
+                          "(see Software Guide for details)."_s);
+    help->Tell(HotLabel3, u"Click on 'Delete individuals' to remove those individuals whose details and results are no longer needed."_s);
+    help->Tell(HotLabel4, u"Click on 'Register individuals' to register pupils who will be assessed with Mevo in the future."_s);
+    help->Tell(HotLabel5, u"'Fine tuning' allows you to edit an individual's personal information or to allow him/her to retake "
+                          "assessments if necessary."_s);
+    help->Tell(HotLabel6, u"The Settings Page allows you to change the administration password."_s);
+    help->Tell(HotLabel7, u"View and print out a summary of which tests have been completed by each pupil."_s);
+    help->Tell(HotLabel8, u"Go to 'Archiving' to load, save and view databases. Please make archives regularly!"_s);
+    help->Tell(HotLabel11, u"View the Teacher's Manual using your web browser. If you wish to print out this manual we recommend you do "
+                           "so from the PDF version found on the CD."_s);
+    help->Tell(HotLabel12, u"View the Software Guide using your web browser. If you wish to print out this guide we recommend you do so "
+                           "from the PDF version found on the CD."_s);
+    help->Tell(HotLabel13, u"Select Quit to exit this module."_s);
+    help->Tell(Label5, [this] {
+        return installation.Viewing_Mode
+                   ? u"Mode of use (Viewing only) - you have loaded an archived database for viewing and printing out only, you cannot "
+                     "alter the contents of the archive."_s
+                   : u"Mode of use (normal) - current (working) database is active and can be edited as normal."_s;
+    });
+}
+
+void Form77::Load() {
+    Label3->setText(u""_s);
+    Get_Student_Count();
+    Label6->setText(QLocale(QLocale::English, QLocale::UnitedKingdom).toString(platform.clock.Now().date(), u"dd/MM/yyyy"_s));
+    Show_Mode_Of_Use();
+    Once_Painted(u"Timer1"_s, [this] { Timer1_Timer(); });
+}
+
+void Form77::Get_Student_Count() {
+    qint16 count = 0;
+    holder.ado_Open(installation.Connection_String, u"SELECT * FROM mevo_pupils"_s, u"ReadOnly"_s);
+    holder.ado_RSCount(count);
+    holder.ado_Close();
+    counts.Number_Of_Students = count;
+    Count_Pupils_With_Results();
+}
+
+static qint16 Pupils_With_Results(const QString& connection_string) {
+    database::Connection connection;
+    connection.ConnectionString = connection_string;
+    connection.Open();
+    database::Recordset pupils;
+    pupils.LockType = database::Lock_Type::Read_Only;
+    pupils.Set_ActiveConnection(&connection);
+    // Pindo stays out of the sum: it has no norms, so a pupil who has done nothing else has no report to open.
+    pupils.Source = u"SELECT * "
+                    "FROM     mevo_pupils "
+                    "WHERE      (Tolvens + BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon) >0 "_s;
+    pupils.Open();
+    int count = 0;
+    for (; !pupils.Eof(); pupils.MoveNext()) ++count;
+    return basics::Value(count).As_Integer();
+}
+
+void Form77::Count_Pupils_With_Results() {
+    try {
+        counts.Number_With_Results = Pupils_With_Results(installation.Connection_String);
+    } catch (const basics::Run_Time_Error&) {
+        // The count stays what it was.
+    }
+}
+
+void Form77::Disable(std::initializer_list<HotLabel*> entries) {
+    for (HotLabel* entry : entries) entry->setEnabled(false);
+}
+
+void Form77::Show_Mode_Of_Use() {
+    Label5->setVisible(installation.Viewing_Mode);
+    if (installation.Viewing_Mode) Disable({HotLabel2, HotLabel3, HotLabel4, HotLabel5, HotLabel6, HotLabel14});
+}
+
+void Form77::Timer1_Timer() {
+    platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
+    const bool nobody = counts.Number_Of_Students.As_Integer() == 0;
+    if (nobody) Disable({HotLabel1, HotLabel3, HotLabel5, HotLabel14});
+    Label4->setText(nobody ? u"Because no pupils are registered some menu options are disabled."_s : u""_s);
+    Label4->setVisible(nobody);
+    if (counts.Number_With_Results == 0) Disable({HotLabel1});
+    platform.pointer.Set(desktop::Pointer_Shape::Default);
+}
+
+void Form77::HotLabel11_Click() {
+    Open_Document(installation.App_Path + u"\\Manuals\\Quend Mevo Teachers Manual Mar2010 4th Edn.htm"_s, installation, platform);
+}
+
+void Form77::HotLabel12_Click() {
+    Open_Document(installation.App_Path + u"\\Manuals\\Quend Mevo Software Guide v5.1.htm"_s, installation, platform);
+}
+
+void Form77::HotLabel13_Click() {
+    navigator.Unload_All();
+    platform.processes.Start(installation.App_Path + u"\\MevoV51Shell.exe 417"_s);
+    platform.processes.End(0);
+}
+
+} // namespace shell

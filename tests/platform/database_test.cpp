@@ -1,0 +1,286 @@
+#include "platform/basics/run_time_error.h"
+#include "platform/database/connection.h"
+#include "platform/database/engine_errors.h"
+#include "platform/database/recordset.h"
+#include "support/sample_file.h"
+#include "support/printing.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+using namespace database;
+using test_support::Sample_File;
+
+namespace {
+
+template <class Work>
+int Error_Number(Work work) {
+    try {
+        work();
+    } catch (const basics::Run_Time_Error& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
+class Database : public testing::Test {
+protected:
+    void Open(int timeout = 15) {
+        connection.ConnectionString = foundation::Connection_String_For(sample.Path());
+        connection.ConnectionTimeout = timeout;
+        connection.Open();
+    }
+    void Query(const QString& sql, Lock_Type lock = Lock_Type::Optimistic) {
+        rows.LockType = lock;
+        rows.Source = sql;
+        rows.Set_ActiveConnection(&connection);
+        rows.Open();
+    }
+    int Open_Error() {
+        return Error_Number([this] { Open(0); });
+    }
+    void Overwrite(const QByteArray& content) {
+        QFile file(sample.Path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(content);
+    }
+
+    Sample_File sample;
+    Connection connection;
+    Recordset rows;
+};
+
+} // namespace
+
+TEST_F(Database, RewindsAfterTheLastRow) {
+    Open();
+    Query(u"SELECT StudentCode FROM mevo_PUPILS ORDER BY Surname"_s);
+    const QString first = rows.Fields(u"STUDENTCODE"_s).Value().As_Text();
+    int count = 0;
+    for (; !rows.Eof(); rows.MoveNext()) ++count;
+    EXPECT_EQ(count, 12);
+    EXPECT_EQ(Error_Number([this] { rows.MoveNext(); }), errors::No_Current_Record);
+    rows.MoveFirst();
+    EXPECT_EQ(rows.Fields(u"studentcode"_s).Value().As_Text(), first);
+    EXPECT_EQ(Error_Number([this] { rows.Fields(u"nothing"_s); }), errors::No_Such_Field);
+}
+
+TEST_F(Database, AnEmptyResultHasNoCurrentRecord) {
+    Open();
+    Query(u"SELECT * FROM Mevo_Pupils WHERE StudentCode = 'nobody'"_s);
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_EQ(Error_Number([this] { rows.MoveFirst(); }), errors::No_Current_Record);
+    EXPECT_EQ(Error_Number([this] { rows.Fields(u"Surname"_s).Value(); }), errors::No_Current_Record);
+}
+
+TEST_F(Database, UpdateWritesTheAssignedFieldsOfThisRowOnly) {
+    const QString code = sample.Value(u"SELECT StudentCode FROM Mevo_Pupils LIMIT 1 OFFSET 3"_s);
+    Open();
+    Query(u"SELECT * FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\'');
+    // Another workstation stores a result meanwhile; it must survive.
+    sample.Run(u"UPDATE Mevo_Pupils SET Yoon = 7 WHERE StudentCode = '"_s + code + u'\'');
+    rows.Fields(u"comment"_s).Set_Value(u"It's \"good\"\nand Élan"_s);
+    rows.Update();
+    EXPECT_EQ(sample.Value(u"SELECT Comment FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\''), u"It's \"good\"\nand Élan"_s);
+    EXPECT_EQ(sample.Value(u"SELECT Yoon FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\''), u"7"_s);
+    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Comment LIKE 'It''s%'"_s), u"1"_s);
+}
+
+TEST_F(Database, AnAssignmentWithoutUpdateIsForgottenByTheNextRow) {
+    Open();
+    Query(u"SELECT * FROM Mevo_Groups"_s);
+    const QString name = rows.Fields(u"Group_Name"_s).Value().As_Text();
+    rows.Fields(u"Group_Name"_s).Set_Value(u"lost"_s);
+    rows.MoveNext();
+    rows.MoveFirst();
+    EXPECT_EQ(rows.Fields(u"Group_Name"_s).Value().As_Text(), name);
+}
+
+TEST_F(Database, ARowThatHasGoneIsAnError) {
+    Open();
+    Query(u"SELECT * FROM Mevo_Groups WHERE Group_Name = 'Universal'"_s);
+    sample.Run(u"DELETE FROM Mevo_Groups WHERE Group_Name = 'Universal'"_s);
+    rows.Fields(u"XtraField"_s).Set_Value(u"x"_s);
+    EXPECT_EQ(Error_Number([this] { rows.Update(); }), errors::Row_Has_Gone);
+}
+
+TEST_F(Database, AddNewStoresARowWithNulls) {
+    Open();
+    Query(u"SELECT * FROM Mevo_Groups"_s);
+    rows.AddNew();
+    rows.Fields(u"Group_Name"_s).Set_Value(u"New group"_s);
+    rows.Fields(u"ID"_s).Set_Value(basics::Value());
+    rows.Update();
+    EXPECT_EQ(sample.Value(u"SELECT coalesce(ID,'none') || Group_Name FROM Mevo_Groups WHERE Group_Name = 'new group'"_s), u"noneNew group"_s);
+}
+
+TEST_F(Database, OnlyALockThatAllowsItWrites) {
+    Open();
+    Query(u"SELECT * FROM Mevo_Groups"_s, Lock_Type::Read_Only);
+    EXPECT_EQ(Error_Number([this] { rows.Fields(u"XtraField"_s).Set_Value(u"x"_s); }), errors::Not_Updatable);
+    EXPECT_EQ(Error_Number([this] { rows.AddNew(); }), errors::Not_Updatable);
+}
+
+TEST_F(Database, AnActionStatementLeavesTheRecordsetClosed) {
+    Open();
+    Query(u"UPDATE Mevo_Pupils SET Show_Name = 0"_s);
+    EXPECT_FALSE(rows.Is_Open());
+    EXPECT_EQ(Error_Number([this] { rows.Close(); }), errors::Object_Closed);
+    EXPECT_EQ(sample.Value(u"SELECT sum(Show_Name) FROM Mevo_Pupils"_s), u"0"_s);
+    EXPECT_EQ(connection.Execute(u"UPDATE Mevo_Groups SET group_name = group_name WHERE group_name = 'UNIVERSAL'"_s), 1);
+}
+
+TEST_F(Database, TextsCompareWithoutRegardToCaseBeyondAscii) {
+    sample.Run(u"UPDATE Mevo_Groups SET Group_Name = 'Élan' WHERE Group_Name = 'Universal'"_s);
+    Open();
+    Query(u"SELECT * FROM Mevo_Groups WHERE group_name = 'éLAN'"_s);
+    EXPECT_FALSE(rows.Eof());
+}
+
+TEST_F(Database, SortsAccentsInTheirPlace) {
+    sample.Run(u"DELETE FROM Mevo_Groups"_s);
+    for (const QString& name : {u"Ember"_s, u"Élan"_s, u"edge"_s, u"Zoe"_s, u"Łuk"_s, u"Mia"_s})
+        sample.Run(u"INSERT INTO Mevo_Groups (Group_Name) VALUES ('"_s + name + u"')"_s);
+    Open();
+    Query(u"SELECT Group_Name FROM Mevo_Groups ORDER BY Group_Name"_s);
+    QStringList order;
+    for (; !rows.Eof(); rows.MoveNext()) order.append(rows.Fields(0).Value().As_Text());
+    EXPECT_EQ(order, (QStringList{u"edge"_s, u"Élan"_s, u"Ember"_s, u"Łuk"_s, u"Mia"_s, u"Zoe"_s}));
+}
+
+// Other programs index text by the plain order. Searched by ours, such an index would hide rows.
+TEST_F(Database, FindsEveryKeyOfAFileIndexedByThePlainOrder) {
+    sample.Run(u"CREATE TABLE Keys (Code TEXT COLLATE NOCASE PRIMARY KEY)"_s);
+    const QStringList codes{u"ÉLA1"_s, u"ZZZ1"_s, u"KAR1"_s, u"ÖZZ1"_s, u"MIA1"_s, u"ŁUK1"_s, u"A-B"_s, u"AAB"_s, u"A B"_s};
+    for (const QString& code : codes) sample.Run(u"INSERT INTO Keys VALUES ('"_s + code + u"')"_s);
+    Open();
+    for (const QString& code : codes) {
+        Recordset found;
+        found.Set_ActiveConnection(&connection);
+        found.Source = u"SELECT * FROM Keys WHERE Code = '"_s + code + u'\'';
+        found.Open();
+        EXPECT_FALSE(found.Eof()) << code.toStdString();
+    }
+}
+
+TEST_F(Database, DatesReadAlikeWhateverTheirStoredForm) {
+    sample.Run(u"UPDATE Mevo_Pupils SET DOB = '2019-03-04'"_s);
+    sample.Run(u"UPDATE Mevo_Pupils SET DOB = '4/3/19' WHERE rowid = 1"_s);
+    sample.Run(u"UPDATE Mevo_Pupils SET DOB = '' WHERE rowid = 2"_s);
+    Open();
+    Query(u"SELECT * FROM Mevo_Pupils ORDER BY rowid"_s);
+    EXPECT_EQ(rows.Fields(u"DOB"_s).Value().As_Text(), u"04/03/2019"_s);
+    rows.MoveNext();
+    EXPECT_TRUE(rows.Fields(u"DOB"_s).Value().Is_Empty());
+    rows.MoveNext();
+    EXPECT_EQ(rows.Fields(u"DOB"_s).Value().As_Text(), u"04/03/2019"_s);
+}
+
+TEST_F(Database, ASizedTextRefusesWhatIsTooLong) {
+    Open();
+    connection.Execute(u"create table T (A TEXT(50), N NUMBER)"_s);
+    const QString fifty(50, u'é');
+    EXPECT_EQ(connection.Execute(u"INSERT INTO T (A) VALUES ('"_s + fifty + u"')"_s), 1);
+    EXPECT_EQ(Error_Number([&] { connection.Execute(u"INSERT INTO T (A) VALUES ('"_s + fifty + u"x')"_s); }), errors::Value_Too_Long);
+}
+
+TEST_F(Database, RefusesWhatIsNoDatabase) {
+    const std::pair<QByteArray, QString> cases[] = {
+        {"", u"empty"_s},
+        {"Surname,Forename\n", u"text"_s},
+        {QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'), u"Jet"_s},
+        {QByteArray(100'000, '\0'), u"zeros"_s},
+        {QByteArray("SQLite format 3\0", 16) + QByteArray(4096, '\x7f'), u"broken header"_s},
+    };
+    for (const auto& [content, name] : cases) {
+        SCOPED_TRACE(name.toStdString());
+        Overwrite(content);
+        EXPECT_EQ(Open_Error(), errors::Engine_Failure);
+        QFile file(sample.Path());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), content); // looked at and left alone
+    }
+}
+
+TEST_F(Database, ATruncatedFileIsAnErrorAndNotARow) {
+    ASSERT_TRUE(QFile::resize(sample.Path(), 9000));
+    EXPECT_EQ(Error_Number([this] {
+                  Open();
+                  Query(u"SELECT * FROM Yoon_Norms"_s);
+              }),
+              errors::Engine_Failure);
+}
+
+TEST_F(Database, NeverMakesAMissingFile) {
+    sample.Move_Away();
+    EXPECT_EQ(Open_Error(), errors::Engine_Failure);
+    EXPECT_FALSE(QFile::exists(sample.Path()));
+    connection.ConnectionString = foundation::Connection_String_For(sample.Folder());
+    EXPECT_EQ(Error_Number([this] { connection.Open(); }), errors::Engine_Failure);
+}
+
+TEST_F(Database, AFileInUseIsAnErrorAfterTheWait) {
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(sample.Path().toUtf8().constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(Open_Error(), errors::Engine_Failure);
+    ASSERT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(Open_Error(), 0);
+    sqlite3_close(other);
+}
+
+TEST_F(Database, HoldsNoLockBetweenReads) {
+    Open();
+    Query(u"SELECT * FROM Mevo_Pupils"_s);
+    rows.MoveNext();
+    EXPECT_NO_THROW(sample.Run(u"UPDATE Mevo_Pupils SET Show_Name = 1"_s));
+}
+
+TEST_F(Database, RunsNoSqlThatLiesInTheFile) {
+    sample.Run(u"CREATE TRIGGER spoil AFTER UPDATE ON Mevo_Pupils BEGIN DELETE FROM Mevo_Groups; END"_s);
+    sample.Run(u"CREATE VIEW sneak AS SELECT * FROM Mevo_Pupils"_s);
+    Open();
+    connection.Execute(u"UPDATE Mevo_Pupils SET Show_Name = 0"_s);
+    EXPECT_NE(sample.Value(u"SELECT count(*) FROM Mevo_Groups"_s), u"0"_s);
+    EXPECT_NE(Error_Number([this] { Query(u"SELECT * FROM sneak"_s); }), 0);
+}
+
+TEST_F(Database, StatementsCanNeitherAttachNorSetNorDrop) {
+    Open();
+    const QString refused[] = {u"ATTACH DATABASE 'other.mdb' AS o"_s, u"PRAGMA journal_mode = WAL"_s,  u"DROP TABLE Mevo_Pupils"_s,
+                               u"BEGIN"_s,                            u"VACUUM"_s,                     u"SELECT load_extension('x')"_s,
+                               u"CREATE TRIGGER t AFTER DELETE ON Mevo_Pupils BEGIN SELECT 1; END"_s,
+                               u"DELETE FROM sqlite_master"_s};
+    for (const QString& statement : refused)
+        EXPECT_NE(Error_Number([&] { connection.Execute(statement); }), 0) << statement.toStdString();
+    EXPECT_EQ(sample.Value(u"PRAGMA journal_mode"_s), u"delete"_s);
+    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM Mevo_Pupils"_s), u"12"_s);
+}
+
+TEST_F(Database, AWriteAheadLogIsTurnedBackIntoOneFile) {
+    sample.Run(u"PRAGMA journal_mode = WAL"_s);
+    Open();
+    connection.Execute(u"UPDATE Mevo_Pupils SET Show_Name = 0"_s);
+    connection.Close();
+    EXPECT_EQ(sample.Value(u"PRAGMA journal_mode"_s), u"delete"_s);
+    EXPECT_FALSE(QFile::exists(sample.Path() + u"-wal"_s));
+}
+
+TEST_F(Database, WrongNamesHaveTheNumbersOfTheOldEngine) {
+    Open();
+    EXPECT_EQ(Error_Number([this] { Query(u"SELECT * FROM No_Such_Norms"_s); }), errors::Unknown_Table);
+    EXPECT_EQ(Error_Number([this] { Query(u"SELECT Colour FROM Mevo_Pupils"_s); }), errors::Unknown_Name);
+    EXPECT_EQ(Error_Number([this] { Query(u"SELECT FROM WHERE"_s); }), errors::Syntax);
+    EXPECT_EQ(Error_Number([this] { Query(u"SELECT * FROM Mevo_Pupils WHERE Surname = 'O'Brien'"_s); }), errors::Syntax);
+}
+
+TEST_F(Database, ObjectsOutOfOrderAreAdosErrors) {
+    EXPECT_EQ(Error_Number([this] { rows.Set_ActiveConnection(&connection); }), errors::Connection_Invalid);
+    EXPECT_EQ(Error_Number([this] { rows.Open(); }), errors::Connection_Invalid);
+    EXPECT_EQ(Error_Number([this] { rows.MoveFirst(); }), errors::Object_Closed);
+    EXPECT_EQ(Error_Number([this] { connection.Close(); }), errors::Object_Closed);
+    Open();
+    EXPECT_EQ(Error_Number([this] { connection.Open(); }), errors::Object_Open);
+}

@@ -1,0 +1,92 @@
+#include "support/sample_file.h"
+
+#include "sampledb/sample_data.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <memory>
+#include <sqlite3.h>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace test_support {
+namespace {
+
+struct Closer {
+    void operator()(sqlite3* engine) const { sqlite3_close(engine); }
+};
+
+// Test programs run side by side, and each case is a process: the sample is made in one rename.
+QString Sample_Of(int pupils) {
+    const QDir folder(QDir::temp().filePath(u"mevo-test-samples-%1"_s.arg(QString::fromLatin1(MEVO_SAMPLE_KEY))));
+    QDir().mkpath(folder.path());
+    const QString file = folder.filePath(u"%1.mdb"_s.arg(pupils));
+    if (!QFile::exists(file)) {
+        QTemporaryDir own;
+        const QString fresh = own.filePath(u"fresh.mdb"_s);
+        sample_data::Write_Database(fresh, {pupils, 1});
+        QFile::copy(fresh, file + u'.' + QString::number(QCoreApplication::applicationPid()));
+        QFile::rename(file + u'.' + QString::number(QCoreApplication::applicationPid()), file);
+    }
+    return file;
+}
+
+[[noreturn]] void Fail(sqlite3* engine, const QString& sql) {
+    throw std::runtime_error(sql.toStdString() + ": " + sqlite3_errmsg(engine));
+}
+
+} // namespace
+
+Sample_File::Sample_File(int pupils) : path(folder.filePath(u"Mevo05Data.mdb"_s)) {
+    if (!QFile::copy(Sample_Of(pupils), path)) throw std::runtime_error("no sample database");
+}
+
+foundation::Installation Sample_File::Installed() const {
+    foundation::Installation installation;
+    installation.App_Path = Folder();
+    installation.Database_Path = path;
+    installation.Empty_Database_Path = folder.filePath(u"Mevo05EmptyDatabase.mdb"_s);
+    installation.Archive_Folder = Folder();
+    installation.Current_Database_Path = path;
+    installation.Connection_String = foundation::Connection_String_For(path);
+    return installation;
+}
+
+QStringList Sample_File::Column(const QString& sql) const {
+    sqlite3* opened = nullptr;
+    sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+    const std::unique_ptr<sqlite3, Closer> engine(opened);
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(opened, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK) Fail(opened, sql);
+    QStringList column;
+    int step;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
+        column.append(text ? QString::fromUtf8(text) : u"NULL"_s);
+    }
+    sqlite3_finalize(statement);
+    if (step != SQLITE_DONE) Fail(opened, sql);
+    return column;
+}
+
+void Sample_File::Run(const QString& sql) const {
+    Column(sql);
+}
+
+QString Sample_File::Value(const QString& sql) const {
+    const QStringList column = Column(sql);
+    if (column.isEmpty()) throw std::runtime_error("no row: " + sql.toStdString());
+    return column.first();
+}
+
+void Sample_File::Move_Away() const {
+    QFile::rename(path, path + u".away"_s);
+}
+
+void Sample_File::Put_Back() const {
+    QFile::rename(path + u".away"_s, path);
+}
+
+} // namespace test_support

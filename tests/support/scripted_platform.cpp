@@ -1,0 +1,64 @@
+#include "support/scripted_platform.h"
+
+#include "platform/basics/run_time_error.h"
+#include "support/printing.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace test_support {
+
+void Scripted_Boxes::Will_Answer(desktop::Answer answer, std::function<void()> meanwhile) {
+    replies.append({answer, std::move(meanwhile)});
+}
+
+desktop::Answer Scripted_Boxes::Ask(desktop::Box_Style style, const QString& title, const QString& text) {
+    shown.append({style, title, text});
+    if (replies.isEmpty()) {
+        ADD_FAILURE() << "Nobody expected a box: " << title.toStdString() << ": " << text.toStdString();
+        return desktop::Answer::Abort;
+    }
+    const Reply reply = replies.takeFirst();
+    if (reply.meanwhile) reply.meanwhile();
+    return reply.answer;
+}
+
+QStringList Scripted_Boxes::Titles() const {
+    QStringList titles;
+    for (const Box_Shown& box : shown) titles.append(box.title);
+    return titles;
+}
+
+void Scripted_Boxes::Expect_All_Asked() const {
+    EXPECT_TRUE(replies.isEmpty()) << replies.size() << " expected boxes were never shown";
+}
+
+void Recording_Processes::Start(const QString& command_line) {
+    if (shell_is_missing) basics::Raise(basics::errors::File_Not_Found);
+    started.append(command_line);
+}
+
+QString Scripted_Ini::Value(const QString& file, const QString& section, const QString& key, const QString& missing) {
+    asked.append(file);
+    if (fails) throw basics::Run_Time_Error(75, u"Mevo"_s, u"Path/File access error"_s);
+    const auto found = values.find(section + u'/' + key);
+    return found == values.end() ? missing : found->second;
+}
+
+int Scripted_Folders::Folder_Path(int number, QString& path) {
+    EXPECT_EQ(number, desktop::Common_AppData);
+    if (result == 0) path = common_app_data;
+    return result;
+}
+
+void Scripted_Dialogs::Show(QDialog& dialog) {
+    if (acts.isEmpty()) {
+        ADD_FAILURE() << "Nobody expected the dialog " << dialog.windowTitle().toStdString();
+        return;
+    }
+    const auto act = acts.takeFirst();
+    act(dialog);
+}
+
+} // namespace test_support
