@@ -17,7 +17,7 @@ constexpr int Start_Up_Delay_Ms = 1000; // the background form's timer
 
 Program::Program(desktop::Platform& platform)
     : platform(platform), scoring_holder(platform),
-      scoring{installation, scoring_holder, pupils, norms, scores, items, lists, {}, {}}, form8(platform, installation),
+      scoring(scoring::Pass_Over(scores, installation, scoring_holder)), form8(platform, installation),
       host(platform, [this](Page_Id page, shell::Navigator& navigator) { return Make_Page(page, navigator); }) {}
 
 void Program::Start(const QString& program_folder) {
@@ -61,7 +61,7 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Main_Menu: return std::make_unique<shell::Form77>(platform, navigator, installation, counts);
     case Page_Id::Reports:
         return std::make_unique<reports::Form30>(
-            platform, navigator, reports::Report_Data{installation, pupils, norms, scoring, report_state});
+            platform, navigator, reports::Report_Data{installation, scores, scoring, report_state});
     default: {
         const auto way_back = Stands_On_A_Page(page) ? Later_Page::Way_Back::To_The_Page_Beneath : Later_Page::Way_Back::To_The_Menu;
         return std::make_unique<Later_Page>(platform, navigator, Title_Of(page), way_back);

@@ -5,7 +5,7 @@
 #include "foundation/start_up.h"
 #include "platform/desktop/ports.h"
 #include "reports/state/report_state.h"
-#include "scoring/score_all_tests.h"
+#include "scoring/scoring.h"
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page_host.h"
 
@@ -30,11 +30,7 @@ private:
     desktop::Platform& platform;
     foundation::Installation installation;
     shell::Menu_Counts counts;
-    scoring::Pupil_Lists pupils;
-    scoring::Norm_Tables norms;
-    scoring::Score_Store scores;
-    scoring::Item_Store items;
-    scoring::Work_Lists lists;
+    scoring::Scoring_Data scores;
     foundation::Access_Holder scoring_holder;
     scoring::Scoring scoring;
     reports::Report_State report_state;

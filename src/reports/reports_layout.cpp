@@ -24,12 +24,11 @@ constexpr int Right_Width = 132;
 constexpr int Twips_To_Pixels = 15;
 
 Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_Data data)
-    : Page(platform, navigator, Frame_Size), installation(data.installation), pupils(data.pupils), norms(data.norms),
-      scoring(data.scoring), state(data.state), holder(platform) {
+    : Page(platform, navigator, Frame_Size), installation(data.installation), pupils(data.scores.pupils),
+      norms(data.scores.norms), scoring(data.scoring), state(data.state), holder(platform) {
     setObjectName(u"Form30"_s);
     Lay_Out();
     Tell_Helps();
-    scoring.Progress_Width = [this](int width) { Show_Progress_Width(width); };
 }
 
 void Form30::Lay_Out() {

@@ -2,6 +2,7 @@
 
 #include "platform/basics/number_text.h"
 #include "reports/state/pupil_comment.h"
+#include "scoring/chosen_pupil.h"
 #include "scoring/score_conversion.h"
 #include "scoring/summary_table.h"
 
@@ -76,14 +77,11 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     connection.Open();
     Hide_Any_Tables();
     Reset_Bars();
-    scoring::Clear_Scores(scoring.scores);
-    scoring::Show_Test_Names(state.summary);
     Label3->setText(u""_s);
-    scoring::Clear_Terminated_Flags(scoring.scores);
     Show_8_Buttons();
     platform.pointer.Set(Pointer_Shape::Hourglass);
-    scoring::Score_All_Tests(p, true, scoring);
-    if (state.Show_Time_Bars) Compute_Raw_Scores_Times(p, true);
+    const auto wanted = state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
+    scoring::Score_Chosen_Pupil(p, wanted, Progress(), scoring, state.summary);
     state.Time_Scores_Ready = state.Show_Time_Bars;
     platform.pointer.Set(Pointer_Shape::Default);
     if (state.Chart_Mode == "P"_L1) ShowCentiles_Click();
@@ -91,7 +89,7 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     Hide_Untaken_Bars(p);
     TerminatedTests();
     Label16->setText(u""_s);
-    scoring::Fill_SummaryTable_With_Scores(p, scoring, state.summary);
+    scoring::Fill_SummaryTable_With_Scores(p, pupils, scoring.scores, state.summary);
     scoring::Fill_SummaryTable_With_Ages(p, pupils, state.summary);
     Show_Summary_Cells();
     Load_Comment(p, pupils, installation, holder, state.comment);
@@ -101,8 +99,12 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
 }
 
 void Form30::Compute_Raw_Scores_Times(int p, bool show_progress) {
-    scoring::Compute_Raw_Scores_Times(p, show_progress, scoring);
+    scoring::Compute_Raw_Scores_Times(p, show_progress ? Progress() : scoring::Progress_Strip(), scoring);
     Show_Progress_Width(1);
+}
+
+scoring::Progress_Strip Form30::Progress() {
+    return [this](int width) { Show_Progress_Width(width); };
 }
 
 void Form30::TerminatedTests() {
@@ -219,7 +221,7 @@ void Form30::Toggle_Show_TimeBars(int p) {
     }
     if (!state.Time_Scores_Ready) {
         Compute_Raw_Scores_Times(p, true);
-        scoring::Fill_SummaryTable_With_Scores(p, scoring, state.summary);
+        scoring::Fill_SummaryTable_With_Scores(p, pupils, scoring.scores, state.summary);
         Show_Summary_Cells();
         state.Time_Scores_Ready = true;
     }
@@ -325,7 +327,7 @@ void Form30::Show_8_Buttons() {
 
 void Form30::Show_Summary_Cells() {
     for (int row = 1; row <= 10; ++row)
-        for (int column = 1; column <= 10; ++column) fpSpread1->Set_Text(column, row, state.summary.Cell(column, row));
+        for (int column = 1; column <= 10; ++column) fpSpread1->Set_Text(column, row, state.summary(row, column));
 }
 
 // What the bars show, in words, for a reader who doesn't see them.
@@ -334,7 +336,7 @@ void Form30::Describe_Chart(int p) {
     for (int t = 1; t <= 8; ++t) {
         const QString name = scoring::Test_At(t).Test_Name;
         if (pupils.Test_Status[t][p] == 0) rows.append(name + u": not taken"_s);
-        else rows.append(name + u": centile "_s + state.summary.Cell(3, t + 1));
+        else rows.append(name + u": centile "_s + state.summary(scoring::Summary_Row(t), scoring::summary_column::Centile));
     }
     Picture2->Describe(rows.join(u"; "_s));
 }

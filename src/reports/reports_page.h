@@ -4,9 +4,8 @@
 #include "platform/grid/spread.h"
 #include "reports/profile_chart.h"
 #include "reports/state/report_state.h"
-#include "scoring/norm_tables.h"
-#include "scoring/pupil_lists.h"
 #include "scoring/score_all_tests.h"
+#include "scoring/scoring.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
 
@@ -17,8 +16,7 @@ namespace reports {
 // What the Reports page works on; each lives longer than the page.
 struct Report_Data {
     foundation::Installation& installation;
-    scoring::Pupil_Lists& pupils;
-    scoring::Norm_Tables& norms;
+    scoring::Scoring_Data& scores;
     scoring::Scoring& scoring;
     Report_State& state;
 };
@@ -93,6 +91,7 @@ private:
     void Show_Summary_Cells();
     void Describe_Chart(int p);
     void Show_Progress_Width(int width);
+    scoring::Progress_Strip Progress();
     Eight_Centiles Raw_Centiles() const;
     Eight_Centiles Time_Centiles() const;
 

@@ -26,7 +26,7 @@ static void Keep_Results(int i, const Score_Store& scores, Cohort_Tables& cohort
 }
 
 void Score_Cohort(int count, const Progress_Label& show_progress, Cohort_Tables& cohort, Scoring& scoring) {
-    Score_Store& scores = scoring.Scores;
+    Score_Store& scores = scoring.scores;
     const auto saved_centiles = scores.Raw_Centile;
     const auto saved_time_centiles = scores.Time_Centile;
     for (int i = 1; i <= count; ++i) {

@@ -8,10 +8,10 @@ inline constexpr int Largest_Cohort = 2000;
 
 // A batch of pupils and their results, by place i in the batch, from 1.
 struct Cohort_Tables {
-    template <class T>
+    template<class T>
     using Of_Each_Entry = basics::Bounded<T, Largest_Cohort>;
 
-    Of_Each_Entry<qint16> Cohort_Pupil; // the place p in the pupil list
+    Of_Each_Entry<qint16> Cohort_Pupil;                                      // the place p in the pupil list
     Of_Each_Entry<basics::Bounded<qint16, Normed_Tests>> Cohort_Raw_Centile; // [i][t]
     Of_Each_Entry<basics::Bounded<qint16, Normed_Tests>> Cohort_Time_Centile;
     Of_Each_Entry<basics::Bounded<float, Normed_Tests>> Cohort_Raw_ZScore;

@@ -28,11 +28,11 @@ void Score_Item(const basics::Value& requested, const basics::Value& chosen, int
 
 // Chosen elements that stand anywhere in the requested list, less those in place: it counts on Score_Item
 // having seen the same item just before.
-void Seq_Errors_Direct(const basics::Value& requested, const basics::Value& chosen, int& result, Item_Form form,
-                       Work_Lists& work);
+void Seq_Errors_Direct(const basics::Value& requested, const basics::Value& chosen, int& result,
+                       Item_Form form, Work_Lists& work);
 
 // Pairs among the elements out of place; a single answer leaves result as it is.
-void Seq_Errors_Misplaced(const basics::Value& requested, const basics::Value& chosen, int& result, Item_Form form,
-                          Work_Lists& work);
+void Seq_Errors_Misplaced(const basics::Value& requested, const basics::Value& chosen, int& result,
+                          Item_Form form, Work_Lists& work);
 
 } // namespace scoring

@@ -36,8 +36,8 @@ public:
 
     int Raw_Total = 0; // of the raw pass; the time pass of Karrel and of the letter names sets it to 0
     double Time_Sum = 0;
-    int Time_Count = 0;   // item times used; in Karrel the attempts, which the raw pass counts as well
-    qint32 Mean_Time = 0; // rounded
+    int Time_Count = 0;      // item times used; in Karrel the attempts, which the raw pass counts as well
+    qint32 Mean_Time = 0;    // rounded
     int Sequence_Errors = 0; // Blik's Letters and Drell: of the raw pass
     basics::Value RepeatCount;
     basics::Value PauseCount;

@@ -9,20 +9,20 @@ static void Add_Item(const Test_Items& items, int i, int& total, Work_Lists& wor
 }
 
 void Add_Up_Lists(int t, Scoring& scoring) {
-    Test_Items& items = scoring.Items[t];
+    Test_Items& items = scoring.items[t];
     items.Raw_Total = 0;
     for (int i = 1; i <= Test_At(t).Items; ++i)
-        Add_Item(items, i, items.Raw_Total, scoring.Work);
+        Add_Item(items, i, items.Raw_Total, scoring.work);
 }
 
 void Add_Up_Lists_And_Sequence_Errors(int t, Sequence_Errors_Rule rule, Scoring& scoring) {
-    Test_Items& items = scoring.Items[t];
+    Test_Items& items = scoring.items[t];
     items.Raw_Total = 0;
     items.Sequence_Errors = 0;
     for (int i = 1; i <= Test_At(t).Items; ++i) {
-        Add_Item(items, i, items.Raw_Total, scoring.Work);
+        Add_Item(items, i, items.Raw_Total, scoring.work);
         int errors = 0;
-        rule(items.Item_Requested(i), items.Item_Chosen(i), errors, Item_Form::List, scoring.Work);
+        rule(items.Item_Requested(i), items.Item_Chosen(i), errors, Item_Form::List, scoring.work);
         items.Sequence_Errors += errors;
     }
 }

@@ -9,8 +9,8 @@ inline constexpr QStringView Not_Reached = u"-1"; // requested: the test was end
 inline constexpr QStringView No_Answer = u"-2";   // chosen
 
 // How a test whose items are lists counts elements out of place.
-using Sequence_Errors_Rule = void (*)(const basics::Value& requested, const basics::Value& chosen, int& result,
-                                      Item_Form form, Work_Lists& work);
+using Sequence_Errors_Rule = void (*)(const basics::Value& requested, const basics::Value& chosen,
+                                      int& result, Item_Form form, Work_Lists& work);
 
 // The raw total of the four sequence tests: every element in its place counts 1, over all items, also
 // behind one that wasn't reached.

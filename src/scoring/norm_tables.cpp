@@ -3,6 +3,10 @@
 #include "platform/basics/run_time_error.h"
 #include "scoring/score_conversion.h"
 
+#include <algorithm>
+#include <iterator>
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace scoring {
@@ -47,7 +51,8 @@ void Open_Norms(const QString& table_name, Access_Holder& holder, const Installa
 // The younger columns have cells without a value, which read as centile 0, no score; in the older ones
 // every cell must hold a number.
 qint16 Centile_In(const Value& cell, int age) {
-    return age <= Oldest_With_Empty_Cells ? Value(u'0' + cell.Text_Or_Empty()).As_Integer() : cell.As_Integer();
+    return age <= Oldest_With_Empty_Cells ? Value(u'0' + cell.Text_Or_Empty()).As_Integer()
+                                          : cell.As_Integer();
 }
 
 // 0, whose norms are empty, for a name that no test has.
@@ -101,8 +106,8 @@ void Load_All_Norms(Access_Holder& holder, const Installation& installation, Nor
 }
 
 // A row's place, and no field of it, gives its raw score.
-void Load_Centile_Norms(const QString& table_name, int t, Access_Holder& holder, const Installation& installation,
-                        Norm_Tables& norms) {
+void Load_Centile_Norms(const QString& table_name, int t, Access_Holder& holder,
+                        const Installation& installation, Norm_Tables& norms) {
     auto& centiles = norms.Centile_Norms[t];
     Open_Norms(table_name, holder, installation);
     for (int r = 1; !holder.Rows().Eof(); ++r, holder.Rows().MoveNext()) {
@@ -113,8 +118,8 @@ void Load_Centile_Norms(const QString& table_name, int t, Access_Holder& holder,
     holder.ado_Close();
 }
 
-void Load_Time_Norms(const QString& table_name, int t, Access_Holder& holder, const Installation& installation,
-                     Norm_Tables& norms) {
+void Load_Time_Norms(const QString& table_name, int t, Access_Holder& holder,
+                     const Installation& installation, Norm_Tables& norms) {
     Open_Norms(table_name, holder, installation);
     for (; !holder.Rows().Eof(); holder.Rows().MoveNext()) {
         const int c = holder.Field(u"Centile"_s).As_Integer();
@@ -143,8 +148,8 @@ void Raw_To_Centile(const Value& raw, const QString& table_name, const QString& 
     scores.Raw_ZScore[t] = Centile_To_ZScore(centile);
 }
 
-void Time_To_Centile(qint32 time, const QString& table_name, const QString& age_column, const Norm_Tables& norms,
-                     Score_Store& scores) {
+void Time_To_Centile(qint32 time, const QString& table_name, const QString& age_column,
+                     const Norm_Tables& norms, Score_Store& scores) {
     const int test = Test_Of_Table(table_name, &Test_Entry::Time_Norm_Table);
     const int age = Norm_Age(age_column);
     const int found = Centile_Of_Time(time, norms.Time_Norms[test][age]);

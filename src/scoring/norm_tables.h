@@ -15,8 +15,9 @@ struct Norm_Tables {
     using Centiles_By_Raw_Score = basics::Bounded<qint16, 70>;
     using Times_By_Centile = basics::Bounded<qint32, 99>;
 
-    basics::Bounded<basics::Bounded<Centiles_By_Raw_Score, 9>, Normed_Tests> Centile_Norms; // [t][age + 1][raw]
-    basics::Bounded<basics::Bounded<Times_By_Centile, 8>, Normed_Tests> Time_Norms;         // [t][age][centile]
+    basics::Bounded<basics::Bounded<Centiles_By_Raw_Score, 9>, Normed_Tests>
+        Centile_Norms;                                                              // [t][age + 1][raw]
+    basics::Bounded<basics::Bounded<Times_By_Centile, 8>, Normed_Tests> Time_Norms; // [t][age][centile]
 };
 
 // All sixteen tables; once for each opening of the Reports page.
@@ -34,7 +35,7 @@ QString Age_To_Band_Letter(int months); // "A" to "E", the same years in the key
 // Both look up memory and write the slot that Current_Test names.
 void Raw_To_Centile(const basics::Value& raw, const QString& table_name, const QString& age_column,
                     const Norm_Tables& norms, Score_Store& scores);
-void Time_To_Centile(qint32 time, const QString& table_name, const QString& age_column, const Norm_Tables& norms,
-                     Score_Store& scores);
+void Time_To_Centile(qint32 time, const QString& table_name, const QString& age_column,
+                     const Norm_Tables& norms, Score_Store& scores);
 
 } // namespace scoring

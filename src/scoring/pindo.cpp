@@ -17,18 +17,19 @@ static constexpr int Body_Parts = 6; // one attempt for each is the optimum
 
 void Score_Pindo(int p, Scoring& scoring) {
     Load_Items(Pindo, All_Items(Pindo), Item_Load::Answers_And_Times, p, nullptr, scoring);
-    Replace_Words(Colour_Words, Pindo, scoring.Items);
-    const Test_Items& items = scoring.Items[Pindo];
+    Replace_Words(Colour_Words, Pindo, scoring.items);
+    const Test_Items& items = scoring.items[Pindo];
     for (int i = 1; i <= Test_At(Pindo).Items; ++i) { // four tries for each body part, from the hat down
         if (!Is_Valid_Time(items.Item_Time(i))) continue;
-        ++scoring.Scores.Pindo_Attempts;
-        if (items.Item_Chosen(i) == items.Item_Requested(i)) ++scoring.Scores.Pindo_Correct;
+        ++scoring.scores.Pindo_Attempts;
+        if (items.Item_Chosen(i) == items.Item_Requested(i)) ++scoring.scores.Pindo_Correct;
     }
 }
 
 Pindo_Verdict Verdict_On_Pindo(int p, const Pupil_Lists& pupils, const Score_Store& scores) {
     if (pupils.Test_Status[Pindo][p] != 1 || scores.Pindo_Attempts < Body_Parts) return {};
-    if (scores.Pindo_Attempts == Body_Parts) return {u"OK"_s, u"Pindo test satisfactorily."_s, u"Satisfactory"_s};
+    if (scores.Pindo_Attempts == Body_Parts)
+        return {u"OK"_s, u"Pindo test satisfactorily."_s, u"Satisfactory"_s};
     const QString errors = QString::number(scores.Pindo_Attempts - Body_Parts);
     return {errors + u" errs"_s, u"Pindo test unsatisfactory (Number of errors: "_s + errors + u")."_s,
             u"Unsatisfactory"_s};

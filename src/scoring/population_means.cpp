@@ -6,8 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace scoring {
 
-void Get_Population_Means(QString& module, int months, Population_Means& means, foundation::Access_Holder& holder,
-                          const foundation::Installation& installation) {
+void Get_Population_Means(QString& module, int months, Population_Means& means,
+                          foundation::Access_Holder& holder, const foundation::Installation& installation) {
     module = (module + u" band "_s + Age_To_Band_Letter(months)).trimmed();
     holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Means"_s, u"ReadOnly"_s);
     for (; !holder.Rows().Eof(); holder.Rows().MoveNext()) {

@@ -18,7 +18,7 @@ struct Population_Means {
 
 // Reads the row of a test's module text and the age band of that many months; means stay as they are if
 // there is none. module becomes the row's key.
-void Get_Population_Means(QString& module, int months, Population_Means& means, foundation::Access_Holder& holder,
-                          const foundation::Installation& installation);
+void Get_Population_Means(QString& module, int months, Population_Means& means,
+                          foundation::Access_Holder& holder, const foundation::Installation& installation);
 
 } // namespace scoring

@@ -2,6 +2,8 @@
 
 #include "shell/conventions/age.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace scoring {

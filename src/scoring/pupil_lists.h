@@ -11,7 +11,7 @@ namespace scoring {
 
 inline constexpr int Most_Pupils = 2500;
 
-template <class T>
+template<class T>
 using Of_Each_Pupil = basics::Bounded<T, Most_Pupils>;
 
 // The pupils who have results, by their place p in the list, from 1; by test t first where a test has its
@@ -24,8 +24,8 @@ struct Pupil_Lists {
     Of_Each_Pupil<qint16> Pupil_Test_Age;   // see Age_When_First_Tested
 
     basics::Bounded<Of_Each_Pupil<qint16>, All_Tests> Test_Status; // [t][p]; 1 alone is completed
-    basics::Bounded<Of_Each_Pupil<qint16>, All_Tests> Test_Age;    // [t][p], completed months; selects the norms
-    basics::Bounded<Of_Each_Pupil<QString>, All_Tests> Test_Date;  // [t][p], dd/mm/yyyy
+    basics::Bounded<Of_Each_Pupil<qint16>, All_Tests> Test_Age; // [t][p], completed months; selects the norms
+    basics::Bounded<Of_Each_Pupil<QString>, All_Tests> Test_Date; // [t][p], dd/mm/yyyy
 
     int Pupils_Listed = 0;
 };

@@ -17,24 +17,20 @@ struct Test_Passes {
 };
 
 constexpr Test_Passes Passes[Normed_Tests] = {
-    {Score_Tolvens, Time_Tolvens},
-    {Score_BliksFriends, Time_BliksFriends},
-    {Score_Karrel, Time_Karrel},
-    {Score_BliksLetters, Time_BliksLetters},
-    {Score_BLN, Time_BLN},
-    {Score_Drell, Time_Drell},
-    {Score_Mirvel, Time_Mirvel},
-    {Score_Yoon, Time_Yoon},
+    {Score_Tolvens, Time_Tolvens}, {Score_BliksFriends, Time_BliksFriends},
+    {Score_Karrel, Time_Karrel},   {Score_BliksLetters, Time_BliksLetters},
+    {Score_BLN, Time_BLN},         {Score_Drell, Time_Drell},
+    {Score_Mirvel, Time_Mirvel},   {Score_Yoon, Time_Yoon},
 };
 
 constexpr int Strip_Step = 120; // pixels
 constexpr int Strip_At_Rest = 1;
 
 void Run_Passes(Pass Test_Passes::*pass, int p, const Progress_Strip& show_progress, Scoring& scoring) {
-    scoring.Scores.Current_Test = 0;
+    scoring.scores.Current_Test = 0;
     for (const Test_Passes& test : Passes) {
-        const int t = ++scoring.Scores.Current_Test; // also for a test not taken: its slot stays empty
-        if (scoring.Pupils.Test_Status[t][p] == 1) (test.*pass)(p, nullptr, scoring);
+        const int t = ++scoring.scores.Current_Test; // also for a test not taken: its slot stays empty
+        if (scoring.pupils.Test_Status[t][p] == 1) (test.*pass)(p, nullptr, scoring);
         if (show_progress) show_progress(Strip_Step * t);
     }
 }
@@ -43,7 +39,7 @@ void Run_Passes(Pass Test_Passes::*pass, int p, const Progress_Strip& show_progr
 
 void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scoring) {
     Run_Passes(&Test_Passes::Score, p, show_progress, scoring);
-    if (scoring.Pupils.Test_Status[test_index::Pindo][p] == 1) Score_Pindo(p, scoring);
+    if (scoring.pupils.Test_Status[test_index::Pindo][p] == 1) Score_Pindo(p, scoring);
 }
 
 void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring) {

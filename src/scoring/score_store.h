@@ -10,13 +10,13 @@ namespace scoring {
 struct Score_Store {
     Score_Store();
 
-    template <class T>
+    template<class T>
     using Of_Each_Test = basics::Bounded<T, Normed_Tests>;
 
-    Of_Each_Test<basics::Value> Raw_Score;  // may be an earlier pupil's while Raw_Centile is 0
-    Of_Each_Test<qint16> Raw_Centile;       // 0, and nothing else, marks a test without a score
+    Of_Each_Test<basics::Value> Raw_Score; // may be an earlier pupil's while Raw_Centile is 0
+    Of_Each_Test<qint16> Raw_Centile;      // 0, and nothing else, marks a test without a score
     Of_Each_Test<basics::Value> Raw_ZScore;
-    Of_Each_Test<basics::Value> Time_Score; // mean item time in milliseconds
+    Of_Each_Test<basics::Value> Time_Score;   // mean item time in milliseconds
     Of_Each_Test<basics::Value> Time_Centile; // higher is faster; 0 until the time pass has run
     Of_Each_Test<basics::Value> Time_ZScore;
 

@@ -12,26 +12,27 @@ namespace scoring {
 
 // What scoring keeps for as long as the process runs. One owner makes it.
 struct Scoring_Data {
-    Pupil_Lists Pupils;
-    Norm_Tables Norms;
-    Score_Store Scores;
-    Item_Store Items;
-    Work_Lists Work;
+    Pupil_Lists pupils;
+    Norm_Tables norms;
+    Score_Store scores;
+    Item_Store items;
+    Work_Lists work;
 };
 
 // What a scoring pass is handed: where it reads, and what it may change.
 struct Scoring {
-    const foundation::Installation& Installation;
-    foundation::Access_Holder& Holder; // scoring's own
-    const Pupil_Lists& Pupils;
-    const Norm_Tables& Norms;
-    Score_Store& Scores;
-    Item_Store& Items;
-    Work_Lists& Work;
-
-    Scoring(const foundation::Installation& installation, foundation::Access_Holder& holder, Scoring_Data& data)
-        : Installation(installation), Holder(holder), Pupils(data.Pupils), Norms(data.Norms),
-          Scores(data.Scores), Items(data.Items), Work(data.Work) {}
+    const foundation::Installation& installation;
+    foundation::Access_Holder& holder; // scoring's own
+    const Pupil_Lists& pupils;
+    const Norm_Tables& norms;
+    Score_Store& scores;
+    Item_Store& items;
+    Work_Lists& work;
 };
+
+inline Scoring Pass_Over(Scoring_Data& data, const foundation::Installation& installation,
+                         foundation::Access_Holder& holder) {
+    return {installation, holder, data.pupils, data.norms, data.scores, data.items, data.work};
+}
 
 } // namespace scoring

@@ -11,9 +11,9 @@ using test_index::Drell;
 
 void Score_BliksFriends(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Bliks_Friends, All_Items(Bliks_Friends), Item_Load::Answers, p, rs, scoring);
-    scoring.Scores.Friends_Terminated = false;
+    scoring.scores.Friends_Terminated = false;
     Add_Up_Lists(Bliks_Friends, scoring);
-    if (Has_Unreached_Item(Bliks_Friends, scoring.Items)) scoring.Scores.Friends_Terminated = true;
+    if (Has_Unreached_Item(Bliks_Friends, scoring.items)) scoring.scores.Friends_Terminated = true;
     Look_Up_Raw_Total(Bliks_Friends, p, scoring);
 }
 

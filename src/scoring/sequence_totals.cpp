@@ -13,7 +13,7 @@ using test_index::Drell;
 using test_index::Tolvens;
 
 // A detail table is filled with errors passed over: an item that can't be counted adds nothing.
-template <class Step>
+template<class Step>
 void Passing_Over_Errors(Step step) {
     try {
         step();
@@ -47,13 +47,13 @@ bool Has_Sequence_Total(int t) {
 }
 
 int Sequence_Total(int t, int p, const Scoring& scoring) {
-    const Test_Items& items = scoring.Items[t];
+    const Test_Items& items = scoring.items[t];
     switch (t) {
     case Tolvens:
-        return Total_Of_Shown_Rows(items, Tolvens_Rows_Shown(scoring.Pupils.Test_Age[Tolvens][p]),
-                                   Seq_Errors_Direct, scoring.Work);
+        return Total_Of_Shown_Rows(items, Tolvens_Rows_Shown(scoring.pupils.Test_Age[Tolvens][p]),
+                                   Seq_Errors_Direct, scoring.work);
     case Bliks_Friends:
-        return Total_Of_Shown_Rows(items, Test_At(t).Items, Seq_Errors_Misplaced, scoring.Work);
+        return Total_Of_Shown_Rows(items, Test_At(t).Items, Seq_Errors_Misplaced, scoring.work);
     default:
         return items.Sequence_Errors;
     }

@@ -37,18 +37,18 @@ int Count_Valid_Times(int t, const Item_Store& store) {
 
 // Older pupils take the later half of level 1 and all of level 2, younger ones level 1.
 Item_Range Mirvel_Window(int p, const Scoring& scoring) {
-    return scoring.Pupils.Test_Age[Mirvel][p] >= Older_From ? Item_Range{5, 16} : Item_Range{1, 8};
+    return scoring.pupils.Test_Age[Mirvel][p] >= Older_From ? Item_Range{5, 16} : Item_Range{1, 8};
 }
 
 } // namespace
 
 void Score_Karrel(int p, database::Recordset* rs, Scoring& scoring) {
-    Test_Items& items = scoring.Items[Karrel];
+    Test_Items& items = scoring.items[Karrel];
     items.Time_Sum = 0;
     Load_Items(Karrel, All_Items(Karrel), Item_Load::Answers_And_Times, p, rs, scoring);
-    items.Time_Count = Count_Valid_Times(Karrel, scoring.Items);
-    Rename_Karrel_Items(scoring.Pupils.Test_Age[Karrel][p], scoring.Items);
-    Count_Right_Answers(Karrel, scoring.Items);
+    items.Time_Count = Count_Valid_Times(Karrel, scoring.items);
+    Rename_Karrel_Items(scoring.pupils.Test_Age[Karrel][p], scoring.items);
+    Count_Right_Answers(Karrel, scoring.items);
     Look_Up_Raw_Total(Karrel, p, scoring);
 }
 
@@ -57,24 +57,24 @@ void Rename_Karrel_Items(int months, Item_Store& items) {
 }
 
 void Time_Karrel(int p, database::Recordset* rs, Scoring& scoring) {
-    scoring.Items[Karrel].Raw_Total = 0; // the detail table shows this 0; Raw_Score keeps its value
+    scoring.items[Karrel].Raw_Total = 0; // the detail table shows this 0; Raw_Score keeps its value
     Load_Items(Karrel, All_Items(Karrel), Item_Load::Times, p, rs, scoring);
     Add_Up_Times(Karrel, All_Items(Karrel), p, scoring);
 }
 
 void Score_BLN(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Letter_Names, All_Items(Letter_Names), Item_Load::Answers, p, rs, scoring);
-    Count_Right_Answers(Letter_Names, scoring.Items);
+    Count_Right_Answers(Letter_Names, scoring.items);
     Look_Up_Raw_Total(Letter_Names, p, scoring);
 }
 
 void Time_BLN(int p, database::Recordset* rs, Scoring& scoring) {
-    scoring.Items[Letter_Names].Raw_Total = 0; // as in Karrel
+    scoring.items[Letter_Names].Raw_Total = 0; // as in Karrel
     Time_Items(Letter_Names, All_Items(Letter_Names), p, rs, scoring);
 }
 
 void Score_Mirvel(int p, database::Recordset* rs, Scoring& scoring) {
-    Test_Items& items = scoring.Items[Mirvel];
+    Test_Items& items = scoring.items[Mirvel];
     const Item_Range window = Mirvel_Window(p, scoring);
     Load_Items(Mirvel, window, Item_Load::Answers, p, rs, scoring);
     items.Raw_Total = 0;
@@ -89,7 +89,7 @@ void Time_Mirvel(int p, database::Recordset* rs, Scoring& scoring) {
 
 void Score_Yoon(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Yoon, All_Items(Yoon), Item_Load::Answers, p, rs, scoring);
-    Count_Right_Answers(Yoon, scoring.Items);
+    Count_Right_Answers(Yoon, scoring.items);
     Look_Up_Raw_Total(Yoon, p, scoring);
 }
 

@@ -1,8 +1,12 @@
 #include "scoring/summary_table.h"
 
 #include "platform/basics/number_text.h"
+#include "platform/basics/run_time_error.h"
 #include "scoring/pindo.h"
 #include "scoring/score_conversion.h"
+
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 

@@ -43,7 +43,8 @@ void Name_Columns(const foundation::Test_Tables& tables, const Facts& facts, Tes
             for (int item = 1; item <= level.items; ++item) {
                 const QString column = foundation::Item_Column(level, item, part);
                 entry.Own_Row.Append(part.field, column);
-                if (in_joined_row) entry.Joined_Row.Append(part.field, facts.joined_prefix + column.toLower());
+                if (in_joined_row)
+                    entry.Joined_Row.Append(part.field, facts.joined_prefix + column.toLower());
             }
         }
     }

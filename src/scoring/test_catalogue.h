@@ -42,14 +42,14 @@ struct Test_Entry {
     QString Test_Name; // as tables and reports show it
     QString Module;    // as the keys of Mevo_Means begin
     QString Data_Table;
-    QString Norm_Table;      // both empty for Pindo
+    QString Norm_Table; // both empty for Pindo
     QString Time_Norm_Table;
     QString Status_Column; // of Mevo_Pupils
     QString Age_Column;
     QString Date_Column;
     int Items;
-    int Highest_Item;            // what the answer store has room for
-    bool Counts_Repeats;         // its data table has RepeatCount and PauseCount
+    int Highest_Item;    // what the answer store has room for
+    bool Counts_Repeats; // its data table has RepeatCount and PauseCount
     bool Null_List_Reads_As_Empty;
     QList<Item_Field> Fields;
     Item_Columns Own_Row;    // a row of its data table

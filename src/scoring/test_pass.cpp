@@ -1,6 +1,5 @@
 #include "scoring/test_pass.h"
 
-#include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 
 using namespace Qt::StringLiterals;
@@ -39,21 +38,21 @@ Item_Range All_Items(int t) {
 
 void Load_Items(int t, Item_Range range, Item_Load load, int p, database::Recordset* rs, Scoring& scoring) {
     const Test_Entry& test = Test_At(t);
-    Test_Items& items = scoring.Items[t];
+    Test_Items& items = scoring.items[t];
     if (rs) {
         Read_Items(test, test.Joined_Row, range, load, *rs, items);
         return;
     }
-    scoring.Holder.ado_Open(scoring.Installation.Connection_String,
+    scoring.holder.ado_Open(scoring.installation.Connection_String,
                             u"SELECT * FROM "_s + test.Data_Table + u" WHERE StudentCode = '"_s +
-                                scoring.Pupils.Student_Code[p] + u'\'',
+                                scoring.pupils.Student_Code[p] + u'\'',
                             u"ReadOnly"_s);
-    Read_Items(test, test.Own_Row, range, load, scoring.Holder.Rows(), items);
+    Read_Items(test, test.Own_Row, range, load, scoring.holder.Rows(), items);
     if (test.Counts_Repeats && load != Item_Load::Times) {
-        items.RepeatCount = scoring.Holder.Field(u"RepeatCount"_s);
-        items.PauseCount = scoring.Holder.Field(u"PauseCount"_s);
+        items.RepeatCount = scoring.holder.Field(u"RepeatCount"_s);
+        items.PauseCount = scoring.holder.Field(u"PauseCount"_s);
     }
-    scoring.Holder.ado_Close();
+    scoring.holder.ado_Close();
 }
 
 bool Is_Valid_Time(const Value& time) {
@@ -63,12 +62,12 @@ bool Is_Valid_Time(const Value& time) {
 }
 
 void Look_Up_Raw_Total(int t, int p, Scoring& scoring) {
-    Raw_To_Centile(scoring.Items[t].Raw_Total, Test_At(t).Norm_Table,
-                   Age_To_Norm_Column(scoring.Pupils.Test_Age[t][p]), scoring.Norms, scoring.Scores);
+    Raw_To_Centile(scoring.items[t].Raw_Total, Test_At(t).Norm_Table,
+                   Age_To_Norm_Column(scoring.pupils.Test_Age[t][p]), scoring.norms, scoring.scores);
 }
 
 void Add_Up_Times(int t, Item_Range range, int p, Scoring& scoring) {
-    Test_Items& items = scoring.Items[t];
+    Test_Items& items = scoring.items[t];
     items.Time_Count = 0;
     for (int i = range.First; i <= range.Last; ++i) {
         if (!Is_Valid_Time(items.Item_Time(i))) continue;
@@ -78,11 +77,11 @@ void Add_Up_Times(int t, Item_Range range, int p, Scoring& scoring) {
     if (items.Time_Count == 0) basics::Raise(basics::errors::Division_By_Zero);
     items.Mean_Time = Value(items.Time_Sum / items.Time_Count).As_Long();
     Time_To_Centile(items.Mean_Time, Test_At(t).Time_Norm_Table,
-                    Age_To_Norm_Column(scoring.Pupils.Test_Age[t][p]), scoring.Norms, scoring.Scores);
+                    Age_To_Norm_Column(scoring.pupils.Test_Age[t][p]), scoring.norms, scoring.scores);
 }
 
 void Time_Items(int t, Item_Range range, int p, database::Recordset* rs, Scoring& scoring) {
-    scoring.Items[t].Time_Sum = 0;
+    scoring.items[t].Time_Sum = 0;
     Load_Items(t, range, Item_Load::Times, p, rs, scoring);
     Add_Up_Times(t, range, p, scoring);
 }

@@ -36,7 +36,7 @@ struct Word_Pair {
     QStringView stored;
     QStringView shown;
 };
-template <std::size_t Count>
+template<std::size_t Count>
 void Replace_Words(const Word_Pair (&words)[Count], int t, Item_Store& store) {
     for (const Item_Field field : {Item_Field::Requested, Item_Field::Chosen})
         for (int i = 1; i <= Test_At(t).Items; ++i) {

@@ -9,9 +9,9 @@ using test_index::Tolvens;
 
 void Score_Tolvens(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Tolvens, All_Items(Tolvens), Item_Load::Answers, p, rs, scoring);
-    scoring.Scores.Tolvens_Terminated = false;
+    scoring.scores.Tolvens_Terminated = false;
     Add_Up_Lists(Tolvens, scoring);
-    if (Has_Unreached_Item(Tolvens, scoring.Items)) scoring.Scores.Tolvens_Terminated = true;
+    if (Has_Unreached_Item(Tolvens, scoring.items)) scoring.scores.Tolvens_Terminated = true;
     Look_Up_Raw_Total(Tolvens, p, scoring);
 }
 

@@ -1,0 +1,67 @@
+#include "scores/command_line.h"
+
+#include "scores/console_platform.h"
+#include "scores/error_line.h"
+#include "scores/score_lines.h"
+
+#include <QCommandLineParser>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace score_export {
+
+namespace {
+
+constexpr int Done = 0;
+constexpr int Failed = 2;
+
+struct Request {
+    QString database;
+    scoring::Passes_Wanted wanted;
+};
+
+void Write_Whole(const QString& text, QIODevice& output) {
+    const QByteArray bytes = text.toUtf8();
+    if (output.write(bytes) != bytes.size()) throw Export_Fault(u"Can't write: "_s + output.errorString());
+}
+
+// Nothing is returned when help was asked for and given.
+std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& output) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Writes the scores of all pupils as comma-separated values."_s);
+    parser.addPositionalArgument(u"DATABASE"_s, u"The database file."_s);
+    const QCommandLineOption times(u"times"_s, u"Score the item times as well."_s);
+    parser.addOption(times);
+    const QCommandLineOption help = parser.addHelpOption();
+
+    if (!parser.parse(arguments)) throw Export_Fault(parser.errorText());
+    if (parser.isSet(help)) {
+        Write_Whole(parser.helpText(), output);
+        return std::nullopt;
+    }
+    const QStringList files = parser.positionalArguments();
+    if (files.size() != 1 || files.first().isEmpty())
+        throw Export_Fault(u"Usage: mevo-scores DATABASE [--times]"_s);
+    using scoring::Passes_Wanted;
+    return Request{files.first(), parser.isSet(times) ? Passes_Wanted::Raw_And_Time : Passes_Wanted::Raw};
+}
+
+} // namespace
+
+int Run_Command(const QStringList& arguments, QIODevice& output, QTextStream& errors) {
+    try {
+        const std::optional<Request> request = Read_Arguments(arguments, output);
+        if (!request) return Done;
+        Console_Platform console(errors);
+        Write_Whole(Score_Lines(request->database, request->wanted, console.Ports()), output);
+        return Done;
+    } catch (const Program_Ended&) {
+        return Failed; // the box that was shown has told why
+    } catch (const Export_Fault& fault) {
+        Write_Error_Line(QString::fromUtf8(fault.what()), errors);
+        return Failed;
+    }
+}
+
+} // namespace score_export

@@ -1,0 +1,108 @@
+#include "scores/console_platform.h"
+
+#include "platform/basics/run_time_error.h"
+#include "scores/error_line.h"
+
+namespace score_export {
+
+namespace {
+
+class Console_Boxes final : public desktop::Message_Boxes {
+public:
+    explicit Console_Boxes(QTextStream& errors) : errors(errors) {}
+
+    desktop::Answer Ask(desktop::Box_Style style, const QString&, const QString& text) override {
+        // A database box names its error in a first line, which tells a user of the console nothing.
+        const qsizetype line_end = text.indexOf(u'\r');
+        Write_Error_Line(text.mid(line_end + 1), errors);
+        const bool asks = style == desktop::Box_Style::Abort_Retry_Ignore_Critical;
+        return asks ? desktop::Answer::Abort : desktop::Answer::Ok;
+    }
+
+private:
+    QTextStream& errors;
+};
+
+class No_Pointer final : public desktop::Pointer {
+public:
+    void Set(desktop::Pointer_Shape) override {}
+};
+
+class System_Clock final : public desktop::Clock {
+public:
+    QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    int Timer_Interval(int designed) const override { return designed; }
+};
+
+class No_Sound final : public desktop::Sound {
+public:
+    void Play(const QString&) override {}
+};
+
+class No_Documents final : public desktop::Documents {
+public:
+    QString Short_Path(const QString&) override { return {}; }
+    int Shell_Open(const QString&, const QString&) override { return No_Application; }
+
+private:
+    static constexpr int No_Application = 31;
+};
+
+class Ending_Processes final : public desktop::Processes {
+public:
+    void Start(const QString&) override { basics::Raise(basics::errors::File_Not_Found); }
+
+protected:
+    void End_Process(int status) override { throw Program_Ended{status}; }
+};
+
+class No_Ini_Files final : public desktop::Ini_Files {
+public:
+    QString Value(const QString&, const QString&, const QString&, const QString& missing) override {
+        return missing;
+    }
+};
+
+class No_Files final : public desktop::Files {
+public:
+    QString Dir(const QString&) override { return {}; }
+};
+
+class No_Folders final : public desktop::Special_Folders {
+public:
+    int Folder_Path(int, QString&) override { return 1; }
+};
+
+class No_Dialogs final : public desktop::Modal_Dialogs {
+public:
+    void Show(QDialog&) override {}
+};
+
+} // namespace
+
+struct Console_Platform::Bodies {
+    explicit Bodies(QTextStream& errors) : boxes(errors) {}
+
+    Console_Boxes boxes;
+    No_Pointer pointer;
+    System_Clock clock;
+    No_Sound sound;
+    No_Documents documents;
+    Ending_Processes processes;
+    No_Ini_Files ini;
+    No_Files files;
+    No_Folders folders;
+    No_Dialogs dialogs;
+    desktop::Platform ports{boxes, pointer, clock, sound, documents, processes, ini, files, folders, dialogs};
+};
+
+Console_Platform::Console_Platform(QTextStream& errors) : bodies(std::make_unique<Bodies>(errors)) {
+}
+
+Console_Platform::~Console_Platform() = default;
+
+desktop::Platform& Console_Platform::Ports() {
+    return bodies->ports;
+}
+
+} // namespace score_export

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/desktop/ports.h"
+#include "scoring/chosen_pupil.h"
+
+#include <QString>
+#include <QStringList>
+#include <stdexcept>
+
+namespace score_export {
+
+// A failure in one line of UTF-8 for the user.
+class Export_Fault : public std::runtime_error {
+public:
+    explicit Export_Fault(const QString& line) : std::runtime_error(line.toStdString()) {}
+};
+
+// One record of comma-separated values with its line end; a field with a comma, a quote or a line end in it
+// is quoted.
+QString Csv_Line(const QStringList& fields);
+
+// The scores of every pupil on the Reports page's list, in its order and as if each was chosen there in
+// turn, so that what one pupil leaves for the next is in them.
+QString Score_Lines(const QString& database, scoring::Passes_Wanted wanted, desktop::Platform& platform);
+
+} // namespace score_export

@@ -1,0 +1,179 @@
+// Walks through the program's own pages without a display and writes a picture of each, for a look at what a
+// change has done and for machines that have no screen.
+
+#include "app/program.h"
+#include "platform/desktop/qt_platform.h"
+#include "shell/conventions/click_combo.h"
+#include "shell/conventions/theme.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QMouseEvent>
+#include <QTest>
+#include <QTextStream>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize Common_Screen{1366, 768};
+
+// A walk has nobody to answer a question.
+class Refusing_Boxes final : public desktop::Message_Boxes {
+public:
+    explicit Refusing_Boxes(desktop::Processes& processes) : processes(processes) {}
+    desktop::Answer Ask(desktop::Box_Style, const QString& title, const QString& text) override {
+        QTextStream(stderr) << "The walk met a box: " << title << ": " << text << Qt::endl;
+        processes.End(1);
+    }
+
+private:
+    desktop::Processes& processes;
+};
+
+class Hurried_Clock final : public desktop::Clock {
+public:
+    QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    int Timer_Interval(int) const override { return 0; }
+};
+
+class Pictures {
+public:
+    explicit Pictures(QDir folder) : folder(std::move(folder)) {}
+    void Take(QWidget& window, const QString& name) {
+        QApplication::processEvents();
+        const QString file = folder.filePath(name + u".png"_s);
+        if (window.grab().save(file)) QTextStream(stdout) << file << Qt::endl;
+        else throw std::runtime_error("can't write " + file.toStdString());
+    }
+
+private:
+    QDir folder;
+};
+
+class Photographed_Dialogs final : public desktop::Modal_Dialogs {
+public:
+    explicit Photographed_Dialogs(Pictures& pictures) : pictures(pictures) {}
+    void Show(QDialog& dialog) override {
+        dialog.show();
+        pictures.Take(dialog, dialog.objectName());
+        dialog.reject();
+    }
+
+private:
+    Pictures& pictures;
+};
+
+class Walk {
+public:
+    Walk(shell::Page_Host& window, Pictures& pictures) : window(window), pictures(pictures) {}
+
+    void Through_All_Pages() {
+        window.resize(Common_Screen);
+        window.show();
+        Wait_For(u"Form77"_s);
+        Point_At(u"HotLabel1"_s);
+        pictures.Take(window, u"main_menu"_s);
+        Click(u"HotLabel1"_s);
+        Wait_For(u"Form30"_s);
+        Require([this] { return Combo().count() > 0; }, u"the pupil list stayed empty"_s);
+        Choose_A_Pupil_With_Marks();
+        Through_The_Charts();
+        Click(u"HotLabel7"_s);
+        pictures.Take(window, u"reports_summary"_s);
+        Click(u"HotLabel5"_s);
+        Click(u"HotLabel3"_s);
+        Click(u"HotLabel1"_s);
+        Wait_For(u"Form77"_s);
+        Click(u"HotLabel8"_s);
+        Require([this] { return window.Current()->objectName().isEmpty(); }, u"the page didn't follow"_s);
+        pictures.Take(window, u"later_page"_s);
+    }
+
+private:
+    void Through_The_Charts() {
+        pictures.Take(window, u"reports_centiles"_s);
+        Click(u"ShowZScores"_s);
+        pictures.Take(window, u"reports_zscores"_s);
+        Click(u"HotLabel2"_s);
+        pictures.Take(window, u"reports_zscores_times"_s);
+        Click(u"ShowCentiles"_s);
+        pictures.Take(window, u"reports_centiles_times"_s);
+        Click(u"ShowWhite"_s);
+        pictures.Take(window, u"reports_centiles_white"_s);
+        Click(u"ShowZScores"_s);
+        pictures.Take(window, u"reports_zscores_white"_s);
+    }
+
+    void Choose_A_Pupil_With_Marks() {
+        for (int index = 0; index < Combo().count(); ++index) {
+            Combo().Set_ListIndex(index);
+            if (Control(u"Image12"_s).isVisible()) return;
+        }
+        Combo().Set_ListIndex(0);
+    }
+
+    QWidget& Control(const QString& name) {
+        auto* control = window.Current()->findChild<QWidget*>(name);
+        if (!control) throw std::runtime_error("no control " + name.toStdString());
+        return *control;
+    }
+    shell::Click_Combo& Combo() { return static_cast<shell::Click_Combo&>(Control(u"Combo1"_s)); }
+    void Click(const QString& name) {
+        QTest::mouseClick(&Control(name), Qt::LeftButton);
+        QApplication::processEvents();
+    }
+    void Point_At(const QString& name) {
+        QWidget& control = Control(name);
+        const QPointF middle = QRectF(control.rect()).center();
+        QMouseEvent move(QEvent::MouseMove, middle, control.mapToGlobal(middle), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&control, &move);
+    }
+    void Require(const std::function<bool()>& condition, const QString& otherwise) {
+        if (!QTest::qWaitFor(condition, 20'000)) throw std::runtime_error(otherwise.toStdString());
+    }
+    void Wait_For(const QString& page) {
+        Require([this, page] { return window.Current() && window.Current()->objectName() == page; }, page + u" didn't appear"_s);
+        QTest::qWait(50); // its timer
+    }
+
+    shell::Page_Host& window;
+    Pictures& pictures;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    if (QApplication::arguments().size() != 2) {
+        QTextStream(stderr) << "usage: mevo-screens FOLDER" << Qt::endl;
+        return 2;
+    }
+    const QDir folder(QApplication::arguments().at(1));
+    if (!folder.mkpath(u"."_s)) {
+        QTextStream(stderr) << "can't make the folder " << folder.path() << Qt::endl;
+        return 2;
+    }
+    QApplication::setQuitOnLastWindowClosed(false);
+    shell::Apply_Theme(application);
+
+    desktop::Qt_Platform real;
+    desktop::Platform& ports = real.Ports();
+    Pictures pictures(folder);
+    Refusing_Boxes boxes(ports.processes);
+    Hurried_Clock clock;
+    Photographed_Dialogs dialogs(pictures);
+    desktop::Platform platform{boxes,           ports.pointer, clock,       ports.sound,   ports.documents,
+                               ports.processes, ports.ini,     ports.files, ports.folders, dialogs};
+    app::Program program(platform);
+    program.Start(QApplication::applicationDirPath());
+    try {
+        Walk(program.Window(), pictures).Through_All_Pages();
+    } catch (const std::exception& error) {
+        QTextStream(stderr) << "mevo-screens: " << error.what() << Qt::endl;
+        return 1;
+    }
+    return 0;
+}
