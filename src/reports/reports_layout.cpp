@@ -22,6 +22,7 @@ constexpr QPoint Chart_Corner{380, 40};
 constexpr int Right = 1084;
 constexpr int Right_Width = 132;
 constexpr int Twips_To_Pixels = 15;
+constexpr int Whole_Progress = 8 * 120; // eight tests
 
 Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_Data data)
     : Page(platform, navigator, Frame_Size), installation(data.installation), pupils(data.scores.pupils),
@@ -31,17 +32,24 @@ Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_
     Tell_Helps();
 }
 
+static QFrame* Make_Patch(const QString& name, const QColor& colour, const QRect& place, QWidget* parent) {
+    auto* patch = new QFrame(parent);
+    patch->setObjectName(name);
+    patch->setStyleSheet(u"background: %1; border-radius: 2px;"_s.arg(colour.name()));
+    patch->setGeometry(place);
+    return patch;
+}
+
 void Form30::Lay_Out() {
     Lay_Out_Left_Panel();
     Lay_Out_Chart();
     Lay_Out_Right_Panel();
-    Label7 = Make_HotLabel(u"Label7"_s, u""_s, {Chart_Corner.x(), 540, Profile_Chart::Size.width(), 56}, [this] { Label7_Click(); },
+    Label7 = Make_HotLabel(u"Label7"_s, u""_s, {Chart_Corner.x(), 552, Profile_Chart::Size.width(), 52}, [this] { Label7_Click(); },
                            HotLabel::Look::Strip);
-    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, {Chart_Corner.x(), 600, Profile_Chart::Size.width(), 24});
-    Shape11 = new QFrame(Frame1);
-    Shape11->setObjectName(u"Shape11"_s);
-    Shape11->setStyleSheet(u"background: %1;"_s.arg(shell::colours::Accent.name()));
-    Shape11->setGeometry(Left, Frame_Size.height() - 14, 1, 4);
+    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, {Chart_Corner.x(), 610, Profile_Chart::Size.width(), 22});
+    const QRect track(Left, 644, Whole_Progress, 4);
+    Make_Patch(u"Shape11_track"_s, shell::colours::Faint_Edge, track, Frame1);
+    Shape11 = Make_Patch(u"Shape11"_s, shell::colours::Accent, {track.topLeft(), QSize(1, track.height())}, Frame1);
 }
 
 static QGroupBox* Make_Group(const QString& caption, const QRect& place, QWidget* parent) {
@@ -144,24 +152,36 @@ void Form30::Lay_Out_Chart() {
         const int t = static_cast<int>(i) + 1;
         const int left = chart + Profile_Chart::Column_Left(t) - 8;
         BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, {left, 450, 80, 52}, [this, t] { Test_Button_Click(t); });
-        Shape10[i] = new QFrame(Frame1);
-        Shape10[i]->setObjectName(u"Shape10(%1)"_s.arg(i));
-        Shape10[i]->setStyleSheet(u"background: %1;"_s.arg(shell::colours::Focus.name()));
-        Shape10[i]->setGeometry(left + 8, 506, 64, 4);
+        Shape10[i] = Make_Patch(u"Shape10(%1)"_s.arg(i), shell::colours::Focus, {left + 8, 505, 64, 4}, Frame1);
         Shape10[i]->hide();
     }
+    Lay_Out_Key({chart, 517});
 
     fpSpread1 = new grid::fpSpread(u"fpSpread1"_s, 10, 10, Frame1);
     fpSpread1->setAccessibleName(u"Summary of the pupil's performance in the tests"_s);
     fpSpread1->setGeometry(chart - 72, Chart_Corner.y(), 762, 10 * 34 + 2);
-    const int widths[] = {106, 56, 60, 70, 64, 76, 94, 94, 82, 58};
+    const int widths[] = {104, 52, 58, 54, 62, 76, 90, 92, 86, 84};
     for (int column = 1; column <= 10; ++column) fpSpread1->Set_ColWidth(column, widths[column - 1]);
     fpSpread1->Set_Heading_Row(true);
     fpSpread1->hide();
     shell::On(fpSpread1, &grid::fpSpread::Double_Click, this, platform, [this] {
         fpSpread1->hide();
-        Picture2->show();
+        Show_Chart(true);
     });
+}
+
+void Form30::Lay_Out_Key(const QPoint& corner) {
+    Key = new QWidget(Frame1);
+    Key->setGeometry({corner, QSize(220, 22)});
+    const auto entry = [this](const QColor& colour, const QString& caption, int left) {
+        auto* part = new QWidget(Key);
+        part->setGeometry(left, 0, 110, 22);
+        Make_Patch(u"Key_patch"_s, colour, {0, 4, 14, 14}, part);
+        Make_Label(u"Key_label"_s, caption, Text_Role::Quiet, {22, 0, 84, 22}, part);
+        return part;
+    };
+    entry(shell::colours::Accuracy_Bar, u"Accuracy"_s, 0);
+    Time_Key = entry(shell::colours::Time_Bar, u"Time"_s, 110);
 }
 
 void Form30::Lay_Out_Right_Panel() {
@@ -171,9 +191,9 @@ void Form30::Lay_Out_Right_Panel() {
     HotLabel7 = entry(u"HotLabel7", u"Summary"_s, 40, [this] { HotLabel7_Click(); });
     HotLabel5 = entry(u"HotLabel5", u"Chart"_s, 92, [this] { HotLabel5_Click(); });
     HotLabel3 = entry(u"HotLabel3", u"Comment"_s, 144, [this] { HotLabel3_Click(); });
-    Make_Label(u"Label8"_s, u"Print"_s, Text_Role::Quiet, {Right, 214, Right_Width, 22});
+    Label8 = Make_Label(u"Label8"_s, u"Print"_s, Text_Role::Quiet, {Right, 214, Right_Width, 22});
     PrintIcon = entry(u"PrintIcon", u"Print out"_s, 238, [this] { PrintIcon_Click(); });
-    PrintIcon->hide();
+    Offer_Printing(false);
     HotLabel1 = entry(u"HotLabel1", u"Menu"_s, 596, [this] { HotLabel1_Click(); });
 }
 

@@ -58,7 +58,7 @@ void Form30::Combo1_Click() {
     state.Current_Student_Code = pupils.Student_Code[state.Current_Pupil];
     This_Students_Age(state.Current_Pupil);
     platform.pointer.Set(Pointer_Shape::Hourglass);
-    Picture2->show();
+    Show_Chart(true);
     Regen_Bars_For_Another_Child(state.Current_Pupil);
     platform.pointer.Set(Pointer_Shape::Default);
 }
@@ -185,6 +185,7 @@ void Form30::Set_Bar_Widths(bool show_time, int width) {
         Picture2->Time_Shape(t)->setVisible(show_time);
         Picture2->Shape(t)->resize(width, Picture2->Shape(t)->height());
     }
+    Time_Key->setVisible(show_time);
 }
 
 void Form30::Reset_Bars() {
@@ -262,7 +263,7 @@ void Form30::Draw_Scale(const QString& mode) {
     Show_Scale();
     if (const QString file = Chart_File(); !file.isEmpty()) Picture2->Load_Picture(file);
     (state.Chart_Background == "WHITE"_L1 ? ShowWhite : ShowGreys)->setChecked(true);
-    Picture2->show();
+    Show_Chart(true);
 }
 
 void Form30::ShowCentiles_Click() {
@@ -302,7 +303,12 @@ void Form30::Hide_Any_Tables() {
 
 void Form30::Hide_All_Objects() {
     Hide_Any_Tables();
-    Picture2->hide();
+    Show_Chart(false);
+}
+
+void Form30::Show_Chart(bool shown) {
+    Picture2->setVisible(shown);
+    Key->setVisible(shown);
 }
 
 void Form30::Hide_All_Markers() {
@@ -315,6 +321,11 @@ void Form30::Show_Raw_Marker(int i) {
     Shape10[static_cast<std::size_t>(i)]->show();
     Shape10[static_cast<std::size_t>(i)]->raise();
     Label3->setText(state.Test_Table_Title[static_cast<std::size_t>(i)]);
+}
+
+void Form30::Offer_Printing(bool offered) {
+    PrintIcon->setVisible(offered);
+    Label8->setVisible(offered);
 }
 
 void Form30::Hide_8_Buttons() {
@@ -375,15 +386,15 @@ void Form30::HotLabel5_Click() {
     Show_Scale();
     Hide_All_Objects();
     Show_8_Buttons();
-    Picture2->show();
-    PrintIcon->hide();
+    Show_Chart(true);
+    Offer_Printing(false);
 }
 
 void Form30::Label7_Click() {
     if (!state.Chart_Replaced || Label7->Caption() != Way_Back) return;
     Hide_All_Objects();
     Show_8_Buttons();
-    Picture2->show();
+    Show_Chart(true);
     Label7->Set_Caption(u""_s);
 }
 
@@ -407,7 +418,7 @@ void Form30::Test_Button_Click(int t) {
     }
     platform.boxes.Ask(desktop::Box_Style::Information, u"Test information"_s,
                        pindo ? u"Student has not completed Pindo"_s : u"Student has not completed this test"_s);
-    if (t <= scoring::test_index::Drell) PrintIcon->hide();
+    if (t <= scoring::test_index::Drell) Offer_Printing(false);
 }
 
 void Form30::HotLabel7_Click() {
@@ -420,7 +431,7 @@ void Form30::HotLabel7_Click() {
     Image2->clear();
     Label3->setText(u"Test Summary for "_s + state.Pupil_Name);
     fpSpread1->show();
-    PrintIcon->show();
+    Offer_Printing(true);
     Label7->Set_Caption(Way_Back);
 }
 

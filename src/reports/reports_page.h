@@ -79,6 +79,7 @@ public:
 private:
     void Lay_Out();
     void Lay_Out_Chart();
+    void Lay_Out_Key(const QPoint& corner);
     void Lay_Out_Left_Panel();
     void Lay_Out_Right_Panel();
     void Tell_Helps();
@@ -86,7 +87,9 @@ private:
     void Draw_Scale(const QString& mode);
     void Change_Background(const QString& ground);
     void Copy_Scale_Picture();
+    void Show_Chart(bool shown);
     void Hide_All_Markers();
+    void Offer_Printing(bool offered); // PrintIcon and its caption
     bool Is_Done(int t) const;
     void Show_Summary_Cells();
     void Describe_Chart(int p);
@@ -110,8 +113,9 @@ private:
     std::array<QFrame*, 9> Shape10;
     std::array<shell::HotLabel*, 9> BtnEnh; // BtnEnh11 to BtnEnh19, in test order
     QLabel *Image1, *Image2, *Image3, *Image4, *Image6, *Image7;
-    QLabel *Label3, *Label16;
+    QLabel *Label3, *Label8, *Label16;
     shell::HotLabel* Label7; // the help line, and the way back from a table
+    QWidget *Key, *Time_Key; // what the bars' colours mean; its second half is shown with the time bars
     QFrame* Shape11;
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
     shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon;

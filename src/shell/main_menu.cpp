@@ -57,7 +57,7 @@ void Form77::Lay_Out() {
                                HotLabel::Look::Entry, frame2);
     HotLabel13 = Make_HotLabel(u"HotLabel13"_s, u"Quit"_s, {664, 422, 296, 48}, [this] { HotLabel13_Click(); });
 
-    Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Help, {40, 520, 920, 84});
+    Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Help, {40, 524, 920, 76});
     Label3->setWordWrap(true);
     Label3->setAccessibleName(u"Help"_s);
 }

@@ -54,6 +54,7 @@ Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment) : comment(
 void Form11::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     Center_Control(*this);
+    Text1->setFocus();
 }
 
 void Form11::HotLabel1_Click() {

@@ -62,7 +62,7 @@ void HotLabel::paintEvent(QPaintEvent*) {
     painter.setFont(font);
     painter.setPen(chosen.text);
     const bool centred = look == Look::Command;
-    const int margin = centred ? 4 : Side_Margin;
+    const int margin = centred ? 8 : Side_Margin;
     painter.drawText(rect().adjusted(margin, 0, -margin, 0),
                      (centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap, text());
 }

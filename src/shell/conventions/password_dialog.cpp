@@ -51,6 +51,7 @@ Form3::Form3(desktop::Platform& platform, Password_Question& question) : questio
 void Form3::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     Center_Control(*this);
+    Text1->setFocus();
 }
 
 void Form3::HotLabel1_Click() {

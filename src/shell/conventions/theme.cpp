@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPalette>
+#include <QStyleFactory>
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +52,7 @@ static QString Style_Sheet() {
 }
 
 void Apply_Theme(QApplication& application) {
+    application.setStyle(QStyleFactory::create(u"Fusion"_s)); // the same on every system
     QFont font = application.font();
     font.setFamilies({u"Segoe UI"_s, u"Liberation Sans"_s, u"Arial"_s});
     font.setPixelSize(14);
@@ -61,6 +63,7 @@ void Apply_Theme(QApplication& application) {
     palette.setColor(QPalette::Base, colours::Card);
     palette.setColor(QPalette::WindowText, colours::Text);
     palette.setColor(QPalette::Text, colours::Text);
+    palette.setColor(QPalette::Button, colours::Card);
     palette.setColor(QPalette::ButtonText, colours::Text);
     palette.setColor(QPalette::Highlight, colours::Accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);

@@ -1,0 +1,27 @@
+# Shared by ./run, ./test and the continuous integration; they source it from the top folder.
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# Installs what packages.txt names and this machine lacks.
+install_packages() {
+    local wanted missing=()
+    wanted=$(sed 's/#.*//' packages.txt)
+    for package in $wanted; do
+        dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+    done
+    if [ ${#missing[@]} -gt 0 ]; then
+        echo "Installing: ${missing[*]}"
+        as_root apt-get update -qq
+        DEBIAN_FRONTEND=noninteractive as_root apt-get install -y -qq --no-install-recommends "${missing[@]}"
+    fi
+}
+
+# Configures and builds a preset of CMakePresets.json. Sources that were compiled before come from the cache,
+# whatever folder they were compiled in.
+build() {
+    export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+    cmake --preset "$1"
+    cmake --build --preset "$1"
+}
