@@ -16,9 +16,13 @@ using shell::Page_Id;
 constexpr int Start_Up_Delay_Ms = 1000; // the background form's timer
 
 Program::Program(desktop::Platform& platform)
-    : platform(platform), scoring_holder(platform),
-      scoring(scoring::Pass_Over(scores, installation, scoring_holder)), form8(platform, installation),
-      host(platform, [this](Page_Id page, shell::Navigator& navigator) { return Make_Page(page, navigator); }) {}
+    : platform(platform),
+      scoring_holder(platform),
+      scoring(scoring::Pass_Over(scores, installation, scoring_holder)),
+      form8(platform, installation),
+      host(platform,
+           [this](Page_Id page, shell::Navigator& navigator) { return Make_Page(page, navigator); }) {
+}
 
 void Program::Start(const QString& program_folder) {
     form8.Load();
@@ -32,38 +36,54 @@ void Program::Start(const QString& program_folder) {
 
 static QString Title_Of(Page_Id page) {
     switch (page) {
-    case Page_Id::Individual_Report: return u"Individual report"_s;
-    case Page_Id::Batch_Report: return u"Batch reports"_s;
-    case Page_Id::Register: return u"Register individuals"_s;
-    case Page_Id::Fine_Tuning: return u"Fine tuning"_s;
-    case Page_Id::Security: return u"Security"_s;
-    case Page_Id::Delete: return u"Delete individuals"_s;
-    case Page_Id::Import: return u"Import from file"_s;
-    case Page_Id::Testing_Progress: return u"Testing progress"_s;
-    case Page_Id::Settings: return u"Settings"_s;
-    case Page_Id::Archiving: return u"Archiving"_s;
-    case Page_Id::Raw_Data: return u"Detailed data"_s;
-    case Page_Id::Print_Table: return u"Print out"_s;
+    case Page_Id::Individual_Report:
+        return u"Individual report"_s;
+    case Page_Id::Batch_Report:
+        return u"Batch reports"_s;
+    case Page_Id::Register:
+        return u"Register individuals"_s;
+    case Page_Id::Fine_Tuning:
+        return u"Fine tuning"_s;
+    case Page_Id::Security:
+        return u"Security"_s;
+    case Page_Id::Delete:
+        return u"Delete individuals"_s;
+    case Page_Id::Import:
+        return u"Import from file"_s;
+    case Page_Id::Testing_Progress:
+        return u"Testing progress"_s;
+    case Page_Id::Settings:
+        return u"Settings"_s;
+    case Page_Id::Archiving:
+        return u"Archiving"_s;
+    case Page_Id::Raw_Data:
+        return u"Detailed data"_s;
+    case Page_Id::Print_Table:
+        return u"Print out"_s;
     case Page_Id::Main_Menu:
-    case Page_Id::Reports: break;
+    case Page_Id::Reports:
+        break;
     }
     return {};
 }
 
 static bool Stands_On_A_Page(Page_Id page) {
-    static const Page_Id on_top[] = {Page_Id::Individual_Report, Page_Id::Batch_Report, Page_Id::Testing_Progress,
-                                     Page_Id::Settings,          Page_Id::Raw_Data,     Page_Id::Print_Table};
+    static const Page_Id on_top[] = {Page_Id::Individual_Report, Page_Id::Batch_Report,
+                                     Page_Id::Testing_Progress,  Page_Id::Settings,
+                                     Page_Id::Raw_Data,          Page_Id::Print_Table};
     return std::find(std::begin(on_top), std::end(on_top), page) != std::end(on_top);
 }
 
 std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& navigator) {
     switch (page) {
-    case Page_Id::Main_Menu: return std::make_unique<shell::Form77>(platform, navigator, installation, counts);
+    case Page_Id::Main_Menu:
+        return std::make_unique<shell::Form77>(platform, navigator, installation, counts);
     case Page_Id::Reports:
         return std::make_unique<reports::Form30>(
             platform, navigator, reports::Report_Data{installation, scores, scoring, report_state});
     default: {
-        const auto way_back = Stands_On_A_Page(page) ? Later_Page::Way_Back::To_The_Page_Beneath : Later_Page::Way_Back::To_The_Menu;
+        const auto way_back = Stands_On_A_Page(page) ? Later_Page::Way_Back::To_The_Page_Beneath
+                                                     : Later_Page::Way_Back::To_The_Menu;
         return std::make_unique<Later_Page>(platform, navigator, Title_Of(page), way_back);
     }
     }

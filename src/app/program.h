@@ -18,7 +18,8 @@ class Program {
 public:
     explicit Program(desktop::Platform& platform);
 
-    // The window, and after a second start-up and the Main menu. The program's folder is where its assets lie.
+    // The window, and after a second start-up and the Main menu. The program's folder is where its assets
+    // lie.
     void Start(const QString& program_folder);
 
     shell::Page_Host& Window() { return host; }

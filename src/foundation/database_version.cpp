@@ -48,9 +48,11 @@ bool Pupils_Have_Dob_As_Pw(const Installation& installation) {
 
     Bounded<QString, Most_Names> names;
     const int count = pupils.Field_Count();
-    for (int i = 1; i <= count; ++i) names[i] = pupils.Fields(i - 1).Name();
+    for (int i = 1; i <= count; ++i)
+        names[i] = pupils.Fields(i - 1).Name();
     bool met = false;
-    for (int i = 1; i <= count; ++i) met |= names[i] == "Dob_as_pw"_L1;
+    for (int i = 1; i <= count; ++i)
+        met |= names[i] == "Dob_as_pw"_L1;
     pupils.Close();
     connection.Close();
     return met;
@@ -93,8 +95,8 @@ bool Convert_Database_To_51(const Installation& installation, desktop::Platform&
         return true;
     } catch (const basics::Run_Time_Error& error) {
         platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
-                           u"Error with updating to v5.1 database: "_s + error.Description + u" - Error number "_s +
-                               basics::Plain_Number(error.Number));
+                           u"Error with updating to v5.1 database: "_s + error.Description +
+                               u" - Error number "_s + basics::Plain_Number(error.Number));
         return false;
     }
 }

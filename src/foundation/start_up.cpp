@@ -16,9 +16,11 @@ constexpr int Ini_Value_Room = 249; // the system's buffer holds 250 with the cl
 static const QString Working_File = u"Mevo05Data.mdb"_s;
 static const QString Template_File = u"Mevo05EmptyDatabase.mdb"_s;
 
-QString Get_Ini_String(desktop::Platform& platform, const QString& file, const QString& section, const QString& key) {
+QString Get_Ini_String(desktop::Platform& platform, const QString& file, const QString& section,
+                       const QString& key) {
     QString value = platform.ini.Value(file, section, key, file).left(Ini_Value_Room);
-    while (value.startsWith(u' ')) value.remove(0, 1);
+    while (value.startsWith(u' '))
+        value.remove(0, 1);
     return value;
 }
 
@@ -35,15 +37,18 @@ static QString Missing_Template_Warning(const QString& share, const QString& app
 }
 
 static QString Paths_From_Ini(desktop::Platform& platform, Installation& installation) {
-    QString share = Get_Ini_String(platform, installation.App_Path + u"\\product.ini"_s, u"SETTINGS"_s, u"database_sharepath"_s);
+    QString share = Get_Ini_String(platform, installation.App_Path + u"\\product.ini"_s, u"SETTINGS"_s,
+                                   u"database_sharepath"_s);
     if (share.size() > 1 && !share.endsWith(u'\\')) share += u'\\';
     installation.Database_Path = share + Working_File;
     installation.Empty_Database_Path = share + Template_File;
     installation.Archive_Folder = share;
     if (share.isEmpty()) return u"BLANK"_s;
 
-    if (platform.files.Dir(installation.Empty_Database_Path).toUpper() == Template_File.toUpper()) return u"SET"_s;
-    platform.boxes.Ask(Box_Style::Critical, u"Warning"_s, Missing_Template_Warning(share, installation.App_Path));
+    if (platform.files.Dir(installation.Empty_Database_Path).toUpper() == Template_File.toUpper())
+        return u"SET"_s;
+    platform.boxes.Ask(Box_Style::Critical, u"Warning"_s,
+                       Missing_Template_Warning(share, installation.App_Path));
     return u"BLANK"_s;
 }
 
@@ -52,8 +57,8 @@ QString Read_Product_Ini(desktop::Platform& platform, Installation& installation
         return Paths_From_Ini(platform, installation);
     } catch (const basics::Run_Time_Error& error) {
         platform.boxes.Ask(Box_Style::Plain, u"Error"_s,
-                           u"Error Reading INI File - "_s + basics::Signed_Number(error.Number) + u" from "_s + error.Source +
-                               u'\r' + error.Description);
+                           u"Error Reading INI File - "_s + basics::Signed_Number(error.Number) +
+                               u" from "_s + error.Source + u'\r' + error.Description);
         return u"ERROR"_s;
     }
 }
@@ -78,7 +83,9 @@ bool Read_Customer_Details(desktop::Platform& platform, Installation& installati
     return found;
 }
 
-Form8::Form8(desktop::Platform& platform, Installation& installation) : platform(platform), installation(installation) {}
+Form8::Form8(desktop::Platform& platform, Installation& installation)
+    : platform(platform), installation(installation) {
+}
 
 void Form8::Load() {
     installation.Viewing_Mode = false;

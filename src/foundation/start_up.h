@@ -25,7 +25,8 @@ private:
 
 // The value of a key of an initialisation file; the file's own name if the key isn't there, so that a missing
 // file never looks like a key that was left empty on purpose.
-QString Get_Ini_String(desktop::Platform& platform, const QString& file, const QString& section, const QString& key);
+QString Get_Ini_String(desktop::Platform& platform, const QString& file, const QString& section,
+                       const QString& key);
 
 // Sets the three paths from product.ini. "SET": they stand; "BLANK": no share is named, or the one named
 // holds no template (the user was warned); "ERROR": it failed, the user was told.

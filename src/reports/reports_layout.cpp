@@ -25,8 +25,13 @@ constexpr int Twips_To_Pixels = 15;
 constexpr int Whole_Progress = 8 * 120; // eight tests
 
 Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_Data data)
-    : Page(platform, navigator, Frame_Size), installation(data.installation), pupils(data.scores.pupils),
-      norms(data.scores.norms), scoring(data.scoring), state(data.state), holder(platform) {
+    : Page(platform, navigator, Frame_Size),
+      installation(data.installation),
+      pupils(data.scores.pupils),
+      norms(data.scores.norms),
+      scoring(data.scoring),
+      state(data.state),
+      holder(platform) {
     setObjectName(u"Form30"_s);
     Lay_Out();
     Tell_Helps();
@@ -44,12 +49,15 @@ void Form30::Lay_Out() {
     Lay_Out_Left_Panel();
     Lay_Out_Chart();
     Lay_Out_Right_Panel();
-    Label7 = Make_HotLabel(u"Label7"_s, u""_s, {Chart_Corner.x(), 552, Profile_Chart::Size.width(), 52}, [this] { Label7_Click(); },
-                           HotLabel::Look::Strip);
-    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, {Chart_Corner.x(), 610, Profile_Chart::Size.width(), 22});
+    Label7 = Make_HotLabel(
+        u"Label7"_s, u""_s, {Chart_Corner.x(), 552, Profile_Chart::Size.width(), 52},
+        [this] { Label7_Click(); }, HotLabel::Look::Strip);
+    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet,
+                         {Chart_Corner.x(), 610, Profile_Chart::Size.width(), 22});
     const QRect track(Left, 644, Whole_Progress, 4);
     Make_Patch(u"Shape11_track"_s, shell::colours::Faint_Edge, track, Frame1);
-    Shape11 = Make_Patch(u"Shape11"_s, shell::colours::Accent, {track.topLeft(), QSize(1, track.height())}, Frame1);
+    Shape11 =
+        Make_Patch(u"Shape11"_s, shell::colours::Accent, {track.topLeft(), QSize(1, track.height())}, Frame1);
 }
 
 static QGroupBox* Make_Group(const QString& caption, const QRect& place, QWidget* parent) {
@@ -92,18 +100,27 @@ void Form30::Lay_Out_Left_Panel() {
 
     QGroupBox* scales = Make_Group(u"Scoring type"_s, {Left, 146, Left_Width, 102}, Frame1);
     subtitle(u"Label4"_s, u"Scales"_s, scales);
-    ShowCentiles = Make_HotLabel(u"ShowCentiles"_s, u"Centiles"_s, first, [this] { ShowCentiles_Click(); }, HotLabel::Look::Command, scales);
-    ShowZScores = Make_HotLabel(u"ShowZScores"_s, u"Z-Scores"_s, second, [this] { ShowZScores_Click(); }, HotLabel::Look::Command, scales);
+    ShowCentiles = Make_HotLabel(
+        u"ShowCentiles"_s, u"Centiles"_s, first, [this] { ShowCentiles_Click(); }, HotLabel::Look::Command,
+        scales);
+    ShowZScores = Make_HotLabel(
+        u"ShowZScores"_s, u"Z-Scores"_s, second, [this] { ShowZScores_Click(); }, HotLabel::Look::Command,
+        scales);
     Pair(ShowCentiles, ShowZScores, this);
 
     QGroupBox* shading = Make_Group(u"Graph shading"_s, {Left, 258, Left_Width, 102}, Frame1);
     subtitle(u"Label5"_s, u"Chart colours"_s, shading);
-    ShowGreys = Make_HotLabel(u"ShowGreys"_s, u"Grey bands"_s, first, [this] { ShowGreys_Click(); }, HotLabel::Look::Command, shading);
-    ShowWhite = Make_HotLabel(u"ShowWhite"_s, u"White"_s, second, [this] { ShowWhite_Click(); }, HotLabel::Look::Command, shading);
+    ShowGreys = Make_HotLabel(
+        u"ShowGreys"_s, u"Grey bands"_s, first, [this] { ShowGreys_Click(); }, HotLabel::Look::Command,
+        shading);
+    ShowWhite = Make_HotLabel(
+        u"ShowWhite"_s, u"White"_s, second, [this] { ShowWhite_Click(); }, HotLabel::Look::Command, shading);
     Pair(ShowGreys, ShowWhite, this);
 
     QGroupBox* times = Make_Group(u"Show time bars"_s, {Left, 370, Left_Width, 78}, Frame1);
-    HotLabel2 = Make_HotLabel(u"HotLabel2"_s, u"Time"_s, {12, 28, half, 38}, [this] { HotLabel2_Click(); }, HotLabel::Look::Command, times);
+    HotLabel2 = Make_HotLabel(
+        u"HotLabel2"_s, u"Time"_s, {12, 28, half, 38}, [this] { HotLabel2_Click(); }, HotLabel::Look::Command,
+        times);
     constexpr QSize switch_size{48, 26};
     const qreal ratio = devicePixelRatioF();
     Image1 = Make_Picture(u"Image1"_s, Switch_Picture(true, switch_size, ratio), this);
@@ -113,19 +130,24 @@ void Form30::Lay_Out_Left_Panel() {
     Image4->show();
 
     QGroupBox* previews = Make_Group(u"Report previews"_s, {Left, 458, Left_Width, 78}, Frame1);
-    HotLabel4 = Make_HotLabel(u"HotLabel4"_s, u"Single"_s, {12, 28, half, 38}, [this] { HotLabel4_Click(); }, HotLabel::Look::Command, previews);
-    HotLabel6 = Make_HotLabel(u"HotLabel6"_s, u"Batches"_s, {12 + half + 12, 28, half, 38}, [this] { HotLabel6_Click(); },
-                              HotLabel::Look::Command, previews);
+    HotLabel4 = Make_HotLabel(
+        u"HotLabel4"_s, u"Single"_s, {12, 28, half, 38}, [this] { HotLabel4_Click(); },
+        HotLabel::Look::Command, previews);
+    HotLabel6 = Make_HotLabel(
+        u"HotLabel6"_s, u"Batches"_s, {12 + half + 12, 28, half, 38}, [this] { HotLabel6_Click(); },
+        HotLabel::Look::Command, previews);
 }
 
 void Form30::Lay_Out_Chart() {
     const int chart = Chart_Corner.x();
     Make_Label(u"Label6"_s, u"Cognitive Profile"_s, Text_Role::Heading, {chart, 8, 240, 26});
-    Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Quiet, {chart + 240, 8, Profile_Chart::Size.width() - 240, 26});
+    Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Quiet,
+                        {chart + 240, 8, Profile_Chart::Size.width() - 240, 26});
     Label3->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     // The scale's marks have fixed places on the form, in twips from its top.
-    const auto marks = [this](auto& labels, const QString& name, std::initializer_list<std::pair<QString, int>> places) {
+    const auto marks = [this](auto& labels, const QString& name,
+                              std::initializer_list<std::pair<QString, int>> places) {
         std::size_t i = 0;
         for (const auto& [caption, twips] : places) {
             labels[i] = Make_Label(u"%1(%2)"_s.arg(name).arg(i), caption, Text_Role::Body,
@@ -134,8 +156,17 @@ void Form30::Lay_Out_Chart() {
         }
     };
     marks(Label9, u"Label9"_s,
-          {{u"100"_s, 480}, {u"95"_s, 840}, {u"80"_s, 1680}, {u"65"_s, 2640}, {u"50"_s, 3480}, {u"35"_s, 4440}, {u"20"_s, 5280}, {u"5"_s, 6120}, {u"0"_s, 6480}});
-    marks(Label10, u"Label10"_s, {{u"+2"_s, 900}, {u"+1"_s, 2220}, {u"0"_s, 3480}, {u"-1"_s, 4800}, {u"-2"_s, 6120}});
+          {{u"100"_s, 480},
+           {u"95"_s, 840},
+           {u"80"_s, 1680},
+           {u"65"_s, 2640},
+           {u"50"_s, 3480},
+           {u"35"_s, 4440},
+           {u"20"_s, 5280},
+           {u"5"_s, 6120},
+           {u"0"_s, 6480}});
+    marks(Label10, u"Label10"_s,
+          {{u"+2"_s, 900}, {u"+1"_s, 2220}, {u"0"_s, 3480}, {u"-1"_s, 4800}, {u"-2"_s, 6120}});
 
     constexpr QSize side{24, Chart_Height};
     const qreal ratio = devicePixelRatioF();
@@ -151,8 +182,10 @@ void Form30::Lay_Out_Chart() {
     for (std::size_t i = 0; i < BtnEnh.size(); ++i) {
         const int t = static_cast<int>(i) + 1;
         const int left = chart + Profile_Chart::Column_Left(t) - 8;
-        BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, {left, 450, 80, 52}, [this, t] { Test_Button_Click(t); });
-        Shape10[i] = Make_Patch(u"Shape10(%1)"_s.arg(i), shell::colours::Focus, {left + 8, 505, 64, 4}, Frame1);
+        BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, {left, 450, 80, 52},
+                                  [this, t] { Test_Button_Click(t); });
+        Shape10[i] =
+            Make_Patch(u"Shape10(%1)"_s.arg(i), shell::colours::Focus, {left + 8, 505, 64, 4}, Frame1);
         Shape10[i]->hide();
     }
     Lay_Out_Key({chart, 517});
@@ -161,7 +194,8 @@ void Form30::Lay_Out_Chart() {
     fpSpread1->setAccessibleName(u"Summary of the pupil's performance in the tests"_s);
     fpSpread1->setGeometry(chart - 72, Chart_Corner.y(), 762, 10 * 34 + 2);
     const int widths[] = {104, 52, 58, 54, 62, 76, 90, 92, 86, 84};
-    for (int column = 1; column <= 10; ++column) fpSpread1->Set_ColWidth(column, widths[column - 1]);
+    for (int column = 1; column <= 10; ++column)
+        fpSpread1->Set_ColWidth(column, widths[column - 1]);
     fpSpread1->Set_Heading_Row(true);
     fpSpread1->hide();
     shell::On(fpSpread1, &grid::fpSpread::Double_Click, this, platform, [this] {
@@ -185,8 +219,10 @@ void Form30::Lay_Out_Key(const QPoint& corner) {
 }
 
 void Form30::Lay_Out_Right_Panel() {
-    const auto entry = [this](const char16_t* name, const QString& caption, int top, std::function<void()> click) {
-        return Make_HotLabel(QString::fromUtf16(name), caption, {Right, top, Right_Width, 42}, std::move(click));
+    const auto entry = [this](const char16_t* name, const QString& caption, int top,
+                              std::function<void()> click) {
+        return Make_HotLabel(QString::fromUtf16(name), caption, {Right, top, Right_Width, 42},
+                             std::move(click));
     };
     HotLabel7 = entry(u"HotLabel7", u"Summary"_s, 40, [this] { HotLabel7_Click(); });
     HotLabel5 = entry(u"HotLabel5", u"Chart"_s, 92, [this] { HotLabel5_Click(); });
@@ -201,21 +237,30 @@ void Form30::Tell_Helps() {
     auto* help = new shell::Help_Line(this, [this](const QString& text) { Label7->Set_Caption(text); });
     help->Tell(HotLabel1, u"Return to the Mevo main menu"_s);
     help->Tell(HotLabel2, u"Show or hide the bars showing time scores (higher scores are faster)"_s);
-    help->Tell(HotLabel3, u"Add a comment (up to about 200 words) which will be added to the Report printout"_s);
+    help->Tell(HotLabel3,
+               u"Add a comment (up to about 200 words) which will be added to the Report printout"_s);
     help->Tell(HotLabel4, u"Show the Print Preview page for this student's full report page"_s);
     help->Tell(HotLabel5, u"Show the bar chart"_s);
-    help->Tell(HotLabel6, u"Show the Print Preview page for batch reports which can show graphical profiles for 8 pupils per page"_s);
+    help->Tell(
+        HotLabel6,
+        u"Show the Print Preview page for batch reports which can show graphical profiles for 8 pupils per page"_s);
     help->Tell(HotLabel7, u"Summary of the pupil's performance in the tests"_s);
-    help->Tell(PrintIcon, u"Print out the scores summary table or any of the raw data tables currently on screen."_s);
-    for (HotLabel* scale : {ShowCentiles, ShowZScores}) help->Tell(scale, u"Show either the Centile or Z-Scores chart"_s);
+    help->Tell(PrintIcon,
+               u"Print out the scores summary table or any of the raw data tables currently on screen."_s);
+    for (HotLabel* scale : {ShowCentiles, ShowZScores})
+        help->Tell(scale, u"Show either the Centile or Z-Scores chart"_s);
     for (HotLabel* ground : {ShowGreys, ShowWhite})
         help->Tell(ground, u"Change the chart background to either plain white or monochrome bands"_s);
-    const QString ended_early = u"'T' signifies that '%1' was terminated by permissible human intervention before its normal ending."_s;
+    const QString ended_early =
+        u"'T' signifies that '%1' was terminated by permissible human intervention before its normal ending."_s;
     help->Tell(Picture2->Image12, ended_early.arg(u"Tolvens"_s));
     help->Tell(Picture2->Image13, ended_early.arg(u"Bliks Friends"_s));
     const QString detailed = u"Detailed data for the %1 test"_s;
-    const QString names[] = {u"Tolvens"_s, u"Blik's Friends"_s, u"Karrel"_s, u"Blik's Letters"_s, u"Blik's Letter Names"_s, u"Drell"_s, u"Mirvel"_s, u"Yoon"_s};
-    for (std::size_t i = 0; i < std::size(names); ++i) help->Tell(BtnEnh[i], detailed.arg(names[i]));
+    const QString names[] = {
+        u"Tolvens"_s, u"Blik's Friends"_s, u"Karrel"_s, u"Blik's Letters"_s, u"Blik's Letter Names"_s,
+        u"Drell"_s,   u"Mirvel"_s,         u"Yoon"_s};
+    for (std::size_t i = 0; i < std::size(names); ++i)
+        help->Tell(BtnEnh[i], detailed.arg(names[i]));
     help->Tell(BtnEnh[8], u"Detailed data for Pindo (colour discrimination) test"_s);
 }
 

@@ -28,9 +28,15 @@ void Form30::Load() {
     Clear_Bar_Arrays();
     Show_Time_Flag();
     state.Test_Table_Title = {
-        u"Test data for Tolvens"_s,       u"Test data for Blik's Friends"_s,       u"Test data for Karrel"_s,
-        u"Test data for Blik's Letters"_s, u"Test data for Blik's Letters Names"_s, u"Test data for Drell"_s,
-        u"Test data for Mirvel"_s,        u"Test data for Yoon"_s,                 u"Test data for Pindo"_s,
+        u"Test data for Tolvens"_s,
+        u"Test data for Blik's Friends"_s,
+        u"Test data for Karrel"_s,
+        u"Test data for Blik's Letters"_s,
+        u"Test data for Blik's Letters Names"_s,
+        u"Test data for Drell"_s,
+        u"Test data for Mirvel"_s,
+        u"Test data for Yoon"_s,
+        u"Test data for Pindo"_s,
     };
     if (installation.Viewing_Mode) HotLabel3->setEnabled(false);
     scoring::Load_All_Norms(holder, installation, norms);
@@ -45,9 +51,12 @@ void Form30::Timer2_Timer() {
 void Form30::Load_Students() {
     scoring::Load_Pupil_Lists(holder, installation, platform.clock, pupils);
     Combo1->Clear();
-    for (int p = 1; p <= pupils.Pupils_Listed; ++p) Combo1->AddItem(scoring::Pupil_List_Entry(pupils, p));
-    if (pupils.Pupils_Listed > 0) Combo1->Set_ListIndex(0);
-    else Label7->Set_Caption(u"No reports are available as yet"_s);
+    for (int p = 1; p <= pupils.Pupils_Listed; ++p)
+        Combo1->AddItem(scoring::Pupil_List_Entry(pupils, p));
+    if (pupils.Pupils_Listed > 0)
+        Combo1->Set_ListIndex(0);
+    else
+        Label7->Set_Caption(u"No reports are available as yet"_s);
 }
 
 // ---- choosing a pupil
@@ -67,7 +76,8 @@ void Form30::This_Students_Age(int p) {
     state.Pupil_Name = pupils.Pupil_Name_List[p];
     state.Pupil_DOB = pupils.Pupil_DOB_List[p];
     const int months = scoring::Age_When_First_Tested(pupils, p);
-    state.Pupil_Age_Text = basics::Signed_Number(months / 12) + u"y "_s + basics::Signed_Number(months % 12) + u'm';
+    state.Pupil_Age_Text =
+        basics::Signed_Number(months / 12) + u"y "_s + basics::Signed_Number(months % 12) + u'm';
 }
 
 // The order is required: each step relies on the one before.
@@ -80,12 +90,15 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     Label3->setText(u""_s);
     Show_8_Buttons();
     platform.pointer.Set(Pointer_Shape::Hourglass);
-    const auto wanted = state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
+    const auto wanted =
+        state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
     scoring::Score_Chosen_Pupil(p, wanted, Progress(), scoring, state.summary);
     state.Time_Scores_Ready = state.Show_Time_Bars;
     platform.pointer.Set(Pointer_Shape::Default);
-    if (state.Chart_Mode == "P"_L1) ShowCentiles_Click();
-    else ShowZScores_Click();
+    if (state.Chart_Mode == "P"_L1)
+        ShowCentiles_Click();
+    else
+        ShowZScores_Click();
     Hide_Untaken_Bars(p);
     TerminatedTests();
     Label16->setText(u""_s);
@@ -128,13 +141,15 @@ void Form30::Show_Progress_Width(int width) {
 
 Eight_Centiles Form30::Raw_Centiles() const {
     Eight_Centiles centiles;
-    for (int t = 1; t <= 8; ++t) centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Raw_Centile[t];
+    for (int t = 1; t <= 8; ++t)
+        centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Raw_Centile[t];
     return centiles;
 }
 
 Eight_Centiles Form30::Time_Centiles() const {
     Eight_Centiles centiles;
-    for (int t = 1; t <= 8; ++t) centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Time_Centile[t].As_Integer();
+    for (int t = 1; t <= 8; ++t)
+        centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Time_Centile[t].As_Integer();
     return centiles;
 }
 
@@ -145,11 +160,13 @@ static void Stand_On_Centiles(QFrame* bar, int centile) {
 
 void Form30::Show_Centile_Bars(const Eight_Centiles& centiles) {
     state.Chart_Mode = u"P"_s;
-    for (int t = 1; t <= 8; ++t) Stand_On_Centiles(Picture2->Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
+    for (int t = 1; t <= 8; ++t)
+        Stand_On_Centiles(Picture2->Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
 }
 
 void Form30::Show_Time_Centile_Bars(const Eight_Centiles& centiles) {
-    for (int t = 1; t <= 8; ++t) Stand_On_Centiles(Picture2->Time_Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
+    for (int t = 1; t <= 8; ++t)
+        Stand_On_Centiles(Picture2->Time_Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
 }
 
 void Form30::Convert_Z_Score_To_Bar_Height(double z, qint16& height) {
@@ -157,7 +174,8 @@ void Form30::Convert_Z_Score_To_Bar_Height(double z, qint16& height) {
         height = static_cast<qint16>(*found);
         return;
     }
-    platform.boxes.Ask(desktop::Box_Style::Information, u"Error"_s, u"There has been an error calculating the bar height"_s);
+    platform.boxes.Ask(desktop::Box_Style::Information, u"Error"_s,
+                       u"There has been an error calculating the bar height"_s);
 }
 
 void Form30::Show_ZScore_Bars(const Eight_Centiles& centiles) {
@@ -240,8 +258,10 @@ void Form30::Show_Time_Flag() {
 
 QString Form30::Chart_File() const {
     const QString scale = state.Chart_Mode == "Z"_L1 ? u"z"_s : u"p"_s;
-    if (state.Chart_Background == "GREY"_L1) return installation.App_Path + u"\\system\\"_s + scale + u"_grey.bmp"_s;
-    if (state.Chart_Background == "WHITE"_L1) return installation.App_Path + u"\\system\\"_s + scale + u"_white.bmp"_s;
+    if (state.Chart_Background == "GREY"_L1)
+        return installation.App_Path + u"\\system\\"_s + scale + u"_grey.bmp"_s;
+    if (state.Chart_Background == "WHITE"_L1)
+        return installation.App_Path + u"\\system\\"_s + scale + u"_white.bmp"_s;
     return {};
 }
 
@@ -251,8 +271,10 @@ void Form30::Copy_Scale_Picture() {
 
 void Form30::Show_Scale() {
     const bool z = state.Chart_Mode == "Z"_L1;
-    for (QLabel* mark : Label10) mark->setVisible(z);
-    for (QLabel* mark : Label9) mark->setVisible(!z);
+    for (QLabel* mark : Label10)
+        mark->setVisible(z);
+    for (QLabel* mark : Label9)
+        mark->setVisible(!z);
     Copy_Scale_Picture();
     (z ? ShowZScores : ShowCentiles)->setChecked(true);
 }
@@ -312,12 +334,14 @@ void Form30::Show_Chart(bool shown) {
 }
 
 void Form30::Hide_All_Markers() {
-    for (QFrame* marker : Shape10) marker->hide();
+    for (QFrame* marker : Shape10)
+        marker->hide();
 }
 
 void Form30::Show_Raw_Marker(int i) {
     Hide_All_Markers();
-    for (QLabel* mark : Label9) mark->hide();
+    for (QLabel* mark : Label9)
+        mark->hide();
     Shape10[static_cast<std::size_t>(i)]->show();
     Shape10[static_cast<std::size_t>(i)]->raise();
     Label3->setText(state.Test_Table_Title[static_cast<std::size_t>(i)]);
@@ -329,16 +353,19 @@ void Form30::Offer_Printing(bool offered) {
 }
 
 void Form30::Hide_8_Buttons() {
-    for (shell::HotLabel* button : BtnEnh) button->hide();
+    for (shell::HotLabel* button : BtnEnh)
+        button->hide();
 }
 
 void Form30::Show_8_Buttons() {
-    for (shell::HotLabel* button : BtnEnh) button->show();
+    for (shell::HotLabel* button : BtnEnh)
+        button->show();
 }
 
 void Form30::Show_Summary_Cells() {
     for (int row = 1; row <= 10; ++row)
-        for (int column = 1; column <= 10; ++column) fpSpread1->Set_Text(column, row, state.summary(row, column));
+        for (int column = 1; column <= 10; ++column)
+            fpSpread1->Set_Text(column, row, state.summary(row, column));
 }
 
 // What the bars show, in words, for a reader who doesn't see them.
@@ -346,8 +373,11 @@ void Form30::Describe_Chart(int p) {
     QStringList rows;
     for (int t = 1; t <= 8; ++t) {
         const QString name = scoring::Test_At(t).Test_Name;
-        if (pupils.Test_Status[t][p] == 0) rows.append(name + u": not taken"_s);
-        else rows.append(name + u": centile "_s + state.summary(scoring::Summary_Row(t), scoring::summary_column::Centile));
+        if (pupils.Test_Status[t][p] == 0)
+            rows.append(name + u": not taken"_s);
+        else
+            rows.append(name + u": centile "_s +
+                        state.summary(scoring::Summary_Row(t), scoring::summary_column::Centile));
     }
     Picture2->Describe(rows.join(u"; "_s));
 }
@@ -368,7 +398,8 @@ void Form30::HotLabel3_Click() {
     state.comment.Comment_Changed = false;
     shell::Form11 dialog(platform, state.comment);
     platform.dialogs.Show(dialog);
-    if (state.comment.Comment_Changed) Save_Comment(state.Current_Pupil, pupils, installation, holder, state.comment);
+    if (state.comment.Comment_Changed)
+        Save_Comment(state.Current_Pupil, pupils, installation, holder, state.comment);
 }
 
 void Form30::HotLabel4_Click() {
@@ -417,7 +448,8 @@ void Form30::Test_Button_Click(int t) {
         return;
     }
     platform.boxes.Ask(desktop::Box_Style::Information, u"Test information"_s,
-                       pindo ? u"Student has not completed Pindo"_s : u"Student has not completed this test"_s);
+                       pindo ? u"Student has not completed Pindo"_s
+                             : u"Student has not completed this test"_s);
     if (t <= scoring::test_index::Drell) Offer_Printing(false);
 }
 
@@ -425,8 +457,10 @@ void Form30::HotLabel7_Click() {
     state.Chart_Replaced = true;
     Hide_8_Buttons();
     Hide_All_Objects();
-    for (QLabel* mark : Label9) mark->hide();
-    for (QLabel* mark : Label10) mark->hide();
+    for (QLabel* mark : Label9)
+        mark->hide();
+    for (QLabel* mark : Label10)
+        mark->hide();
     Hide_All_Markers();
     Image2->clear();
     Label3->setText(u"Test Summary for "_s + state.Pupil_Name);

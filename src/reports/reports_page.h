@@ -65,15 +65,15 @@ public:
     void ShowZScores_Click();
     void ShowGreys_Click();
     void ShowWhite_Click();
-    void HotLabel1_Click(); // the menu
-    void HotLabel2_Click(); // time bars on or off
-    void HotLabel3_Click(); // the comment
-    void HotLabel4_Click(); // the individual report
-    void HotLabel5_Click(); // back to the chart
-    void HotLabel6_Click(); // the batch report
-    void HotLabel7_Click(); // the summary
-    void Label7_Click();    // back to the chart, while it says so
-    void PrintIcon_Click(); // the table on screen
+    void HotLabel1_Click();        // the menu
+    void HotLabel2_Click();        // time bars on or off
+    void HotLabel3_Click();        // the comment
+    void HotLabel4_Click();        // the individual report
+    void HotLabel5_Click();        // back to the chart
+    void HotLabel6_Click();        // the batch report
+    void HotLabel7_Click();        // the summary
+    void Label7_Click();           // back to the chart, while it says so
+    void PrintIcon_Click();        // the table on screen
     void Test_Button_Click(int t); // BtnEnh11 to BtnEnh19: one test's answers, item by item
 
 private:

@@ -12,7 +12,8 @@ namespace shell {
 
 constexpr QSize Frame_Size{1000, 640};
 
-Form77::Form77(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation, Menu_Counts& counts)
+Form77::Form77(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
+               Menu_Counts& counts)
     : Page(platform, navigator, Frame_Size), installation(installation), counts(counts), holder(platform) {
     setObjectName(u"Form77"_s);
     Lay_Out();
@@ -30,9 +31,11 @@ void Form77::Lay_Out() {
     Label4->hide();
 
     // Three columns: the results, the pupils, the database. The order down and across is the tab order.
-    const auto entry = [this](const char16_t* name, const QString& caption, int column, int row, std::function<void()> click) {
+    const auto entry = [this](const char16_t* name, const QString& caption, int column, int row,
+                              std::function<void()> click) {
         const QRect place(40 + column * 312, 128 + row * 70, 296, 58);
-        HotLabel* made = Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click), HotLabel::Look::Entry);
+        HotLabel* made =
+            Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click), HotLabel::Look::Entry);
         made->setAccessibleName(caption);
         return made;
     };
@@ -51,11 +54,14 @@ void Form77::Lay_Out() {
     auto* frame2 = new QGroupBox(u"Documentation"_s, Frame1);
     frame2->setObjectName(u"Frame2"_s);
     frame2->setGeometry(40, 388, 608, 100);
-    HotLabel11 = Make_HotLabel(u"HotLabel11"_s, u"Teacher's Manual (htm)"_s, {16, 34, 280, 48}, [this] { HotLabel11_Click(); },
-                               HotLabel::Look::Entry, frame2);
-    HotLabel12 = Make_HotLabel(u"HotLabel12"_s, u"Software Guide (htm)"_s, {312, 34, 280, 48}, [this] { HotLabel12_Click(); },
-                               HotLabel::Look::Entry, frame2);
-    HotLabel13 = Make_HotLabel(u"HotLabel13"_s, u"Quit"_s, {664, 422, 296, 48}, [this] { HotLabel13_Click(); });
+    HotLabel11 = Make_HotLabel(
+        u"HotLabel11"_s, u"Teacher's Manual (htm)"_s, {16, 34, 280, 48}, [this] { HotLabel11_Click(); },
+        HotLabel::Look::Entry, frame2);
+    HotLabel12 = Make_HotLabel(
+        u"HotLabel12"_s, u"Software Guide (htm)"_s, {312, 34, 280, 48}, [this] { HotLabel12_Click(); },
+        HotLabel::Look::Entry, frame2);
+    HotLabel13 =
+        Make_HotLabel(u"HotLabel13"_s, u"Quit"_s, {664, 422, 296, 48}, [this] { HotLabel13_Click(); });
 
     Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Help, {40, 524, 920, 76});
     Label3->setWordWrap(true);
@@ -66,29 +72,42 @@ void Form77::Tell_Helps() {
     auto* help = new Help_Line(this, [this](const QString& text) { Label3->setText(text); });
     help->Clear_Over(this);
     help->Clear_Over(Frame1);
-    help->Tell(Label3, [this] { return u"Number of pupils registered: "_s + counts.Number_Of_Students.Text_Or_Empty(); });
+    help->Tell(Label3, [this] {
+        return u"Number of pupils registered: "_s + counts.Number_Of_Students.Text_Or_Empty();
+    });
     help->Tell(HotLabel1, [this] {
         return counts.Number_With_Results > 0
                    ? u"View the reports for each student; export raw results to a text file or print out reports singly or 8 to a page."_s
                    : u"There are currently no results to view in 'Reports' as no tests have been completed yet."_s;
     });
-    help->Tell(HotLabel2, u"Click on 'Import pupils' to register batches of individuals in Mevo using a specially formatted text file "
+    help->Tell(HotLabel2, u"Click on 'Import pupils' to register batches of individuals in Mevo using a "
+                          u"specially formatted text file "
                           "(see Software Guide for details)."_s);
-    help->Tell(HotLabel3, u"Click on 'Delete individuals' to remove those individuals whose details and results are no longer needed."_s);
-    help->Tell(HotLabel4, u"Click on 'Register individuals' to register pupils who will be assessed with Mevo in the future."_s);
-    help->Tell(HotLabel5, u"'Fine tuning' allows you to edit an individual's personal information or to allow him/her to retake "
+    help->Tell(
+        HotLabel3,
+        u"Click on 'Delete individuals' to remove those individuals whose details and results are no longer needed."_s);
+    help->Tell(
+        HotLabel4,
+        u"Click on 'Register individuals' to register pupils who will be assessed with Mevo in the future."_s);
+    help->Tell(HotLabel5, u"'Fine tuning' allows you to edit an individual's personal information or to "
+                          u"allow him/her to retake "
                           "assessments if necessary."_s);
     help->Tell(HotLabel6, u"The Settings Page allows you to change the administration password."_s);
-    help->Tell(HotLabel7, u"View and print out a summary of which tests have been completed by each pupil."_s);
-    help->Tell(HotLabel8, u"Go to 'Archiving' to load, save and view databases. Please make archives regularly!"_s);
-    help->Tell(HotLabel11, u"View the Teacher's Manual using your web browser. If you wish to print out this manual we recommend you do "
+    help->Tell(HotLabel7,
+               u"View and print out a summary of which tests have been completed by each pupil."_s);
+    help->Tell(HotLabel8,
+               u"Go to 'Archiving' to load, save and view databases. Please make archives regularly!"_s);
+    help->Tell(HotLabel11, u"View the Teacher's Manual using your web browser. If you wish to print out this "
+                           u"manual we recommend you do "
                            "so from the PDF version found on the CD."_s);
-    help->Tell(HotLabel12, u"View the Software Guide using your web browser. If you wish to print out this guide we recommend you do so "
+    help->Tell(HotLabel12, u"View the Software Guide using your web browser. If you wish to print out this "
+                           u"guide we recommend you do so "
                            "from the PDF version found on the CD."_s);
     help->Tell(HotLabel13, u"Select Quit to exit this module."_s);
     help->Tell(Label5, [this] {
         return installation.Viewing_Mode
-                   ? u"Mode of use (Viewing only) - you have loaded an archived database for viewing and printing out only, you cannot "
+                   ? u"Mode of use (Viewing only) - you have loaded an archived database for viewing and "
+                     u"printing out only, you cannot "
                      "alter the contents of the archive."_s
                    : u"Mode of use (normal) - current (working) database is active and can be edited as normal."_s;
     });
@@ -97,7 +116,8 @@ void Form77::Tell_Helps() {
 void Form77::Load() {
     Label3->setText(u""_s);
     Get_Student_Count();
-    Label6->setText(QLocale(QLocale::English, QLocale::UnitedKingdom).toString(platform.clock.Now().date(), u"dd/MM/yyyy"_s));
+    Label6->setText(QLocale(QLocale::English, QLocale::UnitedKingdom)
+                        .toString(platform.clock.Now().date(), u"dd/MM/yyyy"_s));
     Show_Mode_Of_Use();
     Once_Painted(u"Timer1"_s, [this] { Timer1_Timer(); });
 }
@@ -118,13 +138,16 @@ static qint16 Pupils_With_Results(const QString& connection_string) {
     database::Recordset pupils;
     pupils.LockType = database::Lock_Type::Read_Only;
     pupils.Set_ActiveConnection(&connection);
-    // Pindo stays out of the sum: it has no norms, so a pupil who has done nothing else has no report to open.
-    pupils.Source = u"SELECT * "
-                    "FROM     mevo_pupils "
-                    "WHERE      (Tolvens + BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon) >0 "_s;
+    // Pindo stays out of the sum: it has no norms, so a pupil who has done nothing else has no report to
+    // open.
+    pupils.Source =
+        u"SELECT * "
+        "FROM     mevo_pupils "
+        "WHERE      (Tolvens + BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon) >0 "_s;
     pupils.Open();
     int count = 0;
-    for (; !pupils.Eof(); pupils.MoveNext()) ++count;
+    for (; !pupils.Eof(); pupils.MoveNext())
+        ++count;
     return basics::Value(count).As_Integer();
 }
 
@@ -137,12 +160,14 @@ void Form77::Count_Pupils_With_Results() {
 }
 
 void Form77::Disable(std::initializer_list<HotLabel*> entries) {
-    for (HotLabel* entry : entries) entry->setEnabled(false);
+    for (HotLabel* entry : entries)
+        entry->setEnabled(false);
 }
 
 void Form77::Show_Mode_Of_Use() {
     Label5->setVisible(installation.Viewing_Mode);
-    if (installation.Viewing_Mode) Disable({HotLabel2, HotLabel3, HotLabel4, HotLabel5, HotLabel6, HotLabel14});
+    if (installation.Viewing_Mode)
+        Disable({HotLabel2, HotLabel3, HotLabel4, HotLabel5, HotLabel6, HotLabel14});
 }
 
 void Form77::Timer1_Timer() {
@@ -156,11 +181,13 @@ void Form77::Timer1_Timer() {
 }
 
 void Form77::HotLabel11_Click() {
-    Open_Document(installation.App_Path + u"\\Manuals\\Quend Mevo Teachers Manual Mar2010 4th Edn.htm"_s, installation, platform);
+    Open_Document(installation.App_Path + u"\\Manuals\\Quend Mevo Teachers Manual Mar2010 4th Edn.htm"_s,
+                  installation, platform);
 }
 
 void Form77::HotLabel12_Click() {
-    Open_Document(installation.App_Path + u"\\Manuals\\Quend Mevo Software Guide v5.1.htm"_s, installation, platform);
+    Open_Document(installation.App_Path + u"\\Manuals\\Quend Mevo Software Guide v5.1.htm"_s, installation,
+                  platform);
 }
 
 void Form77::HotLabel13_Click() {

@@ -12,10 +12,11 @@ namespace shell {
 class Form77 final : public Page {
     Q_OBJECT
 public:
-    Form77(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation, Menu_Counts& counts);
+    Form77(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
+           Menu_Counts& counts);
 
     void Load() override;
-    void Timer1_Timer();        // the greying, once the page has been painted
+    void Timer1_Timer(); // the greying, once the page has been painted
     void Get_Student_Count();
     void Count_Pupils_With_Results(); // leaves the count as it was if it fails
     void Show_Mode_Of_Use();
@@ -33,8 +34,8 @@ private:
     Menu_Counts& counts;
     foundation::Counting_Access_Holder holder;
 
-    HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7, *HotLabel8, *HotLabel11,
-        *HotLabel12, *HotLabel13, *HotLabel14;
+    HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7, *HotLabel8,
+        *HotLabel11, *HotLabel12, *HotLabel13, *HotLabel14;
     QLabel *Label3, *Label4, *Label5, *Label6;
 };
 

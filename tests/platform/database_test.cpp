@@ -2,8 +2,8 @@
 #include "platform/database/connection.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/recordset.h"
-#include "support/sample_file.h"
 #include "support/printing.h"
+#include "support/sample_file.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ using test_support::Sample_File;
 
 namespace {
 
-template <class Work>
+template<class Work>
 int Error_Number(Work work) {
     try {
         work();
@@ -59,7 +59,8 @@ TEST_F(Database, RewindsAfterTheLastRow) {
     Query(u"SELECT StudentCode FROM mevo_PUPILS ORDER BY Surname"_s);
     const QString first = rows.Fields(u"STUDENTCODE"_s).Value().As_Text();
     int count = 0;
-    for (; !rows.Eof(); rows.MoveNext()) ++count;
+    for (; !rows.Eof(); rows.MoveNext())
+        ++count;
     EXPECT_EQ(count, 12);
     EXPECT_EQ(Error_Number([this] { rows.MoveNext(); }), errors::No_Current_Record);
     rows.MoveFirst();
@@ -83,7 +84,8 @@ TEST_F(Database, UpdateWritesTheAssignedFieldsOfThisRowOnly) {
     sample.Run(u"UPDATE Mevo_Pupils SET Yoon = 7 WHERE StudentCode = '"_s + code + u'\'');
     rows.Fields(u"comment"_s).Set_Value(u"It's \"good\"\nand Élan"_s);
     rows.Update();
-    EXPECT_EQ(sample.Value(u"SELECT Comment FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\''), u"It's \"good\"\nand Élan"_s);
+    EXPECT_EQ(sample.Value(u"SELECT Comment FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\''),
+              u"It's \"good\"\nand Élan"_s);
     EXPECT_EQ(sample.Value(u"SELECT Yoon FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\''), u"7"_s);
     EXPECT_EQ(sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Comment LIKE 'It''s%'"_s), u"1"_s);
 }
@@ -113,7 +115,10 @@ TEST_F(Database, AddNewStoresARowWithNulls) {
     rows.Fields(u"Group_Name"_s).Set_Value(u"New group"_s);
     rows.Fields(u"ID"_s).Set_Value(basics::Value());
     rows.Update();
-    EXPECT_EQ(sample.Value(u"SELECT coalesce(ID,'none') || Group_Name FROM Mevo_Groups WHERE Group_Name = 'new group'"_s), u"noneNew group"_s);
+    EXPECT_EQ(
+        sample.Value(
+            u"SELECT coalesce(ID,'none') || Group_Name FROM Mevo_Groups WHERE Group_Name = 'new group'"_s),
+        u"noneNew group"_s);
 }
 
 TEST_F(Database, OnlyALockThatAllowsItWrites) {
@@ -129,7 +134,9 @@ TEST_F(Database, AnActionStatementLeavesTheRecordsetClosed) {
     EXPECT_FALSE(rows.Is_Open());
     EXPECT_EQ(Error_Number([this] { rows.Close(); }), errors::Object_Closed);
     EXPECT_EQ(sample.Value(u"SELECT sum(Show_Name) FROM Mevo_Pupils"_s), u"0"_s);
-    EXPECT_EQ(connection.Execute(u"UPDATE Mevo_Groups SET group_name = group_name WHERE group_name = 'UNIVERSAL'"_s), 1);
+    EXPECT_EQ(connection.Execute(
+                  u"UPDATE Mevo_Groups SET group_name = group_name WHERE group_name = 'UNIVERSAL'"_s),
+              1);
 }
 
 TEST_F(Database, TextsCompareWithoutRegardToCaseBeyondAscii) {
@@ -146,15 +153,18 @@ TEST_F(Database, SortsAccentsInTheirPlace) {
     Open();
     Query(u"SELECT Group_Name FROM Mevo_Groups ORDER BY Group_Name"_s);
     QStringList order;
-    for (; !rows.Eof(); rows.MoveNext()) order.append(rows.Fields(0).Value().As_Text());
+    for (; !rows.Eof(); rows.MoveNext())
+        order.append(rows.Fields(0).Value().As_Text());
     EXPECT_EQ(order, (QStringList{u"edge"_s, u"Élan"_s, u"Ember"_s, u"Łuk"_s, u"Mia"_s, u"Zoe"_s}));
 }
 
 // Other programs index text by the plain order. Searched by ours, such an index would hide rows.
 TEST_F(Database, FindsEveryKeyOfAFileIndexedByThePlainOrder) {
     sample.Run(u"CREATE TABLE Keys (Code TEXT COLLATE NOCASE PRIMARY KEY)"_s);
-    const QStringList codes{u"ÉLA1"_s, u"ZZZ1"_s, u"KAR1"_s, u"ÖZZ1"_s, u"MIA1"_s, u"ŁUK1"_s, u"A-B"_s, u"AAB"_s, u"A B"_s};
-    for (const QString& code : codes) sample.Run(u"INSERT INTO Keys VALUES ('"_s + code + u"')"_s);
+    const QStringList codes{u"ÉLA1"_s, u"ZZZ1"_s, u"KAR1"_s, u"ÖZZ1"_s, u"MIA1"_s,
+                            u"ŁUK1"_s, u"A-B"_s,  u"AAB"_s,  u"A B"_s};
+    for (const QString& code : codes)
+        sample.Run(u"INSERT INTO Keys VALUES ('"_s + code + u"')"_s);
     Open();
     for (const QString& code : codes) {
         Recordset found;
@@ -183,7 +193,8 @@ TEST_F(Database, ASizedTextRefusesWhatIsTooLong) {
     connection.Execute(u"create table T (A TEXT(50), N NUMBER)"_s);
     const QString fifty(50, u'é');
     EXPECT_EQ(connection.Execute(u"INSERT INTO T (A) VALUES ('"_s + fifty + u"')"_s), 1);
-    EXPECT_EQ(Error_Number([&] { connection.Execute(u"INSERT INTO T (A) VALUES ('"_s + fifty + u"x')"_s); }), errors::Value_Too_Long);
+    EXPECT_EQ(Error_Number([&] { connection.Execute(u"INSERT INTO T (A) VALUES ('"_s + fifty + u"x')"_s); }),
+              errors::Value_Too_Long);
 }
 
 TEST_F(Database, RefusesWhatIsNoDatabase) {
@@ -249,8 +260,12 @@ TEST_F(Database, RunsNoSqlThatLiesInTheFile) {
 
 TEST_F(Database, StatementsCanNeitherAttachNorSetNorDrop) {
     Open();
-    const QString refused[] = {u"ATTACH DATABASE 'other.mdb' AS o"_s, u"PRAGMA journal_mode = WAL"_s,  u"DROP TABLE Mevo_Pupils"_s,
-                               u"BEGIN"_s,                            u"VACUUM"_s,                     u"SELECT load_extension('x')"_s,
+    const QString refused[] = {u"ATTACH DATABASE 'other.mdb' AS o"_s,
+                               u"PRAGMA journal_mode = WAL"_s,
+                               u"DROP TABLE Mevo_Pupils"_s,
+                               u"BEGIN"_s,
+                               u"VACUUM"_s,
+                               u"SELECT load_extension('x')"_s,
                                u"CREATE TRIGGER t AFTER DELETE ON Mevo_Pupils BEGIN SELECT 1; END"_s,
                                u"DELETE FROM sqlite_master"_s};
     for (const QString& statement : refused)
@@ -273,7 +288,8 @@ TEST_F(Database, WrongNamesHaveTheNumbersOfTheOldEngine) {
     EXPECT_EQ(Error_Number([this] { Query(u"SELECT * FROM No_Such_Norms"_s); }), errors::Unknown_Table);
     EXPECT_EQ(Error_Number([this] { Query(u"SELECT Colour FROM Mevo_Pupils"_s); }), errors::Unknown_Name);
     EXPECT_EQ(Error_Number([this] { Query(u"SELECT FROM WHERE"_s); }), errors::Syntax);
-    EXPECT_EQ(Error_Number([this] { Query(u"SELECT * FROM Mevo_Pupils WHERE Surname = 'O'Brien'"_s); }), errors::Syntax);
+    EXPECT_EQ(Error_Number([this] { Query(u"SELECT * FROM Mevo_Pupils WHERE Surname = 'O'Brien'"_s); }),
+              errors::Syntax);
 }
 
 TEST_F(Database, ObjectsOutOfOrderAreAdosErrors) {

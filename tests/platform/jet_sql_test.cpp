@@ -16,19 +16,22 @@ TEST(JetDialect, JoinsTextsWhereATextStandsInTheSum) {
     const std::pair<QString, QString> cases[] = {
         {u"SELECT   surname + ', ' + forename + ' - ' + studentcode AS student FROM p"_s,
          u"SELECT surname || ', ' || forename || ' - ' || studentcode AS student FROM p"_s},
-        {u"SELECT a + b FROM t WHERE (x + y) > 0 AND n = 'q'"_s, u"SELECT a + b FROM t WHERE ( x + y ) > 0 AND n = 'q'"_s},
+        {u"SELECT a + b FROM t WHERE (x + y) > 0 AND n = 'q'"_s,
+         u"SELECT a + b FROM t WHERE ( x + y ) > 0 AND n = 'q'"_s},
         {u"SELECT a + b, c + 'x' FROM t"_s, u"SELECT a + b , c || 'x' FROM t"_s},
         {u"SELECT (a + 'x') + b FROM t"_s, u"SELECT ( a || 'x' ) || b FROM t"_s},
         {u"SELECT t.a + 'x' FROM t"_s, u"SELECT t . a || 'x' FROM t"_s},
         {u"UPDATE t SET n = n + 1 WHERE c = 'a'"_s, u"UPDATE t SET n = n + 1 WHERE c = 'a'"_s},
         {u"SELECT \"it's\" + a FROM t"_s, u"SELECT 'it''s' || a FROM t"_s},
     };
-    for (const auto& [jet, sql] : cases) EXPECT_EQ(Sql(jet), sql);
+    for (const auto& [jet, sql] : cases)
+        EXPECT_EQ(Sql(jet), sql);
 }
 
 TEST(JetDialect, LimitsSizedTextsInDefinitionsOnly) {
-    EXPECT_EQ(Sql(u"ALTER TABLE Mevo_Pupils ADD [password] TEXT(50)"_s),
-              u"ALTER TABLE Mevo_Pupils ADD [password] TEXT ( 50 ) COLLATE NOCASE CHECK ( length ( [password] ) <= 50 )"_s);
+    EXPECT_EQ(
+        Sql(u"ALTER TABLE Mevo_Pupils ADD [password] TEXT(50)"_s),
+        u"ALTER TABLE Mevo_Pupils ADD [password] TEXT ( 50 ) COLLATE NOCASE CHECK ( length ( [password] ) <= 50 )"_s);
     EXPECT_EQ(Sql(u"SELECT text(50) FROM t"_s), u"SELECT text ( 50 ) FROM t"_s);
 }
 
@@ -39,7 +42,8 @@ TEST(JetDialect, SortsByTheTextOrder) {
         {u"SELECT * FROM t ORDER BY a DESC, f(b, c) ASC;"_s,
          u"SELECT * FROM t ORDER BY a COLLATE TEXT_ORDER DESC , f ( b , c ) COLLATE TEXT_ORDER ASC"_s},
     };
-    for (const auto& [jet, sql] : cases) EXPECT_EQ(Sql(jet), sql);
+    for (const auto& [jet, sql] : cases)
+        EXPECT_EQ(Sql(jet), sql);
 }
 
 TEST(JetDialect, RefusesWhateverIsNotOneWholeStatement) {
@@ -74,7 +78,9 @@ TEST(JetDialect, KnowsNoComments) {
 
 TEST(JetDialect, NamesTheTableThatARecordsetWritesTo) {
     EXPECT_EQ(Translate_Jet(u"SELECT * FROM Mevo_Pupils WHERE StudentCode = 'x'"_s).table, u"Mevo_Pupils"_s);
-    EXPECT_EQ(Translate_Jet(u"SELECT * FROM [Mevo_Pupils]"_s).with_row_identity, u"SELECT rowid , * FROM [Mevo_Pupils]"_s);
-    for (const QString& derived : {u"SELECT DISTINCT a FROM t"_s, u"SELECT a FROM t, u"_s, u"SELECT a FROM t GROUP BY a"_s, u"DELETE FROM t"_s})
+    EXPECT_EQ(Translate_Jet(u"SELECT * FROM [Mevo_Pupils]"_s).with_row_identity,
+              u"SELECT rowid , * FROM [Mevo_Pupils]"_s);
+    for (const QString& derived : {u"SELECT DISTINCT a FROM t"_s, u"SELECT a FROM t, u"_s,
+                                   u"SELECT a FROM t GROUP BY a"_s, u"DELETE FROM t"_s})
         EXPECT_EQ(Translate_Jet(derived).table, u""_s);
 }

@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 using namespace basics;
 
-template <class Work>
+template<class Work>
 static int Error_Number(Work work) {
     try {
         work();
@@ -25,9 +25,10 @@ static int Error_Number(Work work) {
 
 TEST(NumberText, TwoDecimalsRoundTheDecimalValueAwayFromZero) {
     const std::pair<double, QString> cases[] = {
-        {1.005, u"1.01"_s}, {1005 / 1000.0, u"1.01"_s}, {2.675, u"2.68"_s},  {0, u"0.00"_s},       {0.004, u"0.00"_s},
-        {0.005, u"0.01"_s}, {9.995, u"10.00"_s},        {0.0049, u"0.00"_s}, {1234.5, u"1234.50"_s}, {12.344999, u"12.34"_s},
-        {-1.005, u"-1.01"_s}, {-0.001, u"0.00"_s},      {999999, u"999999.00"_s}, {1e-9, u"0.00"_s}};
+        {1.005, u"1.01"_s},       {1005 / 1000.0, u"1.01"_s}, {2.675, u"2.68"_s},   {0, u"0.00"_s},
+        {0.004, u"0.00"_s},       {0.005, u"0.01"_s},         {9.995, u"10.00"_s},  {0.0049, u"0.00"_s},
+        {1234.5, u"1234.50"_s},   {12.344999, u"12.34"_s},    {-1.005, u"-1.01"_s}, {-0.001, u"0.00"_s},
+        {999999, u"999999.00"_s}, {1e-9, u"0.00"_s}};
     for (const auto& [number, text] : cases) {
         SCOPED_TRACE(number);
         EXPECT_EQ(Two_Decimals(number), text);
@@ -43,7 +44,9 @@ TEST(NumberText, TheSignsPlaceIsKeptForWhatIsNotNegative) {
 }
 
 TEST(Rounding, TiesGoToTheEvenNumber) {
-    const std::pair<double, double> cases[] = {{2.5, 2}, {3.5, 4}, {-2.5, -2}, {-3.5, -4}, {2.4999, 2}, {0.49999999999999994, 0}, {0.5, 0}, {1.5, 2}};
+    const std::pair<double, double> cases[] = {{2.5, 2},   {3.5, 4},    {-2.5, -2},
+                                               {-3.5, -4}, {2.4999, 2}, {0.49999999999999994, 0},
+                                               {0.5, 0},   {1.5, 2}};
     for (const auto& [number, rounded] : cases) {
         SCOPED_TRACE(number);
         EXPECT_EQ(Round_To_Even(number), rounded);
@@ -52,8 +55,9 @@ TEST(Rounding, TiesGoToTheEvenNumber) {
 
 TEST(StoredDates, AreReadInEveryFormThatFilesHold) {
     const std::pair<QString, QString> cases[] = {
-        {u"01/02/2003"_s, u"01/02/2003"_s}, {u"1/2/03"_s, u"01/02/2003"_s},   {u"01/02/30"_s, u"01/02/1930"_s},
-        {u"01/02/29"_s, u"01/02/2029"_s},   {u"2003-02-01"_s, u"01/02/2003"_s}, {u"2003-02-01 09:05:07"_s, u"01/02/2003 09:05:07"_s},
+        {u"01/02/2003"_s, u"01/02/2003"_s},         {u"1/2/03"_s, u"01/02/2003"_s},
+        {u"01/02/30"_s, u"01/02/1930"_s},           {u"01/02/29"_s, u"01/02/2029"_s},
+        {u"2003-02-01"_s, u"01/02/2003"_s},         {u"2003-02-01 09:05:07"_s, u"01/02/2003 09:05:07"_s},
         {u"01/02/2003 00:00:00"_s, u"01/02/2003"_s}};
     for (const auto& [stored, text] : cases) {
         SCOPED_TRACE(stored.toStdString());
@@ -101,7 +105,8 @@ TEST(NativePath, FindsWhatDiffersInCaseAndKeepsWhatIsMissing) {
     QFile file(folder.filePath(u"System/P_Grey.BMP"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(Native_Path(folder.path() + u"\\system\\p_grey.bmp"_s), file.fileName());
-    EXPECT_EQ(Native_Path(folder.path() + u"\\system\\absent.bmp"_s), folder.filePath(u"System/absent.bmp"_s));
+    EXPECT_EQ(Native_Path(folder.path() + u"\\system\\absent.bmp"_s),
+              folder.filePath(u"System/absent.bmp"_s));
     EXPECT_EQ(Native_Path(folder.path() + u"/\\System\\P_Grey.BMP"_s), file.fileName());
 }
 #endif

@@ -37,7 +37,8 @@ void Click(const QWidget& page, const QString& name) {
 void Point_At(const QWidget& page, const QString& name) {
     QWidget& control = Control(page, name);
     const QPointF middle = QRectF(control.rect()).center();
-    QMouseEvent move(QEvent::MouseMove, middle, control.mapToGlobal(middle), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, middle, control.mapToGlobal(middle), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
     QApplication::sendEvent(&control, &move);
 }
 

@@ -3,8 +3,8 @@
 #include "shell/conventions/page.h"
 #include "support/printing.h"
 
-#include <QStringList>
 #include <QApplication>
+#include <QStringList>
 #include <QTest>
 #include <QWidget>
 #include <functional>
@@ -15,11 +15,12 @@ namespace test_support {
 QStringList Control_Names(const QWidget& page);
 
 // A control by its design name; a miss lists the names that are there.
-template <class Control_Type = QWidget>
+template<class Control_Type = QWidget>
 Control_Type& Control(const QWidget& page, const QString& name) {
     auto* found = page.findChild<Control_Type*>(name);
     if (!found)
-        throw std::runtime_error("no control " + name.toStdString() + " among " + Control_Names(page).join(u", ").toStdString());
+        throw std::runtime_error("no control " + name.toStdString() + " among " +
+                                 Control_Names(page).join(u", ").toStdString());
     return *found;
 }
 

@@ -11,6 +11,7 @@ inline void PrintTo(const QString& text, std::ostream* out) {
 
 inline void PrintTo(const QStringList& texts, std::ostream* out) {
     *out << "{";
-    for (const QString& text : texts) *out << ' ' << '"' << text.toStdString() << '"';
+    for (const QString& text : texts)
+        *out << ' ' << '"' << text.toStdString() << '"';
     *out << " }";
 }

@@ -20,7 +20,8 @@ struct Closer {
 
 // Test programs run side by side, and each case is a process: the sample is made in one rename.
 QString Sample_Of(int pupils) {
-    const QDir folder(QDir::temp().filePath(u"mevo-test-samples-%1"_s.arg(QString::fromLatin1(MEVO_SAMPLE_KEY))));
+    const QDir folder(
+        QDir::temp().filePath(u"mevo-test-samples-%1"_s.arg(QString::fromLatin1(MEVO_SAMPLE_KEY))));
     QDir().mkpath(folder.path());
     const QString file = folder.filePath(u"%1.mdb"_s.arg(pupils));
     if (!QFile::exists(file)) {
@@ -59,7 +60,8 @@ QStringList Sample_File::Column(const QString& sql) const {
     sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
     const std::unique_ptr<sqlite3, Closer> engine(opened);
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(opened, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK) Fail(opened, sql);
+    if (sqlite3_prepare_v2(opened, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
+        Fail(opened, sql);
     QStringList column;
     int step;
     while ((step = sqlite3_step(statement)) == SQLITE_ROW) {

@@ -26,7 +26,8 @@ desktop::Answer Scripted_Boxes::Ask(desktop::Box_Style style, const QString& tit
 
 QStringList Scripted_Boxes::Titles() const {
     QStringList titles;
-    for (const Box_Shown& box : shown) titles.append(box.title);
+    for (const Box_Shown& box : shown)
+        titles.append(box.title);
     return titles;
 }
 
@@ -39,7 +40,8 @@ void Recording_Processes::Start(const QString& command_line) {
     started.append(command_line);
 }
 
-QString Scripted_Ini::Value(const QString& file, const QString& section, const QString& key, const QString& missing) {
+QString Scripted_Ini::Value(const QString& file, const QString& section, const QString& key,
+                            const QString& missing) {
     asked.append(file);
     if (fails) throw basics::Run_Time_Error(75, u"Mevo"_s, u"Path/File access error"_s);
     const auto found = values.find(section + u'/' + key);

@@ -84,7 +84,8 @@ protected:
 
 class Scripted_Ini final : public desktop::Ini_Files {
 public:
-    QString Value(const QString& file, const QString& section, const QString& key, const QString& missing) override;
+    QString Value(const QString& file, const QString& section, const QString& key,
+                  const QString& missing) override;
     std::map<QString, QString> values; // by "section/key"
     bool fails = false;
     QStringList asked;
@@ -122,7 +123,8 @@ struct Scripted_Platform {
     Scripted_Files files;
     Scripted_Folders folders;
     Scripted_Dialogs dialogs;
-    desktop::Platform platform{boxes, pointer, clock, sound, documents, processes, ini, files, folders, dialogs};
+    desktop::Platform platform{boxes,     pointer, clock, sound,   documents,
+                               processes, ini,     files, folders, dialogs};
 };
 
 } // namespace test_support

@@ -44,8 +44,10 @@ public:
     void Take(QWidget& window, const QString& name) {
         QApplication::processEvents();
         const QString file = folder.filePath(name + u".png"_s);
-        if (window.grab().save(file)) QTextStream(stdout) << file << Qt::endl;
-        else throw std::runtime_error("can't write " + file.toStdString());
+        if (window.grab().save(file))
+            QTextStream(stdout) << file << Qt::endl;
+        else
+            throw std::runtime_error("can't write " + file.toStdString());
     }
 
 private:
@@ -127,14 +129,16 @@ private:
     void Point_At(const QString& name) {
         QWidget& control = Control(name);
         const QPointF middle = QRectF(control.rect()).center();
-        QMouseEvent move(QEvent::MouseMove, middle, control.mapToGlobal(middle), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, middle, control.mapToGlobal(middle), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
         QApplication::sendEvent(&control, &move);
     }
     void Require(const std::function<bool()>& condition, const QString& otherwise) {
         if (!QTest::qWaitFor(condition, 20'000)) throw std::runtime_error(otherwise.toStdString());
     }
     void Wait_For(const QString& page) {
-        Require([this, page] { return window.Current() && window.Current()->objectName() == page; }, page + u" didn't appear"_s);
+        Require([this, page] { return window.Current() && window.Current()->objectName() == page; },
+                page + u" didn't appear"_s);
         QTest::qWait(50); // its timer
     }
 

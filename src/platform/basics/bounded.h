@@ -8,7 +8,7 @@ namespace basics {
 
 // A list with places 0 to Highest, as many as the system allows. A place outside is run-time error 9,
 // not silence: more pupils or items than fit must stop the work rather than spoil a neighbour.
-template <class T, int Highest>
+template<class T, int Highest>
 class Bounded {
 public:
     using Reference = typename std::vector<T>::reference;

@@ -30,8 +30,9 @@ std::optional<QDateTime> Stored_Date(const QString& text) {
         time = iso.captured(4);
     }
     if (!date.isValid()) return std::nullopt;
-    const QTime of_day =
-        time.isEmpty() ? QTime(0, 0) : QTime::fromString(time, time.count(u':') == 2 ? u"H:mm:ss"_s : u"H:mm"_s);
+    const QTime of_day = time.isEmpty()
+                             ? QTime(0, 0)
+                             : QTime::fromString(time, time.count(u':') == 2 ? u"H:mm:ss"_s : u"H:mm"_s);
     return QDateTime(date, of_day.isValid() ? of_day : QTime(0, 0), Qt::UTC);
 }
 

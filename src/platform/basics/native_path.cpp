@@ -16,7 +16,8 @@ QString Native_Path(const QString& path) {
 #else
 
 static QString Entry_Whatever_Its_Case(const QDir& folder, const QString& name) {
-    const QStringList entries = folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const QStringList entries =
+        folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString& entry : entries)
         if (entry.compare(name, Qt::CaseInsensitive) == 0) return entry;
     return name;

@@ -6,15 +6,24 @@ namespace basics {
 
 static QString Customary_Description(int number) {
     switch (number) {
-    case errors::Overflow: return u"Overflow"_s;
-    case errors::Subscript_Out_Of_Range: return u"Subscript out of range"_s;
-    case errors::Division_By_Zero: return u"Division by zero"_s;
-    case errors::Type_Mismatch: return u"Type mismatch"_s;
-    case errors::File_Not_Found: return u"File not found"_s;
-    case errors::Permission_Denied: return u"Permission denied"_s;
-    case errors::Object_Not_Set: return u"Object variable or With block variable not set"_s;
-    case errors::Invalid_Use_Of_Null: return u"Invalid use of Null"_s;
-    default: return u"Application-defined or object-defined error"_s;
+    case errors::Overflow:
+        return u"Overflow"_s;
+    case errors::Subscript_Out_Of_Range:
+        return u"Subscript out of range"_s;
+    case errors::Division_By_Zero:
+        return u"Division by zero"_s;
+    case errors::Type_Mismatch:
+        return u"Type mismatch"_s;
+    case errors::File_Not_Found:
+        return u"File not found"_s;
+    case errors::Permission_Denied:
+        return u"Permission denied"_s;
+    case errors::Object_Not_Set:
+        return u"Object variable or With block variable not set"_s;
+    case errors::Invalid_Use_Of_Null:
+        return u"Invalid use of Null"_s;
+    default:
+        return u"Application-defined or object-defined error"_s;
     }
 }
 

@@ -11,7 +11,9 @@ namespace basics {
 class Run_Time_Error : public std::exception {
 public:
     Run_Time_Error(int number, QString source, QString description)
-        : Number(number), Source(std::move(source)), Description(std::move(description)),
+        : Number(number),
+          Source(std::move(source)),
+          Description(std::move(description)),
           utf8(Description.toUtf8()) {}
 
     const char* what() const noexcept override { return utf8.constData(); }

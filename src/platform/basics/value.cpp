@@ -36,7 +36,7 @@ double Value::As_Double() const {
     return number;
 }
 
-template <class Whole>
+template<class Whole>
 static Whole Converted(double number) {
     const double rounded = Round_To_Even(number);
     if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))

@@ -27,7 +27,9 @@ private:
 };
 
 int Compare_Texts(void* comparer, int left_size, const void* left, int right_size, const void* right) {
-    const auto text = [](const void* bytes, int size) { return QString::fromUtf8(static_cast<const char*>(bytes), size); };
+    const auto text = [](const void* bytes, int size) {
+        return QString::fromUtf8(static_cast<const char*>(bytes), size);
+    };
     return static_cast<Text_Comparer*>(comparer)->Compare(text(left, left_size), text(right, right_size));
 }
 
@@ -38,17 +40,19 @@ void Delete_Comparer(void* comparer) {
 void Install(sqlite3* engine, const char* name) {
     auto comparer = std::make_unique<Text_Comparer>();
     // In the engine's own encoding: for another one, its built-in NOCASE would go before ours.
-    const int result = sqlite3_create_collation_v2(engine, name, SQLITE_UTF8, comparer.get(), Compare_Texts, Delete_Comparer);
+    const int result = sqlite3_create_collation_v2(engine, name, SQLITE_UTF8, comparer.get(), Compare_Texts,
+                                                   Delete_Comparer);
     if (result != SQLITE_OK) Raise_Engine_Error(engine, result);
     comparer.release(); // the connection deletes it
 }
 
 bool Holds_Foreign_Indexes(sqlite3* engine) {
     sqlite3_stmt* statement = nullptr;
-    const int prepared = sqlite3_prepare_v2(engine,
-                                            "SELECT 1 FROM sqlite_master AS m, pragma_index_xinfo(m.name) AS x "
-                                            "WHERE m.type = 'index' AND x.key = 1 AND x.coll = 'NOCASE' LIMIT 1",
-                                            -1, &statement, nullptr);
+    const int prepared =
+        sqlite3_prepare_v2(engine,
+                           "SELECT 1 FROM sqlite_master AS m, pragma_index_xinfo(m.name) AS x "
+                           "WHERE m.type = 'index' AND x.key = 1 AND x.coll = 'NOCASE' LIMIT 1",
+                           -1, &statement, nullptr);
     if (prepared != SQLITE_OK) Raise_Engine_Error(engine, prepared);
     const int stepped = sqlite3_step(statement);
     sqlite3_finalize(statement);

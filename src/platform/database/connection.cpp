@@ -26,7 +26,7 @@ struct Connection::Watch {
 
 namespace {
 
-constexpr qsizetype Header_Size = 100; // of the engine's file format
+constexpr qsizetype Header_Size = 100;  // of the engine's file format
 constexpr qsizetype Journal_Marks = 18; // two bytes of the header: 2 means a write-ahead log
 
 struct Finalizer {
@@ -45,7 +45,7 @@ QString Data_Source(const QString& connection_string) {
 
 // What statements of the program may do. The rest (attaching, settings, transactions, views, triggers,
 // dropping) is refused, whatever text was spliced into a statement.
-int Allow_Plain_Statements(void*, int action, const char*, const char* name, const char*, const char*) {
+int Allow_Plain_Statements(void*, int action, const char* first, const char* second, const char*, const char*) {
     switch (action) {
     case SQLITE_SELECT:
     case SQLITE_READ:
@@ -54,7 +54,9 @@ int Allow_Plain_Statements(void*, int action, const char*, const char* name, con
     case SQLITE_DELETE:
     case SQLITE_CREATE_TABLE:
     case SQLITE_ALTER_TABLE: return SQLITE_OK;
-    case SQLITE_FUNCTION: return qstrcmp(name, "load_extension") == 0 ? SQLITE_DENY : SQLITE_OK;
+    case SQLITE_FUNCTION: return qstrcmp(second, "load_extension") == 0 ? SQLITE_DENY : SQLITE_OK;
+    // The engine itself looks over the rows when a column with a limit is added.
+    case SQLITE_PRAGMA: return qstrcmp(first, "quick_check") == 0 ? SQLITE_OK : SQLITE_DENY;
     default: return SQLITE_DENY;
     }
 }
@@ -83,10 +85,14 @@ Value Text_Value(sqlite3_stmt* statement, int column, bool is_date) {
 
 Value Column_Value(sqlite3_stmt* statement, int column, bool is_date) {
     switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_NULL: return {};
-    case SQLITE_INTEGER: return static_cast<qint64>(sqlite3_column_int64(statement, column));
-    case SQLITE_FLOAT: return sqlite3_column_double(statement, column);
-    default: return Text_Value(statement, column, is_date);
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return static_cast<qint64>(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(statement, column);
+    default:
+        return Text_Value(statement, column, is_date);
     }
 }
 
@@ -96,17 +102,21 @@ void Bind(sqlite3_stmt* statement, int place, const Value& value) {
     } else if (value.Is_Number()) {
         const double number = value.As_Double();
         const auto whole = static_cast<qint64>(number);
-        if (static_cast<double>(whole) == number) sqlite3_bind_int64(statement, place, whole);
-        else sqlite3_bind_double(statement, place, number);
+        if (static_cast<double>(whole) == number)
+            sqlite3_bind_int64(statement, place, whole);
+        else
+            sqlite3_bind_double(statement, place, number);
     } else {
         const QByteArray text = value.As_Text().toUtf8();
-        sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT);
     }
 }
 
 } // namespace
 
-Connection::Connection() : watch(std::make_unique<Watch>()) {}
+Connection::Connection() : watch(std::make_unique<Watch>()) {
+}
 
 Connection::~Connection() {
     sqlite3_close(engine);
@@ -114,18 +124,22 @@ Connection::~Connection() {
 
 void Connection::Refuse_What_Is_No_Database(const QString& file) const {
     const QFileInfo info(file);
-    if (!info.exists()) Raise_Engine_Error(errors::Engine_Failure, u"Could not find file '"_s + file + u"'."_s);
+    if (!info.exists())
+        Raise_Engine_Error(errors::Engine_Failure, u"Could not find file '"_s + file + u"'."_s);
     if (!info.isFile())
-        Raise_Engine_Error(errors::Engine_Failure, u"'"_s + file + u"' is not a database file but a folder."_s);
+        Raise_Engine_Error(errors::Engine_Failure,
+                           u"'"_s + file + u"' is not a database file but a folder."_s);
     QFile opened(file);
     if (!opened.open(QIODevice::ReadOnly))
-        Raise_Engine_Error(errors::Engine_Failure, u"The file '"_s + file + u"' can't be opened: "_s + opened.errorString());
+        Raise_Engine_Error(errors::Engine_Failure,
+                           u"The file '"_s + file + u"' can't be opened: "_s + opened.errorString());
     const QByteArray header = opened.read(Header_Size);
     if (header.startsWith("SQLite format 3")) return;
     if (header.mid(4).startsWith("Standard Jet DB"))
-        Raise_Engine_Error(errors::Engine_Failure,
-                           u"The file '"_s + file +
-                               u"' was saved in the older Access (Jet) format, which must be converted before it can be used."_s);
+        Raise_Engine_Error(
+            errors::Engine_Failure,
+            u"The file '"_s + file +
+                u"' was saved in the older Access (Jet) format, which must be converted before it can be used."_s);
     Raise_Engine_Error(errors::Engine_Failure, u"Unrecognized database format '"_s + file + u"'."_s);
 }
 
@@ -142,8 +156,8 @@ void Connection::Open() {
     Refuse_What_Is_No_Database(file);
     const bool in_wal_mode = Has_Write_Ahead_Log(file);
 
-    const int result =
-        sqlite3_open_v2(file.toUtf8().constData(), &engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result = sqlite3_open_v2(file.toUtf8().constData(), &engine,
+                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     try {
         if (result != SQLITE_OK) Raise_Engine_Error(engine, result);
         sqlite3_extended_result_codes(engine, 1);
@@ -189,11 +203,13 @@ Connection::Rows Connection::Run(const QString& engine_sql, const std::vector<Va
 
     const QByteArray sql = engine_sql.toUtf8();
     sqlite3_stmt* prepared = nullptr;
-    const int result = sqlite3_prepare_v3(engine, sql.constData(), static_cast<int>(sql.size()), 0, &prepared, nullptr);
+    const int result =
+        sqlite3_prepare_v3(engine, sql.constData(), static_cast<int>(sql.size()), 0, &prepared, nullptr);
     const Statement statement(prepared);
     if (result != SQLITE_OK) Raise_Engine_Error(engine, result);
     if (!statement) Raise_Engine_Error(errors::Syntax, u"Invalid SQL statement."_s);
-    for (std::size_t i = 0; i < values.size(); ++i) Bind(prepared, static_cast<int>(i) + 1, values[i]);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        Bind(prepared, static_cast<int>(i) + 1, values[i]);
 
     Rows rows;
     const int columns = sqlite3_column_count(prepared);

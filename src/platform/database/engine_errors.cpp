@@ -16,12 +16,15 @@ static QString Object_Error_Description(int number) {
                "or of the selected locktype."_s;
     case errors::No_Such_Field:
         return u"Item cannot be found in the collection corresponding to the requested name or ordinal."_s;
-    case errors::Object_Closed: return u"Operation is not allowed when the object is closed."_s;
-    case errors::Object_Open: return u"Operation is not allowed when the object is open."_s;
+    case errors::Object_Closed:
+        return u"Operation is not allowed when the object is closed."_s;
+    case errors::Object_Open:
+        return u"Operation is not allowed when the object is open."_s;
     case errors::Connection_Invalid:
         return u"The connection cannot be used to perform this operation. "
                "It is either closed or invalid in this context."_s;
-    default: return u"Unknown error"_s;
+    default:
+        return u"Unknown error"_s;
     }
 }
 
@@ -41,11 +44,14 @@ static int Number_Of(int result, const QString& message) {
         return errors::Syntax;
     case SQLITE_AUTH:
     case SQLITE_PERM:
-    case SQLITE_READONLY: return errors::Refused;
+    case SQLITE_READONLY:
+        return errors::Refused;
     case SQLITE_CONSTRAINT:
         return result == SQLITE_CONSTRAINT_CHECK ? errors::Value_Too_Long : errors::Constraint;
-    case SQLITE_INTERRUPT: return errors::Took_Too_Long;
-    default: return errors::Engine_Failure;
+    case SQLITE_INTERRUPT:
+        return errors::Took_Too_Long;
+    default:
+        return errors::Engine_Failure;
     }
 }
 
@@ -54,16 +60,22 @@ static QString Description_Of(int result, const QString& message) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return u"Could not use the database; the file is locked by another user."_s;
-    case SQLITE_NOTADB: return u"Unrecognized database format: the file is not a database."_s;
-    case SQLITE_CORRUPT: return u"The database file is damaged ("_s + message + u")."_s;
-    case SQLITE_FULL: return u"There isn't enough space left for the database file."_s;
-    case SQLITE_READONLY: return u"The database file can't be changed; it is read-only."_s;
-    case SQLITE_INTERRUPT: return u"The query took too long and was ended."_s;
+    case SQLITE_NOTADB:
+        return u"Unrecognized database format: the file is not a database."_s;
+    case SQLITE_CORRUPT:
+        return u"The database file is damaged ("_s + message + u")."_s;
+    case SQLITE_FULL:
+        return u"There isn't enough space left for the database file."_s;
+    case SQLITE_READONLY:
+        return u"The database file can't be changed; it is read-only."_s;
+    case SQLITE_INTERRUPT:
+        return u"The query took too long and was ended."_s;
     case SQLITE_CONSTRAINT:
         if (result == SQLITE_CONSTRAINT_CHECK)
             return u"The field is too small to accept the amount of data you attempted to add."_s;
         return message;
-    default: return message;
+    default:
+        return message;
     }
 }
 

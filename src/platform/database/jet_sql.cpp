@@ -60,7 +60,8 @@ QString Single_Quoted(const QString& quoted) {
 
 qsizetype End_Of_Number(const QString& jet, qsizetype at) {
     const auto digits = [&] {
-        while (at < jet.size() && jet[at].isDigit()) ++at;
+        while (at < jet.size() && jet[at].isDigit())
+            ++at;
     };
     digits();
     if (at < jet.size() && jet[at] == u'.') {
@@ -106,7 +107,8 @@ Tokens Tokens_Of(const QString& jet) {
             take(Token::Kind::Number, End_Of_Number(jet, at));
         } else if (Starts_Word(c)) {
             qsizetype end = at;
-            while (end < jet.size() && Continues_Word(jet[end])) ++end;
+            while (end < jet.size() && Continues_Word(jet[end]))
+                ++end;
             take(Token::Kind::Word, end);
         } else if (known_symbols.contains(c)) {
             take(Token::Kind::Symbol, at + Symbol_Length(jet, at));
@@ -123,7 +125,8 @@ void Drop_The_End_Mark(Tokens& tokens) {
         if (at + 1 < tokens.size()) Refuse(u"Characters found after end of SQL statement."_s);
         tokens.removeAt(at);
     }
-    if (tokens.isEmpty()) Refuse(u"Invalid SQL statement; expected 'DELETE', 'INSERT', 'SELECT', or 'UPDATE'."_s);
+    if (tokens.isEmpty())
+        Refuse(u"Invalid SQL statement; expected 'DELETE', 'INSERT', 'SELECT', or 'UPDATE'."_s);
 }
 
 // ---- sums of texts
@@ -139,7 +142,8 @@ void Join_Texts(Tokens& tokens) {
     QList<Sum> open{Sum{}};
     const auto finish = [&](Sum& sum) {
         if (sum.holds_text)
-            for (const qsizetype place : sum.plus_signs) tokens[place].text = u"||"_s;
+            for (const qsizetype place : sum.plus_signs)
+                tokens[place].text = u"||"_s;
         const bool joined = sum.holds_text && !sum.plus_signs.isEmpty();
         sum = Sum{};
         return joined;
@@ -167,7 +171,8 @@ void Join_Texts(Tokens& tokens) {
             open.last().after_operand = true;
         }
     }
-    for (Sum& sum : open) finish(sum);
+    for (Sum& sum : open)
+        finish(sum);
 }
 
 // ---- definitions
@@ -178,7 +183,8 @@ void Limit_Texts(Tokens& tokens) {
         const bool sized_text = tokens[at].Is("TEXT"_L1) && tokens[at + 1].Is("("_L1) &&
                                 tokens[at + 2].kind == Token::Kind::Number && tokens[at + 3].Is(")"_L1);
         if (!sized_text) continue;
-        const QString limit = u"COLLATE NOCASE CHECK ( length ( %1 ) <= %2 )"_s.arg(tokens[at - 1].text, tokens[at + 2].text);
+        const QString limit =
+            u"COLLATE NOCASE CHECK ( length ( %1 ) <= %2 )"_s.arg(tokens[at - 1].text, tokens[at + 2].text);
         tokens.insert(at + 4, {Token::Kind::Name, limit});
         at += 4;
     }
@@ -214,7 +220,8 @@ void Sort_By_Text_Order(Tokens& tokens) {
 
 std::optional<QString> Only_Table(const Tokens& tokens) {
     if (!tokens.first().Is("SELECT"_L1)) return std::nullopt;
-    static const QLatin1StringView derived[] = {"DISTINCT"_L1, "GROUP"_L1, "UNION"_L1, "JOIN"_L1, "SELECT"_L1};
+    static const QLatin1StringView derived[] = {"DISTINCT"_L1, "GROUP"_L1, "UNION"_L1, "JOIN"_L1,
+                                                "SELECT"_L1};
     qsizetype from = -1;
     for (qsizetype at = 1; at < tokens.size(); ++at) {
         for (const QLatin1StringView& word : derived)
@@ -231,7 +238,8 @@ std::optional<QString> Only_Table(const Tokens& tokens) {
 QString Joined(const Tokens& tokens) {
     QStringList texts;
     texts.reserve(tokens.size());
-    for (const Token& token : tokens) texts.append(token.text);
+    for (const Token& token : tokens)
+        texts.append(token.text);
     return texts.join(u' ');
 }
 

@@ -61,7 +61,8 @@ void Recordset::Take(Connection::Rows taken, bool with_identity) {
             row.erase(row.begin());
         }
     }
-    for (int column = 0; column < names.size(); ++column) columns.insert(names[column].toLower(), column);
+    for (int column = 0; column < names.size(); ++column)
+        columns.insert(names[column].toLower(), column);
 }
 
 void Recordset::Close() {
@@ -117,8 +118,10 @@ void Recordset::AddNew() {
 
 void Recordset::Update() {
     Require_Open();
-    if (adding) Insert_Row();
-    else if (!assigned.empty()) Update_Row();
+    if (adding)
+        Insert_Row();
+    else if (!assigned.empty())
+        Update_Row();
     Forget_Assignments();
 }
 
@@ -164,8 +167,9 @@ void Recordset::Insert_Row() {
         marks.append(u"?"_s);
         values.push_back(value);
     }
-    const QString content = into.isEmpty() ? u" DEFAULT VALUES"_s
-                                           : u" ("_s + into.join(u", "_s) + u") VALUES ("_s + marks.join(u", "_s) + u')';
+    const QString content = into.isEmpty()
+                                ? u" DEFAULT VALUES"_s
+                                : u" ("_s + into.join(u", "_s) + u") VALUES ("_s + marks.join(u", "_s) + u')';
     connection->Run(u"INSERT INTO "_s + table + content, values);
 }
 
@@ -179,11 +183,14 @@ void Recordset::Update_Row() {
     }
     values.push_back(identities[current]);
     const int affected =
-        connection->Run(u"UPDATE "_s + table + u" SET "_s + set.join(u", "_s) + u" WHERE rowid = ?"_s, values).affected;
+        connection->Run(u"UPDATE "_s + table + u" SET "_s + set.join(u", "_s) + u" WHERE rowid = ?"_s, values)
+            .affected;
     if (affected == 0)
-        Raise_Engine_Error(errors::Row_Has_Gone, u"Row cannot be located for updating. "
-                                                 "Some values may have been changed since it was last read."_s);
-    for (const auto& [column, value] : assigned) rows[current][static_cast<std::size_t>(column)] = value;
+        Raise_Engine_Error(errors::Row_Has_Gone,
+                           u"Row cannot be located for updating. "
+                           "Some values may have been changed since it was last read."_s);
+    for (const auto& [column, value] : assigned)
+        rows[current][static_cast<std::size_t>(column)] = value;
 }
 
 } // namespace database

@@ -5,7 +5,8 @@ using namespace Qt::StringLiterals;
 namespace desktop {
 
 static QString Without_Quotes(const QString& value) {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
+    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
+                        (value.front() == u'"' || value.front() == u'\'');
     return quoted ? value.mid(1, value.size() - 2) : value;
 }
 

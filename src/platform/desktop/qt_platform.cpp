@@ -40,28 +40,42 @@ public:
 private:
     static QMessageBox::Icon Icon(Box_Style style) {
         switch (static_cast<int>(style) & 0x70) {
-        case 16: return QMessageBox::Critical;
-        case 64: return QMessageBox::Information;
-        default: return QMessageBox::NoIcon;
+        case 16:
+            return QMessageBox::Critical;
+        case 64:
+            return QMessageBox::Information;
+        default:
+            return QMessageBox::NoIcon;
         }
     }
     static QMessageBox::StandardButtons Buttons(Box_Style style) {
         switch (static_cast<int>(style) & 0x0f) {
-        case 2: return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
-        case 3: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-        case 4: return QMessageBox::Yes | QMessageBox::No;
-        default: return QMessageBox::Ok;
+        case 2:
+            return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+        case 3:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case 4:
+            return QMessageBox::Yes | QMessageBox::No;
+        default:
+            return QMessageBox::Ok;
         }
     }
     static Answer Answer_Of(int button) {
         switch (button) {
-        case QMessageBox::Cancel: return Answer::Cancel;
-        case QMessageBox::Abort: return Answer::Abort;
-        case QMessageBox::Retry: return Answer::Retry;
-        case QMessageBox::Ignore: return Answer::Ignore;
-        case QMessageBox::Yes: return Answer::Yes;
-        case QMessageBox::No: return Answer::No;
-        default: return Answer::Ok;
+        case QMessageBox::Cancel:
+            return Answer::Cancel;
+        case QMessageBox::Abort:
+            return Answer::Abort;
+        case QMessageBox::Retry:
+            return Answer::Retry;
+        case QMessageBox::Ignore:
+            return Answer::Ignore;
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        default:
+            return Answer::Ok;
         }
     }
 };
@@ -69,7 +83,8 @@ private:
 class Qt_Pointer final : public Pointer {
 public:
     void Set(Pointer_Shape shape) override {
-        while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
+        while (QApplication::overrideCursor())
+            QApplication::restoreOverrideCursor();
         if (shape == Pointer_Shape::Hourglass) QApplication::setOverrideCursor(Qt::WaitCursor);
         if (shape == Pointer_Shape::Arrow_And_Hourglass) QApplication::setOverrideCursor(Qt::BusyCursor);
     }
@@ -144,7 +159,8 @@ private:
 
 class File_Of_Settings final : public Ini_Files {
 public:
-    QString Value(const QString& file, const QString& section, const QString& key, const QString& missing) override {
+    QString Value(const QString& file, const QString& section, const QString& key,
+                  const QString& missing) override {
         QFile opened(basics::Native_Path(file));
         if (!opened.open(QIODevice::ReadOnly)) return missing;
         const QString value = Ini_Value(Decoded(opened.readAll()), section, key);
@@ -194,7 +210,8 @@ struct Qt_Platform::Bodies {
     Platform ports{boxes, pointer, clock, sound, documents, processes, ini, files, folders, dialogs};
 };
 
-Qt_Platform::Qt_Platform() : bodies(std::make_unique<Bodies>()) {}
+Qt_Platform::Qt_Platform() : bodies(std::make_unique<Bodies>()) {
+}
 Qt_Platform::~Qt_Platform() = default;
 
 Platform& Qt_Platform::Ports() {

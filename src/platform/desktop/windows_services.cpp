@@ -21,7 +21,8 @@ constexpr int Short_Path_Room = 255;
 
 QString System_Short_Path(const QString& path) {
     wchar_t buffer[Short_Path_Room];
-    const DWORD length = GetShortPathNameW(reinterpret_cast<const wchar_t*>(path.utf16()), buffer, Short_Path_Room);
+    const DWORD length =
+        GetShortPathNameW(reinterpret_cast<const wchar_t*>(path.utf16()), buffer, Short_Path_Room);
     return length < Short_Path_Room ? QString::fromWCharArray(buffer, static_cast<int>(length)) : QString();
 }
 

@@ -6,7 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace grid {
 
-fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent) : QTableWidget(rows, columns, parent) {
+fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
+    : QTableWidget(rows, columns, parent) {
     setObjectName(name);
     horizontalHeader()->hide();
     verticalHeader()->hide();

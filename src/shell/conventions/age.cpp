@@ -2,7 +2,8 @@
 
 namespace shell {
 
-// The date's day and month in another year; the 29th of February becomes the 1st of March where it is missing.
+// The date's day and month in another year; the 29th of February becomes the 1st of March where it is
+// missing.
 static QDate Anniversary(const QDate& date, int year) {
     return QDate(year, date.month(), 1).addDays(date.day() - 1);
 }

@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment) : comment(comment), Text1(new QPlainTextEdit) {
+Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
+    : comment(comment), Text1(new QPlainTextEdit) {
     setObjectName(u"Form11"_s);
     setWindowTitle(u"Administrator's Optional Comment Field"_s);
     resize(640, 420);
@@ -58,7 +59,8 @@ void Form11::showEvent(QShowEvent* event) {
 }
 
 void Form11::HotLabel1_Click() {
-    // The field turns the line ends of older files into its own; a comment that nobody touched stays as stored.
+    // The field turns the line ends of older files into its own; a comment that nobody touched stays as
+    // stored.
     if (Text1->toPlainText() != as_shown) {
         comment.Comment_Changed = true;
         comment.Pupil_Comment = Text1->toPlainText();

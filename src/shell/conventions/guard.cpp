@@ -17,7 +17,8 @@ void Guarded(desktop::Platform& platform, const std::function<void()>& work) {
     try {
         work();
     } catch (const basics::Run_Time_Error& error) {
-        End_With(platform, u"Run-time error '"_s + basics::Plain_Number(error.Number) + u"':\r\r"_s + error.Description);
+        End_With(platform, u"Run-time error '"_s + basics::Plain_Number(error.Number) + u"':\r\r"_s +
+                               error.Description);
     } catch (const std::bad_alloc&) {
         End_With(platform, u"Run-time error '7':\r\rOut of memory"_s);
     }

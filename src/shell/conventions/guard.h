@@ -13,9 +13,10 @@ namespace shell {
 void Guarded(desktop::Platform& platform, const std::function<void()>& work);
 
 // Connects an event to its handler, guarded. The handler takes no arguments.
-template <class Sender, class Signal, class Handler>
+template<class Sender, class Signal, class Handler>
 void On(const Sender* sender, Signal signal, QObject* owner, desktop::Platform& platform, Handler handler) {
-    QObject::connect(sender, signal, owner, [&platform, handler = std::move(handler)] { Guarded(platform, handler); });
+    QObject::connect(sender, signal, owner,
+                     [&platform, handler = std::move(handler)] { Guarded(platform, handler); });
 }
 
 } // namespace shell

@@ -26,7 +26,8 @@ void Help_Line::Clear_Over(QWidget* surface) {
 static bool By_Keyboard(const QEvent* event) {
     if (event->type() != QEvent::FocusIn) return false;
     const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason;
 }
 
 bool Help_Line::eventFilter(QObject* watched, QEvent* event) {
@@ -36,7 +37,8 @@ bool Help_Line::eventFilter(QObject* watched, QEvent* event) {
     } else if (event->type() == QEvent::MouseMove) {
         // A move that a control left over reaches the surface too, at the control's place.
         auto* surface = static_cast<QWidget*>(watched);
-        if (surfaces.contains(surface) && !surface->childAt(static_cast<QMouseEvent*>(event)->pos())) show(u""_s);
+        if (surfaces.contains(surface) && !surface->childAt(static_cast<QMouseEvent*>(event)->pos()))
+            show(u""_s);
     }
     return false;
 }

@@ -64,7 +64,8 @@ void HotLabel::paintEvent(QPaintEvent*) {
     const bool centred = look == Look::Command;
     const int margin = centred ? 8 : Side_Margin;
     painter.drawText(rect().adjusted(margin, 0, -margin, 0),
-                     (centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap, text());
+                     (centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap,
+                     text());
 }
 
 void HotLabel::enterEvent(QEnterEvent* event) {
@@ -79,8 +80,10 @@ void HotLabel::leaveEvent(QEvent* event) {
 
 void HotLabel::keyPressEvent(QKeyEvent* event) {
     // Return acts like the space bar: a page has no default button that it would belong to.
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) click();
-    else QAbstractButton::keyPressEvent(event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
 }
 
 } // namespace shell

@@ -8,8 +8,8 @@ namespace shell {
 class HotLabel : public QAbstractButton {
     Q_OBJECT
 public:
-    // How it is drawn: a command is a small button with a centred caption, an entry a wide tile with its caption
-    // at the left, a strip a line of text that can be clicked.
+    // How it is drawn: a command is a small button with a centred caption, an entry a wide tile with its
+    // caption at the left, a strip a line of text that can be clicked.
     enum class Look { Command, Entry, Strip };
 
     HotLabel(const QString& name, const QString& caption, QWidget* parent, Look look = Look::Command);

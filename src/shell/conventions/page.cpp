@@ -30,15 +30,16 @@ void Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
     timer->start(platform.clock.Timer_Interval(Deferred_Ms));
 }
 
-HotLabel* Page::Make_HotLabel(const QString& name, const QString& caption, const QRect& place, std::function<void()> click,
-                              HotLabel::Look look, QWidget* parent) {
+HotLabel* Page::Make_HotLabel(const QString& name, const QString& caption, const QRect& place,
+                              std::function<void()> click, HotLabel::Look look, QWidget* parent) {
     auto* label = new HotLabel(name, caption, parent ? parent : Frame1, look);
     label->setGeometry(place);
     On(label, &HotLabel::clicked, this, platform, std::move(click));
     return label;
 }
 
-QLabel* Page::Make_Label(const QString& name, const QString& text, Text_Role role, const QRect& place, QWidget* parent) {
+QLabel* Page::Make_Label(const QString& name, const QString& text, Text_Role role, const QRect& place,
+                         QWidget* parent) {
     QLabel* label = shell::Make_Label(name, text, role, parent ? parent : Frame1);
     label->setGeometry(place);
     return label;

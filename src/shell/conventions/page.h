@@ -59,9 +59,11 @@ protected:
     // Runs `work` once, after the page has had time to paint.
     void Once_Painted(const QString& timer_name, std::function<void()> work);
 
-    HotLabel* Make_HotLabel(const QString& name, const QString& caption, const QRect& place, std::function<void()> click,
-                            HotLabel::Look look = HotLabel::Look::Command, QWidget* parent = nullptr);
-    QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, const QRect& place, QWidget* parent = nullptr);
+    HotLabel* Make_HotLabel(const QString& name, const QString& caption, const QRect& place,
+                            std::function<void()> click, HotLabel::Look look = HotLabel::Look::Command,
+                            QWidget* parent = nullptr);
+    QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, const QRect& place,
+                       QWidget* parent = nullptr);
 
     static constexpr int Deferred_Ms = 1000; // of the pages' timers
 

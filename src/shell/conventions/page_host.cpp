@@ -7,7 +7,8 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-Page_Host::Page_Host(desktop::Platform& platform, Page_Factory factory) : platform(platform), factory(std::move(factory)) {
+Page_Host::Page_Host(desktop::Platform& platform, Page_Factory factory)
+    : platform(platform), factory(std::move(factory)) {
     setObjectName(u"Page_Host"_s);
     setWindowTitle(desktop::Default_Box_Title());
     setAttribute(Qt::WA_StyledBackground);
@@ -59,7 +60,8 @@ void Page_Host::Show_New(Page_Id id) {
 
 void Page_Host::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    for (const auto& page : pages) page->setGeometry(rect());
+    for (const auto& page : pages)
+        page->setGeometry(rect());
 }
 
 // The window's own close button leaves the program without starting the suite's shell.

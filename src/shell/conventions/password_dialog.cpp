@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-Form3::Form3(desktop::Platform& platform, Password_Question& question) : question(question), Text1(new QLineEdit) {
+Form3::Form3(desktop::Platform& platform, Password_Question& question)
+    : question(question), Text1(new QLineEdit) {
     setObjectName(u"Form3"_s);
     setWindowTitle(u"Password"_s);
     setMinimumWidth(420);
@@ -21,7 +22,8 @@ Form3::Form3(desktop::Platform& platform, Password_Question& question) : questio
 
     auto* label1 = Make_Label(u"Label1"_s, question.Password_Prompt, Text_Role::Heading, this);
     auto* label2 = Make_Label(u"Label2"_s, question.Password_Hint, Text_Role::Quiet, this);
-    for (QLabel* label : {label1, label2}) label->setWordWrap(true);
+    for (QLabel* label : {label1, label2})
+        label->setWordWrap(true);
     Text1->setObjectName(u"Text1"_s);
     Text1->setEchoMode(QLineEdit::Password);
     Text1->setAccessibleName(question.Password_Prompt);

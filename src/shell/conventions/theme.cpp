@@ -16,14 +16,22 @@ namespace shell {
 
 static QString Role_Name(Text_Role role) {
     switch (role) {
-    case Text_Role::Title: return u"title"_s;
-    case Text_Role::Subtitle: return u"subtitle"_s;
-    case Text_Role::Quiet: return u"quiet"_s;
-    case Text_Role::Help: return u"help"_s;
-    case Text_Role::Notice: return u"notice"_s;
-    case Text_Role::Badge: return u"badge"_s;
-    case Text_Role::Heading: return u"heading"_s;
-    case Text_Role::Body: break;
+    case Text_Role::Title:
+        return u"title"_s;
+    case Text_Role::Subtitle:
+        return u"subtitle"_s;
+    case Text_Role::Quiet:
+        return u"quiet"_s;
+    case Text_Role::Help:
+        return u"help"_s;
+    case Text_Role::Notice:
+        return u"notice"_s;
+    case Text_Role::Badge:
+        return u"badge"_s;
+    case Text_Role::Heading:
+        return u"heading"_s;
+    case Text_Role::Body:
+        break;
     }
     return u"body"_s;
 }

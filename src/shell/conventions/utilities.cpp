@@ -31,13 +31,15 @@ const Opening_Error& Error_For(int result) {
         {26, 75, u"A sharing violation occurred."_s},
         {27, By_Result, u"This file type does not have a valid file association."_s},
         {28, 286, u"The file could not be opened due to time out. Please try again in a moment."_s},
-        {29, 285, u"The file could not be opened because the DDE transaction failed. Please try again in a moment."_s},
-        {30, 285, u"The file could not be opened because the target application is busy. Please try again in a moment."_s},
+        {29, 285,
+         u"The file could not be opened because the DDE transaction failed. Please try again in a moment."_s},
+        {30, 285,
+         u"The file could not be opened because the target application is busy. Please try again in a moment."_s},
         {31, By_Result, u"No application is associated with this file type."_s},
         {32, 48, u"The specified dynamic-link library was not found."_s},
     };
-    static const Opening_Error any_other{-1, By_Result,
-                                         u"An error occurred occurred whilst trying to open the selected file."_s};
+    static const Opening_Error any_other{
+        -1, By_Result, u"An error occurred occurred whilst trying to open the selected file."_s};
     for (const Opening_Error& error : errors)
         if (error.result == result) return error;
     return any_other;
@@ -53,7 +55,8 @@ int Shell_Open(const QString& file, const QString& folder, desktop::Platform& pl
     return platform.documents.Shell_Open(file, folder);
 }
 
-void Open_Document(const QString& file, const foundation::Installation& installation, desktop::Platform& platform) {
+void Open_Document(const QString& file, const foundation::Installation& installation,
+                   desktop::Platform& platform) {
     constexpr int last_failure = 32;
     const QString folder = Get_Short_Path(installation.App_Path + u"\\system\\"_s, platform);
     const int result = Shell_Open(file, folder, platform);
@@ -65,7 +68,8 @@ void Open_Document(const QString& file, const foundation::Installation& installa
 
 void Center_Control(QWidget& form) {
     const QRect screen = form.screen()->geometry();
-    form.move(screen.x() + screen.width() / 2 - form.width() / 2, screen.y() + screen.height() / 2 - form.height() / 2);
+    form.move(screen.x() + screen.width() / 2 - form.width() / 2,
+              screen.y() + screen.height() / 2 - form.height() / 2);
 }
 
 void Play_Sound(const QString& file, desktop::Platform& platform) {

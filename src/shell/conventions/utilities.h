@@ -11,7 +11,8 @@ namespace shell {
 
 // Opens a file with the application registered for it. A failure is a run-time error with the source
 // "Quend Swith Shell".
-void Open_Document(const QString& file, const foundation::Installation& installation, desktop::Platform& platform);
+void Open_Document(const QString& file, const foundation::Installation& installation,
+                   desktop::Platform& platform);
 
 QString Get_Short_Path(const QString& path, desktop::Platform& platform);
 int Shell_Open(const QString& file, const QString& folder, desktop::Platform& platform);

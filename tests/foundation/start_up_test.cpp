@@ -1,0 +1,183 @@
+#include "foundation/start_up.h"
+
+#include "foundation/database_version.h"
+#include "platform/basics/run_time_error.h"
+#include "support/printing.h"
+#include "support/sample_file.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace foundation;
+using namespace test_support;
+using desktop::Answer;
+
+namespace {
+
+class Start_Up : public testing::Test {
+protected:
+    Start_Up() { installation.App_Path = u"C:\\Mevo"_s; }
+    ~Start_Up() override { outside.boxes.Expect_All_Asked(); }
+
+    void Share(const QString& value) { outside.ini.values[u"SETTINGS/database_sharepath"_s] = value; }
+    void Put_Template_On(const QString& asked, const QString& spelt = u"Mevo05EmptyDatabase.mdb"_s) {
+        outside.files.names[asked] = spelt;
+    }
+    QString Read() { return Read_Product_Ini(outside.platform, installation); }
+
+    Scripted_Platform outside;
+    Installation installation;
+};
+
+} // namespace
+
+TEST_F(Start_Up, TheShareNamesThePathsIfItHoldsTheTemplate) {
+    struct Case {
+        QString share, base, spelt;
+    };
+    const Case cases[] = {
+        {u"\\\\server\\mevo"_s, u"\\\\server\\mevo\\"_s, u"Mevo05EmptyDatabase.mdb"_s},
+        {u"\\\\server\\mevo\\"_s, u"\\\\server\\mevo\\"_s, u"mevo05emptydatabase.MDB"_s},
+        {u"D"_s, u"D"_s, u"Mevo05EmptyDatabase.mdb"_s}, // one character is glued to the names
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(tried.share.toStdString());
+        Share(tried.share);
+        Put_Template_On(tried.base + u"Mevo05EmptyDatabase.mdb"_s, tried.spelt);
+        EXPECT_EQ(Read(), u"SET"_s);
+        EXPECT_EQ(installation.Database_Path, tried.base + u"Mevo05Data.mdb"_s);
+        EXPECT_EQ(installation.Archive_Folder, tried.base);
+    }
+    EXPECT_EQ(outside.ini.asked.first(), u"C:\\Mevo\\product.ini"_s);
+}
+
+TEST_F(Start_Up, AKeyLeftEmptyIsTakenWithoutAWord) {
+    Share(u""_s);
+    EXPECT_EQ(Read(), u"BLANK"_s);
+    EXPECT_TRUE(outside.boxes.shown.isEmpty());
+}
+
+TEST_F(Start_Up, AMissingKeyLooksLikeAShareWithoutATemplate) {
+    outside.boxes.Will_Answer(Answer::Ok);
+    EXPECT_EQ(Read(), u"BLANK"_s);
+    ASSERT_EQ(outside.boxes.shown.size(), 1);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Critical);
+    EXPECT_EQ(outside.boxes.shown[0].title, u"Warning"_s);
+    EXPECT_EQ(outside.boxes.shown[0].text,
+              u"Please check that the file 'Mevo05EmptyDatabase' is in the folder path C:\\Mevo\\product.ini\\\r"
+              "Otherwise I will look for databases in the the default path:\r"
+              "C:\\Documents and Settings\\All Users\\Application Data\\.\r"
+              "\r"
+              "To avoid this message and use the default path please edit the file \r"
+              "C:\\Mevo\\Product.ini so there is nothing after the equals sign in 'database='"_s);
+}
+
+TEST_F(Start_Up, AnErrorInTheIniIsToldAndStartUpGoesOn) {
+    outside.ini.fails = true;
+    outside.boxes.Will_Answer(Answer::Ok);
+    EXPECT_EQ(Read(), u"ERROR"_s);
+    EXPECT_EQ(outside.boxes.shown[0].title, u"Error"_s);
+    EXPECT_EQ(outside.boxes.shown[0].text, u"Error Reading INI File -  75 from Mevo\rPath/File access error"_s);
+    EXPECT_EQ(installation.Database_Path, u""_s);
+}
+
+TEST_F(Start_Up, TheMachinesFolderHasTheDefaultLayout) {
+    outside.folders.common_app_data = u"C:\\ProgramData"_s;
+    Form8(outside.platform, installation).Find_CommonAppData();
+    EXPECT_EQ(installation.Database_Path, u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\Mevo05Data.mdb"_s);
+    EXPECT_EQ(installation.Archive_Folder, u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\archives"_s);
+}
+
+TEST_F(Start_Up, WithoutThatFolderTheProgramEnds) {
+    outside.folders.result = 1;
+    outside.boxes.Will_Answer(Answer::Ok);
+    EXPECT_THROW(Form8(outside.platform, installation).Find_CommonAppData(), Program_Ended);
+    EXPECT_EQ(outside.boxes.shown[0].text, u"Folder Not Valid on this OS"_s);
+}
+
+namespace {
+
+class Start_Up_On_A_Database : public Start_Up {
+protected:
+    void Start() {
+        Share(sample.Folder());
+        Put_Template_On(sample.Folder() + u"\\Mevo05EmptyDatabase.mdb"_s);
+        Form8 form(outside.platform, installation);
+        form.Load();
+        form.Timer1_Timer(u"C:\\Mevo"_s);
+    }
+    void Make_Older() {
+        sample.Run(u"DROP TABLE Mevo_Groups"_s);
+        for (const QString& column : {u"Show_Name"_s, u"Group_Class"_s, u"Password"_s, u"Dob_as_pw"_s})
+            sample.Run(u"ALTER TABLE Mevo_Pupils DROP COLUMN "_s + column);
+    }
+    Sample_File sample;
+};
+
+} // namespace
+
+TEST_F(Start_Up_On_A_Database, ReadsTheLastRowOfThisProduct) {
+    sample.Run(u"INSERT INTO Customer_Details VALUES ('Mevo', '9', 'wrong case', 'no', 'no')"_s);
+    sample.Run(u"INSERT INTO Customer_Details VALUES ('MEVO', '5.11', 'Customer', 'Élan School', 'secret')"_s);
+    sample.Run(u"INSERT INTO Customer_Details VALUES (NULL, '1', 'none', 'none', 'none')"_s);
+    Start();
+    EXPECT_EQ(installation.Institution, u"Élan School"_s);
+    EXPECT_EQ(installation.Admin_Password.As_Text(), u"secret"_s);
+    EXPECT_EQ(installation.Connection_String,
+              u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + sample.Folder() + u"\\Mevo05Data.mdb"_s);
+}
+
+TEST_F(Start_Up_On_A_Database, WithoutAProductRowNoPasswordCanMatch) {
+    sample.Run(u"DELETE FROM Customer_Details"_s);
+    Start();
+    EXPECT_TRUE(installation.Admin_Password.Is_Empty());
+}
+
+TEST_F(Start_Up_On_A_Database, AMissingFileIsTheRunTimesError) {
+    sample.Move_Away();
+    EXPECT_THROW(Start(), basics::Run_Time_Error);
+}
+
+TEST_F(Start_Up_On_A_Database, AnOlderFileIsBroughtUpInPlace) {
+    Make_Older();
+    outside.boxes.Will_Answer(Answer::Ok);
+    Start();
+    EXPECT_EQ(outside.boxes.shown[0].text, u"Will now convert your database to the new version 5.1"_s);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
+    EXPECT_TRUE(Database_Is_Version_51(installation));
+    EXPECT_EQ(sample.Value(u"SELECT ID || Group_Name || Dob_as_pw || Show_On_List FROM Mevo_Groups"_s), u"1Universal01"_s);
+    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Show_Name = 1 AND Group_Class = 'Universal' "
+                           "AND Dob_as_pw = 1 AND Password IS NULL"_s),
+              u"12"_s);
+    Start(); // and no box the second time
+}
+
+TEST_F(Start_Up_On_A_Database, AHalfConvertedFileIsReportedAtEachStart) {
+    sample.Run(u"ALTER TABLE Mevo_Pupils DROP COLUMN Dob_as_pw"_s);
+    for (int start = 1; start <= 2; ++start) {
+        outside.boxes.Will_Answer(Answer::Ok);
+        outside.boxes.Will_Answer(Answer::Ok);
+        Start();
+        EXPECT_TRUE(outside.boxes.shown.last().text.startsWith(
+            u"Error with updating to v5.1 database: table Mevo_Groups already exists - Error number -"_s))
+            << outside.boxes.shown.last().text.toStdString();
+    }
+}
+
+TEST_F(Start_Up_On_A_Database, TheGroupsTableMustBeSpeltSo) {
+    sample.Run(u"ALTER TABLE Mevo_Groups RENAME TO other"_s);
+    sample.Run(u"ALTER TABLE other RENAME TO MEVO_GROUPS"_s);
+    installation.Connection_String = Connection_String_For(sample.Path());
+    EXPECT_FALSE(Groups_Table_Exists(installation));
+}
+
+TEST_F(Start_Up_On_A_Database, TablesBeyondAHundredAreAnErrorUnlessTheyAreTheEnginesOwn) {
+    installation.Connection_String = Connection_String_For(sample.Path());
+    const int tables = sample.Value(u"SELECT count(*) FROM sqlite_master WHERE type = 'table'"_s).toInt();
+    for (int i = 0; i < 80; ++i) sample.Run(u"CREATE TABLE MSys%1 (a)"_s.arg(i));
+    for (int i = tables; i < 100; ++i) sample.Run(u"CREATE TABLE More%1 (a)"_s.arg(i));
+    EXPECT_TRUE(Groups_Table_Exists(installation));
+    sample.Run(u"CREATE TABLE One_Too_Many (a)"_s);
+    EXPECT_THROW(Groups_Table_Exists(installation), basics::Run_Time_Error);
+}

@@ -1,0 +1,209 @@
+#include "shell/main_menu.h"
+
+#include "platform/basics/run_time_error.h"
+#include "support/controls.h"
+#include "support/sample_file.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace shell;
+using namespace test_support;
+using desktop::Answer;
+
+namespace {
+
+class Main_Menu : public testing::Test {
+protected:
+    Main_Menu() : installation(sample.Installed()) { installation.App_Path = u"C:\\Mevo"_s; }
+    ~Main_Menu() override { outside.boxes.Expect_All_Asked(); }
+
+    void Open() {
+        menu = std::make_unique<Form77>(outside.platform, navigator, installation, counts);
+        menu->resize(1366, 768);
+        menu->show();
+        menu->Load();
+        menu->Timer1_Timer();
+    }
+    QStringList Greyed() const {
+        QStringList greyed;
+        for (const HotLabel* entry : menu->findChildren<HotLabel*>())
+            if (!entry->isEnabled()) greyed.append(entry->Caption());
+        greyed.sort();
+        return greyed;
+    }
+
+    Sample_File sample;
+    Scripted_Platform outside;
+    Recording_Navigator navigator;
+    foundation::Installation installation;
+    Menu_Counts counts;
+    std::unique_ptr<Form77> menu;
+};
+
+const QString No_Results =
+    u"UPDATE Mevo_Pupils SET Tolvens=0, BliksFriends=0, Karrel=0, BliksLetters=0, BliksLetterNames=0, Drell=0, Mirvel=0, Yoon=0"_s;
+
+} // namespace
+
+TEST_F(Main_Menu, OffersEverythingOnAWorkingDatabase) {
+    Open();
+    EXPECT_EQ(Greyed(), QStringList{});
+    EXPECT_FALSE(Shown(*menu, u"Label5"_s));
+    EXPECT_EQ(Caption(*menu, u"Label4"_s), u""_s);
+    EXPECT_EQ(Caption(*menu, u"Label6"_s), u"15/06/2026"_s);
+    Point_At(*menu, u"Label3"_s);
+    EXPECT_EQ(Caption(*menu, u"Label3"_s), u"Number of pupils registered: 12"_s);
+}
+
+TEST_F(Main_Menu, GreysByTheCountsAndTheModeOfUse) {
+    const QStringList without_pupils{u"Delete individuals"_s, u"Fine tuning"_s, u"Reports"_s, u"Security"_s};
+    QStringList viewing_nobody{u"Delete individuals"_s, u"Fine tuning"_s, u"Import from file"_s, u"Register individuals"_s,
+                               u"Reports"_s,            u"Security"_s,    u"Settings"_s};
+
+    sample.Run(No_Results + u", Pindo = 1"_s); // the colour test alone is no result
+    Open();
+    EXPECT_EQ(Greyed(), QStringList{u"Reports"_s});
+    EXPECT_FALSE(Shown(*menu, u"Label4"_s));
+
+    sample.Run(u"DELETE FROM Mevo_Pupils"_s);
+    Open();
+    EXPECT_EQ(Greyed(), without_pupils);
+    EXPECT_EQ(Caption(*menu, u"Label4"_s), u"Because no pupils are registered some menu options are disabled."_s);
+
+    installation.Viewing_Mode = true;
+    Open();
+    EXPECT_EQ(Greyed(), viewing_nobody);
+    EXPECT_TRUE(Shown(*menu, u"Label5"_s));
+}
+
+TEST_F(Main_Menu, ViewingModeLeavesWhatOnlyReads) {
+    installation.Viewing_Mode = true;
+    Open();
+    EXPECT_EQ(Greyed(), (QStringList{u"Delete individuals"_s, u"Fine tuning"_s, u"Import from file"_s, u"Register individuals"_s,
+                                     u"Security"_s, u"Settings"_s}));
+}
+
+TEST_F(Main_Menu, CountsEachTimeItLoads) {
+    Open();
+    EXPECT_EQ(counts.Number_Of_Students.As_Integer(), 12);
+    const int with_results = sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Tolvens + BliksFriends + Karrel + BliksLetters "
+                                          "+ BliksLetterNames + Drell + Mirvel + Yoon > 0"_s)
+                                 .toInt();
+    EXPECT_EQ(counts.Number_With_Results, with_results);
+    sample.Run(u"DELETE FROM Mevo_Pupils WHERE rowid % 2"_s);
+    Open();
+    EXPECT_EQ(counts.Number_Of_Students.As_Integer(), 6);
+}
+
+TEST_F(Main_Menu, AFailingResultCountIsSilentAndKeepsTheOldOne) {
+    sample.Run(u"ALTER TABLE Mevo_Pupils DROP COLUMN Yoon"_s);
+    counts.Number_With_Results = 5;
+    Open();
+    EXPECT_EQ(counts.Number_With_Results, 5);
+}
+
+TEST_F(Main_Menu, AGreyedEntryTakesNoClickButStillTellsItsHelp) {
+    sample.Run(No_Results);
+    Open();
+    Click(*menu, u"HotLabel1"_s);
+    EXPECT_TRUE(navigator.went_to.isEmpty());
+    Point_At(*menu, u"HotLabel1"_s);
+    EXPECT_EQ(Caption(*menu, u"Label3"_s), u"There are currently no results to view in 'Reports' as no tests have been completed yet."_s);
+}
+
+TEST_F(Main_Menu, TheHelpLineFollowsThePointer) {
+    Open();
+    Point_At(*menu, u"HotLabel13"_s);
+    EXPECT_EQ(Caption(*menu, u"Label3"_s), u"Select Quit to exit this module."_s);
+    Point_At(*menu, u"HotLabel14"_s); // has no text of its own
+    EXPECT_EQ(Caption(*menu, u"Label3"_s), u"Select Quit to exit this module."_s);
+    QMouseEvent bare(QEvent::MouseMove, QPointF(3, 3), menu->mapToGlobal(QPointF(3, 3)), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(menu.get(), &bare);
+    EXPECT_EQ(Caption(*menu, u"Label3"_s), u""_s);
+}
+
+TEST_F(Main_Menu, EntriesLeadToTheirPages) {
+    Open();
+    for (const QString& entry : {u"HotLabel1"_s, u"HotLabel2"_s, u"HotLabel3"_s, u"HotLabel4"_s, u"HotLabel5"_s, u"HotLabel8"_s, u"HotLabel14"_s})
+        Click(*menu, entry);
+    EXPECT_EQ(navigator.went_to, (QList{Page_Id::Reports, Page_Id::Import, Page_Id::Delete, Page_Id::Register, Page_Id::Fine_Tuning,
+                                        Page_Id::Archiving, Page_Id::Security}));
+    Click(*menu, u"HotLabel6"_s);
+    Click(*menu, u"HotLabel7"_s);
+    EXPECT_EQ(navigator.opened_on_top, (QList{Page_Id::Settings, Page_Id::Testing_Progress}));
+}
+
+TEST_F(Main_Menu, QuitHandsOverToTheShell) {
+    Open();
+    try {
+        menu->HotLabel13_Click();
+        FAIL() << "the program went on";
+    } catch (const Program_Ended& ended) {
+        EXPECT_EQ(ended.status, 0);
+    }
+    EXPECT_TRUE(navigator.unloaded);
+    EXPECT_EQ(outside.processes.started, QStringList{u"C:\\Mevo\\MevoV51Shell.exe 417"_s});
+}
+
+TEST_F(Main_Menu, QuitWithoutAShellIsTheRunTimesError) {
+    Open();
+    outside.processes.shell_is_missing = true;
+    outside.boxes.Will_Answer(Answer::Ok);
+    try {
+        Guarded(outside.platform, [this] { menu->HotLabel13_Click(); });
+        FAIL() << "the program went on";
+    } catch (const Program_Ended& ended) {
+        EXPECT_NE(ended.status, 0);
+    }
+    EXPECT_EQ(outside.boxes.shown[0].text, u"Run-time error '53':\r\rFile not found"_s);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Critical);
+}
+
+TEST_F(Main_Menu, ManualsOpenInTheirOwnFolderOrFailAsTold) {
+    Open();
+    menu->HotLabel11_Click();
+    menu->HotLabel12_Click();
+    EXPECT_EQ(outside.documents.opened, (QStringList{u"C:\\Mevo\\Manuals\\Quend Mevo Teachers Manual Mar2010 4th Edn.htm"_s,
+                                                     u"C:\\Mevo\\Manuals\\Quend Mevo Software Guide v5.1.htm"_s}));
+    EXPECT_EQ(outside.documents.folders.first(), u"C:\\Mevo\\system\\"_s);
+
+    struct Case {
+        int result, number;
+        QString description;
+    };
+    const Case cases[] = {
+        {2, 53, u"File not found (trying to load Software User Guide)"_s},
+        {31, 31 - 2147220456, u"No application is associated with this file type."_s},
+        {32, 48, u"The specified dynamic-link library was not found."_s},
+        {7, 7 - 2147220456, u"An error occurred occurred whilst trying to open the selected file."_s},
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(tried.result);
+        outside.documents.result = tried.result;
+        try {
+            menu->HotLabel11_Click();
+            FAIL() << "no error";
+        } catch (const basics::Run_Time_Error& error) {
+            EXPECT_EQ(error.Number, tried.number);
+            EXPECT_EQ(error.Source, u"Quend Swith Shell"_s);
+            EXPECT_EQ(error.Description, tried.description);
+        }
+    }
+    outside.documents.result = -5; // negative is success
+    EXPECT_NO_THROW(menu->HotLabel12_Click());
+}
+
+TEST_F(Main_Menu, StandsInTheMiddleWhateverTheScreen) {
+    Open();
+    EXPECT_EQ(Control(*menu, u"Frame1"_s).pos(), QPoint((1366 - 1000) / 2, (768 - 640) / 2));
+    EXPECT_EQ(Page::Centred({800, 600}, {1001, 640}), QPointF(-100.5, -20));
+}
+
+TEST_F(Main_Menu, AMissingDatabaseMeetsTheBoxAndAbortEnds) {
+    sample.Move_Away();
+    outside.boxes.Will_Answer(Answer::Abort);
+    EXPECT_THROW(Open(), Program_Ended);
+    EXPECT_EQ(outside.boxes.Titles(), QStringList{u"Error Information: ado_Open"_s});
+}
