@@ -64,13 +64,14 @@ TEST_F(Start_Up, AMissingKeyLooksLikeAShareWithoutATemplate) {
     ASSERT_EQ(outside.boxes.shown.size(), 1);
     EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Critical);
     EXPECT_EQ(outside.boxes.shown[0].title, u"Warning"_s);
-    EXPECT_EQ(outside.boxes.shown[0].text,
-              u"Please check that the file 'Mevo05EmptyDatabase' is in the folder path C:\\Mevo\\product.ini\\\r"
-              "Otherwise I will look for databases in the the default path:\r"
-              "C:\\Documents and Settings\\All Users\\Application Data\\.\r"
-              "\r"
-              "To avoid this message and use the default path please edit the file \r"
-              "C:\\Mevo\\Product.ini so there is nothing after the equals sign in 'database='"_s);
+    EXPECT_EQ(
+        outside.boxes.shown[0].text,
+        u"Please check that the file 'Mevo05EmptyDatabase' is in the folder path C:\\Mevo\\product.ini\\\r"
+        "Otherwise I will look for databases in the the default path:\r"
+        "C:\\Documents and Settings\\All Users\\Application Data\\.\r"
+        "\r"
+        "To avoid this message and use the default path please edit the file \r"
+        "C:\\Mevo\\Product.ini so there is nothing after the equals sign in 'database='"_s);
 }
 
 TEST_F(Start_Up, AnErrorInTheIniIsToldAndStartUpGoesOn) {
@@ -78,14 +79,16 @@ TEST_F(Start_Up, AnErrorInTheIniIsToldAndStartUpGoesOn) {
     outside.boxes.Will_Answer(Answer::Ok);
     EXPECT_EQ(Read(), u"ERROR"_s);
     EXPECT_EQ(outside.boxes.shown[0].title, u"Error"_s);
-    EXPECT_EQ(outside.boxes.shown[0].text, u"Error Reading INI File -  75 from Mevo\rPath/File access error"_s);
+    EXPECT_EQ(outside.boxes.shown[0].text,
+              u"Error Reading INI File -  75 from Mevo\rPath/File access error"_s);
     EXPECT_EQ(installation.Database_Path, u""_s);
 }
 
 TEST_F(Start_Up, TheMachinesFolderHasTheDefaultLayout) {
     outside.folders.common_app_data = u"C:\\ProgramData"_s;
     Form8(outside.platform, installation).Find_CommonAppData();
-    EXPECT_EQ(installation.Database_Path, u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\Mevo05Data.mdb"_s);
+    EXPECT_EQ(installation.Database_Path,
+              u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\Mevo05Data.mdb"_s);
     EXPECT_EQ(installation.Archive_Folder, u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\archives"_s);
 }
 
@@ -119,7 +122,8 @@ protected:
 
 TEST_F(Start_Up_On_A_Database, ReadsTheLastRowOfThisProduct) {
     sample.Run(u"INSERT INTO Customer_Details VALUES ('Mevo', '9', 'wrong case', 'no', 'no')"_s);
-    sample.Run(u"INSERT INTO Customer_Details VALUES ('MEVO', '5.11', 'Customer', 'Élan School', 'secret')"_s);
+    sample.Run(
+        u"INSERT INTO Customer_Details VALUES ('MEVO', '5.11', 'Customer', 'Élan School', 'secret')"_s);
     sample.Run(u"INSERT INTO Customer_Details VALUES (NULL, '1', 'none', 'none', 'none')"_s);
     Start();
     EXPECT_EQ(installation.Institution, u"Élan School"_s);
@@ -146,10 +150,12 @@ TEST_F(Start_Up_On_A_Database, AnOlderFileIsBroughtUpInPlace) {
     EXPECT_EQ(outside.boxes.shown[0].text, u"Will now convert your database to the new version 5.1"_s);
     EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
     EXPECT_TRUE(Database_Is_Version_51(installation));
-    EXPECT_EQ(sample.Value(u"SELECT ID || Group_Name || Dob_as_pw || Show_On_List FROM Mevo_Groups"_s), u"1Universal01"_s);
-    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Show_Name = 1 AND Group_Class = 'Universal' "
-                           "AND Dob_as_pw = 1 AND Password IS NULL"_s),
-              u"12"_s);
+    EXPECT_EQ(sample.Value(u"SELECT ID || Group_Name || Dob_as_pw || Show_On_List FROM Mevo_Groups"_s),
+              u"1Universal01"_s);
+    EXPECT_EQ(
+        sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Show_Name = 1 AND Group_Class = 'Universal' "
+                     "AND Dob_as_pw = 1 AND Password IS NULL"_s),
+        u"12"_s);
     Start(); // and no box the second time
 }
 
@@ -175,8 +181,10 @@ TEST_F(Start_Up_On_A_Database, TheGroupsTableMustBeSpeltSo) {
 TEST_F(Start_Up_On_A_Database, TablesBeyondAHundredAreAnErrorUnlessTheyAreTheEnginesOwn) {
     installation.Connection_String = Connection_String_For(sample.Path());
     const int tables = sample.Value(u"SELECT count(*) FROM sqlite_master WHERE type = 'table'"_s).toInt();
-    for (int i = 0; i < 80; ++i) sample.Run(u"CREATE TABLE MSys%1 (a)"_s.arg(i));
-    for (int i = tables; i < 100; ++i) sample.Run(u"CREATE TABLE More%1 (a)"_s.arg(i));
+    for (int i = 0; i < 80; ++i)
+        sample.Run(u"CREATE TABLE MSys%1 (a)"_s.arg(i));
+    for (int i = tables; i < 100; ++i)
+        sample.Run(u"CREATE TABLE More%1 (a)"_s.arg(i));
     EXPECT_TRUE(Groups_Table_Exists(installation));
     sample.Run(u"CREATE TABLE One_Too_Many (a)"_s);
     EXPECT_THROW(Groups_Table_Exists(installation), basics::Run_Time_Error);

@@ -20,8 +20,10 @@ TEST(PasswordDialog, HandsOverWhatWasTypedByButtonOrReturn) {
         EXPECT_EQ(Caption(dialog, u"Label2"_s), u"up to 20 letters"_s);
         auto& entry = Control<QLineEdit>(dialog, u"Text1"_s);
         QTest::keyClicks(&entry, u"o'k"_s);
-        if (by_return) QTest::keyClick(&entry, Qt::Key_Return);
-        else Click(dialog, u"HotLabel1"_s);
+        if (by_return)
+            QTest::keyClick(&entry, Qt::Key_Return);
+        else
+            Click(dialog, u"HotLabel1"_s);
         EXPECT_EQ(question.Password_Entered, u"o'k"_s);
         EXPECT_EQ(question.Password_Cancelled, 0);
     }

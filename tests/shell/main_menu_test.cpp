@@ -59,8 +59,13 @@ TEST_F(Main_Menu, OffersEverythingOnAWorkingDatabase) {
 
 TEST_F(Main_Menu, GreysByTheCountsAndTheModeOfUse) {
     const QStringList without_pupils{u"Delete individuals"_s, u"Fine tuning"_s, u"Reports"_s, u"Security"_s};
-    QStringList viewing_nobody{u"Delete individuals"_s, u"Fine tuning"_s, u"Import from file"_s, u"Register individuals"_s,
-                               u"Reports"_s,            u"Security"_s,    u"Settings"_s};
+    QStringList viewing_nobody{u"Delete individuals"_s,
+                               u"Fine tuning"_s,
+                               u"Import from file"_s,
+                               u"Register individuals"_s,
+                               u"Reports"_s,
+                               u"Security"_s,
+                               u"Settings"_s};
 
     sample.Run(No_Results + u", Pindo = 1"_s); // the colour test alone is no result
     Open();
@@ -70,7 +75,8 @@ TEST_F(Main_Menu, GreysByTheCountsAndTheModeOfUse) {
     sample.Run(u"DELETE FROM Mevo_Pupils"_s);
     Open();
     EXPECT_EQ(Greyed(), without_pupils);
-    EXPECT_EQ(Caption(*menu, u"Label4"_s), u"Because no pupils are registered some menu options are disabled."_s);
+    EXPECT_EQ(Caption(*menu, u"Label4"_s),
+              u"Because no pupils are registered some menu options are disabled."_s);
 
     installation.Viewing_Mode = true;
     Open();
@@ -81,16 +87,18 @@ TEST_F(Main_Menu, GreysByTheCountsAndTheModeOfUse) {
 TEST_F(Main_Menu, ViewingModeLeavesWhatOnlyReads) {
     installation.Viewing_Mode = true;
     Open();
-    EXPECT_EQ(Greyed(), (QStringList{u"Delete individuals"_s, u"Fine tuning"_s, u"Import from file"_s, u"Register individuals"_s,
-                                     u"Security"_s, u"Settings"_s}));
+    EXPECT_EQ(Greyed(), (QStringList{u"Delete individuals"_s, u"Fine tuning"_s, u"Import from file"_s,
+                                     u"Register individuals"_s, u"Security"_s, u"Settings"_s}));
 }
 
 TEST_F(Main_Menu, CountsEachTimeItLoads) {
     Open();
     EXPECT_EQ(counts.Number_Of_Students.As_Integer(), 12);
-    const int with_results = sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Tolvens + BliksFriends + Karrel + BliksLetters "
-                                          "+ BliksLetterNames + Drell + Mirvel + Yoon > 0"_s)
-                                 .toInt();
+    const int with_results =
+        sample
+            .Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Tolvens + BliksFriends + Karrel + BliksLetters "
+                   "+ BliksLetterNames + Drell + Mirvel + Yoon > 0"_s)
+            .toInt();
     EXPECT_EQ(counts.Number_With_Results, with_results);
     sample.Run(u"DELETE FROM Mevo_Pupils WHERE rowid % 2"_s);
     Open();
@@ -110,7 +118,8 @@ TEST_F(Main_Menu, AGreyedEntryTakesNoClickButStillTellsItsHelp) {
     Click(*menu, u"HotLabel1"_s);
     EXPECT_TRUE(navigator.went_to.isEmpty());
     Point_At(*menu, u"HotLabel1"_s);
-    EXPECT_EQ(Caption(*menu, u"Label3"_s), u"There are currently no results to view in 'Reports' as no tests have been completed yet."_s);
+    EXPECT_EQ(Caption(*menu, u"Label3"_s),
+              u"There are currently no results to view in 'Reports' as no tests have been completed yet."_s);
 }
 
 TEST_F(Main_Menu, TheHelpLineFollowsThePointer) {
@@ -119,17 +128,19 @@ TEST_F(Main_Menu, TheHelpLineFollowsThePointer) {
     EXPECT_EQ(Caption(*menu, u"Label3"_s), u"Select Quit to exit this module."_s);
     Point_At(*menu, u"HotLabel14"_s); // has no text of its own
     EXPECT_EQ(Caption(*menu, u"Label3"_s), u"Select Quit to exit this module."_s);
-    QMouseEvent bare(QEvent::MouseMove, QPointF(3, 3), menu->mapToGlobal(QPointF(3, 3)), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent bare(QEvent::MouseMove, QPointF(3, 3), menu->mapToGlobal(QPointF(3, 3)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(menu.get(), &bare);
     EXPECT_EQ(Caption(*menu, u"Label3"_s), u""_s);
 }
 
 TEST_F(Main_Menu, EntriesLeadToTheirPages) {
     Open();
-    for (const QString& entry : {u"HotLabel1"_s, u"HotLabel2"_s, u"HotLabel3"_s, u"HotLabel4"_s, u"HotLabel5"_s, u"HotLabel8"_s, u"HotLabel14"_s})
+    for (const QString& entry : {u"HotLabel1"_s, u"HotLabel2"_s, u"HotLabel3"_s, u"HotLabel4"_s,
+                                 u"HotLabel5"_s, u"HotLabel8"_s, u"HotLabel14"_s})
         Click(*menu, entry);
-    EXPECT_EQ(navigator.went_to, (QList{Page_Id::Reports, Page_Id::Import, Page_Id::Delete, Page_Id::Register, Page_Id::Fine_Tuning,
-                                        Page_Id::Archiving, Page_Id::Security}));
+    EXPECT_EQ(navigator.went_to, (QList{Page_Id::Reports, Page_Id::Import, Page_Id::Delete, Page_Id::Register,
+                                        Page_Id::Fine_Tuning, Page_Id::Archiving, Page_Id::Security}));
     Click(*menu, u"HotLabel6"_s);
     Click(*menu, u"HotLabel7"_s);
     EXPECT_EQ(navigator.opened_on_top, (QList{Page_Id::Settings, Page_Id::Testing_Progress}));
@@ -165,8 +176,9 @@ TEST_F(Main_Menu, ManualsOpenInTheirOwnFolderOrFailAsTold) {
     Open();
     menu->HotLabel11_Click();
     menu->HotLabel12_Click();
-    EXPECT_EQ(outside.documents.opened, (QStringList{u"C:\\Mevo\\Manuals\\Quend Mevo Teachers Manual Mar2010 4th Edn.htm"_s,
-                                                     u"C:\\Mevo\\Manuals\\Quend Mevo Software Guide v5.1.htm"_s}));
+    EXPECT_EQ(outside.documents.opened,
+              (QStringList{u"C:\\Mevo\\Manuals\\Quend Mevo Teachers Manual Mar2010 4th Edn.htm"_s,
+                           u"C:\\Mevo\\Manuals\\Quend Mevo Software Guide v5.1.htm"_s}));
     EXPECT_EQ(outside.documents.folders.first(), u"C:\\Mevo\\system\\"_s);
 
     struct Case {

@@ -100,7 +100,8 @@ TEST(ClickCombo, ASelectionByProgramRaisesClickEvenIfItIsTheSame) {
 TEST(Guard, LetsNoErrorThrough) {
     Scripted_Platform outside;
     outside.boxes.Will_Answer(desktop::Answer::Ok);
-    EXPECT_THROW(Guarded(outside.platform, [] { basics::Raise(basics::errors::Division_By_Zero); }), Program_Ended);
+    EXPECT_THROW(Guarded(outside.platform, [] { basics::Raise(basics::errors::Division_By_Zero); }),
+                 Program_Ended);
     EXPECT_EQ(outside.boxes.shown[0].text, u"Run-time error '11':\r\rDivision by zero"_s);
     EXPECT_EQ(outside.pointer.shapes, QList{desktop::Pointer_Shape::Default});
 }

@@ -1,0 +1,370 @@
+#include "reports/reports_page.h"
+
+#include "platform/basics/run_time_error.h"
+#include "support/controls.h"
+#include "support/sample_file.h"
+#include "support/scripted_platform.h"
+
+#include <QPlainTextEdit>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace reports;
+using namespace test_support;
+using desktop::Answer;
+using shell::Page_Id;
+
+namespace {
+
+const QString All_Normed =
+    u"Tolvens = 1 AND BliksFriends = 1 AND Karrel = 1 AND BliksLetters = 1 AND BliksLetterNames = 1 AND "
+    u"Drell = 1 AND Mirvel = 1 AND Yoon = 1 "
+    "AND Karrel_age >= 60 AND BliksLetters_age >= 60"_s; // a younger pupil can score below the norms
+
+class Reports_Page : public testing::Test {
+protected:
+    Reports_Page() : installation(sample.Installed()) { installation.App_Path = QStringLiteral(MEVO_ASSETS); }
+    ~Reports_Page() override { outside.boxes.Expect_All_Asked(); }
+
+    void Load() {
+        page = std::make_unique<Form30>(outside.platform, navigator,
+                                        Report_Data{installation, scores, scoring, state});
+        page->resize(1366, 768);
+        page->Load();
+    }
+    void Open() {
+        Load();
+        page->Timer2_Timer();
+    }
+    shell::Click_Combo& Combo() { return Control<shell::Click_Combo>(*page, u"Combo1"_s); }
+    void Choose(const QString& code) {
+        const int index = Combo().findText(u'(' + code + u')', Qt::MatchContains);
+        ASSERT_GE(index, 0) << code.toStdString();
+        Combo().Set_ListIndex(index);
+    }
+    QString Code_Where(const QString& condition) {
+        return sample.Value(u"SELECT StudentCode FROM Mevo_Pupils WHERE "_s + condition +
+                            u" ORDER BY StudentCode LIMIT 1"_s);
+    }
+    QRect Place(const QString& name) { return Control(*page, name).geometry(); }
+    QString Cell(int column, int row) {
+        return Control<grid::fpSpread>(*page, u"fpSpread1"_s).Text(column, row);
+    }
+
+    Sample_File sample;
+    Scripted_Platform outside;
+    Recording_Navigator navigator;
+    foundation::Installation installation;
+    scoring::Scoring_Data scores;
+    foundation::Access_Holder scoring_holder{outside.platform};
+    scoring::Scoring scoring = scoring::Pass_Over(scores, installation, scoring_holder);
+    Report_State state;
+    std::unique_ptr<Form30> page;
+};
+
+} // namespace
+
+TEST_F(Reports_Page, OpensOnTheFirstOfThePupilsWithResults) {
+    sample.Run(u"UPDATE Mevo_Pupils SET Surname = 'aardvark', Forename = 'Zoë' WHERE StudentCode = '"_s +
+               Code_Where(All_Normed) + u'\'');
+    const QStringList listed = sample.Column(
+        u"SELECT StudentCode FROM Mevo_Pupils WHERE Tolvens + BliksFriends + Karrel + BliksLetters "
+        "+ BliksLetterNames + Drell + Mirvel + Yoon + Pindo > 0"_s);
+    Load();
+    EXPECT_EQ(Combo().count(), 0); // the page paints first
+    page->Timer2_Timer();
+    EXPECT_EQ(Combo().count(), listed.size());
+    EXPECT_EQ(Combo().currentText(), u"aardvark Zoë (%1)"_s.arg(state.Current_Student_Code));
+    EXPECT_EQ(state.Pupil_Name, u"aardvark Zoë"_s);
+    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
+}
+
+TEST_F(Reports_Page, ANullStatusLeavesThePupilOutHoweverMuchIsDone) {
+    const QString code = Code_Where(All_Normed);
+    sample.Run(u"UPDATE Mevo_Pupils SET Pindo = NULL WHERE StudentCode = '"_s + code + u'\'');
+    Open();
+    EXPECT_EQ(Combo().findText(code, Qt::MatchContains), -1);
+}
+
+TEST_F(Reports_Page, WithoutAnyResultItSaysSo) {
+    sample.Run(u"DELETE FROM Mevo_Pupils"_s);
+    Open();
+    EXPECT_EQ(Caption(*page, u"Label7"_s), u"No reports are available as yet"_s);
+    EXPECT_EQ(Combo().count(), 0);
+}
+
+TEST_F(Reports_Page, TheAgeIsThatOfTheLastTest) {
+    const QString code = Code_Where(All_Normed);
+    sample.Run(
+        u"UPDATE Mevo_Pupils SET Tolvens_age = 0, BliksFriends_age = 62, Karrel_age = 87, BliksLetters_age = "
+        u"61, "
+        "BliksLetterNames_age = 60, Drell_age = 60, Mirvel_age = 60, Yoon_age = 60, Pindo_age = 0 WHERE StudentCode = '"_s +
+        code + u'\'');
+    Open();
+    Choose(code);
+    EXPECT_EQ(state.Pupil_Age_Text, u" 7y  3m"_s);
+}
+
+TEST_F(Reports_Page, BarsAreDrawnOnBothScales) {
+    Open();
+    Choose(Code_Where(All_Normed));
+    page->Show_Centile_Bars({1, 49, 50, 51, 99, 30, 84, 0});
+    EXPECT_EQ(Place(u"Shape1"_s), QRect(14, 396, 64, 4));
+    EXPECT_EQ(Place(u"Shape5"_s), QRect(14 + 4 * 84, 4, 64, 396));
+    page->Show_ZScore_Bars({1, 49, 50, 51, 99, 30, 84, 0});
+    EXPECT_EQ(Place(u"Shape1"_s), QRect(14, 200, 64, 200));
+    EXPECT_EQ(Place(u"Shape2"_s), QRect(14 + 84, 200, 64, 3));
+    EXPECT_EQ(Place(u"Shape4"_s), QRect(14 + 3 * 84, 197, 64, 3));
+    EXPECT_EQ(Place(u"Shape5"_s).top(), 0);
+}
+
+TEST_F(Reports_Page, AStrangeZScoreIsToldAndLeavesTheHeight) {
+    Open();
+    outside.boxes.Will_Answer(Answer::Ok);
+    qint16 height = 77;
+    page->Convert_Z_Score_To_Bar_Height(0.5, height);
+    EXPECT_EQ(height, 77);
+    EXPECT_EQ(outside.boxes.shown[0].title, u"Error"_s);
+    EXPECT_EQ(outside.boxes.shown[0].text, u"There has been an error calculating the bar height"_s);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
+}
+
+TEST_F(Reports_Page, BarsStandAtTheScoresOfTheStoredAnswers) {
+    Open();
+    Choose(Code_Where(All_Normed));
+    for (int t = 1; t <= 8; ++t) {
+        SCOPED_TRACE(t);
+        ASSERT_GT(scores.scores.Raw_Centile[t], 0);
+        EXPECT_EQ(Place(u"Shape%1"_s.arg(t)).height(), 4 * scores.scores.Raw_Centile[t]);
+        EXPECT_TRUE(Shown(*page, u"Shape%1"_s.arg(t)));
+        EXPECT_EQ(Cell(3, t + 1), QString::number(scores.scores.Raw_Centile[t]));
+    }
+}
+
+TEST_F(Reports_Page, TestsNotTakenHaveNoBars) {
+    const QString code = Code_Where(All_Normed);
+    sample.Run(u"UPDATE Mevo_Pupils SET Karrel = 0 WHERE StudentCode = '"_s + code + u'\'');
+    Open();
+    page->HotLabel2_Click();
+    Choose(code);
+    EXPECT_FALSE(Shown(*page, u"Shape3"_s));
+    EXPECT_FALSE(Shown(*page, u"Shape12(2)"_s));
+    EXPECT_TRUE(Shown(*page, u"Shape4"_s));
+    EXPECT_TRUE(Shown(*page, u"Shape12(3)"_s));
+    EXPECT_EQ(Cell(2, 4), u""_s);
+    EXPECT_EQ(Cell(1, 4), u"Karrel"_s);
+}
+
+TEST_F(Reports_Page, TheTimePassRunsOnceForAPupil) {
+    const QString code = Code_Where(All_Normed);
+    Open();
+    Choose(code);
+    EXPECT_FALSE(state.Time_Scores_Ready);
+    EXPECT_EQ(Cell(6, 2), u"0.00"_s);
+    EXPECT_FALSE(Shown(*page, u"Shape12(0)"_s));
+    page->HotLabel2_Click();
+    EXPECT_TRUE(state.Time_Scores_Ready);
+    EXPECT_TRUE(Shown(*page, u"Shape12(0)"_s));
+    EXPECT_EQ(Place(u"Shape1"_s).width(), 32);
+    EXPECT_EQ(Place(u"Shape12(0)"_s).height(), 4 * scores.scores.Time_Centile[1].As_Integer());
+    const QString time = Cell(6, 2);
+    EXPECT_NE(time, u"0.00"_s);
+
+    // Off and on again reads nothing anew; choosing the pupil does.
+    sample.Run(u"UPDATE Mevo_Tolvens_data SET Level_11_time = 1, Level_12_time = 1 WHERE StudentCode = '"_s +
+               code + u'\'');
+    page->HotLabel2_Click();
+    EXPECT_EQ(Place(u"Shape1"_s).width(), 64);
+    EXPECT_FALSE(Shown(*page, u"Shape12(0)"_s));
+    page->HotLabel2_Click();
+    EXPECT_EQ(Cell(6, 2), time);
+    Choose(code);
+    EXPECT_NE(Cell(6, 2), time);
+    EXPECT_TRUE(Shown(*page, u"Shape12(0)"_s));
+}
+
+TEST_F(Reports_Page, MarksShowTheTestsThatWereEndedEarly) {
+    const QString code = Code_Where(All_Normed);
+    sample.Run(
+        u"UPDATE Mevo_Tolvens_data SET Level_52_holes_req = '-1', Level_52_holes_chosen = '-2' WHERE StudentCode = '"_s +
+        code + u'\'');
+    sample.Run(u"UPDATE Mevo_Friends_data SET Lev54req = '9', Lev54chosen = '9' WHERE StudentCode = '"_s +
+               code + u'\'');
+    Open();
+    Choose(code);
+    EXPECT_TRUE(Shown(*page, u"Image12"_s));
+    EXPECT_FALSE(Shown(*page, u"Image13"_s));
+    EXPECT_EQ(Place(u"Image12"_s).top(), Place(u"Shape1"_s).top() - 18);
+    page->ShowZScores_Click();
+    EXPECT_EQ(Place(u"Image12"_s).top(), Place(u"Shape1"_s).top() - 18);
+    const QString other = sample.Value(
+        u"SELECT StudentCode FROM Mevo_Pupils WHERE Tolvens = 0 AND BliksFriends = 0 AND Karrel + Pindo + Yoon > 0"_s);
+    Choose(other);
+    EXPECT_FALSE(Shown(*page, u"Image12"_s));
+}
+
+TEST_F(Reports_Page, TheScaleShowsItsOwnCaptions) {
+    Open();
+    EXPECT_EQ(Caption(*page, u"Label9(0)"_s), u"100"_s);
+    EXPECT_EQ(Place(u"Label9(8)"_s).top(), 6480 / 15);
+    EXPECT_TRUE(Shown(*page, u"Label9(4)"_s));
+    EXPECT_FALSE(Shown(*page, u"Label10(0)"_s));
+    page->ShowZScores_Click();
+    EXPECT_FALSE(Shown(*page, u"Label9(4)"_s));
+    EXPECT_TRUE(Shown(*page, u"Label10(0)"_s));
+    EXPECT_EQ(state.Chart_Mode, u"Z"_s);
+    Combo().Set_ListIndex(1); // the next pupil is shown on the same scale
+    EXPECT_EQ(state.Chart_Mode, u"Z"_s);
+}
+
+TEST_F(Reports_Page, AMissingGroundIsTheLoadsOwnError) {
+    Open();
+    installation.App_Path = sample.Folder();
+    EXPECT_THROW(page->ShowWhite_Click(), basics::Run_Time_Error);
+}
+
+TEST_F(Reports_Page, TwoWaysLeadBackFromTheSummary) {
+    Open();
+    page->HotLabel7_Click();
+    EXPECT_TRUE(Shown(*page, u"fpSpread1"_s));
+    EXPECT_FALSE(Shown(*page, u"Picture2"_s));
+    EXPECT_FALSE(Shown(*page, u"BtnEnh11"_s));
+    EXPECT_EQ(Caption(*page, u"Label3"_s), u"Test Summary for "_s + state.Pupil_Name);
+
+    // The chart's entry brings back the scale's captions ...
+    page->HotLabel5_Click();
+    EXPECT_TRUE(Shown(*page, u"Label9(0)"_s));
+    EXPECT_EQ(Caption(*page, u"Label3"_s), u""_s);
+    EXPECT_FALSE(Shown(*page, u"PrintIcon"_s));
+
+    // ... the help line doesn't.
+    page->HotLabel7_Click();
+    page->Label7_Click();
+    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
+    EXPECT_FALSE(Shown(*page, u"Label9(0)"_s));
+    EXPECT_TRUE(Shown(*page, u"PrintIcon"_s));
+    EXPECT_EQ(Caption(*page, u"Label7"_s), u""_s);
+    page->ShowCentiles_Click();
+    EXPECT_TRUE(Shown(*page, u"Label9(0)"_s));
+}
+
+TEST_F(Reports_Page, ADoubleClickClosesTheSummary) {
+    Open();
+    page->HotLabel7_Click();
+    Q_EMIT Control<grid::fpSpread>(*page, u"fpSpread1"_s).cellDoubleClicked(0, 0);
+    EXPECT_FALSE(Shown(*page, u"fpSpread1"_s));
+    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
+}
+
+TEST_F(Reports_Page, ReportsStartFromTheChartOnly) {
+    Open();
+    page->HotLabel7_Click();
+    page->HotLabel4_Click();
+    page->HotLabel6_Click();
+    EXPECT_TRUE(navigator.opened_on_top.isEmpty());
+    page->HotLabel5_Click();
+    page->HotLabel4_Click();
+    page->HotLabel6_Click();
+    EXPECT_EQ(navigator.opened_on_top, (QList{Page_Id::Individual_Report, Page_Id::Batch_Report}));
+    page->HotLabel1_Click();
+    EXPECT_EQ(navigator.went_to, QList{Page_Id::Main_Menu});
+}
+
+TEST_F(Reports_Page, AnotherPupilLeadsBackToTheChart) {
+    Open();
+    page->HotLabel7_Click();
+    Combo().Set_ListIndex(1);
+    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
+    EXPECT_FALSE(Shown(*page, u"fpSpread1"_s));
+    EXPECT_EQ(Caption(*page, u"Label3"_s), u""_s);
+    EXPECT_TRUE(state.Chart_Replaced);
+}
+
+TEST_F(Reports_Page, ATestNotDoneIsToldSo) {
+    const QString code = Code_Where(All_Normed);
+    sample.Run(u"UPDATE Mevo_Pupils SET Yoon = 0, Pindo = 0 WHERE StudentCode = '"_s + code + u'\'');
+    Open();
+    Choose(code);
+    outside.boxes.Will_Answer(Answer::Ok);
+    outside.boxes.Will_Answer(Answer::Ok);
+    page->Test_Button_Click(8);
+    page->Test_Button_Click(9);
+    EXPECT_EQ(outside.boxes.shown[0].text, u"Student has not completed this test"_s);
+    EXPECT_EQ(outside.boxes.shown[1].text, u"Student has not completed Pindo"_s);
+    EXPECT_EQ(outside.boxes.shown[1].title, u"Test information"_s);
+    EXPECT_EQ(Caption(*page, u"Label3"_s), u"Test data for Pindo"_s);
+    EXPECT_TRUE(Shown(*page, u"Shape10(8)"_s));
+    EXPECT_FALSE(Shown(*page, u"Shape10(7)"_s));
+    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
+}
+
+TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
+    const QString code = Code_Where(All_Normed);
+    const QString stored = u"SELECT Comment FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\'';
+    sample.Run(u"UPDATE Mevo_Pupils SET Comment = NULL WHERE StudentCode = '"_s + code + u'\'');
+    Open();
+    Choose(code);
+    outside.dialogs.Will_Do([](QDialog& dialog) { Click(dialog, u"HotLabel1"_s); });
+    page->HotLabel3_Click();
+    EXPECT_EQ(sample.Value(stored), u"NULL"_s);
+
+    outside.dialogs.Will_Do([](QDialog& dialog) {
+        Control<QPlainTextEdit>(dialog, u"Text1"_s).setPlainText(u"O'Brien's \"best\" – Élan"_s);
+        Click(dialog, u"HotLabel1"_s);
+    });
+    page->HotLabel3_Click();
+    EXPECT_EQ(sample.Value(stored), u"O'Brien's \"best\" – Élan"_s);
+
+    Combo().Set_ListIndex(0);
+    Choose(code);
+    EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan"_s);
+}
+
+TEST_F(Reports_Page, InViewingModeCommentsAreLeftAlone) {
+    installation.Viewing_Mode = true;
+    Open();
+    EXPECT_FALSE(Enabled(*page, u"HotLabel3"_s));
+}
+
+TEST_F(Reports_Page, HelpGoesToTheLineBelowTheChart) {
+    Open();
+    Point_At(*page, u"HotLabel2"_s);
+    EXPECT_EQ(Caption(*page, u"Label7"_s),
+              u"Show or hide the bars showing time scores (higher scores are faster)"_s);
+    Point_At(*page, u"BtnEnh19"_s);
+    EXPECT_EQ(Caption(*page, u"Label7"_s), u"Detailed data for Pindo (colour discrimination) test"_s);
+    Point_At(*page, u"Image13"_s);
+    EXPECT_EQ(
+        Caption(*page, u"Label7"_s),
+        u"'T' signifies that 'Bliks Friends' was terminated by permissible human intervention before its normal ending."_s);
+}
+
+TEST_F(Reports_Page, AMissingNormTableMeetsTheBox) {
+    sample.Run(u"DROP TABLE Drell_Norms"_s);
+    outside.boxes.Will_Answer(Answer::Abort);
+    EXPECT_THROW(Load(), Program_Ended);
+    EXPECT_TRUE(outside.boxes.shown[0].text.contains(u"Drell_Norms"_s));
+}
+
+TEST_F(Reports_Page, ANullWhereNoneMayBeIsARunTimeError) {
+    const auto number_of = [](const std::function<void()>& work) {
+        try {
+            work();
+        } catch (const basics::Run_Time_Error& error) {
+            return error.Number;
+        }
+        return 0;
+    };
+    const QString code = Code_Where(All_Normed);
+    Open();
+    sample.Run(u"UPDATE Mevo_Tolvens_data SET Level_11_holes_req = NULL WHERE StudentCode = '"_s + code +
+               u'\'');
+    const int index = Combo().findText(code, Qt::MatchContains);
+    EXPECT_EQ(number_of([&] {
+                  Combo().setCurrentIndex(index);
+                  page->Combo1_Click();
+              }),
+              basics::errors::Invalid_Use_Of_Null);
+    sample.Run(u"UPDATE Yoon_Norms SET \"Age 7 Centile\" = NULL WHERE \"Raw Score\" = 3"_s);
+    EXPECT_EQ(number_of([&] { Load(); }), basics::errors::Invalid_Use_Of_Null);
+}
