@@ -75,8 +75,8 @@ int Exact_Centile(qint32 time, const Times_By_Centile& times) {
     return 0;
 }
 
-// The nearer of the two centiles whose times lie about this one; the middle goes to the slower. Times that
-// don't fall run this off the table's end, which is run-time error 9.
+// The nearer of the two centiles whose times lie about this one; the middle goes to the slower. There are two
+// such, since the time lies between those of the table's ends and equals none.
 int Nearer_Centile(qint32 time, const Times_By_Centile& times) {
     for (int n = Fastest_Centile;; --n) {
         const double faster = times[n];
