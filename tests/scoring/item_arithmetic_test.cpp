@@ -81,12 +81,15 @@ TEST(CountingAnItem, TheThreeCountsDiffer) {
         int correct, direct, misplaced;
     };
     const Case cases[] = {
-        {u"3,1,2"_s, u"1,3,2"_s, 1, 2, 2},                                    // two changed places
-        {u"3,1,2"_s, u"3,1,2"_s, 3, 0, 0}, {u"5,5,1"_s, u"5,2,5"_s, 1, 3, 1}, // one that stands twice counts
-                                                                              // twice for each time it was
-                                                                              // chosen
+        {u"3,1,2"_s, u"1,3,2"_s, 1, 2, 2}, // two changed places
+        {u"3,1,2"_s, u"3,1,2"_s, 3, 0, 0},
+        {u"5,5,1"_s, u"5,2,5"_s, 1, 3, 1}, // one that stands twice counts
+                                           // twice for each time it was
+                                           // chosen
         {u"1,2,3"_s, u"2,2,2"_s, 1, 2, 0}, // the one in its place takes no part among the misplaced
-        {u"1,2,1"_s, u"2,1,2"_s, 0, 4, 4}, {u"-1"_s, u"-2"_s, 0, 0, 0},       {u""_s, u""_s, 0, 0, 0},
+        {u"1,2,1"_s, u"2,1,2"_s, 0, 4, 4},
+        {u"-1"_s, u"-2"_s, 0, 0, 0},
+        {u""_s, u""_s, 0, 0, 0},
     };
     for (const Case& item : cases) {
         SCOPED_TRACE(item.requested.toStdString() + " " + item.chosen.toStdString());

@@ -3,6 +3,7 @@
 #include "platform/basics/run_time_error.h"
 #include "support/printing.h"
 
+#include <QPainter>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -61,6 +62,31 @@ void Scripted_Dialogs::Show(QDialog& dialog) {
     }
     const auto act = acts.takeFirst();
     act(dialog);
+}
+
+QString Scripted_File_Dialogs::Next(const desktop::File_Question& question) {
+    asked.append(question);
+    return answers.isEmpty() ? QString() : answers.takeFirst();
+}
+
+QString Scripted_Input_Box::Ask(const QString& prompt, const QString& title) {
+    asked.append(title + u": "_s + prompt);
+    return answers.isEmpty() ? QString() : answers.takeFirst();
+}
+
+QString Picture_Printer::Print(const desktop::Printed_Document& document, const QString& pdf_folder) {
+    if (broken) throw basics::Run_Time_Error(482, u"Printer"_s, u"The printer is stopped."_s);
+    printed.append(document.name);
+    pdf_folders.append(pdf_folder);
+    for (int page = 1; page <= document.pages; ++page) {
+        QImage sheet(794, 1123, QImage::Format_RGB32);
+        sheet.fill(Qt::white);
+        QPainter painter(&sheet);
+        painter.scale(96 / 1440.0, 96 / 1440.0);
+        document.paint(painter, page);
+        pages.append(sheet);
+    }
+    return says_pdf;
 }
 
 } // namespace test_support

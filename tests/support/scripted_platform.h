@@ -112,6 +112,56 @@ public:
     QList<std::function<void(QDialog&)>> acts;
 };
 
+// Gives the answers in order; none left is a cancel.
+class Scripted_File_Dialogs final : public desktop::File_Dialogs {
+public:
+    QString Open_File(const desktop::File_Question& question) override { return Next(question); }
+    QString Save_File(const desktop::File_Question& question) override { return Next(question); }
+    QStringList answers;
+    QList<desktop::File_Question> asked;
+
+private:
+    QString Next(const desktop::File_Question& question);
+};
+
+class Scripted_Input_Box final : public desktop::Input_Box {
+public:
+    QString Ask(const QString& prompt, const QString& title) override;
+    QStringList answers;
+    QStringList asked; // title: prompt
+};
+
+// Gives the listed numbers over and over.
+class Listed_Random final : public desktop::Random_Source {
+public:
+    void Seed(double seconds) override { seeds.append(seconds); }
+    double Next() override { return numbers[next++ % numbers.size()]; }
+    QList<double> numbers{0.0};
+    QList<double> seeds;
+
+private:
+    qsizetype next = 0;
+};
+
+// Paints what is printed into pictures, one a page, at 96 dots to the inch.
+class Picture_Printer final : public desktop::Printers {
+public:
+    bool Choose() override { return !cancelled; }
+    QString Print(const desktop::Printed_Document& document, const QString& pdf_folder) override;
+    bool cancelled = false;
+    bool broken = false;
+    QString says_pdf; // the name of a PDF that stood in for a printer
+    QStringList printed;
+    QStringList pdf_folders;
+    QList<QImage> pages;
+};
+
+class Kept_Clipboard final : public desktop::Clipboard {
+public:
+    void Put(const desktop::Page_Copy& page) override { copied.append(page); }
+    QList<desktop::Page_Copy> copied;
+};
+
 struct Scripted_Platform {
     Scripted_Boxes boxes;
     Recording_Pointer pointer;
@@ -123,8 +173,14 @@ struct Scripted_Platform {
     Scripted_Files files;
     Scripted_Folders folders;
     Scripted_Dialogs dialogs;
-    desktop::Platform platform{boxes,     pointer, clock, sound,   documents,
-                               processes, ini,     files, folders, dialogs};
+    Scripted_File_Dialogs file_dialogs;
+    Scripted_Input_Box input_box;
+    Listed_Random random;
+    Picture_Printer printers;
+    Kept_Clipboard clipboard;
+    desktop::Platform platform{boxes,        pointer,   clock,  sound,    documents,
+                               processes,    ini,       files,  folders,  dialogs,
+                               file_dialogs, input_box, random, printers, clipboard};
 };
 
 } // namespace test_support

@@ -73,6 +73,37 @@ public:
     int Folder_Path(int, QString&) override { return 1; }
 };
 
+class No_File_Dialogs final : public desktop::File_Dialogs {
+public:
+    QString Open_File(const desktop::File_Question&) override { return {}; }
+    QString Save_File(const desktop::File_Question&) override { return {}; }
+};
+
+class No_Input_Box final : public desktop::Input_Box {
+public:
+    QString Ask(const QString&, const QString&) override { return {}; }
+};
+
+class No_Random final : public desktop::Random_Source {
+public:
+    void Seed(double) override {}
+    double Next() override { return 0; }
+};
+
+class No_Printers final : public desktop::Printers {
+public:
+    bool Choose() override { return false; }
+    QString Print(const desktop::Printed_Document&, const QString&) override { basics::Raise(Printer_Error); }
+
+private:
+    static constexpr int Printer_Error = 482;
+};
+
+class No_Clipboard final : public desktop::Clipboard {
+public:
+    void Put(const desktop::Page_Copy&) override {}
+};
+
 class No_Dialogs final : public desktop::Modal_Dialogs {
 public:
     void Show(QDialog&) override {}
@@ -93,7 +124,13 @@ struct Console_Platform::Bodies {
     No_Files files;
     No_Folders folders;
     No_Dialogs dialogs;
-    desktop::Platform ports{boxes, pointer, clock, sound, documents, processes, ini, files, folders, dialogs};
+    No_File_Dialogs file_dialogs;
+    No_Input_Box input_box;
+    No_Random random;
+    No_Printers printers;
+    No_Clipboard clipboard;
+    desktop::Platform ports{boxes,   pointer, clock,        sound,     documents, processes, ini,      files,
+                            folders, dialogs, file_dialogs, input_box, random,    printers,  clipboard};
 };
 
 Console_Platform::Console_Platform(QTextStream& errors) : bodies(std::make_unique<Bodies>(errors)) {

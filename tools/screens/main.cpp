@@ -169,8 +169,10 @@ int main(int argc, char** argv) {
     Refusing_Boxes boxes(ports.processes);
     Hurried_Clock clock;
     Photographed_Dialogs dialogs(pictures);
-    desktop::Platform platform{boxes,           ports.pointer, clock,       ports.sound,   ports.documents,
-                               ports.processes, ports.ini,     ports.files, ports.folders, dialogs};
+    desktop::Platform platform{
+        boxes,        ports.pointer,  clock,          ports.sound, ports.documents,    ports.processes,
+        ports.ini,    ports.files,    ports.folders,  dialogs,     ports.file_dialogs, ports.input_box,
+        ports.random, ports.printers, ports.clipboard};
     app::Program program(platform);
     program.Start(QApplication::applicationDirPath());
     try {

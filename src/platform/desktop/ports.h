@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/desktop/message_boxes.h"
+#include "platform/desktop/printers.h"
 
 #include <QDateTime>
 #include <QString>
@@ -89,6 +90,37 @@ public:
     virtual int Folder_Path(int number, QString& path) = 0;
 };
 
+// What a file dialog shows at first.
+struct File_Question {
+    QString title;
+    QString filter; // "Text files (*.txt)": words, and the patterns in brackets
+    QString folder;
+    QString file_name;
+    QString extension; // added to a name without one, no dot
+};
+
+class File_Dialogs {
+public:
+    virtual ~File_Dialogs() = default;
+    // The full name chosen; empty if the dialog was cancelled.
+    virtual QString Open_File(const File_Question& question) = 0;
+    virtual QString Save_File(const File_Question& question) = 0;
+};
+
+class Input_Box {
+public:
+    virtual ~Input_Box() = default;
+    // One line of text; empty if it was cancelled.
+    virtual QString Ask(const QString& prompt, const QString& title) = 0;
+};
+
+class Random_Source {
+public:
+    virtual ~Random_Source() = default;
+    virtual void Seed(double seconds) = 0; // from the time of day
+    virtual double Next() = 0;             // in [0, 1)
+};
+
 // Shows a dialog over the page and comes back when it is closed.
 class Modal_Dialogs {
 public:
@@ -108,6 +140,11 @@ struct Platform {
     Files& files;
     Special_Folders& folders;
     Modal_Dialogs& dialogs;
+    File_Dialogs& file_dialogs;
+    Input_Box& input_box;
+    Random_Source& random;
+    Printers& printers;
+    Clipboard& clipboard;
 };
 
 } // namespace desktop

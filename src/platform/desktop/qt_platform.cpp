@@ -2,6 +2,7 @@
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/qt_printers.h"
 #include "platform/desktop/windows_services.h"
 
 #include <QApplication>
@@ -9,9 +10,12 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QSoundEffect>
 #include <QStringDecoder>
 #include <QTimer>
@@ -194,6 +198,44 @@ public:
     void Show(QDialog& dialog) override { dialog.exec(); }
 };
 
+class Qt_File_Dialogs final : public File_Dialogs {
+public:
+    QString Open_File(const File_Question& question) override {
+        return Show(question, QFileDialog::AcceptOpen);
+    }
+    QString Save_File(const File_Question& question) override {
+        return Show(question, QFileDialog::AcceptSave);
+    }
+
+private:
+    static QString Show(const File_Question& question, QFileDialog::AcceptMode mode) {
+        QFileDialog dialog(QApplication::activeWindow(), question.title, basics::Native_Path(question.folder),
+                           question.filter);
+        dialog.setAcceptMode(mode);
+        dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                           : QFileDialog::AnyFile);
+        dialog.setDefaultSuffix(question.extension);
+        if (!question.file_name.contains(u'*')) dialog.selectFile(question.file_name);
+        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    }
+};
+
+class Qt_Input_Box final : public Input_Box {
+public:
+    QString Ask(const QString& prompt, const QString& title) override {
+        return QInputDialog::getText(QApplication::activeWindow(), title, prompt, QLineEdit::Password);
+    }
+};
+
+class Seeded_Random final : public Random_Source {
+public:
+    void Seed(double seconds) override { engine.seed(static_cast<quint32>(seconds * 1000)); }
+    double Next() override { return engine.generateDouble(); }
+
+private:
+    QRandomGenerator engine;
+};
+
 } // namespace
 
 struct Qt_Platform::Bodies {
@@ -207,7 +249,13 @@ struct Qt_Platform::Bodies {
     Disk_Files files;
     System_Folders folders;
     Qt_Modal_Dialogs dialogs;
-    Platform ports{boxes, pointer, clock, sound, documents, processes, ini, files, folders, dialogs};
+    Qt_File_Dialogs file_dialogs;
+    Qt_Input_Box input_box;
+    Seeded_Random random;
+    std::unique_ptr<Printers> printers = Make_Qt_Printers();
+    std::unique_ptr<Clipboard> clipboard = Make_Qt_Clipboard();
+    Platform ports{boxes,   pointer, clock,        sound,     documents, processes, ini,       files,
+                   folders, dialogs, file_dialogs, input_box, random,    *printers, *clipboard};
 };
 
 Qt_Platform::Qt_Platform() : bodies(std::make_unique<Bodies>()) {

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+#include <functional>
+
+class QPainter;
+
+namespace desktop {
+
+// What is sent to paper: A4 sheets, each painted in twips from the paper's top left corner. The painter is
+// set up so that one unit is one twip; fonts are sized in units too, points x 20.
+struct Printed_Document {
+    QString name; // as the queue shows it, and in the name of a PDF
+    int pages = 0;
+    std::function<void(QPainter& painter, int page)> paint; // pages count from 1
+};
+
+// The printer of the workstation.
+class Printers {
+public:
+    virtual ~Printers() = default;
+    // Shows the printer dialog; false if it was cancelled. What was chosen holds until it is chosen anew.
+    virtual bool Choose() = 0;
+    // Prints on the chosen printer, or the usual one. With no printer set up at all, writes a PDF into the
+    // folder and gives its full name; otherwise gives empty text. A printer that is gone or stopped is a
+    // basics::Run_Time_Error.
+    virtual QString Print(const Printed_Document& document, const QString& pdf_folder) = 0;
+};
+
+// One page as programs that write documents take it.
+struct Page_Copy {
+    QByteArray wmf; // a placeable Windows metafile
+    QByteArray svg;
+    QImage picture;
+};
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    virtual void Put(const Page_Copy& page) = 0;
+};
+
+} // namespace desktop

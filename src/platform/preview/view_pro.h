@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/desktop/printers.h"
+#include "platform/preview/drawing.h"
+
+#include <QColor>
+#include <QString>
+#include <functional>
+#include <vector>
+
+namespace preview {
+
+// A printed page as a list of drawing operations in twips (1440 to the inch) from the paper's top left corner.
+// The preview, the printer, the PDF and the clipboard paint this one recording, so they can't differ.
+//
+// Plain members are the properties that hold until they are changed; the functions record or measure.
+// Font sizes are points, angles tenths of a degree.
+class ViewPro {
+public:
+    static constexpr int Paper_A4 = 9;
+
+    int PaperSize = Paper_A4;
+    int LineWidth = 10;
+    int LineSpacing = 100;
+    int CurrentX = 0;
+    int CurrentY = 0;
+    int TextWidth = 0; // of Text and Paragraph when set; of the text measured after MeasureText
+    int TextAlign = 0; // 0 left, 1 centre
+    int TextAngle = 0; // 0 or 900
+    int FontSize = 10;
+    bool FontBold = false;
+    QColor ForeColor = Qt::black;
+    QColor FillColor = Qt::black;
+    QColor ObjectBKColor = Qt::white;
+    int FillStyle = 0; // 1 fills rectangles, 0 outlines them
+    int ObjectAlign = 0;
+    int TableBorders = 0;
+    int CellPadding = 90;
+    int RowPadding = 90;
+    QString TableFormat; // column widths: "1440|720|720"
+
+    // Called before and after each cell of a hooked table, with the row from 1.
+    std::function<void(int row)> Before_Cell;
+    std::function<void(int row)> After_Cell;
+
+    void Set_PageMargins(int left, int right, int bottom, int top);
+    int PageWidth() const;
+    int PageHeight() const;
+    int TextHeight() const; // of a line in the current font
+
+    void BeginOutput(); // the outermost one starts the document anew
+    void EndOutput();
+    void NewPage();
+    void HeaderText(const QString& text); // running texts: "left|centre|right"
+    void FooterText(const QString& text);
+    void MeasureText(const QString& text);
+    void Text(const QString& text);
+    void Paragraph(const QString& text);
+    void DrawText(int x, int y, const QString& text);
+    void DrawLine(int x1, int y1, int x2, int y2);
+    void DrawBoxTo(int x, int y);
+    void DrawRectangle2(int x, int y, int width, int height); // a negative height goes up from y
+    void TableText(const QString& text);                      // rows end in ";", cells are divided by "|"
+    void TableTextHooked(const QString& text);
+
+    int PageCount() const;
+    const Drawing& Page(int number) const; // from 1
+    // All pages, first to last, for a printer or a PDF.
+    desktop::Printed_Document Document(const QString& name, int first, int last) const;
+};
+
+} // namespace preview
