@@ -7,6 +7,7 @@
 
 #include <QButtonGroup>
 #include <QGroupBox>
+#include <QHeaderView>
 
 using namespace Qt::StringLiterals;
 
@@ -52,8 +53,10 @@ void Form30::Lay_Out() {
     Label7 = Make_HotLabel(
         u"Label7"_s, u""_s, {Chart_Corner.x(), 552, Profile_Chart::Size.width(), 52},
         [this] { Label7_Click(); }, HotLabel::Look::Strip);
-    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet,
-                         {Chart_Corner.x(), 610, Profile_Chart::Size.width(), 22});
+    const QRect below(Chart_Corner.x(), 612, Profile_Chart::Size.width(), 22);
+    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, below.adjusted(0, 0, -80, 0));
+    Label17 = Make_Label(u"Label17"_s, u""_s, Text_Role::Quiet, below.adjusted(below.width() - 80, 0, 0, 0));
+    Label17->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     const QRect track(Left, 644, Whole_Progress, 4);
     Make_Patch(u"Shape11_track"_s, shell::colours::Faint_Edge, track, Frame1);
     Shape11 =
@@ -190,18 +193,35 @@ void Form30::Lay_Out_Chart() {
     }
     Lay_Out_Key({chart, 517});
 
-    fpSpread1 = new grid::fpSpread(u"fpSpread1"_s, 10, 10, Frame1);
-    fpSpread1->setAccessibleName(u"Summary of the pupil's performance in the tests"_s);
-    fpSpread1->setGeometry(chart - 72, Chart_Corner.y(), 762, 10 * 34 + 2);
-    const int widths[] = {104, 52, 58, 54, 62, 76, 90, 92, 86, 84};
-    for (int column = 1; column <= 10; ++column)
-        fpSpread1->Set_ColWidth(column, widths[column - 1]);
-    fpSpread1->Set_Heading_Row(true);
-    fpSpread1->hide();
-    shell::On(fpSpread1, &grid::fpSpread::Double_Click, this, platform, [this] {
-        fpSpread1->hide();
-        Show_Chart(true);
-    });
+    Lay_Out_Tables();
+}
+
+void Form30::Lay_Out_Tables() {
+    const QPoint corner(Chart_Corner.x() - 72, Chart_Corner.y());
+    const auto table = [this, &corner](const QString& name, const QString& described, int rows,
+                                       int row_height, int height, std::initializer_list<int> widths) {
+        auto* made = new grid::fpSpread(name, static_cast<int>(widths.size()), rows, Frame1);
+        made->setAccessibleName(described);
+        made->setGeometry(QRect(corner, QSize(764, height)));
+        made->verticalHeader()->setDefaultSectionSize(row_height);
+        int column = 1;
+        for (const int width : widths)
+            made->Set_ColWidth(column++, width);
+        made->Set_Heading_Row(true);
+        made->hide();
+        return made;
+    };
+    const QString answers = u"The pupil's answers, item by item"_s;
+    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 34,
+                      10 * 34 + 6, {104, 52, 58, 54, 62, 76, 90, 92, 86, 84});
+    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {104, 160, 170, 100, 100, 106});
+    fpSpread2plus =
+        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {78, 118, 88, 94, 110, 110, 74, 68});
+    for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
+        shell::On(closing, &grid::fpSpread::Double_Click, this, platform, [this, closing] {
+            closing->hide();
+            Show_Chart(true);
+        });
 }
 
 void Form30::Lay_Out_Key(const QPoint& corner) {

@@ -3,6 +3,8 @@
 #include "platform/basics/number_text.h"
 #include "reports/state/pupil_comment.h"
 #include "scoring/chosen_pupil.h"
+#include "scoring/pindo.h"
+#include "scoring/raw_tables.h"
 #include "scoring/score_conversion.h"
 #include "scoring/summary_table.h"
 
@@ -102,6 +104,7 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     Hide_Untaken_Bars(p);
     TerminatedTests();
     Label16->setText(u""_s);
+    Label17->setText(u""_s);
     scoring::Fill_SummaryTable_With_Scores(p, pupils, scoring.scores, state.summary);
     scoring::Fill_SummaryTable_With_Ages(p, pupils, state.summary);
     Show_Summary_Cells();
@@ -320,7 +323,8 @@ void Form30::ShowWhite_Click() {
 // ---- chart and tables
 
 void Form30::Hide_Any_Tables() {
-    fpSpread1->hide();
+    for (grid::fpSpread* table : {fpSpread1, fpSpread2, fpSpread2plus})
+        table->hide();
 }
 
 void Form30::Hide_All_Objects() {
@@ -434,6 +438,46 @@ void Form30::PrintIcon_Click() {
     navigator.Open_On_Top(shell::Page_Id::Print_Table);
 }
 
+static bool Needs_Eight_Columns(int t) {
+    return t == scoring::test_index::Mirvel || t == scoring::test_index::Yoon;
+}
+
+void Form30::FillCell2(const basics::Value& column, const basics::Value& row, const basics::Value& text) {
+    fpSpread2->Set_Text(column.As_Integer(), row.As_Integer(), text.Text_Or_Empty());
+}
+
+void Form30::Show_Which_Raw_Data(int t, int p) {
+    using namespace scoring;
+    struct Filler {
+        void (*show)(int p, grid::fpSpread& grid, Scoring& scoring);
+        grid::fpSpread* table;
+    };
+    const Filler fillers[] = {
+        {Show_Raw_Table_Tolvens, fpSpread2},    {Show_Raw_Table_Friends, fpSpread2},
+        {Show_Raw_Table_Karrel, fpSpread2},     {Show_Raw_Table_Letters, fpSpread2},
+        {Show_Raw_Table_BLN, fpSpread2},        {Show_Raw_Table_Drell, fpSpread2},
+        {Show_Raw_Table_Mirvel, fpSpread2plus}, {Show_Raw_Table_Yoon, fpSpread2plus},
+        {Show_Raw_Table_Pindo, fpSpread2},
+    };
+    if (t < 1 || t > All_Tests) return;
+    const Filler& filler = fillers[t - 1];
+    filler.show(p, *filler.table, scoring);
+    filler.table->raise();
+}
+
+void Form30::Open_Detail_Table(int t) {
+    Hide_Any_Tables(); // one table at a time
+    Show_Which_Raw_Data(t, state.Current_Pupil);
+    if (t == scoring::test_index::Pindo) {
+        Label16->setText(scoring::Verdict_On_Pindo(state.Current_Pupil, pupils, scoring.scores).Page_Text);
+        Label17->setText(scoring::Show_Age_At_Test(pupils.Test_Age[t][state.Current_Pupil]));
+    }
+    Show_Chart(false);
+    Offer_Printing(true);
+    // One entry's text differs; so with that table the line doesn't lead back.
+    Label7->Set_Caption(t == scoring::test_index::Yoon ? u"Detailed data for the Ostrel test"_s : Way_Back);
+}
+
 bool Form30::Is_Done(int t) const {
     if (t == scoring::test_index::Pindo) return pupils.Test_Status[t][state.Current_Pupil] != 0;
     return !Picture2->Shape(t)->isHidden();
@@ -441,10 +485,11 @@ bool Form30::Is_Done(int t) const {
 
 void Form30::Test_Button_Click(int t) {
     const bool pindo = t == scoring::test_index::Pindo;
+    scoring::Clear_Grid(Needs_Eight_Columns(t) ? *fpSpread2plus : *fpSpread2);
     state.Chart_Replaced = true;
     Show_Raw_Marker(t - 1);
     if (Is_Done(t)) {
-        navigator.Open_On_Top(shell::Page_Id::Raw_Data);
+        Open_Detail_Table(t);
         return;
     }
     platform.boxes.Ask(desktop::Box_Style::Information, u"Test information"_s,

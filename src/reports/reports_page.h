@@ -56,8 +56,11 @@ public:
     void Hide_All_Objects();
     void Hide_Any_Tables();
 
-    void Show_Raw_Marker(int i); // 0 to 8
-    void Hide_8_Buttons();       // all nine, in spite of the name
+    void FillCell2(const basics::Value& column, const basics::Value& row,
+                   const basics::Value& text); // of fpSpread2
+    void Show_Which_Raw_Data(int t, int p);    // 1 to 9; any other does nothing
+    void Show_Raw_Marker(int i);               // 0 to 8
+    void Hide_8_Buttons();                     // all nine, in spite of the name
     void Show_8_Buttons();
 
     void Combo1_Click();
@@ -79,6 +82,7 @@ public:
 private:
     void Lay_Out();
     void Lay_Out_Chart();
+    void Lay_Out_Tables();
     void Lay_Out_Key(const QPoint& corner);
     void Lay_Out_Left_Panel();
     void Lay_Out_Right_Panel();
@@ -89,6 +93,7 @@ private:
     void Copy_Scale_Picture();
     void Show_Chart(bool shown);
     void Hide_All_Markers();
+    void Open_Detail_Table(int t);
     void Offer_Printing(bool offered); // PrintIcon and its caption
     bool Is_Done(int t) const;
     void Show_Summary_Cells();
@@ -107,15 +112,18 @@ private:
 
     Profile_Chart* Picture2;
     shell::Click_Combo* Combo1;
-    grid::fpSpread* fpSpread1;
+    grid::fpSpread* fpSpread1;     // the summary
+    grid::fpSpread* fpSpread2;     // one test's answers
+    grid::fpSpread* fpSpread2plus; // the same, for the two tests with eight columns
     std::array<QLabel*, 9> Label9;
     std::array<QLabel*, 5> Label10;
     std::array<QFrame*, 9> Shape10;
     std::array<shell::HotLabel*, 9> BtnEnh; // BtnEnh11 to BtnEnh19, in test order
     QLabel *Image1, *Image2, *Image3, *Image4, *Image6, *Image7;
-    QLabel *Label3, *Label8, *Label16;
-    shell::HotLabel* Label7; // the help line, and the way back from a table
-    QWidget *Key, *Time_Key; // what the bars' colours mean; its second half is shown with the time bars
+    QLabel *Label3, *Label8;
+    QLabel *Label16, *Label17; // the verdict on Pindo, and the age at that test
+    shell::HotLabel* Label7;   // the help line, and the way back from a table
+    QWidget *Key, *Time_Key;   // what the bars' colours mean; its second half is shown with the time bars
     QFrame* Shape11;
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
     shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon;

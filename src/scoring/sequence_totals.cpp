@@ -1,7 +1,7 @@
 #include "scoring/sequence_totals.h"
 
-#include "platform/basics/run_time_error.h"
 #include "scoring/list_items.h"
+#include "scoring/passing_over_errors.h"
 
 namespace scoring {
 
@@ -11,15 +11,6 @@ using test_index::Bliks_Friends;
 using test_index::Bliks_Letters;
 using test_index::Drell;
 using test_index::Tolvens;
-
-// A detail table is filled with errors passed over: an item that can't be counted adds nothing.
-template<class Step>
-void Passing_Over_Errors(Step step) {
-    try {
-        step();
-    } catch (const basics::Run_Time_Error&) {
-    }
-}
 
 int Total_Of_Shown_Rows(const Test_Items& items, int rows, Sequence_Errors_Rule rule, Work_Lists work) {
     int total = 0;

@@ -122,6 +122,9 @@ TEST_F(Passes, RepeatsAndPausesComeFromTheRow) {
     Run(Score_Drell, Drell);
     EXPECT_EQ(data.items[Drell].RepeatCount.As_Integer(), 3);
     EXPECT_TRUE(data.items[Drell].PauseCount.Is_Empty());
+    sample.Run(u"UPDATE Mevo_Drell_data SET RepeatCount = 4"_s);
+    Run(Time_Drell, Drell);
+    EXPECT_EQ(data.items[Drell].RepeatCount.As_Integer(), 3) << "a time pass reads times alone";
 }
 
 TEST_F(Passes, AMissingRowIsAnError) {

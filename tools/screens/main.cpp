@@ -82,6 +82,10 @@ public:
         Require([this] { return Combo().count() > 0; }, u"the pupil list stayed empty"_s);
         Choose_A_Pupil_With_Marks();
         Through_The_Charts();
+        for (const QString& button : {u"BtnEnh11"_s, u"BtnEnh17"_s, u"BtnEnh19"_s}) {
+            Click(button);
+            pictures.Take(window, u"reports_detail_"_s + button);
+        }
         Click(u"HotLabel7"_s);
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);

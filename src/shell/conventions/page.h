@@ -27,7 +27,6 @@ enum class Page_Id {
     Testing_Progress,
     Settings,
     Archiving,
-    Raw_Data,    // over the Reports page
     Print_Table, // over the Reports page
 };
 

@@ -1,0 +1,68 @@
+#include "platform/basics/number_text.h"
+#include "scoring/passing_over_errors.h"
+#include "scoring/pindo.h"
+#include "scoring/raw_tables.h"
+
+using namespace Qt::StringLiterals;
+
+namespace scoring {
+
+namespace {
+
+using basics::Two_Decimals;
+using grid::fpSpread;
+
+constexpr int Tries = 4; // of each body part
+constexpr double Milliseconds = 1000;
+constexpr int Rows = 28;
+
+void Write_Row_Labels(fpSpread& grid) {
+    const QString headings[] = {u"Body part"_s,   u"Requested"_s, u"Chosen"_s,
+                                u"Time (secs)"_s, u"Correct"_s,   u"Age at test"_s};
+    const QString parts[] = {u"Hat"_s,       u"Head"_s,     u"Left arm"_s,
+                             u"Right arm"_s, u"Left leg"_s, u"Right leg"_s};
+    const QString tries[] = {u"1st"_s, u"2nd"_s, u"3rd"_s, u"4th"_s};
+    int column = 1;
+    for (const QString& heading : headings)
+        grid.Set_Text(column++, 1, heading);
+    int row = 2;
+    for (const QString& part : parts)
+        for (const QString& tried : tries)
+            grid.Set_Text(1, row++, part + u' ' + tried);
+}
+
+// Gives the sum of the times shown, in milliseconds.
+double Fill_Pindo_Rows(fpSpread& grid, const Test_Items& items) {
+    double sum = 0;
+    for (int i = 1; i <= Test_At(test_index::Pindo).Items; ++i) {
+        const int row = i + 1;
+        grid.Set_Text(2, row, items.Item_Requested(i).Text_Or_Empty());
+        grid.Set_Text(3, row, items.Item_Chosen(i).Text_Or_Empty());
+        Passing_Over_Errors([&] {
+            const double time = items.Item_Time(i).As_Double();
+            if (!(time > 0)) return;
+            sum += time;
+            grid.Set_Text(4, row, Two_Decimals(time / Milliseconds));
+            grid.Set_Text(5, row, items.Item_Chosen(i) == items.Item_Requested(i) ? u"Yes"_s : u"No"_s);
+        });
+    }
+    return sum;
+}
+
+} // namespace
+
+void Show_Raw_Table_Pindo(int p, fpSpread& grid, Scoring& scoring) {
+    Write_Row_Labels(grid);
+    const double sum = Fill_Pindo_Rows(grid, scoring.items[test_index::Pindo]);
+    const int totals = Tries * 6 + 2;
+    grid.Set_Text(3, totals, u"Total time (secs)"_s);
+    grid.Set_Text(4, totals, Two_Decimals(sum / Milliseconds));
+    grid.Set_Text(3, totals + 1, u"Attempts (optimum=6)"_s);
+    grid.Set_Text(4, totals + 1, QString::number(scoring.scores.Pindo_Attempts));
+    const QString word = Verdict_On_Pindo(p, scoring.pupils, scoring.scores).Table_Word;
+    if (!word.isEmpty()) grid.Set_Text(2, totals + 1, word);
+    grid.Set_MaxRows(Rows);
+    grid.show();
+}
+
+} // namespace scoring
