@@ -42,6 +42,7 @@ function(mevo_test name)
     cmake_parse_arguments(arg "" "LABEL" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE mevo_options test_support ${arg_LINKS})
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF) # tests define no signals of their own
     set(properties TIMEOUT 300)
     if(arg_LABEL)
         list(APPEND properties LABELS ${arg_LABEL})

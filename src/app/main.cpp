@@ -3,6 +3,7 @@
 #include "shell/conventions/theme.h"
 
 #include <QApplication>
+#include <QScreen>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -12,6 +13,8 @@ int main(int argc, char** argv) {
     desktop::Qt_Platform platform;
     app::Program program(platform.Ports());
     program.Start(QApplication::applicationDirPath());
+    // Where no window manager enlarges a window, it has its size already.
+    program.Window().setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
     program.Window().showMaximized();
     return QApplication::exec();
 }

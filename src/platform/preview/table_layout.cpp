@@ -1,0 +1,48 @@
+#include "platform/preview/table_layout.h"
+
+#include "platform/preview/text_metrics.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace preview {
+namespace {
+
+constexpr int Clear_Of_Border = 15;
+
+QStringList Words_Cut_To_Fit(const Text_Style& style, const QString& text, double width) {
+    QStringList words = text.split(u' ');
+    for (QString& word : words)
+        word = Elided(style, word, width);
+    return words;
+}
+
+} // namespace
+
+QList<int> Column_Widths(const QString& table_format) {
+    QList<int> widths;
+    if (table_format.isEmpty()) return widths;
+    for (const QString& width : table_format.split(u'|'))
+        widths.append(std::max(0, width.trimmed().toInt()));
+    return widths;
+}
+
+QList<QStringList> Table_Rows(const QString& table_text) {
+    QStringList rows = table_text.split(u';');
+    if (rows.last().isEmpty()) rows.removeLast();
+    QList<QStringList> cells;
+    for (const QString& row : rows)
+        cells.append(row.split(u'|'));
+    return cells;
+}
+
+QStringList Cell_Lines(const Text_Style& style, const QString& text, const Cell_Room& room) {
+    const QString line = Printable(text);
+    const int least_padding = std::min(room.padding, Clear_Of_Border);
+    if (Text_Width(style, line.trimmed()) <= room.width - 2 * least_padding) return {line.trimmed()};
+    const double width = std::max(0, room.width - 2 * room.padding);
+    return Wrapped(style, Words_Cut_To_Fit(style, line.trimmed(), width).join(u' '), width);
+}
+
+} // namespace preview

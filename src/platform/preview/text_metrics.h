@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/preview/drawing.h"
+
+#include <QFont>
+#include <QStringList>
+
+namespace preview {
+
+// The one place where text is measured, in twips. A font is sized in units of a twip, so that neither a
+// screen's nor a printer's resolution has a part in it.
+
+QFont Font_Of(const Text_Style& style);
+
+double Text_Width(const Text_Style& style, const QString& text);
+double Line_Height(const Text_Style& style);
+double Ascent(const Text_Style& style);     // from the line's top down to the baseline
+double Cap_Height(const Text_Style& style); // of a capital letter above the baseline
+double Descent(const Text_Style& style);    // of a "g" below the baseline
+
+// Text as it can stand on a line: what isn't printable is a blank.
+QString Printable(const QString& text);
+
+// The lines of a text that is broken at blanks to fit the width; its own line breaks stay, and a word that is
+// wider than the line is broken inside. No line is wider than the width, unless one character is.
+QStringList Wrapped(const Text_Style& style, const QString& text, double width);
+
+// The text, or as much of its beginning as fits with an ellipsis behind it.
+QString Elided(const Text_Style& style, const QString& text, double width);
+
+} // namespace preview

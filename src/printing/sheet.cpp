@@ -1,0 +1,66 @@
+#include "printing/sheet.h"
+
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace printing {
+
+constexpr int Side_Margin = 720; // twips
+constexpr int Head_Margin = 1080;
+
+void Set_Up_Sheet(preview::ViewPro& sheet, int cell_padding) {
+    sheet.PaperSize = preview::ViewPro::Paper_A4;
+    sheet.LineWidth = 10;
+    sheet.Set_PageMargins(Side_Margin, Side_Margin, Side_Margin, Head_Margin);
+    sheet.TextAlign = 0;
+    sheet.TableBorders = 0;
+    sheet.CellPadding = cell_padding;
+    sheet.RowPadding = 90;
+    sheet.LineSpacing = 100;
+}
+
+// The rows of all later tables keep the padding that is set here.
+void Draw_Running_Texts(preview::ViewPro& sheet, const QString& head, const QString& foot) {
+    sheet.RowPadding = 30;
+    sheet.FontSize = 16;
+    sheet.FontBold = true;
+    sheet.HeaderText(head);
+    sheet.FontSize = 9;
+    sheet.FontBold = false;
+    sheet.FooterText(foot);
+}
+
+void Draw_Centred(preview::ViewPro& sheet, int y, int width, int font_size, const QString& text) {
+    sheet.CurrentY = y;
+    sheet.TextWidth = width;
+    sheet.CurrentX = (sheet.PageWidth() - width) / 2 - Side_Margin;
+    sheet.FontSize = font_size;
+    sheet.FontBold = true;
+    sheet.TextAlign = 1;
+    sheet.TableBorders = 0;
+    sheet.Text(text);
+}
+
+void Draw_Rule(preview::ViewPro& sheet, int y) {
+    sheet.DrawLine(0, y, sheet.PageWidth() - 2 * Side_Margin, y);
+}
+
+QString Cell(QString text) {
+    constexpr QChar semicolon_in_looks(0x037E); // every font draws it as a semicolon
+    constexpr QChar broken_bar(0x00A6);
+    return text.replace(u';', semicolon_in_looks).replace(u'|', broken_bar);
+}
+
+QString Table_Row(const QStringList& texts) {
+    QStringList cells;
+    for (const QString& text : texts)
+        cells.append(Cell(text));
+    return cells.join(u'|') + u';';
+}
+
+QString Printed_Date(const QDate& day) {
+    return day.toString(u"dd/MM/yyyy"_s);
+}
+
+} // namespace printing

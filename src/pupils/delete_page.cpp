@@ -1,0 +1,276 @@
+#include "pupils/delete_page.h"
+
+#include "platform/basics/run_time_error.h"
+#include "platform/database/recordset.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+
+using basics::Run_Time_Error;
+using desktop::Answer;
+
+namespace {
+
+const QString All_Groups = u"ALL GROUPS"_s;
+const QString Default_Group = u"UNIVERSAL"_s; // in upper case
+
+using Statements = QStringList;
+
+// The pupil's own row goes first here, and last where a group is deleted.
+const Statements& Deletes_Of_A_Pupil() {
+    static const Statements deletes = {
+        u"DELETE FROM Mevo_Pupils"_s,      u"DELETE FROM mevo_pindo_data"_s,
+        u"DELETE FROM mevo_friends_data"_s, u"DELETE FROM mevo_letters_data"_s,
+        u"DELETE FROM mevo_tolvens_data"_s, u"DELETE FROM mevo_drell_data"_s,
+        u"DELETE FROM mevo_mirvel_data"_s,  u"DELETE FROM mevo_karrel_data"_s,
+        u"DELETE FROM mevo_yoon_data"_s,    u"DELETE FROM mevo_bln_data"_s,
+    };
+    return deletes;
+}
+
+const Statements& Deletes_Of_All_Data() {
+    static const Statements deletes = {
+        u"DELETE FROM mevo_tolvens_data"_s, u"DELETE FROM mevo_friends_data"_s,
+        u"DELETE FROM mevo_letters_data"_s, u"DELETE FROM mevo_pindo_data"_s,
+        u"DELETE FROM mevo_karrel_data"_s,  u"DELETE FROM mevo_drell_data"_s,
+        u"DELETE FROM mevo_mirvel_data"_s,  u"DELETE FROM mevo_yoon_data"_s,
+        u"DELETE FROM mevo_bln_data"_s,
+    };
+    return deletes;
+}
+
+const Statements& Deletes_Of_A_Groups_Data() {
+    static const Statements deletes = {
+        u"DELETE FROM mevo_tolvens_data WHERE "_s, u"DELETE FROM mevo_friends_data WHERE "_s,
+        u"DELETE FROM mevo_letters_data WHERE "_s, u"DELETE FROM mevo_bln_data WHERE "_s,
+        u"DELETE FROM mevo_drell_data WHERE "_s,   u"DELETE FROM mevo_mirvel_data WHERE "_s,
+        u"DELETE FROM mevo_karrel_data WHERE "_s,  u"DELETE FROM mevo_yoon_data WHERE "_s,
+        u"DELETE FROM mevo_pindo_data WHERE "_s,
+    };
+    return deletes;
+}
+
+QString With(QString statement, const QString& place_holder, const QString& value) {
+    return statement.replace(place_holder, value);
+}
+
+// The codes of a group's pupils, each between apostrophes, with commas between.
+QString Codes_In_Group(database::Recordset& members) {
+    QString list;
+    for (; !members.Eof(); members.MoveNext())
+        list += u'\'' + members.Fields(u"studentcode"_s).Value().Text_Or_Empty() + u"',"_s;
+    list.chop(1);
+    return list;
+}
+
+} // namespace
+
+// ---- opening
+
+void Form9::Load() {
+    Timer1->start(Deferred_Ms);
+    Fill_Group_Combos();
+    Load_Delete_List(0);
+}
+
+// Selecting the first item raises its click, which fills the list.
+void Form9::Fill_Group_Combos() {
+    Combo1->Clear();
+    records.groups.Group_Names[0] = All_Groups;
+    Combo1->AddItem(All_Groups);
+    Load_Groups(holder, installation, records.groups);
+    for (int i = 1; i <= records.groups.Group_Count; ++i)
+        Combo1->AddItem(records.groups.Group_Names[i]);
+    Combo1->Set_ListIndex(0);
+}
+
+void Form9::Load_Delete_List(int index) {
+    Timer1->stop();
+    const QString condition =
+        index == 0 ? QString() : u" WHERE Group_Class = '"_s + records.groups.Group_Names[index] + u'\'';
+    holder.ado_Open(installation.Connection_String,
+                    u"SELECT * FROM Mevo_Pupils"_s + condition + u" ORDER BY Surname,Forename"_s,
+                    u"Optimistic"_s);
+    qint16 count = 0;
+    holder.ado_RSCount(count);
+    for (int i = 1; i <= count; ++i) {
+        Take_Names(holder, i, {installation, pupils, records});
+        pupils.Pupil_DOB_List[i] = holder.Field(u"DOB"_s).Text_Or_Empty();
+        records.Pupil_Group[i] = holder.Field(u"Group_Class"_s).Text_Or_Empty();
+        holder.Rows().MoveNext();
+    }
+    counts.Number_Of_Students = count;
+    Listed_Count = count;
+    holder.ado_Close();
+
+    for (shell::HotLabel* button : {HotLabel3, HotLabel4, HotLabel2})
+        button->setEnabled(count > 0);
+    if (count == 0) Label1->setText(u""_s);
+    Label7->setText(QString::number(count));
+    if (index == 0) Label5->setText(QString::number(count)); // the total, until the first click
+}
+
+// Item i stands for place i of the lists: deletion relies on it.
+void Form9::List_Names() {
+    ListView1->Clear();
+    ListView1->Add_Columns(
+        {{u"Surname"_s, 170}, {u"Forename"_s, 170}, {u"Group/Class"_s, 180}, {u"User ID"_s, 150}});
+    QList<QStringList> rows;
+    for (int i = 1; i <= Listed_Count; ++i)
+        rows.append({records.Pupil_Surname[i], records.Pupil_Forename[i], records.Pupil_Group[i],
+                     pupils.Student_Code[i]});
+    ListView1->Add_Items(rows);
+}
+
+void Form9::Combo1_Click() {
+    Load_Delete_List(Combo1->ListIndex());
+    List_Names();
+    const bool empty_group = Combo1->ListIndex() != 0 && Listed_Count == 0;
+    HotLabel5->Set_Caption(empty_group ? u"Disband Group"_s : u"Delete all from Group"_s);
+}
+
+// ---- selecting
+
+void Form9::Selected_Count(int& count) {
+    count = ListView1->Selected_Count();
+}
+
+void Form9::ListView1_Click() {
+    int count = 0;
+    Selected_Count(count);
+    Label5->setText(QString::number(count));
+}
+
+void Form9::Select_All_Rows(bool flag) {
+    ListView1->Set_All_Selected(flag);
+    ListView1_Click();
+}
+
+void Form9::HotLabel3_Click() {
+    Select_All_Rows(true);
+}
+
+void Form9::HotLabel4_Click() {
+    Select_All_Rows(false);
+}
+
+// ---- individual deletion
+
+bool Form9::Confirmed(const QString& title, int individuals) {
+    const QString text =
+        individuals > 1 ? u"Are you sure you wish to delete these "_s + QString::number(individuals) +
+                              u" individuals? - (this is irreversible)"_s
+                        : u"Are you sure you wish to delete this individual? - (this is irreversible)"_s;
+    return platform.boxes.Ask(desktop::Box_Style::Yes_No_Question, title, text) == Answer::Yes;
+}
+
+void Form9::HotLabel2_Click() {
+    int count = 0;
+    Selected_Count(count);
+    if (count == 0) return;
+    if (!Confirmed(u"Deleting Records from Database - CAUTION!"_s, count)) return;
+    platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
+    {
+        // Carries no statement, but shows a database that is out of reach before anything is deleted.
+        const auto connection = Own_Connection(installation);
+        for (int i = 1; i <= ListView1->Count(); ++i) {
+            bool result = false;
+            if (ListView1->Is_Selected(i)) DeletePupil(pupils.Student_Code[i], result);
+        }
+    }
+    Load_Delete_List(Combo1->ListIndex());
+    List_Names();
+    platform.pointer.Set(desktop::Pointer_Shape::Default);
+}
+
+void Form9::DeletePupil(const QString& code, bool& result) {
+    result = false;
+    try {
+        const auto connection = Own_Connection(installation);
+        for (const QString& statement : Deletes_Of_A_Pupil())
+            connection->Execute(
+                With(statement + u" WHERE studentcode = '?studentcode'"_s, u"?studentcode"_s, code));
+        result = true;
+    } catch (const Run_Time_Error&) {
+        // The first failure ends it without a word; what is gone by then stays gone.
+    }
+}
+
+// ---- groups
+
+void Form9::Delete_Group_Action() {
+    const QString name = Combo1->currentText();
+    if (Listed_Count == 0) {
+        Disband_If_Wished(name);
+        return;
+    }
+    if (!Confirmed(u"Delete Pupils in Group"_s, Listed_Count)) return;
+    if (DeletePupilsInGroup(name) > 0) {
+        // The group's own row stays: a second click, on an empty group, disbands it.
+        Load_Delete_List(Combo1->ListIndex());
+        List_Names();
+    }
+}
+
+void Form9::Disband_If_Wished(const QString& name) {
+    if (name.toUpper() == Default_Group || name.toUpper() == All_Groups) return;
+    const Answer answer =
+        platform.boxes.Ask(desktop::Box_Style::Yes_No_Question, u"Empty Group"_s,
+                           u"The group chosen is empty. Do you wish to disband the group?"_s);
+    if (answer != Answer::Yes) return;
+    DeleteGroup(name);
+    Fill_Group_Combos();
+}
+
+void Form9::DeleteGroup(const QString& name) {
+    const auto connection = Own_Connection(installation);
+    connection->Execute(With(u"DELETE FROM Mevo_Groups WHERE Group_Name = '?group'"_s, u"?group"_s, name));
+}
+
+int Form9::DeletePupilsInGroup(const QString& name) {
+    try {
+        return Removed_In_Group(name);
+    } catch (const Run_Time_Error&) {
+        return 0; // told nobody: the list stays as it was
+    }
+}
+
+// The data rows go first here: without the pupils' rows nothing would tell whose they are.
+int Form9::Removed_In_Group(const QString& name) {
+    const bool everyone = name == All_Groups;
+    if (everyone)
+        Erase_All_Pupil_Data_Tables();
+    else
+        Delete_Multiple_Test_Tables(name);
+    const QString statement =
+        everyone ? u"DELETE FROM Mevo_Pupils"_s : u"DELETE FROM Mevo_Pupils WHERE Group_Class = '?group'"_s;
+    const auto connection = Own_Connection(installation);
+    return connection->Execute(With(statement, u"?group"_s, name));
+}
+
+void Form9::Erase_All_Pupil_Data_Tables() {
+    const auto connection = Own_Connection(installation);
+    for (const QString& statement : Deletes_Of_All_Data())
+        connection->Execute(statement);
+}
+
+void Form9::Delete_Multiple_Test_Tables(const QString& name) {
+    const auto connection = Own_Connection(installation);
+    database::Recordset members;
+    members.Set_ActiveConnection(connection.get());
+    members.Source = With(u"SELECT * from mevo_pupils where group_class = '?group'"_s, u"?group"_s, name);
+    members.Open();
+    const QString codes = Codes_In_Group(members);
+    for (const QString& statement : Deletes_Of_A_Groups_Data())
+        connection->Execute(With(statement + u"studentcode IN (?studentcode_list)"_s, u"?studentcode_list"_s,
+                                 codes));
+}
+
+// ---- elsewhere
+
+void Form9::HotLabel1_Click() {
+    navigator.Go_To(shell::Page_Id::Main_Menu);
+}
+
+} // namespace pupils

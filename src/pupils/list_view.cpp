@@ -1,0 +1,66 @@
+#include "pupils/list_view.h"
+
+#include <QHeaderView>
+
+namespace pupils {
+
+List_View::List_View(const QString& name, QWidget* parent) : QTreeWidget(parent) {
+    setObjectName(name);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setTabKeyNavigation(false);
+    header()->setSectionsMovable(false);
+}
+
+void List_View::Clear() {
+    clear();
+    setColumnCount(0);
+}
+
+void List_View::Add_Columns(const QList<List_Column>& columns) {
+    QStringList captions;
+    for (const List_Column& column : columns)
+        captions.append(column.caption);
+    setColumnCount(static_cast<int>(columns.size()));
+    setHeaderLabels(captions);
+    for (int i = 0; i < columns.size(); ++i)
+        setColumnWidth(i, columns[i].width);
+}
+
+void List_View::Add_Items(const QList<QStringList>& rows) {
+    QList<QTreeWidgetItem*> items;
+    items.reserve(rows.size());
+    for (const QStringList& row : rows)
+        items.append(new QTreeWidgetItem(row));
+    addTopLevelItems(items);
+}
+
+bool List_View::Is_Selected(int i) const {
+    return topLevelItem(i - 1)->isSelected();
+}
+
+void List_View::Set_All_Selected(bool selected) {
+    if (selected)
+        selectAll();
+    else
+        clearSelection();
+}
+
+int List_View::Selected_Count() const {
+    return static_cast<int>(selectionModel()->selectedRows().size());
+}
+
+void List_View::mouseReleaseEvent(QMouseEvent* event) {
+    QTreeWidget::mouseReleaseEvent(event);
+    Q_EMIT Click();
+}
+
+void List_View::keyReleaseEvent(QKeyEvent* event) {
+    QTreeWidget::keyReleaseEvent(event);
+    Q_EMIT Click();
+}
+
+} // namespace pupils

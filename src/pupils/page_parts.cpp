@@ -1,0 +1,61 @@
+#include "pupils/page_parts.h"
+
+#include "shell/conventions/theme.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+
+QGroupBox* Make_Panel(const QString& name, const QString& caption, const QRect& place, QWidget* parent) {
+    auto* panel = new QGroupBox(caption, parent);
+    panel->setObjectName(name);
+    panel->setGeometry(place);
+    return panel;
+}
+
+QLineEdit* Make_Entry(const QString& name, const QString& accessible_name, const QRect& place,
+                      QWidget* parent) {
+    auto* entry = new QLineEdit(parent);
+    entry->setObjectName(name);
+    entry->setAccessibleName(accessible_name);
+    entry->setGeometry(place);
+    return entry;
+}
+
+shell::Click_Combo* Make_Combo(const QString& name, const QString& accessible_name, const QRect& place,
+                               QWidget* parent) {
+    constexpr int most_lines = 20;
+    auto* combo = new shell::Click_Combo(name, parent);
+    combo->setAccessibleName(accessible_name);
+    combo->setGeometry(place);
+    combo->setMaxVisibleItems(most_lines);
+    return combo;
+}
+
+QLabel* Make_Number(const QString& name, const QRect& place, QWidget* parent) {
+    QLabel* number = shell::Make_Label(name, u""_s, shell::Text_Role::Heading, parent);
+    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    number->setGeometry(place);
+    return number;
+}
+
+QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent) {
+    QLabel* label = shell::Make_Label(name, u""_s, shell::Text_Role::Help, parent);
+    label->setWordWrap(true);
+    label->setAccessibleName(u"Help"_s);
+    label->setGeometry(place);
+    return label;
+}
+
+shell::Help_Line* Help_In(QLabel* label, QObject* owner) {
+    return new shell::Help_Line(owner, [label](const QString& text) {
+        QString lines = text;
+        label->setText(lines.replace(u'\r', u'\n')); // a label breaks its lines at line feeds only
+    });
+}
+
+void Select_First(shell::Click_Combo* combo) {
+    if (combo->count() > 0) combo->Set_ListIndex(0);
+}
+
+} // namespace pupils

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "shell/conventions/click_combo.h"
+#include "shell/conventions/help_line.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace pupils {
+
+// The parts that these pages are laid out of.
+
+QGroupBox* Make_Panel(const QString& name, const QString& caption, const QRect& place, QWidget* parent);
+QLineEdit* Make_Entry(const QString& name, const QString& accessible_name, const QRect& place,
+                      QWidget* parent);
+shell::Click_Combo* Make_Combo(const QString& name, const QString& accessible_name, const QRect& place,
+                               QWidget* parent);
+QLabel* Make_Number(const QString& name, const QRect& place, QWidget* parent); // a count, at the right
+QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent);
+
+// The help line that speaks through the label.
+shell::Help_Line* Help_In(QLabel* label, QObject* owner);
+
+// Selects the first item; a list without items is left alone.
+void Select_First(shell::Click_Combo* combo);
+
+} // namespace pupils

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "foundation/access_holder.h"
+#include "foundation/installation.h"
+#include "platform/basics/value.h"
+#include "platform/database/connection.h"
+#include "pupils/groups.h"
+#include "scoring/pupil_lists.h"
+
+#include <memory>
+
+namespace pupils {
+
+using scoring::Of_Each_Pupil;
+
+// What these pages list of a pupil beside the lists that every page shares, by the same place p, from 1. They
+// hold until a page loads its list again, and each page fills what it needs.
+struct Pupil_Records {
+    Of_Each_Pupil<QString> Pupil_Surname;
+    Of_Each_Pupil<QString> Pupil_Forename;
+    Of_Each_Pupil<QString> Pupil_Sex; // "M" or "F"
+    Of_Each_Pupil<QString> Pupil_Group;
+    Of_Each_Pupil<QString> Pupil_Password;
+    Of_Each_Pupil<qint16> Pupil_Show_Name; // 1: appears on the Login List
+    Of_Each_Pupil<qint16> Pupil_Dob_As_Pw; // 1: the date of birth is the password
+    Group_Lists groups;
+};
+
+// What the pages work on; each lives longer than the page.
+struct Record_Data {
+    foundation::Installation& installation;
+    scoring::Pupil_Lists& pupils;
+    Pupil_Records& records;
+};
+
+// Code, surname and forename of the row at hand.
+void Take_Names(foundation::Access_Holder& holder, int p, Record_Data data);
+
+// The pupil's entry in a box to choose from: "Grey Anna (GREANN204XYZ)".
+QString Pupil_Entry(int p, const Record_Data& data);
+
+// A setting that was never written counts as not set: an import leaves out a new group's password setting.
+qint16 Number_Or_Zero(const basics::Value& value);
+
+QString Row_Of_Pupil(const QString& code);
+
+// A connection of the procedure's own, open, and released with it.
+std::unique_ptr<database::Connection> Own_Connection(const foundation::Installation& installation);
+
+} // namespace pupils

@@ -1,0 +1,201 @@
+#include "reports/reports_page_fixture.h"
+
+using namespace Qt::StringLiterals;
+using namespace test_support;
+
+namespace {
+
+// The detail tables as the teacher meets them: by the test's button.
+class Raw_Tables : public Reports_Page {
+protected:
+    Raw_Tables() { code = Code_Where(All_Normed + u" AND Pindo = 1"_s); }
+
+    void Set(const QString& table, const QString& assignments) {
+        sample.Run(u"UPDATE "_s + table + u" SET "_s + assignments + u" WHERE StudentCode = '"_s + code +
+                   u'\'');
+    }
+    void Set_Age(int months) {
+        for (const QString& column :
+             {u"Tolvens_age"_s, u"BliksFriends_age"_s, u"Karrel_age"_s, u"BliksLetters_age"_s,
+              u"BliksLetterNames_age"_s, u"Drell_age"_s, u"Mirvel_age"_s, u"Yoon_age"_s})
+            Set(u"Mevo_Pupils"_s, column + u" = "_s + QString::number(months));
+    }
+    void Show(int t) {
+        if (!page) Open();
+        Choose(code);
+        Click(*page, u"BtnEnh1%1"_s.arg(t));
+    }
+    QString At(int column, int row, const QString& grid = u"fpSpread2"_s) {
+        return Control<grid::fpSpread>(*page, grid).Text(column, row);
+    }
+    int Rows(const QString& grid = u"fpSpread2"_s) { return Control<grid::fpSpread>(*page, grid).rowCount(); }
+
+    QString code;
+};
+
+const QString Wide = u"fpSpread2plus"_s;
+
+} // namespace
+
+TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
+    struct Case {
+        int t, younger, older, label_column;
+        QString grid;
+    };
+    const Case cases[] = {{1, 10, 13, 3, u"fpSpread2"_s},
+                          {2, 15, 15, 3, u"fpSpread2"_s},
+                          {4, 10, 12, 3, u"fpSpread2"_s},
+                          {5, 8, 12, 4, u"fpSpread2"_s},
+                          {6, 7, 9, 3, u"fpSpread2"_s},
+                          {7, 8, 12, 5, Wide},
+                          {8, 15, 25, 6, Wide}};
+    for (const int months : {83, 84}) {
+        Set_Age(months);
+        page.reset();
+        for (const Case& tried : cases) {
+            SCOPED_TRACE(testing::Message() << "test " << tried.t << " at " << months);
+            Show(tried.t);
+            const int items = months < 84 ? tried.younger : tried.older;
+            EXPECT_EQ(At(1, items + 1, tried.grid), QString::number(items));
+            EXPECT_EQ(At(1, items + 2, tried.grid), u" "_s);
+            EXPECT_EQ(At(tried.label_column, items + 3, tried.grid), u"Child's total"_s);
+            EXPECT_EQ(At(tried.label_column, items + 6, tried.grid), u"Popul'n SD"_s);
+            EXPECT_TRUE(At(2, items + 5, tried.grid).startsWith(u"Paused:"_s));
+            EXPECT_TRUE(Shown(*page, tried.grid));
+            EXPECT_FALSE(Shown(*page, u"Picture2"_s));
+        }
+    }
+}
+
+TEST_F(Raw_Tables, AnEndedTestShowsWhatWasNotReached) {
+    Set_Age(90);
+    Set(u"Mevo_Tolvens_data"_s,
+        u"Level_11_holes_req = '3,1,2', Level_11_holes_chosen = '1,3,2', Level_11_time = 2369, "
+        "Level_12_holes_req = '5,6', Level_12_holes_chosen = '-2', Level_12_time = 0, "
+        "Level_52_holes_req = '-1', Level_52_holes_chosen = '-2', Level_52_time = 0"_s);
+    Show(1);
+    EXPECT_EQ(At(3, 1), u"Holes chosen"_s);
+    EXPECT_EQ(At(2, 2), u"3,1,2"_s);
+    EXPECT_EQ(At(4, 2), u"0"_s); // without time bars no time has been read
+    EXPECT_EQ(At(5, 2), u"1"_s);
+    EXPECT_EQ(At(6, 2), u"2"_s);
+    EXPECT_EQ(At(2, 3), u"5,6"_s);
+    EXPECT_EQ(At(3, 3), u""_s);
+    EXPECT_EQ(At(5, 3), u" "_s);
+    EXPECT_EQ(At(2, 14), u"Not attempted"_s);
+    EXPECT_EQ(At(6, 14), u" "_s);
+
+    page->HotLabel2_Click();
+    Click(*page, u"BtnEnh11"_s);
+    EXPECT_EQ(At(4, 2), u"2.369"_s);
+}
+
+TEST_F(Raw_Tables, ATableShownTwiceTotalsTheSame) {
+    Show(1);
+    const int total = 3 + (scores.pupils.Test_Age[1][state.Current_Pupil] < 84 ? 10 : 13);
+    const QString errors = At(6, total);
+    EXPECT_FALSE(errors.trimmed().isEmpty());
+    Click(*page, u"BtnEnh11"_s);
+    EXPECT_EQ(At(6, total), errors);
+}
+
+TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
+    Set_Age(84);
+    QStringList times;
+    for (int i = 1; i <= 25; ++i)
+        times.append(u"Level_1%1_time = %2"_s.arg(i).arg(i <= 20 ? 1005 : 1000000));
+    Set(u"Mevo_Karrel_data"_s, times.join(u", "_s));
+    Set(u"Mevo_Karrel_data"_s, u"Level_11_req = 'Red', Level_11_colourchosen = 'Cyan'"_s);
+    Show(3);
+    EXPECT_EQ(Rows(), 27);
+    EXPECT_EQ(At(2, 2), u"Checkers"_s);
+    EXPECT_EQ(At(3, 2), u"Triangles"_s);
+    EXPECT_EQ(At(4, 2), u"1.01"_s);
+    EXPECT_EQ(At(5, 2), u"0"_s);
+    EXPECT_EQ(At(1, 21), u"20"_s);
+    EXPECT_EQ(At(3, 23), u"Child's total"_s);
+    const QString right = At(5, 23);
+    EXPECT_EQ(right, scores.scores.Raw_Score[3].As_Text());
+    EXPECT_EQ(At(2, 25), u" "_s); // it counts neither pauses nor repeats
+
+    // The time pass leaves the total at nought, and the score alone.
+    page->HotLabel2_Click();
+    Click(*page, u"BtnEnh13"_s);
+    EXPECT_EQ(At(5, 23), u"0"_s);
+    EXPECT_EQ(At(4, 23), u"20.10"_s);
+    EXPECT_EQ(scores.scores.Raw_Score[3].As_Text(), right);
+}
+
+TEST_F(Raw_Tables, TheTargetsPlaceIsNamed) {
+    Set(u"Mevo_Yoon_data"_s,
+        u"Choices_1 = 'cup,cap', Shown_1 = 'cup', Choices_2 = 'cup,cap', Shown_2 = 'cap', "
+        "Choices_3 = 'cup,cap', Shown_3 = NULL"_s);
+    Show(8);
+    EXPECT_EQ(At(3, 2, Wide), u"Left"_s);
+    EXPECT_EQ(At(3, 3, Wide), u"Right"_s);
+    EXPECT_EQ(At(3, 4, Wide).trimmed(), u""_s);
+    EXPECT_EQ(Caption(*page, u"Label7"_s), u"Detailed data for the Ostrel test"_s);
+}
+
+TEST_F(Raw_Tables, SomeTablesSetTheRowsAndOthersLeaveThem) {
+    Set_Age(90);
+    Show(1);
+    EXPECT_EQ(Rows(), 20);
+    Show(2);
+    EXPECT_EQ(Rows(), 22);
+    Show(6);
+    EXPECT_EQ(Rows(), 22);
+    Show(9);
+    EXPECT_EQ(Rows(), 28);
+    Show(7);
+    EXPECT_EQ(Rows(Wide), 18);
+    Set_Age(70);
+    page.reset();
+    Show(7);
+    EXPECT_EQ(Rows(Wide), 14);
+    EXPECT_EQ(Rows(), 32); // of the other grid, as designed
+}
+
+TEST_F(Raw_Tables, PindoShowsEveryTryAndTheVerdict) {
+    QStringList tries;
+    for (int i = 1; i <= 24; ++i)
+        tries.append(u"Level_1%1_requested = 'LBLU', Level_1%1_chosen = '%2', Level_1%1_time = %3"_s.arg(i)
+                         .arg(i == 1 ? u"GREN"_s : u"LBLU"_s)
+                         .arg(i <= 8 ? u"1500"_s : u"NULL"_s));
+    Set(u"Mevo_Pindo_data"_s, tries.join(u", "_s));
+    Set(u"Mevo_Pupils"_s, u"Pindo_age = 87"_s);
+    Show(9);
+    EXPECT_EQ(At(1, 2), u"Hat 1st"_s);
+    EXPECT_EQ(At(1, 25), u"Right leg 4th"_s);
+    EXPECT_EQ(At(3, 2), u"Green"_s);
+    EXPECT_EQ(At(5, 2), u"No"_s);
+    EXPECT_EQ(At(5, 3), u"Yes"_s);
+    EXPECT_EQ(At(4, 10), u" "_s);
+    EXPECT_EQ(At(4, 26), u"12.00"_s);
+    EXPECT_EQ(At(4, 27), u"8"_s);
+    EXPECT_EQ(At(2, 27), u"Unsatisfactory"_s);
+    EXPECT_EQ(Caption(*page, u"Label16"_s), u"Pindo test unsatisfactory (Number of errors: 2)."_s);
+    EXPECT_EQ(Caption(*page, u"Label17"_s), u"7:03"_s);
+    Choose(code);
+    EXPECT_EQ(Caption(*page, u"Label16"_s), u""_s);
+}
+
+TEST_F(Raw_Tables, WithoutAMeansRowTheCellsStayBlank) {
+    sample.Run(u"DELETE FROM Mevo_Means"_s);
+    Set_Age(90);
+    Show(6);
+    EXPECT_EQ(At(3, 14), u"Popul'n mean"_s);
+    EXPECT_EQ(At(4, 14), u" "_s);
+    EXPECT_EQ(At(5, 14), u" "_s);
+}
+
+TEST_F(Raw_Tables, OneTableStandsAtATime) {
+    Show(7);
+    Click(*page, u"BtnEnh11"_s);
+    EXPECT_FALSE(Shown(*page, Wide));
+    EXPECT_TRUE(Shown(*page, u"fpSpread2"_s));
+    EXPECT_TRUE(Shown(*page, u"Shape10(0)"_s));
+    Q_EMIT Control<grid::fpSpread>(*page, u"fpSpread2"_s).cellDoubleClicked(2, 2);
+    EXPECT_FALSE(Shown(*page, u"fpSpread2"_s));
+    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
+}
