@@ -37,12 +37,15 @@ QList<QStringList> Table_Rows(const QString& table_text) {
     return cells;
 }
 
+int Widest_Line(const Cell_Room& room) {
+    return std::max(0, room.width - 2 * std::min(room.padding, Clear_Of_Border));
+}
+
 QStringList Cell_Lines(const Text_Style& style, const QString& text, const Cell_Room& room) {
-    const QString line = Printable(text);
-    const int least_padding = std::min(room.padding, Clear_Of_Border);
-    if (Text_Width(style, line.trimmed()) <= room.width - 2 * least_padding) return {line.trimmed()};
+    const QString line = Printable(text).trimmed();
+    if (Fits_On_One_Line(style, line, Widest_Line(room))) return {line};
     const double width = std::max(0, room.width - 2 * room.padding);
-    return Wrapped(style, Words_Cut_To_Fit(style, line.trimmed(), width).join(u' '), width);
+    return Wrapped(style, Words_Cut_To_Fit(style, line, width).join(u' '), width);
 }
 
 } // namespace preview

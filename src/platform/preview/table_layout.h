@@ -20,9 +20,12 @@ struct Cell_Room {
     int padding = 0; // kept clear at the left and the right
 };
 
-// The lines that a cell's text takes. A text that fits between the borders, though not between the paddings,
-// stays on one line: a number or a name reads better whole. Otherwise it is broken at blanks, and a word that
-// is too wide by itself is cut short, so that nothing runs over the neighbour.
+// What a line may take at most. A text that fits in it, though not between the paddings, stays on one line: a
+// number or a name reads better whole.
+int Widest_Line(const Cell_Room& room);
+
+// The lines that a cell's text takes. It is broken at blanks, and a word that is too wide by itself is cut
+// short, so that nothing runs over the neighbour.
 QStringList Cell_Lines(const Text_Style& style, const QString& text, const Cell_Room& room);
 
 } // namespace preview

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int Twips_Per_Point = 20;
 constexpr int Largest_Font = 1000;
+constexpr double Tightest_Setting = 0.95;
 
 QFontMetricsF Metrics_Of(const Text_Style& style) {
     return QFontMetricsF(Font_Of(style));
@@ -131,6 +132,15 @@ double Cap_Height(const Text_Style& style) {
 
 double Descent(const Text_Style& style) {
     return Metrics_Of(style).descent();
+}
+
+double Squeeze_To_Fit(const Text_Style& style, const QString& text, double width) {
+    const double natural = Text_Width(style, text);
+    return natural > width && width > 0 ? width / natural : 1.0;
+}
+
+bool Fits_On_One_Line(const Text_Style& style, const QString& text, double width) {
+    return Text_Width(style, text) * Tightest_Setting <= width;
 }
 
 QString Printable(const QString& text) {

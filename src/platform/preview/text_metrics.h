@@ -18,6 +18,12 @@ double Ascent(const Text_Style& style);     // from the line's top down to the b
 double Cap_Height(const Text_Style& style); // of a capital letter above the baseline
 double Descent(const Text_Style& style);    // of a "g" below the baseline
 
+// How much narrower than its natural width a line must be set to fit; 1 if it fits as it is.
+double Squeeze_To_Fit(const Text_Style& style, const QString& text, double width);
+// Whether a text may stand on one line of that width. A line that is only a little too wide is set narrower
+// rather than broken: its second line would land on what stands below.
+bool Fits_On_One_Line(const Text_Style& style, const QString& text, double width);
+
 // Text as it can stand on a line: what isn't printable is a blank.
 QString Printable(const QString& text);
 

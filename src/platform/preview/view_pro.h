@@ -2,6 +2,7 @@
 
 #include "platform/desktop/printers.h"
 #include "platform/preview/drawing.h"
+#include "platform/preview/running_text.h"
 
 #include <QColor>
 #include <QString>
@@ -26,13 +27,13 @@ public:
     int CurrentY = 0;
     int TextWidth = 0; // of Text and Paragraph when set; of the text measured after MeasureText
     int TextAlign = 0; // 0 left, 1 centre
-    int TextAngle = 0; // 0 or 900
+    int TextAngle = 0; // of DrawText: 0, or 900 to read upwards
     int FontSize = 10;
     bool FontBold = false;
     QColor ForeColor = Qt::black;
     QColor FillColor = Qt::black;
-    QColor ObjectBKColor = Qt::white;
-    int FillStyle = 0; // 1 fills rectangles, 0 outlines them
+    QColor ObjectBKColor = Qt::white; // behind outlined rectangles and the cells of bordered tables
+    int FillStyle = 0; // of DrawRectangle2: 1 fills with FillColor, 0 outlines with ForeColor
     int ObjectAlign = 0;
     int TableBorders = 0;
     int CellPadding = 90;
@@ -42,6 +43,8 @@ public:
     // Called before and after each cell of a hooked table, with the row from 1.
     std::function<void(int row)> Before_Cell;
     std::function<void(int row)> After_Cell;
+    // Told by ShowOutput; the preview window sets it.
+    std::function<void()> On_Show;
 
     void Set_PageMargins(int left, int right, int bottom, int top);
     int PageWidth() const;
@@ -50,6 +53,7 @@ public:
 
     void BeginOutput(); // the outermost one starts the document anew
     void EndOutput();
+    void ShowOutput(); // lets the page just built appear in the preview window
     void NewPage();
     void HeaderText(const QString& text); // running texts: "left|centre|right"
     void FooterText(const QString& text);
@@ -67,6 +71,43 @@ public:
     const Drawing& Page(int number) const; // from 1
     // All pages, first to last, for a printer or a PDF.
     desktop::Printed_Document Document(const QString& name, int first, int last) const;
+
+private:
+    struct Margins {
+        int left = 0;
+        int right = 0;
+        int bottom = 0;
+        int top = 0;
+    };
+    struct Printed_Cell {
+        QStringList lines;
+        Text_Style style;
+        QColor colour;
+        QColor ground;
+    };
+
+    Text_Style Style() const;
+    int Line_Room() const;
+    int Line_Step() const;
+    Pen Current_Pen() const;
+    Drawing& Sheet();
+    void Begin_Sheet();
+    void Finish_Sheet();
+    void Put_Line(int x, int y, int width, const QString& text);
+    void Print_Lines(const QStringList& lines);
+    void Print_Table(const QString& text, bool hooked);
+    std::vector<Printed_Cell> Table_Cells(const QStringList& texts, const QList<int>& widths, int row,
+                                          bool hooked);
+    int Row_Height(const std::vector<Printed_Cell>& cells) const;
+    void Put_Row(const std::vector<Printed_Cell>& cells, const QList<int>& widths, int top, int height);
+    void Put_Cell_Text(const Printed_Cell& cell, int left, int top, int width);
+    void Put_Borders(const QList<int>& widths, const QList<int>& edges);
+
+    Margins margins;
+    Running_Text header;
+    Running_Text footer;
+    int open_batches = 0;
+    std::vector<Drawing> sheets;
 };
 
 } // namespace preview

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "foundation/installation.h"
+#include "platform/desktop/ports.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace pupils {
+
+// The places of a new pupil's fields, as an import file has them; a seventh may follow, which nothing reads.
+enum New_Pupil_Field { Surname, Forename, Sex, Date_Of_Birth, Group, Password, New_Pupil_Fields };
+
+// Overwrites in place each character that occurs in from_chars, and gives the text back.
+QString& Replace_Chars(QString& text, const QString& from_chars, QChar to_char);
+
+// The first " - " becomes "-"; a second one stays.
+QString Normalise_Hyphen(const QString& surname);
+
+// The statement that makes the pupil's own row. Field 4, the group, must not be blank any more.
+QString New_Pupil_Statement(const QStringList& fields, const QString& student_code);
+
+// Makes pupils, for every page that does.
+class Pupil_Maker {
+public:
+    Pupil_Maker(desktop::Platform& platform, const foundation::Installation& installation)
+        : platform(platform), installation(installation) {}
+
+    // Sets New_StudentCode. Nothing asks whether the code is taken: the table's key alone can refuse it.
+    void Generate_StudentCode(const QString& surname, const QString& forename);
+
+    // Stores a pupil under a new code: his row, a row in each data table, and his group if there is none of
+    // that name. A blank group becomes "Universal" in the list handed in. Every statement stands alone; the
+    // first that fails ends the work in silence, what ran before it stays, and the result is false.
+    bool Insert_New_Pupil(QStringList& fields);
+
+    QString New_StudentCode;
+
+private:
+    QString Random_Letter();
+    QString Random_Letters(int count);
+    QString Random_Digits(int count);
+    QString Name_Group(const QString& name);
+    void Run_All_Statements(QStringList& fields);
+
+    desktop::Platform& platform;
+    const foundation::Installation& installation;
+};
+
+} // namespace pupils
