@@ -31,14 +31,14 @@ struct Shade {
 
 // The bands that aren't white, in the order of painting.
 constexpr Shade Centile_Shades[] = {
-    {0, 0, 1 / 20.0},   {0, 19 / 20.0, 1 / 20.0},  {128, 1 / 20.0, 3 / 20.0},
+    {0, 0, 1 / 20.0},         {0, 19 / 20.0, 1 / 20.0}, {128, 1 / 20.0, 3 / 20.0},
     {128, 4 / 5.0, 3 / 20.0}, {192, 1 / 5.0, 3 / 20.0}, {192, 13 / 20.0, 3 / 20.0},
 };
 
 // The second black one lies just under the first and not at the foot: the next shade hides it, and the band
 // below -2.0 stays white.
 constexpr Shade ZScore_Shades[] = {
-    {0, 0, 0.106},         {0, 1 - 0.894, 0.106}, {128, 0.106, 0.197},
+    {0, 0, 0.106},       {0, 1 - 0.894, 0.106}, {128, 0.106, 0.197},
     {128, 0.697, 0.197}, {192, 0.303, 0.197},   {192, 0.5, 0.197},
 };
 
@@ -343,7 +343,8 @@ void Paper_Charts::DrawZScoreChart(const Chart_Layout& layout, const Profile& pr
                        Twips(place.top + figure.middle * place.height - line / 2.0), figure.name.toString());
     const int middle = Twips(place.top + place.height / 2.0);
     const auto bar = [&](int x, double z, Bar_Colour colour) {
-        DrawBar(sheet, x, middle, layout.bar_width, -ZScore_Height(z, layout.zscore_scale), colour, {}, boxes);
+        DrawBar(sheet, x, middle, layout.bar_width, -ZScore_Height(z, layout.zscore_scale), colour, {},
+                boxes);
     };
     for (int t = 1; t <= scoring::Normed_Tests; ++t) {
         const auto slot = static_cast<std::size_t>(t);

@@ -7,7 +7,8 @@ namespace printing {
 // The line that names the product, its version and its maker. The long one stands on the report pages and on
 // the tables of the Reports page, the short one on all other printed grids.
 inline QString Long_Product_Line() {
-    return QStringLiteral("Mevo for Networks, version 5.11 [8 Dec 2011]. Quend Mevo is made by Quend Research.");
+    return QStringLiteral(
+        "Mevo for Networks, version 5.11 [8 Dec 2011]. Quend Mevo is made by Quend Research.");
 }
 
 inline QString Short_Product_Line() {

@@ -63,9 +63,8 @@ Date_Lists::Date_Lists(QWidget* page, QWidget* parent, desktop::Platform& platfo
       platform(platform) {
     Text2->setObjectName(u"Text2"_s);
     Text2->hide();
-    const std::pair<shell::Click_Combo*, QString> lists[] = {{Combo2, u"Day of birth"_s},
-                                                             {Combo3, u"Month of birth"_s},
-                                                             {Combo4, u"Year of birth"_s}};
+    const std::pair<shell::Click_Combo*, QString> lists[] = {
+        {Combo2, u"Day of birth"_s}, {Combo3, u"Month of birth"_s}, {Combo4, u"Year of birth"_s}};
     for (const auto& [list, accessible_name] : lists) {
         list->setAccessibleName(accessible_name);
         list->setMaxVisibleItems(16);

@@ -46,7 +46,8 @@ void Form9::Lay_Out() {
 }
 
 void Form9::Lay_Out_Individual_Deletion() {
-    QGroupBox* frame4 = Make_Panel(u"Frame4"_s, u"Individual deletion"_s, {Right, 92, Right_Width, 184}, Frame1);
+    QGroupBox* frame4 =
+        Make_Panel(u"Frame4"_s, u"Individual deletion"_s, {Right, 92, Right_Width, 184}, Frame1);
     HotLabel3 = Make_HotLabel(
         u"HotLabel3"_s, u"Select all"_s, {16, 34, 142, 38}, [this] { HotLabel3_Click(); },
         shell::HotLabel::Look::Command, frame4);
@@ -76,7 +77,8 @@ void Form9::Tell_Helps() {
     auto* help = Help_In(Label1, this);
     shell::On(ListView1, &List_View::Click, this, platform, [this] { ListView1_Click(); });
     help->Tell(HotLabel1, u"Return to Main Menu"_s);
-    help->Tell(HotLabel2, u"Select 'Delete individuals' to remove them from the database. Use with caution!"_s);
+    help->Tell(HotLabel2,
+               u"Select 'Delete individuals' to remove them from the database. Use with caution!"_s);
     help->Tell(HotLabel3, u"Select 'All' to highlight all individuals for deletion"_s);
     help->Tell(HotLabel4, u"Select 'Clear' to remove everyone from the deletion list"_s);
     const QString how_to_choose =

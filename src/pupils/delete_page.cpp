@@ -20,7 +20,7 @@ using Statements = QStringList;
 // The pupil's own row goes first here, and last where a group is deleted.
 const Statements& Deletes_Of_A_Pupil() {
     static const Statements deletes = {
-        u"DELETE FROM Mevo_Pupils"_s,      u"DELETE FROM mevo_pindo_data"_s,
+        u"DELETE FROM Mevo_Pupils"_s,       u"DELETE FROM mevo_pindo_data"_s,
         u"DELETE FROM mevo_friends_data"_s, u"DELETE FROM mevo_letters_data"_s,
         u"DELETE FROM mevo_tolvens_data"_s, u"DELETE FROM mevo_drell_data"_s,
         u"DELETE FROM mevo_mirvel_data"_s,  u"DELETE FROM mevo_karrel_data"_s,
@@ -158,10 +158,10 @@ void Form9::HotLabel4_Click() {
 // ---- individual deletion
 
 bool Form9::Confirmed(const QString& title, int individuals) {
-    const QString text =
-        individuals > 1 ? u"Are you sure you wish to delete these "_s + QString::number(individuals) +
-                              u" individuals? - (this is irreversible)"_s
-                        : u"Are you sure you wish to delete this individual? - (this is irreversible)"_s;
+    const QString text = individuals > 1
+                             ? u"Are you sure you wish to delete these "_s + QString::number(individuals) +
+                                   u" individuals? - (this is irreversible)"_s
+                             : u"Are you sure you wish to delete this individual? - (this is irreversible)"_s;
     return platform.boxes.Ask(desktop::Box_Style::Yes_No_Question, title, text) == Answer::Yes;
 }
 
@@ -263,8 +263,8 @@ void Form9::Delete_Multiple_Test_Tables(const QString& name) {
     members.Open();
     const QString codes = Codes_In_Group(members);
     for (const QString& statement : Deletes_Of_A_Groups_Data())
-        connection->Execute(With(statement + u"studentcode IN (?studentcode_list)"_s, u"?studentcode_list"_s,
-                                 codes));
+        connection->Execute(
+            With(statement + u"studentcode IN (?studentcode_list)"_s, u"?studentcode_list"_s, codes));
 }
 
 // ---- elsewhere

@@ -20,8 +20,8 @@ constexpr int Alphabet = 26;
 const QString Default_Group = u"Universal"_s;
 const QString Groups_Table = u"mevo_groups"_s;
 
-// No engine takes a statement this long, and place holders spelt within fields must not make one that fills
-// the memory.
+// The longest statement that the suite's first engine took. Place holders spelt within fields could make one
+// that fills the memory.
 constexpr qsizetype Longest_Statement = 64'000;
 constexpr int Out_Of_String_Space = 14;
 
@@ -37,7 +37,9 @@ const QString Pupil_Template =
     "             show_name, "
     "             dob_as_pw, "
     "             Tolvens,BliksFriends,Karrel,BliksLetters,BliksLetterNames,Drell,Mirvel,Yoon, Pindo, "
-    "             Tolvens_age,BliksFriends_age,Karrel_age,BliksLetters_age,BliksLetterNames_age,Drell_age,Mirvel_age,Yoon_age, Pindo_age) "
+    "             "
+    "Tolvens_age,BliksFriends_age,Karrel_age,BliksLetters_age,BliksLetterNames_age,Drell_age,Mirvel_age,Yoon_"
+    "age, Pindo_age) "
     "VALUES      ('?studentcode', "
     "             '?surname', "
     "             '?forename', "
@@ -89,7 +91,8 @@ QString Quotes_Doubled(QString text) {
 void Make_Group_If_Missing(database::Connection& connection, const QString& group) {
     const QList<Substitution> name{{u"?group_name"_s, group}};
     const int found = connection.Execute(With_Values(
-        u"UPDATE "_s + Groups_Table + u" SET group_name = group_name WHERE group_name = '?group_name'"_s, name));
+        u"UPDATE "_s + Groups_Table + u" SET group_name = group_name WHERE group_name = '?group_name'"_s,
+        name));
     if (found > 0) return;
     connection.Execute(With_Values(u"INSERT INTO "_s + Groups_Table +
                                        u"            (group_name,  "
@@ -117,15 +120,14 @@ QString Normalise_Hyphen(const QString& surname) {
 QString New_Pupil_Statement(const QStringList& fields, const QString& student_code) {
     // The order decides what happens to a name that holds a place holder. The password alone goes in with its
     // apostrophes as they are, and fails on a single one.
-    return With_Values(Pupil_Template,
-                       {{u"?dob_as_password"_s, fields[Password].isEmpty() ? u"1"_s : u"0"_s},
-                        {u"?studentcode"_s, student_code},
-                        {u"?surname"_s, Normalise_Hyphen(Quotes_Doubled(fields[Surname]))},
-                        {u"?forename"_s, Quotes_Doubled(fields[Forename])},
-                        {u"?sex"_s, fields[Sex]},
-                        {u"?date_of_birth"_s, fields[Date_Of_Birth]},
-                        {u"?group_class"_s, Quotes_Doubled(fields[Group])},
-                        {u"?password"_s, fields[Password]}});
+    return With_Values(Pupil_Template, {{u"?dob_as_password"_s, fields[Password].isEmpty() ? u"1"_s : u"0"_s},
+                                        {u"?studentcode"_s, student_code},
+                                        {u"?surname"_s, Normalise_Hyphen(Quotes_Doubled(fields[Surname]))},
+                                        {u"?forename"_s, Quotes_Doubled(fields[Forename])},
+                                        {u"?sex"_s, fields[Sex]},
+                                        {u"?date_of_birth"_s, fields[Date_Of_Birth]},
+                                        {u"?group_class"_s, Quotes_Doubled(fields[Group])},
+                                        {u"?password"_s, fields[Password]}});
 }
 
 // ---- the code

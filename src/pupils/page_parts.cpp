@@ -32,6 +32,21 @@ shell::Click_Combo* Make_Combo(const QString& name, const QString& accessible_na
     return combo;
 }
 
+static QRadioButton* Make_Option(const QString& name, const QString& caption, const QString& question,
+                                 const QPoint& corner, QWidget* parent) {
+    auto* option = new QRadioButton(caption, parent);
+    option->setObjectName(name);
+    option->setAccessibleDescription(question);
+    option->setGeometry(QRect(corner, QSize(64, 28)));
+    return option;
+}
+
+Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QString& question,
+                   const QPoint& corner, QWidget* parent) {
+    return {Make_Option(yes_name, u"Yes"_s, question, corner, parent),
+            Make_Option(no_name, u"No"_s, question, corner + QPoint(76, 0), parent)};
+}
+
 QLabel* Make_Number(const QString& name, const QRect& place, QWidget* parent) {
     QLabel* number = shell::Make_Label(name, u""_s, shell::Text_Role::Heading, parent);
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -6,10 +6,24 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 
 namespace pupils {
 
 // The parts that these pages are laid out of.
+
+// Two option buttons of which one holds.
+struct Yes_No {
+    QRadioButton* yes = nullptr;
+    QRadioButton* no = nullptr;
+
+    bool Is_Yes() const { return yes->isChecked(); }
+    void Set(bool value) const { (value ? yes : no)->setChecked(true); }
+};
+
+// The two stand side by side from the corner on. They alone may be option buttons of their parent's.
+Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QString& question,
+                   const QPoint& corner, QWidget* parent);
 
 QGroupBox* Make_Panel(const QString& name, const QString& caption, const QRect& place, QWidget* parent);
 QLineEdit* Make_Entry(const QString& name, const QString& accessible_name, const QRect& place,

@@ -46,6 +46,8 @@ private:
         switch (static_cast<int>(style) & 0x70) {
         case 16:
             return QMessageBox::Critical;
+        case 32:
+            return QMessageBox::Question;
         case 64:
             return QMessageBox::Information;
         default:

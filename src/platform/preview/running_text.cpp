@@ -28,8 +28,7 @@ Extent Ink_Of(const Text_Operation& line) {
     const double width = Text_Width(line.style, line.text) * line.squeeze;
     const double baseline = Ascent(line.style);
     const Span ink{baseline - Cap_Height(line.style), baseline + Descent(line.style)};
-    if (line.angle == 0)
-        return {{double(line.x), line.x + width}, {line.y + ink.from, line.y + ink.to}};
+    if (line.angle == 0) return {{double(line.x), line.x + width}, {line.y + ink.from, line.y + ink.to}};
     return {{line.x + ink.from, line.x + ink.to}, {line.y - width, double(line.y)}};
 }
 
@@ -82,8 +81,7 @@ Span Widest_Free_Strip(const std::vector<Span>& taken, const Span& whole) {
 
 void Add_Running_Text(const Running_Text& running, const Band& band, Drawing& page) {
     std::vector<Text_Operation> parts = Parts_Across(running, band);
-    const Span strip =
-        Widest_Free_Strip(Taken_Heights(page, parts), {double(band.top), double(band.bottom)});
+    const Span strip = Widest_Free_Strip(Taken_Heights(page, parts), {double(band.top), double(band.bottom)});
     const double cap_height = Cap_Height(running.style);
     const double ink_height = cap_height + Descent(running.style);
     const double baseline = (strip.from + strip.to - ink_height) / 2 + cap_height;

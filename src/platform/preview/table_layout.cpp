@@ -43,6 +43,7 @@ int Widest_Line(const Cell_Room& room) {
 
 QStringList Cell_Lines(const Text_Style& style, const QString& text, const Cell_Room& room) {
     const QString line = Printable(text).trimmed();
+    if (Widest_Line(room) == 0) return {};
     if (Fits_On_One_Line(style, line, Widest_Line(room))) return {line};
     const double width = std::max(0, room.width - 2 * room.padding);
     return Wrapped(style, Words_Cut_To_Fit(style, line, width).join(u' '), width);

@@ -29,6 +29,12 @@ void Set_Span(int start, int size, int& from, int& length) {
     length = std::abs(size);
 }
 
+// A line that needs more than the paddings leave takes of the right one first.
+double Left_Indent(const Cell_Room& room, double taken) {
+    const double margin = (room.width - Widest_Line(room)) / 2.0;
+    return std::min<double>(room.padding, room.width - margin - taken);
+}
+
 } // namespace
 
 void ViewPro::Set_PageMargins(int left, int right, int bottom, int top) {
@@ -84,7 +90,7 @@ void ViewPro::MeasureText(const QString& text) {
 void ViewPro::Text(const QString& text) {
     const QString line = Printable(text);
     Print_Lines(Fits_On_One_Line(Style(), line, Line_Room()) ? QStringList{line}
-                                                              : Wrapped(Style(), text, Line_Room()));
+                                                             : Wrapped(Style(), text, Line_Room()));
 }
 
 void ViewPro::Paragraph(const QString& text) {
@@ -92,8 +98,7 @@ void ViewPro::Paragraph(const QString& text) {
 }
 
 void ViewPro::DrawText(int x, int y, const QString& text) {
-    Sheet().operations.push_back(
-        Text_Operation{x, y, Printable(text), Style(), ForeColor, TextAngle, 1.0});
+    Sheet().operations.push_back(Text_Operation{x, y, Printable(text), Style(), ForeColor, TextAngle, 1.0});
 }
 
 void ViewPro::DrawLine(int x1, int y1, int x2, int y2) {
@@ -143,8 +148,8 @@ desktop::Printed_Document ViewPro::Document(const QString& name, int first, int 
     const int to = std::min(last, PageCount());
     if (from > to) return {name, 0, {}};
     // A copy, as the pages may be built anew while a printer still takes these.
-    const auto pages = std::make_shared<const std::vector<Drawing>>(sheets.begin() + (from - 1),
-                                                                    sheets.begin() + to);
+    const auto pages =
+        std::make_shared<const std::vector<Drawing>>(sheets.begin() + (from - 1), sheets.begin() + to);
     return {name, to - from + 1,
             [pages](QPainter& painter, int page) { Paint(pages->at(size_t(page) - 1), painter); }};
 }
@@ -234,8 +239,7 @@ int ViewPro::Row_Height(const std::vector<Printed_Cell>& cells) const {
     return Whole(text_height) + 2 * RowPadding;
 }
 
-void ViewPro::Put_Row(const std::vector<Printed_Cell>& cells, const QList<int>& widths, int top,
-                      int height) {
+void ViewPro::Put_Row(const std::vector<Printed_Cell>& cells, const QList<int>& widths, int top, int height) {
     int left = CurrentX;
     for (size_t column = 0; column < cells.size(); ++column) {
         const int width = widths[qsizetype(column)];
@@ -254,10 +258,7 @@ void ViewPro::Put_Cell_Text(const Printed_Cell& cell, int left, int top, int wid
         if (line.isEmpty()) continue;
         const double squeeze = Squeeze_To_Fit(cell.style, line, Widest_Line(room));
         const double taken = Text_Width(cell.style, line) * squeeze;
-        const double centred = (width - taken) / 2;
-        // A line that needs more than the paddings leave takes of the right one first.
-        const double indent =
-            TextAlign == Centred ? centred : std::min<double>(CellPadding, std::max(centred, width - taken - (width - Widest_Line(room)) / 2.0));
+        const double indent = TextAlign == Centred ? (width - taken) / 2 : Left_Indent(room, taken);
         Sheet().operations.push_back(Text_Operation{left + Whole(indent),
                                                     top + Whole(Line_Height(cell.style) * double(number)),
                                                     line, cell.style, cell.colour, 0, squeeze});

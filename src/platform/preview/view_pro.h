@@ -11,8 +11,8 @@
 
 namespace preview {
 
-// A printed page as a list of drawing operations in twips (1440 to the inch) from the paper's top left corner.
-// The preview, the printer, the PDF and the clipboard paint this one recording, so they can't differ.
+// A printed page as a list of drawing operations in twips (1440 to the inch) from the paper's top left
+// corner. The preview, the printer, the PDF and the clipboard paint this one recording, so they can't differ.
 //
 // Plain members are the properties that hold until they are changed; the functions record or measure.
 // Font sizes are points, angles tenths of a degree.
@@ -33,7 +33,7 @@ public:
     QColor ForeColor = Qt::black;
     QColor FillColor = Qt::black;
     QColor ObjectBKColor = Qt::white; // behind outlined rectangles and the cells of bordered tables
-    int FillStyle = 0; // of DrawRectangle2: 1 fills with FillColor, 0 outlines with ForeColor
+    int FillStyle = 0;                // of DrawRectangle2: 1 fills with FillColor, 0 outlines with ForeColor
     int ObjectAlign = 0;
     int TableBorders = 0;
     int CellPadding = 90;

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/desktop/printers.h"
+#include "platform/preview/view_pro.h"
+
+#include <QAbstractScrollArea>
+
+namespace preview {
+
+// The preview on screen: one sheet at a time, which the mouse drags and a double click enlarges. It keeps the
+// sheet that was last shown, so a document may be built anew while the old page still stands there.
+class Preview_Window final : public QAbstractScrollArea {
+    Q_OBJECT
+public:
+    // The document must not go before anything is asked of this window; its ShowOutput is answered here.
+    Preview_Window(ViewPro& document, desktop::Printers& printers, desktop::Clipboard& clipboard,
+                   QWidget* parent = nullptr);
+
+    void Show_Output();
+    void Set_ZoomPercent(int percent); // 100 is the real size by the screen's own resolution
+    int ZoomPercent() const { return zoom; }
+    void Set_ShownPage(int page); // from 1
+    int ShownPage() const { return shown_page; }
+
+    // As desktop::Printers::Print: the name of a PDF that stands in for a printer, or empty text.
+    QString PrintPages(const QString& name, int first, int last, const QString& pdf_folder);
+    void CopyPage(); // the shown page
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    double Pixels_Per_Twip() const;
+    QSize Sheet_Size() const;
+    QRect Sheet_Place() const; // in the viewport
+    void Fit_Scroll_Bars();
+    void Zoom_To(int percent, const QPoint& held);
+    int Next_Zoom() const;
+    void Tell_Assistive_Tools();
+
+    ViewPro& document;
+    desktop::Printers& printers;
+    desktop::Clipboard& clipboard;
+    Drawing sheet;
+    int zoom = 100;
+    int chosen_zoom = 100; // what a double click comes back to
+    int shown_page = 1;
+    QPoint dragged_from;
+};
+
+} // namespace preview

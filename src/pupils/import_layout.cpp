@@ -1,0 +1,84 @@
+// Where the Import page's controls stand, and what each tells of itself.
+
+#include "pupils/import_page.h"
+#include "pupils/page_parts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+
+using shell::Text_Role;
+
+constexpr QSize Frame_Size{1200, 664};
+constexpr int Left = 32;
+constexpr int Whole_Width = 1136;
+
+Form42::Form42(desktop::Platform& platform, shell::Navigator& navigator,
+               const foundation::Installation& installation)
+    : Page(platform, navigator, Frame_Size), installation(installation), maker(platform, installation) {
+    setObjectName(u"Form42"_s);
+    setWindowTitle(u"Import a fixed format comma-seperated file into Mevo"_s);
+    Lay_Out();
+    Tell_Helps();
+}
+
+void Form42::Lay_Out() {
+    constexpr int row = 106;
+    constexpr int height = 40;
+    Make_Label(u"Label1"_s, u"Import new individuals using a special text file"_s, Text_Role::Title,
+               {Left, 18, Whole_Width, 44});
+    Make_Label(u"Label2"_s, windowTitle(), Text_Role::Subtitle, {Left, 62, Whole_Width, 24});
+    PreviewImport = Make_HotLabel(u"PreviewImport"_s, u"Preview file"_s, {Left, row, 150, height},
+                                  [this] { PreviewImport_Click(); });
+    Text1 = Make_Entry(u"Text1"_s, u"File to import"_s, {Left + 162, row, 530, height}, Frame1);
+    Text1->setReadOnly(true);
+    HotLabel3 = Make_HotLabel(u"HotLabel3"_s, u"Import all "_s, {Left + 704, row, 136, height},
+                              [this] { HotLabel3_Click(); });
+    HotLabel4 = Make_HotLabel(u"HotLabel4"_s, u"Print out"_s, {Left + 852, row, 136, height},
+                              [this] { HotLabel4_Click(); });
+    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + 1000, row, 136, height},
+                              [this] { HotLabel1_Click(); });
+    Offer_Import(false);
+    Lay_Out_Grid();
+    ProgressBar1 = new QProgressBar(Frame1);
+    ProgressBar1->setObjectName(u"ProgressBar1"_s);
+    ProgressBar1->setAccessibleName(u"Progress of the import"_s);
+    ProgressBar1->setGeometry(Left, 552, Whole_Width, 20);
+    ProgressBar1->hide();
+    Label3 = Make_Help_Label(u"Label3"_s, {Left, 582, Whole_Width, 58}, Frame1);
+}
+
+void Form42::Lay_Out_Grid() {
+    struct Column {
+        QString heading;
+        int width;
+    };
+    const Column columns[] = {
+        {u"Surname"_s, 200}, {u"Forename(s)"_s, 200},   {u"Gender"_s, 80},    {u"Date of Birth"_s, 120},
+        {u"User ID"_s, 160}, {u"Group / Class"_s, 190}, {u"Password"_s, 166},
+    };
+    Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(std::size(columns)), 0, Frame1);
+    Spread1->setAccessibleName(u"Preview of the individuals to import"_s);
+    Spread1->setGeometry(Left, 162, Whole_Width, 380);
+    int number = 0;
+    for (const Column& column : columns) {
+        Spread1->Set_Text(++number, 0, column.heading);
+        Spread1->Set_ColWidth(number, column.width);
+    }
+}
+
+void Form42::Tell_Helps() {
+    auto* help = Help_In(Label3, this);
+    help->Tell(HotLabel1, u"Return to Main Menu"_s);
+    help->Tell(
+        HotLabel3,
+        u"If you have previewed an import file and wish to proceed and import the individuals' details please select 'Import individuals'"_s);
+    help->Tell(
+        HotLabel4,
+        u"Print out the contents of the spreadsheet that previews the information you would like to import."_s);
+    help->Tell(
+        PreviewImport,
+        u"Preview allows you to do a dry run and check that the import file is in the correct format."_s);
+}
+
+} // namespace pupils

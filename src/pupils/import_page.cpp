@@ -1,0 +1,162 @@
+#include "pupils/import_page.h"
+
+#include "platform/basics/number_text.h"
+#include "platform/basics/run_time_error.h"
+
+#include <QCoreApplication>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+
+using desktop::Answer;
+using desktop::Box_Style;
+
+namespace {
+
+// The dialog's words and patterns as they have always stood: description and pattern in turn.
+const QString File_Filter = u"Text comma-seperated (.txt)|(*.txt)|Comma Seperated (.csv)|(*.csv)"_s;
+const QString File_Pattern = u"*.txt"_s;
+
+// OK with the exclamation icon: the system's own number.
+constexpr auto Exclamation = static_cast<Box_Style>(48);
+
+constexpr int Between_Paintings_Ms = 40;
+
+// The pointer while the page works; an error that ends the work gives it back as well.
+class Working_Pointer {
+public:
+    explicit Working_Pointer(desktop::Platform& platform) : platform(platform) {
+        platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
+    }
+    ~Working_Pointer() { platform.pointer.Set(desktop::Pointer_Shape::Default); }
+    Working_Pointer(const Working_Pointer&) = delete;
+    Working_Pointer& operator=(const Working_Pointer&) = delete;
+
+private:
+    desktop::Platform& platform;
+};
+
+// Each description with its pattern, as the file dialog takes them.
+QString Dialog_Filter(const QString& described) {
+    const QStringList parts = described.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        filters.append(parts[i] + u' ' + parts[i + 1]);
+    return filters.join(u";;"_s);
+}
+
+} // namespace
+
+// ---- preview
+
+void Form42::PreviewImport_Click() {
+    try {
+        desktop::File_Question question;
+        question.title = u"TXT Comma-seperated files"_s;
+        question.filter = Dialog_Filter(File_Filter);
+        question.file_name = File_Pattern;
+        question.folder = installation.Archive_Folder;
+        const QString chosen = platform.file_dialogs.Open_File(question);
+        Text1->setText(chosen.isEmpty() ? File_Pattern : chosen);
+        Preview(Text1->text());
+    } catch (const std::exception&) {
+        // Whatever fails ends the preview in silence and leaves the buttons as they were.
+    }
+}
+
+void Form42::Preview(const QString& file_name) {
+    Import_Pass pass;
+    {
+        const Working_Pointer working(platform);
+        const QString text = Decoded_Import_Text(Read_Import_File(file_name));
+        Spread1->setUpdatesEnabled(false);
+        const auto shown_again = qScopeGuard([this] { Spread1->setUpdatesEnabled(true); });
+        Walk_Import_Text(text, pass,
+                         {[this](const QStringList& fields, qint16 line) { Show_Record(fields, line); }, {}});
+    }
+    Lines_Previewed = pass.line_count;
+    Offer_Import(pass.error_text.isEmpty());
+    if (!pass.error_text.isEmpty())
+        platform.boxes.Ask(Exclamation, windowTitle(), Erroneous_Records_Text(pass));
+}
+
+void Form42::Offer_Import(bool offered) {
+    HotLabel3->setEnabled(offered);
+    HotLabel4->setEnabled(offered);
+}
+
+void Form42::Show_Record(const QStringList& fields, int row) {
+    Fill_Spread(Normalise_Hyphen(fields[Surname]), fields[Forename], fields[Sex],
+                Format_Import_Date(fields[Date_Of_Birth]), u""_s, fields[Group], fields[Password], row);
+}
+
+void Form42::Fill_Spread(const QString& surname, const QString& forename, const QString& gender,
+                         const QString& date_of_birth, QString code, QString group, const QString& password,
+                         int row) {
+    if (code.isEmpty()) code = u"(will be created)"_s;
+    if (group.isEmpty()) group = u"Universal"_s;
+    if (row > Spread1->rowCount()) Spread1->Set_MaxRows(row);
+    int column = 0;
+    for (const QString& text : {surname, forename, gender, date_of_birth, code, group, password})
+        Spread1->Set_Text(++column, row, text);
+}
+
+// ---- import
+
+void Form42::HotLabel3_Click() {
+    if (platform.boxes.Ask(Box_Style::Yes_No_Question, u"Confirm all details accurate and complete"_s,
+                           u"Are you sure that all these details are accurate?"_s) != Answer::Yes)
+        return;
+    qint16 line_count = Lines_Previewed;
+    Import_Pupil_File(Text1->text(), line_count);
+}
+
+void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
+    ProgressBar1->setMaximum(line_count);
+    ProgressBar1->show();
+    ProgressBar1->setValue(0);
+    Import_Pass pass;
+    {
+        const Working_Pointer working(platform);
+        const QString text = Decoded_Import_Text(Read_Import_File(file_name));
+        since_painted.start();
+        Walk_Import_Text(text, pass,
+                         {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },
+                          [this] {
+                              ProgressBar1->setValue(ProgressBar1->value() + 1);
+                              Stay_Alive();
+                          }});
+    }
+    line_count = pass.line_count;
+    if (!pass.error_text.isEmpty())
+        platform.boxes.Ask(Exclamation, u"DB module"_s, Erroneous_Records_Text(pass));
+    ProgressBar1->hide();
+    // The lines of the file, whether or not a pupil came of each.
+    Label3->setText(
+        basics::Plain_Number(line_count) +
+        u" pupils have now been imported. Please now check their settings on the Security page"_s);
+}
+
+// Lets the window paint itself. What the user does meanwhile waits for the end of the import.
+void Form42::Stay_Alive() {
+    if (!since_painted.hasExpired(Between_Paintings_Ms)) return;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    since_painted.restart();
+}
+
+// ---- the others
+
+void Form42::HotLabel4_Click() {
+    if (!platform.printers.Choose()) return;
+    platform.boxes.Ask(
+        Box_Style::Information, u"Printed"_s,
+        u"A spreadsheet showing personal details of all individuals to import has been sent to your printer"_s);
+}
+
+void Form42::HotLabel1_Click() {
+    navigator.Go_To(shell::Page_Id::Main_Menu);
+}
+
+} // namespace pupils

@@ -1,0 +1,192 @@
+// Where the Security page's controls stand, and what each tells of itself.
+
+#include "pupils/security_page.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+
+using shell::HotLabel;
+using shell::Text_Role;
+
+constexpr QSize Frame_Size{1240, 664};
+constexpr int Left = 24;
+constexpr int Left_Width = 776;
+constexpr int Right = 816;
+constexpr int Right_Width = 400;
+constexpr int Panels_Bottom = 598;
+constexpr int Longest_Text = 50; // what the columns of groups and passwords take
+
+Form2::Form2(desktop::Platform& platform, shell::Navigator& navigator, Record_Data data)
+    : Page(platform, navigator, Frame_Size),
+      installation(data.installation),
+      pupils(data.pupils),
+      records(data.records),
+      holder(platform) {
+    setObjectName(u"Form2"_s);
+    Lay_Out();
+    Tell_Helps();
+}
+
+void Form2::Lay_Out() {
+    const QString caption = u"Security settings for all individuals"_s;
+    Make_Label(u"Label7"_s, u"Security"_s, Text_Role::Title, {Left, 12, 400, 42});
+    Make_Label(u"Label9"_s, caption, Text_Role::Heading, {Left, 62, 420, 24});
+    QLabel* label2 = Make_Label(u"Label2"_s, u"Number registered:"_s, Text_Role::Body,
+                                {Left + Left_Width - 220, 62, 150, 24});
+    label2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Label3 = Make_Number(u"Label3"_s, {Left + Left_Width - 66, 62, 64, 24}, Frame1);
+
+    Spread1 = new grid::fpSpread(u"Spread1"_s, 6, 0, Frame1);
+    Spread1->setGeometry(Left, 90, Left_Width, 340);
+    Spread1->setAccessibleName(caption);
+    int column = 0;
+    for (const int width : {134, 186, 92, 146, 132, 66})
+        Spread1->Set_ColWidth(++column, width);
+
+    Lay_Out_Individual();
+    Lay_Out_Group_Settings();
+    Lay_Out_Group_Names();
+    Make_HotLabel(u"HotLabel2"_s, u"Print"_s, {Right + Right_Width - 268, Panels_Bottom - 38, 128, 38},
+                  [this] { HotLabel2_Click(); });
+    Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Right + Right_Width - 128, Panels_Bottom - 38, 128, 38},
+                  [this] { HotLabel1_Click(); });
+    Label8 = Make_Help_Label(u"Label8"_s, {Left, 608, Right + Right_Width - Left, 48}, Frame1);
+}
+
+// A question with its two option buttons in a line of a panel.
+static Yes_No Make_Question(QLabel* label, const QString& yes_name, const QString& no_name, int top,
+                            QWidget* parent) {
+    return Make_Yes_No(yes_name, no_name, label->text(), {212, top}, parent);
+}
+
+static QFrame* Make_Line(const QString& name, const QString& caption, const QRect& place, QWidget* parent) {
+    auto* line = new QFrame(parent);
+    line->setObjectName(name);
+    line->setAccessibleName(caption);
+    line->setGeometry(place);
+    return line;
+}
+
+void Form2::Lay_Out_Individual() {
+    QGroupBox* frame5 =
+        Make_Panel(u"Frame5"_s, u"Edit an individual's details"_s, {Right, 62, Right_Width, 284}, Frame1);
+    const auto caption = [this](const char16_t* name, const QString& text, int top, QWidget* parent) {
+        return Make_Label(QString::fromUtf16(name), text, Text_Role::Body, {16, top, 190, 28}, parent);
+    };
+    Combo1 = Make_Combo(u"Combo1"_s, u"Individual"_s, {16, 30, 368, 34}, frame5);
+    QLabel* label5 = caption(u"Label5", u"Password"_s, 78, frame5);
+    Text2 = Make_Entry(u"Text2"_s, label5->text(), {140, 76, 244, 34}, frame5);
+    QLabel* label4 = caption(u"Label4", u"Group/Class"_s, 122, frame5);
+    Combo3 = Make_Combo(u"Combo3"_s, label4->text(), {140, 120, 244, 34}, frame5);
+    QLabel* label14 = caption(u"Label14", u"Use D.O.B. as password"_s, 164, frame5);
+    Use_Dob = Make_Question(label14, u"Option1"_s, u"Option2"_s, 164, frame5);
+    QFrame* frame4 =
+        Make_Line(u"Frame4"_s, u"Show student in Login List"_s, {0, 196, Right_Width, 32}, frame5);
+    QLabel* label12 = caption(u"Label12", u"Show in Login List"_s, 2, frame4);
+    Show_Pupil = Make_Question(label12, u"Option7"_s, u"Option8"_s, 2, frame4);
+    HotLabel7 = Make_HotLabel(
+        u"HotLabel7"_s, u"Update"_s, {256, 234, 128, 38}, [this] { Update_Pupil_Settings(); },
+        HotLabel::Look::Command, frame5);
+    Text2->setMaxLength(Longest_Text);
+    shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
+    shell::On(Combo3, &shell::Click_Combo::Click, this, platform, [this] { Combo3_Click(); });
+}
+
+void Form2::Lay_Out_Group_Settings() {
+    QGroupBox* frame6 =
+        Make_Panel(u"Frame6"_s, u"Edit settings for Group/Class"_s, {Right, 356, Right_Width, 192}, Frame1);
+    Make_Label(u"Label10"_s, u"Group/Class"_s, Text_Role::Body, {16, 32, 120, 28}, frame6);
+    Combo2 = Make_Combo(u"Combo2"_s, u"Group/Class"_s, {140, 30, 244, 34}, frame6);
+    QLabel* label15 =
+        Make_Label(u"Label15"_s, u"D.O.B. as password"_s, Text_Role::Body, {16, 74, 190, 28}, frame6);
+    Group_Uses_Dob = Make_Question(label15, u"Option5"_s, u"Option6"_s, 74, frame6);
+    QFrame* frame2 = Make_Line(u"Frame2"_s, u"Show group in Login List"_s, {0, 104, Right_Width, 32}, frame6);
+    QLabel* label1 =
+        Make_Label(u"Label1"_s, u"Show in Login List"_s, Text_Role::Body, {16, 2, 190, 28}, frame2);
+    Show_Group = Make_Question(label1, u"Option3"_s, u"Option4"_s, 2, frame2);
+    HotLabel6 = Make_HotLabel(
+        u"HotLabel6"_s, u"Update "_s, {256, 142, 128, 38}, [this] { Update_Group_Settings(); },
+        HotLabel::Look::Command, frame6);
+    shell::On(Combo2, &shell::Click_Combo::Click, this, platform, [this] { Combo2_Click(); });
+}
+
+void Form2::Lay_Out_Group_Names() {
+    constexpr int height = 156;
+    constexpr int top = Panels_Bottom - height;
+    QGroupBox* frame7 = Make_Panel(u"Frame7"_s, u"Add new Group/Class"_s, {Left, top, 226, height}, Frame1);
+    Text4 = Make_Entry(u"Text4"_s, u"Name of the new group"_s, {16, 30, 194, 34}, frame7);
+    HotLabel3 = Make_HotLabel(
+        u"HotLabel3"_s, u"Add "_s, {110, 106, 100, 38}, [this] { HotLabel3_Click(); },
+        HotLabel::Look::Command, frame7);
+
+    QGroupBox* frame8 = Make_Panel(u"Frame8"_s, u"Change the name of a Group/Class"_s,
+                                   {Left + 238, top, 300, height}, Frame1);
+    Combo4 = Make_Combo(u"Combo4"_s, u"Group to rename"_s, {16, 30, 268, 34}, frame8);
+    Make_Label(u"Label6"_s, u"New name"_s, Text_Role::Body, {16, 70, 80, 30}, frame8);
+    Text3 = Make_Entry(u"Text3"_s, u"New name of the group"_s, {100, 68, 184, 34}, frame8);
+    HotLabel4 = Make_HotLabel(
+        u"HotLabel4"_s, u"Change "_s, {184, 106, 100, 38}, [this] { Rename_Group(); },
+        HotLabel::Look::Command, frame8);
+
+    QGroupBox* frame9 =
+        Make_Panel(u"Frame9"_s, u"Disband a Group/Class"_s, {Left + 550, top, 226, height}, Frame1);
+    Combo5 = Make_Combo(u"Combo5"_s, u"Group to disband"_s, {16, 30, 194, 34}, frame9);
+    HotLabel5 = Make_HotLabel(
+        u"HotLabel5"_s, u"Disband"_s, {110, 106, 100, 38}, [this] { Disband_Group(); },
+        HotLabel::Look::Command, frame9);
+
+    Text3->setMaxLength(Longest_Text);
+    Text4->setMaxLength(Longest_Text);
+    shell::On(Combo4, &shell::Click_Combo::Click, this, platform, [this] { Combo4_Click(); });
+    shell::On(Combo5, &shell::Click_Combo::Click, this, platform, [this] { Combo5_Click(); });
+    shell::On(Text3, &QLineEdit::textChanged, this, platform, [this] { Text3_Change(); });
+    shell::On(Text4, &QLineEdit::textChanged, this, platform, [this] { Text4_Change(); });
+}
+
+void Form2::Tell_Helps() {
+    struct Help {
+        const char16_t* control;
+        QString text;
+    };
+    const Help helps[] = {
+        {u"Frame2", u"Select whether pupils in Group/Class will appear on the 'Login List'."_s},
+        {u"Frame4", u"Choose whether this pupil appears on the 'Login List' on workstations running Quend "
+                    u"Swith (overrides Group/Class setting)."_s},
+        {u"Frame5", u"An individual's own settings override any Group/Class global settings."_s},
+        {u"Frame6", u"Select any group to view or edit the settings for all members of the group."_s},
+        {u"Frame7", u"Add a new group by typing its name and then selecting 'Add' - allocate pupils to the "
+                    u"new group as required."_s},
+        {u"Frame8", u"Change the name of any group (but not 'Universal') - this will NOT affect pupils in "
+                    u"that group!"_s},
+        {u"Frame9",
+         u"Disband any group (except 'Universal') - this action will NOT delete pupils in that group!"_s},
+        {u"HotLabel1", u"Return to the Main Menu."_s},
+        {u"HotLabel2", u"Print out the contents of the spreadsheet shown on this page."_s},
+        {u"HotLabel7",
+         u"Select 'Update' to commit any changes you make to the Swith database - take care!"_s},
+        {u"Label1", u"Select whether individuals in Group/Class will appear on the 'Login List'."_s},
+        {u"Label2", u"Add a new group by typing its name and then selecting 'Add' - allocate individuals to "
+                    u"the new group as required."_s},
+        {u"Label3",
+         u"Disband any group (except 'Universal') - this action will NOT delete individuals in that group!"_s},
+        {u"Label4", u"The Group/Class which this individuals is assigned to."_s},
+        {u"Label5", u"Enter a unique password for this individuals (necessary)."_s},
+        {u"Label6",
+         u"Change the name of any group (except 'Universal') - this will NOT affect individuals in "
+         u"that group!"_s},
+        {u"Label10", u"Select a group to see or edit its global settings."_s},
+        {u"Label15",
+         u"Select whether individuals in Group/Class will use their dates of birth as their password."_s},
+    };
+    auto* help = Help_In(Label8, this);
+    for (const Help& told : helps)
+        help->Tell(findChild<QWidget*>(QString::fromUtf16(told.control)), told.text);
+    help->Tell(HotLabel6, [this] {
+        return u"By selecting 'Update' the 'Login List' and 'Date of Birth as password' settings will be "
+               u"updated for ALL individuals who are allocated to the group "_s +
+               Combo2->currentText() + u'.';
+    });
+}
+
+} // namespace pupils
