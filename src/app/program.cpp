@@ -56,8 +56,6 @@ static QString Title_Of(Page_Id page) {
         return u"Settings"_s;
     case Page_Id::Archiving:
         return u"Archiving"_s;
-    case Page_Id::Print_Table:
-        return u"Print out"_s;
     case Page_Id::Main_Menu:
     case Page_Id::Reports:
         break;
@@ -67,7 +65,7 @@ static QString Title_Of(Page_Id page) {
 
 static bool Stands_On_A_Page(Page_Id page) {
     static const Page_Id on_top[] = {Page_Id::Individual_Report, Page_Id::Batch_Report,
-                                     Page_Id::Testing_Progress, Page_Id::Settings, Page_Id::Print_Table};
+                                     Page_Id::Testing_Progress, Page_Id::Settings};
     return std::find(std::begin(on_top), std::end(on_top), page) != std::end(on_top);
 }
 

@@ -31,7 +31,7 @@ static void Ignoring_Errors(const std::function<void()>& step) {
     }
 }
 
-static database::Connection& Required(const std::unique_ptr<database::Connection>& connection) {
+static database::Connection& Required(database::Connection* connection) {
     if (!connection) basics::Raise(basics::errors::Object_Not_Set);
     return *connection;
 }
@@ -60,19 +60,25 @@ void Access_Holder::Step(const std::function<void()>& step) {
 }
 
 void Access_Holder::ado_Open(const QString& connection_string, const QString& sql, const QString& lock_mode) {
-    connection.reset();
     recordset.reset();
+    connection.reset();
+    in_use_shared = shared && shared->Is_Open() && shared->ConnectionString == connection_string;
     const std::function<void()> steps[] = {
-        [&] { connection = std::make_unique<database::Connection>(); },
         [&] {
-            Required(connection).ConnectionString = connection_string;
+            if (!in_use_shared) connection = std::make_unique<database::Connection>();
+        },
+        [&] {
+            if (in_use_shared) return;
+            Required(Active()).ConnectionString = connection_string;
             connection->ConnectionTimeout = ConnectionTimeout;
         },
-        [&] { Required(connection).Open(); },
+        [&] {
+            if (!in_use_shared) Required(Active()).Open();
+        },
         [&] { recordset = std::make_unique<database::Recordset>(); },
         [&] { Rows().LockType = Lock_Named(lock_mode, Rows().LockType); },
         [&] { Rows().Source = sql; },
-        [&] { Rows().Set_ActiveConnection(connection.get()); },
+        [&] { Rows().Set_ActiveConnection(Active()); },
         [&] { Rows().Open(); },
     };
     for (const auto& step : steps)
@@ -102,9 +108,10 @@ void Access_Holder::ado_RSCount(qint16& count) {
 void Access_Holder::ado_Close() {
     // Failures are dropped on purpose: closing twice, or after an action statement, must do no harm.
     Ignoring_Errors([this] { Rows().Close(); });
-    Ignoring_Errors([this] { Required(connection).Close(); });
+    Ignoring_Errors([this] { Required(connection.get()).Close(); }); // a shared one is its opener's
     recordset.reset();
     connection.reset();
+    in_use_shared = false;
 }
 
 void Counting_Access_Holder::ado_Open_Alternative(const QString& connection_string, const QString& sql,
@@ -122,7 +129,7 @@ void Counting_Access_Holder::ado_Open_Alternative(const QString& connection_stri
         },
         [&] { Rows().MoveFirst(); },
         [&] { Rows().Close(); },
-        [&] { Required(connection).Close(); },
+        [&] { Required(connection.get()).Close(); },
     };
     for (const auto& step : steps)
         Step(step);

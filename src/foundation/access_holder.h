@@ -7,7 +7,9 @@
 
 #include <QString>
 #include <functional>
+#include <initializer_list>
 #include <memory>
+#include <vector>
 
 namespace foundation {
 
@@ -34,6 +36,10 @@ public:
     // Closes and releases both; harmless when they are closed already.
     void ado_Close();
 
+    // While this connection is open, queries with the same connection string read through it instead of
+    // opening one each: for the length of one user action, by the page that opened it. Null ends it.
+    void Share(database::Connection* opened) { shared = opened; }
+
     // The open recordset. Error 91 if Ignore left none.
     database::Recordset& Rows();
     basics::Value Field(const QString& name) { return Rows().Fields(name).Value(); }
@@ -41,8 +47,30 @@ public:
 protected:
     desktop::Platform& platform;
     void Step(const std::function<void()>& step); // with Abort, Retry and Ignore
-    std::unique_ptr<database::Connection> connection;
+    database::Connection* Active() const { return in_use_shared ? shared : connection.get(); }
+    std::unique_ptr<database::Connection> connection; // the holder's own
+    database::Connection* shared = nullptr;
+    bool in_use_shared = false;
     std::unique_ptr<database::Recordset> recordset;
+};
+
+// Lets holders share one open connection until the end of a block.
+class Shared_Connection {
+public:
+    Shared_Connection(database::Connection& connection, std::initializer_list<Access_Holder*> holders)
+        : holders(holders) {
+        for (Access_Holder* holder : holders)
+            holder->Share(&connection);
+    }
+    ~Shared_Connection() {
+        for (Access_Holder* holder : holders)
+            holder->Share(nullptr);
+    }
+    Shared_Connection(const Shared_Connection&) = delete;
+    Shared_Connection& operator=(const Shared_Connection&) = delete;
+
+private:
+    std::vector<Access_Holder*> holders;
 };
 
 // The Main menu's holder has a count-only form beside the three.

@@ -55,7 +55,7 @@ void Batch_Sheets::Draw_Batch_Head(int page) {
     constexpr int width = 8640;
     Draw_Running_Texts(sheet, u'|' + Cell(sources.installation.Institution) + u'|',
                        u'|' + Long_Product_Line() + u"|Page "_s + QString::number(page));
-    Draw_Centred(sheet, 72, width, 9, Title_For(sources.state.Chart_Mode) + Printed_Date(clock.Now().date()));
+    Draw_Centred(sheet, 72, width, 9, Title_For(sources.state.Chart_Mode) + Today(clock));
     sheet.FontSize = 8;
     sheet.CurrentY = 312;
     sheet.Text(u"Class or Group represented is: "_s + options.group);

@@ -1,13 +1,19 @@
 #include "printing/individual_sheet.h"
 
+#include "platform/preview/text_metrics.h"
 #include "printing/product_lines.h"
 #include "printing/sheet.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace printing {
 
 using scoring::Summary_Cells;
+
+constexpr int Foot_Top = 14800;    // of the rule with the institution's name below it
+constexpr int Foot_Bottom = 15300; // at the most
 
 Individual_Sheet::Individual_Sheet(preview::ViewPro& sheet, Individual_Sources sources,
                                    desktop::Platform& platform)
@@ -29,6 +35,7 @@ void Individual_Sheet::Report_Setup() {
 
 void Individual_Sheet::Build_Report(const Report_Sections& sections) {
     sheet.BeginOutput();
+    sheet.ObjectBKColor = Qt::white; // the last build's legend left its colour for the cells of the table
     Draw_Report_Head();
     Draw_Pupil_Details();
     Shade_Heading = true;
@@ -64,14 +71,14 @@ void Individual_Sheet::Draw_Pupil_Details() {
     sheet.TableBorders = 0;
     sheet.TableText(Table_Row({u"Mevo ID: "_s + sources.state.Current_Student_Code,
                                u"D.O.B: "_s + sources.state.Pupil_DOB.Text_Or_Empty(),
-                               u"Date printed: "_s + Printed_Date(clock.Now().date())}));
+                               u"Date printed: "_s + Today(clock)}));
     Draw_Institution_At_Foot();
     sheet.RowPadding = row_padding;
 }
 
 void Individual_Sheet::Draw_Institution_At_Foot() {
     sheet.FontSize = 8;
-    Draw_Rule(sheet, 14800);
+    Draw_Rule(sheet, Foot_Top);
     sheet.TextWidth = sheet.PageWidth();
     sheet.ForeColor = QColor(255, 0, 0);
     sheet.TableFormat = u"3920"_s;
@@ -208,8 +215,22 @@ void Individual_Sheet::Comments_Paragraph_New(int x, int y, int font_size) {
     sheet.LineSpacing = 100;
     sheet.CurrentX = x;
     sheet.CurrentY = y;
+    Clear_Foot_For(comment);
     sheet.Paragraph(comment);
     sheet.EndOutput();
+}
+
+// A comment that is too long for its place runs over the foot of the sheet. There the foot gives way: of two
+// texts on one another neither could be read.
+void Individual_Sheet::Clear_Foot_For(const QString& comment) {
+    const auto lines = preview::Wrapped({sheet.FontSize, sheet.FontBold}, comment, sheet.TextWidth).size();
+    const int bottom = sheet.CurrentY + static_cast<int>(lines) * sheet.TextHeight();
+    if (bottom <= Foot_Top) return;
+    const int top = Foot_Top - sheet.LineWidth;
+    sheet.FillStyle = 1;
+    sheet.ForeColor = sheet.FillColor = Qt::white;
+    sheet.DrawRectangle2(0, top, sheet.PageWidth(), std::max(bottom, Foot_Bottom) - top);
+    sheet.ForeColor = sheet.FillColor = Qt::black;
 }
 
 } // namespace printing

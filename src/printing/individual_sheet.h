@@ -43,6 +43,7 @@ public:
 
 private:
     void Draw_Institution_At_Foot();
+    void Clear_Foot_For(const QString& comment);
     void Shade_Cell(int row);
     void Unshade_Cell(int row);
 

@@ -3,6 +3,8 @@
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace printing {
@@ -156,20 +158,27 @@ Chart_Layout Small_Chart(int left, int top, bool show_time_bars) {
 
 namespace {
 
+// Places on a page are whole numbers of 16 bits; one beyond them is an error, not a bar somewhere else.
+int Place(int twips) {
+    if (twips < std::numeric_limits<qint16>::min() || twips > std::numeric_limits<qint16>::max())
+        basics::Raise(basics::errors::Overflow);
+    return twips;
+}
+
 void Draw_Framed_Bar(ViewPro& sheet, int x, int y, int width, int height, const QColor& colour,
                      const QString& label) {
     constexpr int inset = 20;
     sheet.ObjectBKColor = colour;
     sheet.ForeColor = sheet.FillColor = Qt::black;
     sheet.FillStyle = 0;
-    sheet.DrawRectangle2(x, y, width, height);
+    sheet.DrawRectangle2(Place(x), Place(y), Place(width), Place(height));
     sheet.FillStyle = 1;
     sheet.ForeColor = sheet.FillColor = colour;
     const int inwards = height > 0 ? inset : -inset;
     sheet.DrawRectangle2(x + inset, y + inwards, width - 2 * inset, height - 2 * inwards);
     sheet.ForeColor = sheet.FillColor = Qt::black;
     sheet.ObjectAlign = 0;
-    sheet.DrawText(x + width + 45, y, label);
+    if (!label.isEmpty()) sheet.DrawText(Place(x + width + 45), y, label);
 }
 
 } // namespace

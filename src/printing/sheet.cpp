@@ -1,5 +1,7 @@
 #include "printing/sheet.h"
 
+#include "platform/basics/dates.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -59,8 +61,8 @@ QString Table_Row(const QStringList& texts) {
     return cells.join(u'|') + u';';
 }
 
-QString Printed_Date(const QDate& day) {
-    return day.toString(u"dd/MM/yyyy"_s);
+QString Today(const desktop::Clock& clock) {
+    return basics::Date_Text(clock.Now().date().startOfDay());
 }
 
 } // namespace printing

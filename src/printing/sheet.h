@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/desktop/ports.h"
 #include "platform/preview/view_pro.h"
 
-#include <QDate>
 #include <QString>
 
 namespace printing {
@@ -27,7 +27,7 @@ QString Cell(QString text);
 // The row of a table.
 QString Table_Row(const QStringList& texts);
 
-// "15/06/2026"
-QString Printed_Date(const QDate& day);
+// Today's date as it is printed.
+QString Today(const desktop::Clock& clock);
 
 } // namespace printing

@@ -7,8 +7,8 @@
 namespace pupils {
 namespace {
 
-constexpr uchar First_Own = 0x80;
-constexpr uchar Last_Own = 0x9F;
+constexpr char16_t First_Own = 0x80;
+constexpr char16_t Last_Own = 0x9F;
 
 // Windows-1252 differs from Latin-1 in these places alone. Five of them are unused; they stay what they are,
 // as the system has it.
@@ -21,7 +21,7 @@ constexpr char16_t Own_Characters[Last_Own - First_Own + 1] = {
 QString From_Windows_1252(const QByteArray& bytes) {
     QString text = QString::fromLatin1(bytes);
     for (QChar& character : text)
-        if (character >= QChar(First_Own) && character <= QChar(Last_Own))
+        if (character >= First_Own && character <= Last_Own)
             character = Own_Characters[character.unicode() - First_Own];
     return text;
 }

@@ -35,6 +35,9 @@ void Form9::Lay_Out() {
     Make_Label(u"Label3"_s, u"Delete individuals from the database"_s, Text_Role::Title, {Left, 18, 700, 44});
     Make_Label(u"Label2"_s, u"Individuals registered     (User ID)"_s, Text_Role::Heading,
                {Left, 72, List_Width, 24});
+    QLabel* label4 = Make_Label(u"Label4"_s, u"Deletion is irreversible."_s, Text_Role::Notice,
+                                {Right, 22, Right_Width, 38});
+    label4->setAlignment(Qt::AlignCenter);
     ListView1 = new List_View(u"ListView1"_s, Frame1);
     ListView1->setGeometry(Left, 100, List_Width, 448);
     ListView1->setAccessibleName(u"Individuals registered"_s);

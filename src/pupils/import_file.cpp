@@ -4,6 +4,7 @@
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 #include "pupils/code_page.h"
+#include "pupils/pupil_fields.h"
 
 #include <QDate>
 #include <QDir>
@@ -113,15 +114,15 @@ int Full_Year(const QString& digits) {
 
 // The forms by what they capture: day, month and year under these names, whatever their order.
 const QList<QRegularExpression>& Date_Forms() {
-    const QString time =
-        uR"((?: \d{1,2}:\d{2}(?::\d{2})?)?)"_s; // some exports have midnight behind each date
+    // Some exports have midnight behind each date.
+    const QString time = uR"((?:[ T](?:[01]?\d|2[0-3]):[0-5]\d(?::[0-5]\d)?)?)"_s;
     const auto form = [&](const QString& date) {
         return QRegularExpression(u"\\A *"_s + date + time + u" *\\z"_s);
     };
     static const QList<QRegularExpression> forms{
-        form(uR"((?<d>[0-9]{1,2})(?<s>[/.\- ])(?<m>[0-9]{1,2})\k<s>(?<y>[0-9]{4}|[0-9]{2}))"_s),
-        form(uR"((?<d>[0-9]{1,2})[/.\- ]?(?<m>[A-Za-z]{3,9})[/.\- ]?(?<y>[0-9]{4}|[0-9]{2}))"_s),
-        form(uR"((?<y>[0-9]{4})(?<s>[/\-])(?<m>[0-9]{1,2})\k<s>(?<d>[0-9]{1,2}))"_s),
+        form(uR"((?<d>\d{1,2})(?<s>[/.\- ])(?<m>\d{1,2})\k<s>(?<y>\d{4}|\d{2}))"_s),
+        form(uR"((?<d>\d{1,2})[/.\- ]?(?<m>[A-Za-z]{3,9})[/.\- ]?(?<y>\d{4}|\d{2}))"_s),
+        form(uR"((?<y>\d{4})(?<s>[/\-])(?<m>\d{1,2})\k<s>(?<d>\d{1,2}))"_s),
     };
     return forms;
 }
@@ -154,7 +155,6 @@ QString Format_Import_Date(const QString& text) {
 
 namespace {
 
-enum Import_Field { Surname_Field, Forename_Field, Gender_Field, Date_Field };
 constexpr qsizetype Lowest_Last_Field = 5;
 constexpr qsizetype Highest_Last_Field = 6;
 
@@ -170,23 +170,23 @@ bool Has_Right_Number(QStringList& fields) {
 }
 
 bool Has_Surname(QStringList& fields) {
-    return !fields[Surname_Field].isEmpty();
+    return !fields[place::Surname].isEmpty();
 }
 
 bool Has_Forename(QStringList& fields) {
-    return !fields[Forename_Field].isEmpty();
+    return !fields[place::Forename].isEmpty();
 }
 
 bool Has_Gender(QStringList& fields) {
-    const QString letter = fields[Gender_Field].left(1).toUpper();
+    const QString letter = fields[place::Sex].left(1).toUpper();
     if (letter != "M"_L1 && letter != "F"_L1) return false;
-    fields[Gender_Field] = letter;
+    fields[place::Sex] = letter;
     return true;
 }
 
 bool Has_Date(QStringList& fields) {
-    if (!Is_Import_Date(fields[Date_Field])) return false;
-    fields[Date_Field] = Format_Import_Date(fields[Date_Field]);
+    if (!Is_Import_Date(fields[place::Date_Of_Birth])) return false;
+    fields[place::Date_Of_Birth] = Format_Import_Date(fields[place::Date_Of_Birth]);
     return true;
 }
 

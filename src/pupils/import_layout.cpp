@@ -57,7 +57,8 @@ void Form42::Lay_Out_Grid() {
         {u"Surname"_s, 200}, {u"Forename(s)"_s, 200},   {u"Gender"_s, 80},    {u"Date of Birth"_s, 120},
         {u"User ID"_s, 160}, {u"Group / Class"_s, 190}, {u"Password"_s, 166},
     };
-    Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(std::size(columns)), 0, Frame1);
+    Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(std::size(columns)),
+                                 grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setAccessibleName(u"Preview of the individuals to import"_s);
     Spread1->setGeometry(Left, 162, Whole_Width, 380);
     int number = 0;

@@ -2,6 +2,8 @@
 
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
+#include "printing/grid_print.h"
+#include "pupils/pupil_fields.h"
 
 #include <QCoreApplication>
 #include <QScopeGuard>
@@ -88,8 +90,9 @@ void Form42::Offer_Import(bool offered) {
 }
 
 void Form42::Show_Record(const QStringList& fields, int row) {
-    Fill_Spread(Normalise_Hyphen(fields[Surname]), fields[Forename], fields[Sex],
-                Format_Import_Date(fields[Date_Of_Birth]), u""_s, fields[Group], fields[Password], row);
+    Fill_Spread(Normalise_Hyphen(fields[place::Surname]), fields[place::Forename], fields[place::Sex],
+                Format_Import_Date(fields[place::Date_Of_Birth]), u""_s, fields[place::Group],
+                fields[place::Password], row);
 }
 
 void Form42::Fill_Spread(const QString& surname, const QString& forename, const QString& gender,
@@ -97,7 +100,6 @@ void Form42::Fill_Spread(const QString& surname, const QString& forename, const 
                          int row) {
     if (code.isEmpty()) code = u"(will be created)"_s;
     if (group.isEmpty()) group = u"Universal"_s;
-    if (row > Spread1->rowCount()) Spread1->Set_MaxRows(row);
     int column = 0;
     for (const QString& text : {surname, forename, gender, date_of_birth, code, group, password})
         Spread1->Set_Text(++column, row, text);
@@ -149,10 +151,16 @@ void Form42::Stay_Alive() {
 // ---- the others
 
 void Form42::HotLabel4_Click() {
-    if (!platform.printers.Choose()) return;
-    platform.boxes.Ask(
-        Box_Style::Information, u"Printed"_s,
-        u"A spreadsheet showing personal details of all individuals to import has been sent to your printer"_s);
+    try {
+        if (!platform.printers.Choose()) return;
+        // Without a printer the user is told of the file that stands in for the sheets.
+        if (!printing::Grid_Print(printing::Grid_Kind::Import_Preview, *this, installation, platform)) return;
+        platform.boxes.Ask(
+            Box_Style::Information, u"Printed"_s,
+            u"A spreadsheet showing personal details of all individuals to import has been sent to your printer"_s);
+    } catch (const basics::Run_Time_Error&) {
+        // A printer that fails ends it without a word, as a cancelled dialog does.
+    }
 }
 
 void Form42::HotLabel1_Click() {

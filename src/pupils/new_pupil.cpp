@@ -2,6 +2,7 @@
 
 #include "platform/basics/run_time_error.h"
 #include "platform/database/connection.h"
+#include "pupils/pupil_fields.h"
 
 #include <QList>
 #include <QTime>
@@ -120,14 +121,14 @@ QString Normalise_Hyphen(const QString& surname) {
 QString New_Pupil_Statement(const QStringList& fields, const QString& student_code) {
     // The order decides what happens to a name that holds a place holder. The password alone goes in with its
     // apostrophes as they are, and fails on a single one.
-    return With_Values(Pupil_Template, {{u"?dob_as_password"_s, fields[Password].isEmpty() ? u"1"_s : u"0"_s},
+    return With_Values(Pupil_Template, {{u"?dob_as_password"_s, fields[place::Password].isEmpty() ? u"1"_s : u"0"_s},
                                         {u"?studentcode"_s, student_code},
-                                        {u"?surname"_s, Normalise_Hyphen(Quotes_Doubled(fields[Surname]))},
-                                        {u"?forename"_s, Quotes_Doubled(fields[Forename])},
-                                        {u"?sex"_s, fields[Sex]},
-                                        {u"?date_of_birth"_s, fields[Date_Of_Birth]},
-                                        {u"?group_class"_s, Quotes_Doubled(fields[Group])},
-                                        {u"?password"_s, fields[Password]}});
+                                        {u"?surname"_s, Normalise_Hyphen(Quotes_Doubled(fields[place::Surname]))},
+                                        {u"?forename"_s, Quotes_Doubled(fields[place::Forename])},
+                                        {u"?sex"_s, fields[place::Sex]},
+                                        {u"?date_of_birth"_s, fields[place::Date_Of_Birth]},
+                                        {u"?group_class"_s, Quotes_Doubled(fields[place::Group])},
+                                        {u"?password"_s, fields[place::Password]}});
 }
 
 // ---- the code
@@ -176,16 +177,16 @@ void Pupil_Maker::Generate_StudentCode(const QString& surname, const QString& fo
 // ---- the statements
 
 void Pupil_Maker::Run_All_Statements(QStringList& fields) {
-    if (fields.size() < New_Pupil_Fields) basics::Raise(basics::errors::Subscript_Out_Of_Range);
+    if (fields.size() < place::Count) basics::Raise(basics::errors::Subscript_Out_Of_Range);
     database::Connection connection;
     connection.ConnectionString = installation.Connection_String;
     connection.Open();
-    Generate_StudentCode(fields[Surname], fields[Forename]);
-    if (fields[Group].isEmpty()) fields[Group] = Default_Group;
+    Generate_StudentCode(fields[place::Surname], fields[place::Forename]);
+    if (fields[place::Group].isEmpty()) fields[place::Group] = Default_Group;
     connection.Execute(New_Pupil_Statement(fields, New_StudentCode));
     for (const QString& data_row : Data_Row_Templates())
         connection.Execute(With_Values(data_row, {{u"?studentcode"_s, New_StudentCode}}));
-    Make_Group_If_Missing(connection, fields[Group]);
+    Make_Group_If_Missing(connection, fields[place::Group]);
 }
 
 bool Pupil_Maker::Insert_New_Pupil(QStringList& fields) {

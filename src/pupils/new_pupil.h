@@ -8,16 +8,13 @@
 
 namespace pupils {
 
-// The places of a new pupil's fields, as an import file has them; a seventh may follow, which nothing reads.
-enum New_Pupil_Field { Surname, Forename, Sex, Date_Of_Birth, Group, Password, New_Pupil_Fields };
-
 // Overwrites in place each character that occurs in from_chars, and gives the text back.
 QString& Replace_Chars(QString& text, const QString& from_chars, QChar to_char);
 
 // The first " - " becomes "-"; a second one stays.
 QString Normalise_Hyphen(const QString& surname);
 
-// The statement that makes the pupil's own row. Field 4, the group, must not be blank any more.
+// The statement that makes the pupil's own row; the group must not be blank any more.
 QString New_Pupil_Statement(const QStringList& fields, const QString& student_code);
 
 // Makes pupils, for every page that does.

@@ -36,6 +36,9 @@ QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent
 // The help line that speaks through the label.
 shell::Help_Line* Help_In(QLabel* label, QObject* owner);
 
+// Lets entries and lists on the surface look disabled while they are.
+void Grey_What_Is_Disabled(QWidget* surface);
+
 // Selects the first item; a list without items is left alone.
 void Select_First(shell::Click_Combo* combo);
 

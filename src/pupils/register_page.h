@@ -7,6 +7,8 @@
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page.h"
 
+#include <QGroupBox>
+
 namespace pupils {
 
 // The Register page: enters pupils one at a time. A pupil starts in the group "Universal" with his date of

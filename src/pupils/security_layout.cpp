@@ -37,13 +37,16 @@ void Form2::Lay_Out() {
     label2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Label3 = Make_Number(u"Label3"_s, {Left + Left_Width - 66, 62, 64, 24}, Frame1);
 
-    Spread1 = new grid::fpSpread(u"Spread1"_s, 6, 0, Frame1);
+    Spread1 = new grid::fpSpread(u"Spread1"_s, 6, grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setGeometry(Left, 90, Left_Width, 340);
     Spread1->setAccessibleName(caption);
     int column = 0;
-    for (const int width : {134, 186, 92, 146, 132, 66})
+    for (const int width : {128, 184, 92, 140, 128, 86})
         Spread1->Set_ColWidth(++column, width);
+    for (const int words : {2, 4, 5})
+        Spread1->Set_Left_Aligned(words);
 
+    Grey_What_Is_Disabled(Frame1);
     Lay_Out_Individual();
     Lay_Out_Group_Settings();
     Lay_Out_Group_Names();

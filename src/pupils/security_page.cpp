@@ -1,6 +1,7 @@
 #include "pupils/security_page.h"
 
 #include "platform/basics/run_time_error.h"
+#include "printing/grid_print.h"
 
 using namespace Qt::StringLiterals;
 
@@ -78,7 +79,6 @@ void Form2::SpreadSheet_Headings() {
 
 void Form2::Populate_SpreadSheet(int count) {
     SpreadSheet_Headings();
-    Spread1->Set_MaxRows(count); // first: the grid takes no text beyond its last row
     for (int row = 1; row <= count; ++row) {
         const QString texts[] = {
             pupils.Student_Code[row],
@@ -92,6 +92,7 @@ void Form2::Populate_SpreadSheet(int count) {
         for (const QString& text : texts)
             Spread1->Set_Text(++column, row, text);
     }
+    Spread1->Set_MaxRows(count);
     Spread1->viewport()->update();
 }
 
@@ -311,6 +312,9 @@ void Form2::HotLabel1_Click() {
 void Form2::HotLabel2_Click() {
     try {
         if (!platform.printers.Choose()) return;
+        // Without a printer the user is told of the file that stands in for the sheet.
+        if (!printing::Grid_Print(printing::Grid_Kind::Security_Settings, *this, installation, platform))
+            return;
         platform.boxes.Ask(Box_Style::Information, u"Will be printed"_s,
                            u"The Security settings sheet has been sent to your printer"_s);
     } catch (const basics::Run_Time_Error&) {

@@ -1,6 +1,8 @@
 #include "reports/reports_page.h"
 
 #include "platform/basics/number_text.h"
+#include "printing/print_table.h"
+#include "printing/printer_errors.h"
 #include "reports/state/pupil_comment.h"
 #include "scoring/chosen_pupil.h"
 #include "scoring/pindo.h"
@@ -87,6 +89,9 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     database::Connection connection;
     connection.ConnectionString = installation.Connection_String;
     connection.Open();
+    // All that is read for this choice goes through it: opening one for each query costs more than the
+    // reading.
+    const foundation::Shared_Connection sharing(connection, {&scoring.holder, &holder});
     Hide_Any_Tables();
     Reset_Bars();
     Label3->setText(u""_s);
@@ -435,7 +440,18 @@ void Form30::Label7_Click() {
 
 void Form30::PrintIcon_Click() {
     if (!Picture2->isHidden()) return; // only tables are printed from here
-    navigator.Open_On_Top(shell::Page_Id::Print_Table);
+    if (!platform.printers.Choose()) return;
+    using printing::Table_To_Print;
+    const std::pair<Table_To_Print, grid::fpSpread*> tables[] = {{Table_To_Print::Wide_Detail, fpSpread2plus},
+                                                                 {Table_To_Print::Summary, fpSpread1},
+                                                                 {Table_To_Print::Detail, fpSpread2}};
+    for (const auto& [kind, table] : tables) {
+        if (table->isHidden()) continue;
+        printing::Telling_Printer_Errors(platform, [&] {
+            printing::Print_Table({kind, *table, Label3->text()}, state, installation, platform);
+        });
+        return;
+    }
 }
 
 static bool Needs_Eight_Columns(int t) {

@@ -12,7 +12,8 @@ namespace scoring {
 // highest is run-time error 9.
 class Item_Array {
 public:
-    explicit Item_Array(int highest = 0) : values(static_cast<std::size_t>(highest) + 1) {}
+    explicit Item_Array(int highest = 0, const basics::Value& initial = {})
+        : values(static_cast<std::size_t>(highest) + 1, initial) {}
     basics::Value& operator[](int item) { return values[Checked(item)]; }
     const basics::Value& operator[](int item) const { return values[Checked(item)]; }
 
@@ -25,7 +26,10 @@ private:
 // that a pass doesn't read keep what an earlier pupil left.
 class Test_Items {
 public:
-    explicit Test_Items(int highest_item) { arrays.fill(Item_Array(highest_item)); }
+    explicit Test_Items(int highest_item) {
+        arrays.fill(Item_Array(highest_item));
+        Of(Item_Field::Time) = Item_Array(highest_item, 0); // what a table shows before any time pass
+    }
 
     Item_Array& Of(Item_Field field) { return arrays[static_cast<std::size_t>(field)]; }
     const Item_Array& Of(Item_Field field) const { return arrays[static_cast<std::size_t>(field)]; }

@@ -52,6 +52,7 @@ double Fill_Pindo_Rows(fpSpread& grid, const Test_Items& items) {
 } // namespace
 
 void Show_Raw_Table_Pindo(int p, fpSpread& grid, Scoring& scoring) {
+    if (grid.rowCount() < Rows) grid.Set_MaxRows(Rows); // what is written below the last row would be lost
     Write_Row_Labels(grid);
     const double sum = Fill_Pindo_Rows(grid, scoring.items[test_index::Pindo]);
     const int totals = Tries * 6 + 2;

@@ -288,16 +288,20 @@ QString Show_Age_At_Test(int months) {
     return u"%1:%2"_s.arg(months / 12).arg(months % 12, 2, 10, QChar(u'0'));
 }
 
-// Some fillers set the number of rows and some leave it as it stood.
+// Some fillers set the number of rows and some leave it as it stood, also where that cuts their table short.
+
+static void Fill_And_Set_Rows(int t, int rows, int p, fpSpread& grid, Scoring& scoring) {
+    if (grid.rowCount() < rows) grid.Set_MaxRows(rows); // what is written below the last row would be lost
+    Fill_And_Show(t, p, grid, scoring);
+    grid.Set_MaxRows(rows);
+}
 
 void Show_Raw_Table_Tolvens(int p, fpSpread& grid, Scoring& scoring) {
-    Fill_And_Show(Tolvens, p, grid, scoring);
-    grid.Set_MaxRows(20);
+    Fill_And_Set_Rows(Tolvens, 20, p, grid, scoring);
 }
 
 void Show_Raw_Table_Friends(int p, fpSpread& grid, Scoring& scoring) {
-    Fill_And_Show(Bliks_Friends, p, grid, scoring);
-    grid.Set_MaxRows(22);
+    Fill_And_Set_Rows(Bliks_Friends, 22, p, grid, scoring);
 }
 
 void Show_Raw_Table_Karrel(int p, fpSpread& grid, Scoring& scoring) {
@@ -318,8 +322,8 @@ void Show_Raw_Table_Drell(int p, fpSpread& grid, Scoring& scoring) {
 }
 
 void Show_Raw_Table_Mirvel(int p, fpSpread& grid, Scoring& scoring) {
-    Fill_And_Show(Mirvel, p, grid, scoring);
-    grid.Set_MaxRows(scoring.pupils.Test_Age[Mirvel][p] < Older_From ? 14 : 18);
+    const int rows = scoring.pupils.Test_Age[Mirvel][p] < Older_From ? 14 : 18;
+    Fill_And_Set_Rows(Mirvel, rows, p, grid, scoring);
 }
 
 void Show_Raw_Table_Yoon(int p, fpSpread& grid, Scoring& scoring) {

@@ -47,8 +47,8 @@ TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
                           {4, 10, 12, 3, u"fpSpread2"_s},
                           {5, 8, 12, 4, u"fpSpread2"_s},
                           {6, 7, 9, 3, u"fpSpread2"_s},
-                          {7, 8, 12, 5, Wide},
-                          {8, 15, 25, 6, Wide}};
+                          {8, 15, 25, 6, Wide},
+                          {7, 8, 12, 5, Wide}};
     for (const int months : {83, 84}) {
         Set_Age(months);
         page.reset();
@@ -149,6 +149,9 @@ TEST_F(Raw_Tables, SomeTablesSetTheRowsAndOthersLeaveThem) {
     EXPECT_EQ(Rows(), 28);
     Show(7);
     EXPECT_EQ(Rows(Wide), 18);
+    Show(8);
+    EXPECT_EQ(Rows(Wide), 18); // and so ends within its items
+    EXPECT_EQ(At(1, 18, Wide), u"17"_s);
     Set_Age(70);
     page.reset();
     Show(7);

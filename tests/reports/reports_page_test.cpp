@@ -314,3 +314,24 @@ TEST_F(Reports_Page, ANullWhereNoneMayBeIsARunTimeError) {
     sample.Run(u"UPDATE Yoon_Norms SET \"Age 7 Centile\" = NULL WHERE \"Raw Score\" = 3"_s);
     EXPECT_EQ(number_of([&] { Load(); }), basics::errors::Invalid_Use_Of_Null);
 }
+
+TEST_F(Reports_Page, OnlyATableOnScreenIsPrinted) {
+    Open();
+    page->PrintIcon_Click();
+    EXPECT_TRUE(outside.printers.printed.isEmpty());
+
+    page->HotLabel7_Click();
+    outside.printers.cancelled = true;
+    page->PrintIcon_Click();
+    EXPECT_TRUE(outside.printers.printed.isEmpty());
+    outside.printers.cancelled = false;
+    page->PrintIcon_Click();
+    EXPECT_EQ(outside.printers.pages.size(), 1);
+
+    // A printer's fault is told and the page goes on.
+    outside.printers.broken = true;
+    outside.boxes.Will_Answer(Answer::Ok);
+    page->PrintIcon_Click();
+    EXPECT_EQ(outside.boxes.shown[0].text, u"The printer is stopped."_s);
+    EXPECT_TRUE(Shown(*page, u"fpSpread1"_s));
+}

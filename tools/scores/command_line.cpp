@@ -1,7 +1,7 @@
 #include "scores/command_line.h"
 
-#include "scores/console_platform.h"
-#include "scores/error_line.h"
+#include "console/console_platform.h"
+#include "console/error_line.h"
 #include "scores/score_lines.h"
 
 #include <QCommandLineParser>
@@ -15,6 +15,7 @@ namespace {
 
 constexpr int Done = 0;
 constexpr int Failed = 2;
+const QString Program = u"mevo-scores"_s;
 
 struct Request {
     QString database;
@@ -53,13 +54,13 @@ int Run_Command(const QStringList& arguments, QIODevice& output, QTextStream& er
     try {
         const std::optional<Request> request = Read_Arguments(arguments, output);
         if (!request) return Done;
-        Console_Platform console(errors);
-        Write_Whole(Score_Lines(request->database, request->wanted, console.Ports()), output);
+        console::Console_Platform platform(Program, errors);
+        Write_Whole(Score_Lines(request->database, request->wanted, platform.Ports()), output);
         return Done;
-    } catch (const Program_Ended&) {
+    } catch (const console::Program_Ended&) {
         return Failed; // the box that was shown has told why
     } catch (const Export_Fault& fault) {
-        Write_Error_Line(QString::fromUtf8(fault.what()), errors);
+        console::Write_Error_Line(Program, QString::fromUtf8(fault.what()), errors);
         return Failed;
     }
 }

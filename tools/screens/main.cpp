@@ -24,7 +24,7 @@ class Refusing_Boxes final : public desktop::Message_Boxes {
 public:
     explicit Refusing_Boxes(desktop::Processes& processes) : processes(processes) {}
     desktop::Answer Ask(desktop::Box_Style, const QString& title, const QString& text) override {
-        QTextStream(stderr) << "The walk met a box: " << title << ": " << text << Qt::endl;
+        QTextStream(stderr) << "The walk met a box: " << title << ": " << text.simplified() << Qt::endl;
         processes.End(1);
     }
 

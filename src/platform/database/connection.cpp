@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <cmath>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -45,7 +46,8 @@ QString Data_Source(const QString& connection_string) {
 
 // What statements of the program may do. The rest (attaching, settings, transactions, views, triggers,
 // dropping) is refused, whatever text was spliced into a statement.
-int Allow_Plain_Statements(void*, int action, const char* first, const char* second, const char*, const char*) {
+int Allow_Plain_Statements(void*, int action, const char* first, const char* second, const char*,
+                           const char*) {
     switch (action) {
     case SQLITE_SELECT:
     case SQLITE_READ:
@@ -53,11 +55,15 @@ int Allow_Plain_Statements(void*, int action, const char* first, const char* sec
     case SQLITE_UPDATE:
     case SQLITE_DELETE:
     case SQLITE_CREATE_TABLE:
-    case SQLITE_ALTER_TABLE: return SQLITE_OK;
-    case SQLITE_FUNCTION: return qstrcmp(second, "load_extension") == 0 ? SQLITE_DENY : SQLITE_OK;
+    case SQLITE_ALTER_TABLE:
+        return SQLITE_OK;
+    case SQLITE_FUNCTION:
+        return qstrcmp(second, "load_extension") == 0 ? SQLITE_DENY : SQLITE_OK;
     // The engine itself looks over the rows when a column with a limit is added.
-    case SQLITE_PRAGMA: return qstrcmp(first, "quick_check") == 0 ? SQLITE_OK : SQLITE_DENY;
-    default: return SQLITE_DENY;
+    case SQLITE_PRAGMA:
+        return qstrcmp(first, "quick_check") == 0 ? SQLITE_OK : SQLITE_DENY;
+    default:
+        return SQLITE_DENY;
     }
 }
 
@@ -100,10 +106,11 @@ void Bind(sqlite3_stmt* statement, int place, const Value& value) {
     if (value.Is_Empty()) {
         sqlite3_bind_null(statement, place);
     } else if (value.Is_Number()) {
+        constexpr double largest_whole = 9e15; // doubles beyond hold no odd numbers, and may not fit
         const double number = value.As_Double();
-        const auto whole = static_cast<qint64>(number);
-        if (static_cast<double>(whole) == number)
-            sqlite3_bind_int64(statement, place, whole);
+        const bool is_whole = std::fabs(number) < largest_whole && std::trunc(number) == number;
+        if (is_whole)
+            sqlite3_bind_int64(statement, place, static_cast<qint64>(number));
         else
             sqlite3_bind_double(statement, place, number);
     } else {

@@ -198,10 +198,10 @@ void Sort_By_Text_Order(Tokens& tokens) {
         if (!tokens[at].Is("ORDER"_L1) || !tokens[at + 1].Is("BY"_L1)) continue;
         int depth = 0;
         bool named = false; // the term at hand has its collation
-        for (at += 2; at < tokens.size() && depth >= 0; ++at) {
+        for (at += 2; at < tokens.size(); ++at) {
             const Token& token = tokens[at];
             if (token.Is("("_L1)) ++depth;
-            if (token.Is(")"_L1)) --depth;
+            if (token.Is(")"_L1) && --depth < 0) break;
             if (depth != 0) continue;
             if (token.Is(","_L1)) {
                 if (!named) tokens.insert(at++, {Token::Kind::Name, collate});

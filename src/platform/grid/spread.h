@@ -1,28 +1,86 @@
 #pragma once
 
+#include "platform/grid/grid_printing.h"
+
+#include <QColor>
 #include <QTableWidget>
+#include <vector>
 
 namespace grid {
 
+// How cells of one text are drawn on screen.
+struct Cell_Look {
+    QColor ground; // none: the grid's own
+    QColor ink;
+    bool bold = false;
+};
+
+// Where a grid prints, and as what.
+struct Print_Outlet {
+    desktop::Printers& printers;
+    QString document;   // as the printer's queue names it
+    QString pdf_folder; // for the PDF that stands in where no printer is set up
+};
+
 // The grid control: cells addressed by column and row from 1, filled by the program and read by the user. A
 // double click on it is told to its page.
+//
+// Row 0 is the header row. A column that was given no heading has its letter there, and the row is shown as
+// soon as one heading has been written.
 class fpSpread : public QTableWidget {
     Q_OBJECT
 public:
+    // A row count for a grid that gets its rows as they are written.
+    static constexpr int Rows_As_Written = -1;
+
     fpSpread(const QString& name, int columns, int rows, QWidget* parent);
 
+    // A cell outside the grid takes no text.
     void Set_Text(int column, int row, const QString& text);
     QString Text(int column, int row) const; // empty text for a cell never written
-    void Set_MaxRows(int rows);
+    void Set_MaxRows(int rows);              // drops the rows behind the last
     void Set_ColWidth(int column, int pixels);
+    void Set_Left_Aligned(int column); // from the start column 1 alone is; the others are centred
     // Row 1 is the heading: drawn apart from the others.
     void Set_Heading_Row(bool heading);
+    void Set_Look(const QString& text, const Cell_Look& look); // of all cells that hold the text
+
+    static constexpr int Portrait = 1;
+    static constexpr int Action_Print = 32;
+
+    int PrintOrientation = Portrait;
+    QString PrintHeader; // both in the mark-up
+    QString PrintFooter;
+    int PrintMarginLeft = 720; // twips
+    bool PrintColHeaders = true;
+    bool PrintRowHeaders = true; // the rows' numbers
+    bool PrintDataOnly = false;  // leaves out the rows and columns behind the last that hold data
+
+    // 32 prints the grid. Gives the full name of the PDF if there was no printer, otherwise empty text. A
+    // fault of the printer, an action or an orientation that the grid doesn't know is a run-time error.
+    QString Action(int action, const Print_Outlet& outlet);
+
+    // What would be printed now.
+    Printed_Grid Printed() const;
 
 Q_SIGNALS:
     void Double_Click();
 
 private:
+    struct Extent {
+        int columns = 0;
+        int rows = 0;
+    };
+
+    Qt::Alignment Alignment_Of(int column) const;
     QTableWidgetItem* Item_At(int column, int row);
+    void Set_Heading(int column, const QString& text);
+    QStringList Row_Texts(int row, const Extent& extent) const;
+    Extent Printed_Extent() const;
+
+    bool rows_as_written;
+    bool heading_row = false;
+    std::vector<Side> sides; // by column
 };
 
 } // namespace grid

@@ -64,7 +64,7 @@ void Preview_Window::Show_Output() {
 
 void Preview_Window::Set_ZoomPercent(int percent) {
     chosen_zoom = std::max(1, percent);
-    Zoom_To(chosen_zoom, viewport()->rect().center());
+    Zoom_To(chosen_zoom, {viewport()->width() / 2, 0}); // reading goes on from the top
 }
 
 void Preview_Window::Set_ShownPage(int page) {
@@ -79,7 +79,7 @@ QString Preview_Window::PrintPages(const QString& name, int first, int last, con
 }
 
 void Preview_Window::CopyPage() {
-    clipboard.Put(Copy_Of(sheet));
+    if (sheet.width > 0) clipboard.Put(Copy_Of(sheet));
 }
 
 void Preview_Window::paintEvent(QPaintEvent*) {
@@ -102,6 +102,16 @@ void Preview_Window::paintEvent(QPaintEvent*) {
 void Preview_Window::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
     Fit_Scroll_Bars();
+}
+
+void Preview_Window::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update(); // the sheet's edge tells that the keys come here
+}
+
+void Preview_Window::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
 }
 
 void Preview_Window::mousePressEvent(QMouseEvent* event) {

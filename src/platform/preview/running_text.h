@@ -19,7 +19,7 @@ struct Band {
 };
 
 // Adds the line to a page that is otherwise complete. Reports write their titles into the top margin too,
-// each page its own, so the line takes the widest strip of the band that no other text touches.
+// each page its own, so the line takes the highest strip of the band that no other text touches.
 void Add_Running_Text(const Running_Text& running, const Band& band, Drawing& page);
 
 } // namespace preview

@@ -18,13 +18,15 @@ QList<QStringList> Table_Rows(const QString& table_text);
 struct Cell_Room {
     int width = 0;   // from border to border
     int padding = 0; // kept clear at the left and the right
+    bool bordered = true;
 };
 
-// What a line may take at most. A text that fits in it, though not between the paddings, stays on one line: a
-// number or a name reads better whole.
+// What a line may take at most: a number or a name reads better whole, though it takes of the paddings.
 int Widest_Line(const Cell_Room& room);
 
-// The lines that a cell's text takes. It is broken at blanks, and a word that is too wide by itself is cut
+// The lines that a cell's text takes. A text that is somewhat too wide is set narrower, in a table without
+// borders a good deal: such rows are labels, and a second line would land on what they stand above. Otherwise
+// it is broken at blanks, and a word that is too wide by itself is cut
 // short, so that nothing runs over the neighbour.
 QStringList Cell_Lines(const Text_Style& style, const QString& text, const Cell_Room& room);
 

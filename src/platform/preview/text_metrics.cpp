@@ -12,7 +12,6 @@ namespace {
 
 constexpr int Twips_Per_Point = 20;
 constexpr int Largest_Font = 1000;
-constexpr double Tightest_Setting = 0.95;
 
 QFontMetricsF Metrics_Of(const Text_Style& style) {
     return QFontMetricsF(Font_Of(style));
@@ -139,8 +138,8 @@ double Squeeze_To_Fit(const Text_Style& style, const QString& text, double width
     return natural > width && width > 0 ? width / natural : 1.0;
 }
 
-bool Fits_On_One_Line(const Text_Style& style, const QString& text, double width) {
-    return Text_Width(style, text) * Tightest_Setting <= width;
+bool Fits_On_One_Line(const Text_Style& style, const QString& text, double width, double tightest) {
+    return Text_Width(style, text) * tightest <= width;
 }
 
 QString Printable(const QString& text) {

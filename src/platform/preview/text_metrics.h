@@ -20,9 +20,8 @@ double Descent(const Text_Style& style);    // of a "g" below the baseline
 
 // How much narrower than its natural width a line must be set to fit; 1 if it fits as it is.
 double Squeeze_To_Fit(const Text_Style& style, const QString& text, double width);
-// Whether a text may stand on one line of that width. A line that is only a little too wide is set narrower
-// rather than broken: its second line would land on what stands below.
-bool Fits_On_One_Line(const Text_Style& style, const QString& text, double width);
+// Whether a text may stand on one line of that width when it is set narrower by that factor at most.
+bool Fits_On_One_Line(const Text_Style& style, const QString& text, double width, double tightest);
 
 // Text as it can stand on a line: what isn't printable is a blank.
 QString Printable(const QString& text);

@@ -87,10 +87,12 @@ void ViewPro::MeasureText(const QString& text) {
     TextWidth = Whole(Text_Width(Style(), Printable(text)));
 }
 
+// A line that is only a little too wide is set narrower: a second one would land on what stands below.
 void ViewPro::Text(const QString& text) {
+    constexpr double tightest = 0.95;
     const QString line = Printable(text);
-    Print_Lines(Fits_On_One_Line(Style(), line, Line_Room()) ? QStringList{line}
-                                                             : Wrapped(Style(), text, Line_Room()));
+    Print_Lines(Fits_On_One_Line(Style(), line, Line_Room(), tightest) ? QStringList{line}
+                                                                       : Wrapped(Style(), text, Line_Room()));
 }
 
 void ViewPro::Paragraph(const QString& text) {
@@ -98,6 +100,7 @@ void ViewPro::Paragraph(const QString& text) {
 }
 
 void ViewPro::DrawText(int x, int y, const QString& text) {
+    if (text.trimmed().isEmpty()) return;
     Sheet().operations.push_back(Text_Operation{x, y, Printable(text), Style(), ForeColor, TextAngle, 1.0});
 }
 
@@ -225,7 +228,7 @@ std::vector<ViewPro::Printed_Cell> ViewPro::Table_Cells(const QStringList& texts
     std::vector<Printed_Cell> cells;
     for (qsizetype column = 0; column < widths.size(); ++column) {
         if (hooked && Before_Cell) Before_Cell(row);
-        const Cell_Room room{widths[column], CellPadding};
+        const Cell_Room room{widths[column], CellPadding, TableBorders != 0};
         cells.push_back({Cell_Lines(Style(), texts.value(column), room), Style(), ForeColor, ObjectBKColor});
         if (hooked && After_Cell) After_Cell(row);
     }
@@ -252,7 +255,7 @@ void ViewPro::Put_Row(const std::vector<Printed_Cell>& cells, const QList<int>& 
 }
 
 void ViewPro::Put_Cell_Text(const Printed_Cell& cell, int left, int top, int width) {
-    const Cell_Room room{width, CellPadding};
+    const Cell_Room room{width, CellPadding, TableBorders != 0};
     for (qsizetype number = 0; number < cell.lines.size(); ++number) {
         const QString& line = cell.lines[number];
         if (line.isEmpty()) continue;

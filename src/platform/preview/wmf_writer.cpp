@@ -44,6 +44,7 @@ constexpr int Twips_Per_Inch = 1440;
 constexpr int Twips_Per_Point = 20;
 constexpr int Anisotropic = 8;
 constexpr int Transparent = 1;
+constexpr int Opaque = 2;
 constexpr int Left_On_Baseline = 24;
 constexpr int Solid = 0;
 constexpr int Hollow_Brush = 1;
@@ -111,13 +112,14 @@ public:
         Put(Set_Window_Origin, Words().Add(0).Add(0));
         Put(Set_Window_Extent, Words().Add_Place(height).Add_Place(width));
         Put(Save_Context, Words());
-        Put(Set_Background_Mode, Words().Add(Transparent));
         Put(Set_Text_Align, Words().Add(Left_On_Baseline));
+        Add_Paper();
     }
 
     void Add(const Text_Operation& text) {
         const Encoded_Text encoded = Encoded(text);
         if (encoded.bytes.isEmpty()) return;
+        Set_Background(Transparent);
         Select(font, Create_Font, Font_Words(text));
         Put(Set_Text_Colour, Words().Add_Colour(text.colour));
         const double angle = text.angle / 1800.0 * std::numbers::pi;
@@ -138,6 +140,7 @@ public:
     }
 
     void Add(const Rectangle_Operation& rectangle) {
+        Set_Background(Opaque);
         Select(pen, Create_Pen, rectangle.outline ? Pen_Words(*rectangle.outline) : No_Pen_Words());
         Select(brush, Create_Brush, Brush_Words(rectangle.fill));
         Put(Rectangle, Words()
@@ -157,6 +160,15 @@ public:
     }
 
 private:
+    // Some readers take the drawn part alone for the page's size, so the paper is drawn as well.
+    void Add_Paper() { Add(Rectangle_Operation{0, 0, width, height, std::nullopt, QColor(Qt::white)}); }
+
+    // Of text only; but some readers paint a solid brush half transparent as long as text is set so.
+    void Set_Background(int mode) {
+        if (mode != background) Put(Set_Background_Mode, Words().Add(mode));
+        background = mode;
+    }
+
     static Words Font_Words(const Text_Operation& text) {
         Words words;
         words.Add_Place(-text.style.font_size * Twips_Per_Point).Add(0);
@@ -218,6 +230,7 @@ private:
     Words records;
     int longest_record = 0;
     QHash<QByteArray, int> objects;
+    int background = 0;
     int font = -1;
     int pen = -1;
     int brush = -1;

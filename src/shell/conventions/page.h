@@ -27,7 +27,6 @@ enum class Page_Id {
     Testing_Progress,
     Settings,
     Archiving,
-    Print_Table, // over the Reports page
 };
 
 // How a page says what follows. It is destroyed after its handler has returned.

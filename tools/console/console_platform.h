@@ -5,18 +5,18 @@
 #include <QTextStream>
 #include <memory>
 
-namespace score_export {
+namespace console {
 
 // Thrown where a page's code would have ended the process.
 struct Program_Ended {
     int status;
 };
 
-// The ports of a program that asks nobody: a box is a line among the errors, and a question is answered by
-// giving up. What only a desktop has is not there.
+// The ports of a console program that asks nobody: a box is a line among the errors, and a question is
+// answered by giving up. What only a desktop has is not there.
 class Console_Platform {
 public:
-    explicit Console_Platform(QTextStream& errors);
+    Console_Platform(const QString& program, QTextStream& errors);
     ~Console_Platform();
     Console_Platform(const Console_Platform&) = delete;
     Console_Platform& operator=(const Console_Platform&) = delete;
@@ -28,4 +28,4 @@ private:
     std::unique_ptr<Bodies> bodies;
 };
 
-} // namespace score_export
+} // namespace console

@@ -1,25 +1,26 @@
-#include "scores/console_platform.h"
+#include "console/console_platform.h"
 
+#include "console/error_line.h"
 #include "platform/basics/run_time_error.h"
-#include "scores/error_line.h"
 
-namespace score_export {
+namespace console {
 
 namespace {
 
 class Console_Boxes final : public desktop::Message_Boxes {
 public:
-    explicit Console_Boxes(QTextStream& errors) : errors(errors) {}
+    Console_Boxes(const QString& program, QTextStream& errors) : program(program), errors(errors) {}
 
     desktop::Answer Ask(desktop::Box_Style style, const QString&, const QString& text) override {
         // A database box names its error in a first line, which tells a user of the console nothing.
         const qsizetype line_end = text.indexOf(u'\r');
-        Write_Error_Line(text.mid(line_end + 1), errors);
+        Write_Error_Line(program, text.mid(line_end + 1), errors);
         const bool asks = style == desktop::Box_Style::Abort_Retry_Ignore_Critical;
         return asks ? desktop::Answer::Abort : desktop::Answer::Ok;
     }
 
 private:
+    QString program;
     QTextStream& errors;
 };
 
@@ -112,7 +113,7 @@ public:
 } // namespace
 
 struct Console_Platform::Bodies {
-    explicit Bodies(QTextStream& errors) : boxes(errors) {}
+    Bodies(const QString& program, QTextStream& errors) : boxes(program, errors) {}
 
     Console_Boxes boxes;
     No_Pointer pointer;
@@ -133,7 +134,8 @@ struct Console_Platform::Bodies {
                             folders, dialogs, file_dialogs, input_box, random,    printers,  clipboard};
 };
 
-Console_Platform::Console_Platform(QTextStream& errors) : bodies(std::make_unique<Bodies>(errors)) {
+Console_Platform::Console_Platform(const QString& program, QTextStream& errors)
+    : bodies(std::make_unique<Bodies>(program, errors)) {
 }
 
 Console_Platform::~Console_Platform() = default;
@@ -142,4 +144,4 @@ desktop::Platform& Console_Platform::Ports() {
     return bodies->ports;
 }
 
-} // namespace score_export
+} // namespace console

@@ -1,0 +1,298 @@
+#include "printing/batch_report.h"
+
+#include "printing/batch_list.h"
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace printing {
+
+using shell::HotLabel;
+using shell::Text_Role;
+
+Form92::Form92(desktop::Platform& platform, shell::Navigator& navigator,
+               const foundation::Installation& installation, const reports::Report_State& state,
+               scoring::Scoring& scoring)
+    : Report_Page(platform, navigator, installation),
+      scoring(scoring),
+      report(ViewPro1, {installation, state, scoring.pupils, cohort}, platform) {
+    setObjectName(u"Form92"_s);
+    Lay_Out();
+    Tell_Helps();
+    (state.Chart_Background == "GREY"_L1 ? Option1 : Option2)->setChecked(true);
+    Option5->setChecked(true);
+}
+
+void Form92::Load() {
+    const Hourglass busy(platform.pointer);
+    report.Report_Setup();
+    Set_Zoom(First_Zoom);
+    Load_Group_Filter(installation.Connection_String);
+    Compute_All_Scores();
+}
+
+// ---- scoring
+
+void Form92::Compute_All_Scores() {
+    Label5->setText(u"PLEASE WAIT...Computing individual scores"_s);
+    const Hourglass busy(platform.pointer);
+    if (window()->isVisible()) show(); // or nobody would see how far it has come
+    printing::Compute_All_Scores([this](const QString& text) { Show_Progress(text); }, cohort, scoring);
+    Batch_Count = static_cast<qint16>(scoring.pupils.Pupils_Listed);
+    Label10->setText(u"ALL pupils are currently listed."_s);
+    Label5->setText(u"There are %1 pupils who have scores."_s.arg(scoring.pupils.Pupils_Listed));
+}
+
+// The page is locked while it works, but it stays painted when something uncovers it.
+void Form92::Show_Progress(const QString& text) {
+    Label10->setText(text);
+    Label10->repaint();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+// ---- lists
+
+void Form92::Load_Group_Filter(const QString& connection_string) {
+    cboGroupFilter->Clear();
+    cboGroupFilter->AddItem(All_Groups());
+    Read_Group_Names(connection_string, [this](const QString& group) { cboGroupFilter->AddItem(group); });
+    cboGroupFilter->Set_ListIndex(0);
+}
+
+void Form92::cboGroupFilter_Click() {
+    Load_Pupil_List(installation.Connection_String);
+}
+
+void Form92::Load_Pupil_List(const QString& connection_string) {
+    const QSignalBlocker quiet(lstPupils);
+    lstPupils->clear();
+    const bool all_read = Read_Pupil_Entries(connection_string, cboGroupFilter->currentText(),
+                                             [this](const QString& student) { lstPupils->addItem(student); });
+    if (all_read && lstPupils->count() == 0) HotLabel9->setEnabled(false);
+}
+
+void Form92::lstPupils_Click() {
+    HotLabel9->setEnabled(true);
+}
+
+void Form92::HotLabel7_Click() {
+    lstPupils->selectAll();
+    HotLabel9->setEnabled(true);
+}
+
+void Form92::HotLabel8_Click() {
+    lstPupils->clearSelection();
+    HotLabel9->setEnabled(false);
+}
+
+QStringList Form92::Selected_Entries() const {
+    QStringList entries;
+    for (int i = 0; i < lstPupils->count(); ++i)
+        if (lstPupils->item(i)->isSelected()) entries.append(lstPupils->item(i)->text());
+    return entries;
+}
+
+// ---- the report
+
+// A selection with a pupil who can't be found changes nothing: the report on view can still be drawn anew.
+void Form92::HotLabel9_Click() {
+    const QList<qint16> places = Places_Of(Selected_Entries(), scoring.pupils);
+    const qsizetype errors = places.count(-1);
+    if (errors > 0) {
+        platform.boxes.Ask(desktop::Box_Style::Critical, u"Error needs attention"_s, Surname_Message(errors));
+        return;
+    }
+    Take_Batch(places, cohort);
+    Batch_Count = static_cast<qint16>(places.size());
+    Preview->Set_ShownPage(1);
+    Build_Batch(Batch_Count);
+}
+
+void Form92::Build_Batch(int count) {
+    const int pages = Sheets_For(count);
+    Label5->setText(u"There are %1 pupils on %2 pages."_s.arg(count).arg(pages));
+    report.Build_Batch(count, {.ground = Option1->isChecked() ? u"GREY"_s : u"WHITE"_s,
+                               .label = Option5->isChecked() ? Pupil_Label::Name : Pupil_Label::User_ID,
+                               .group = cboGroupFilter->currentText()});
+    ViewPro1.ShowOutput();
+    Fill_Page_List(pages);
+    Set_Zoom(Zoom_Now);
+    Report_Built = true;
+}
+
+void Form92::Fill_Page_List(int pages) {
+    const QSignalBlocker quiet(List3);
+    List3->clear();
+    for (int k = 1; k <= pages; ++k)
+        List3->addItem(u"Page %1"_s.arg(k));
+    List3->setCurrentRow(pages > 0 ? Preview->ShownPage() - 1 : -1);
+}
+
+void Form92::List3_Click() {
+    Preview->Set_ShownPage(List3->currentRow() + 1);
+    ViewPro1.ShowOutput();
+}
+
+void Form92::Option_Click() {
+    if (Report_Built) Build_Batch(Batch_Count);
+}
+
+QString Form92::Document_Name() const {
+    return u"Mevo batch report"_s;
+}
+
+// ---- controls
+
+namespace {
+
+// A frame's help: its own text where the pointer is over the frame itself. Moves that a control in it leaves
+// over reach the frame as well, and would hide what that control has told.
+class Frame_Help final : public QObject {
+public:
+    Frame_Help(QWidget* frame, const QString& text, QLabel* line) : QObject(frame), text(text), line(line) {
+        frame->setMouseTracking(true);
+        frame->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::MouseMove) return false;
+        const auto* frame = static_cast<QWidget*>(watched);
+        if (!frame->childAt(static_cast<QMouseEvent*>(event)->position().toPoint())) line->setText(text);
+        return false;
+    }
+
+private:
+    QString text;
+    QLabel* line;
+};
+
+} // namespace
+
+static QListWidget* Make_List(const QString& name, const QString& told, const QRect& place, QWidget* parent) {
+    auto* list = new QListWidget(parent);
+    list->setObjectName(name);
+    list->setAccessibleName(told);
+    list->setGeometry(place);
+    list->setUniformItemSizes(true); // there may be 2000
+    list->setStyleSheet(u"QListWidget::item { padding: 3px 4px; }"_s);
+    return list;
+}
+
+constexpr int Left = 24;
+constexpr int Left_Width = 290;
+constexpr int Middle = 330;
+constexpr int Middle_Width = 640;
+constexpr int Right = 986;
+constexpr int Right_Width = 230;
+constexpr int Top = 60;
+
+QGroupBox* Form92::Make_Frame(const QString& name, const QString& caption, const QRect& place) {
+    auto* frame = new QGroupBox(caption, Frame1);
+    frame->setObjectName(name);
+    frame->setGeometry(place);
+    return frame;
+}
+
+QRadioButton* Form92::Make_Option(const QString& name, const QString& caption, const QRect& place,
+                                  QWidget* parent) {
+    auto* option = new QRadioButton(caption, parent);
+    option->setObjectName(name);
+    option->setGeometry(place);
+    shell::On(option, &QRadioButton::clicked, this, platform, [this] { Option_Click(); });
+    return option;
+}
+
+// The order of making is the tab order: first the pupils, then the report, then what can be done with it.
+void Form92::Lay_Out() {
+    Make_Label(u"Label3"_s, u"Multiple Reports Print Preview"_s, Text_Role::Title, {Left, 12, 900, 44});
+    Lay_Out_List();
+    Lay_Out_Selection();
+    Lay_Out_Middle();
+    Lay_Out_Options();
+    Lay_Out_Zoom();
+    QGroupBox* copies = Make_Frame(u"Frame9"_s, u"Make copies"_s, {Right, 500, Right_Width, 78});
+    Make_Copy_Entries({12, 28, 98, 38}, {120, 28, 98, 38}, copies);
+    Make_Main_Entry({Right, 606, Right_Width, 42});
+}
+
+void Form92::Lay_Out_List() {
+    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 452});
+    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 26, 266, 22}, frame);
+    cboGroupFilter = new shell::Click_Combo(u"cboGroupFilter"_s, frame);
+    cboGroupFilter->setGeometry(12, 50, 266, 34);
+    cboGroupFilter->setAccessibleName(u"Group Filter"_s);
+    shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
+    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 94, 266, 346}, frame);
+    lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
+    shell::On(lstPupils, &QListWidget::itemSelectionChanged, this, platform, [this] { lstPupils_Click(); });
+}
+
+void Form92::Lay_Out_Selection() {
+    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 522, Left_Width, 126});
+    const auto entry = [this, frame](const char16_t* name, const QString& caption, const QRect& place,
+                                     std::function<void()> click) {
+        return Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click),
+                             HotLabel::Look::Command, frame);
+    };
+    HotLabel7 = entry(u"HotLabel7", u"Select all"_s, {12, 26, 128, 38}, [this] { HotLabel7_Click(); });
+    HotLabel8 = entry(u"HotLabel8", u"Clear all"_s, {150, 26, 128, 38}, [this] { HotLabel8_Click(); });
+    HotLabel9 =
+        entry(u"HotLabel9", u"Create batch report"_s, {12, 74, 266, 42}, [this] { HotLabel9_Click(); });
+    HotLabel9->setEnabled(false); // nothing is selected as yet
+}
+
+void Form92::Lay_Out_Middle() {
+    constexpr int wide = 390; // the longest of its texts
+    Label5 = Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {Middle, Top, wide, 26});
+    Label10 =
+        Make_Label(u"Label10"_s, u""_s, Text_Role::Quiet, {Middle + wide, Top, Middle_Width - wide, 26});
+    Label10->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Make_Preview({Middle, Top + 32, Middle_Width, 492}); // a whole sheet at the first zoom
+    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Middle, 594, Middle_Width, 54});
+    Label2->setWordWrap(true);
+    Label2->setAccessibleName(u"Help"_s);
+}
+
+void Form92::Lay_Out_Options() {
+    const QRect first(14, 26, 100, 28);
+    const QRect second(120, 26, 100, 28);
+    Frame2 = Make_Frame(u"Frame2"_s, u"Preview Pages"_s, {Right, Top, Right_Width, 170});
+    List3 = Make_List(u"List3"_s, u"Preview Pages"_s, {12, 28, Right_Width - 24, 130}, Frame2);
+    shell::On(List3, &QListWidget::currentRowChanged, this, platform, [this] { List3_Click(); });
+
+    Frame5 = Make_Frame(u"Frame5"_s, u"Background"_s, {Right, Top + 180, Right_Width, 66});
+    Option1 = Make_Option(u"Option1"_s, u"Grey"_s, first, Frame5);
+    Option2 = Make_Option(u"Option2"_s, u"White"_s, second, Frame5);
+    QGroupBox* labels = Make_Frame(u"Frame3"_s, u"Student label"_s, {Right, Top + 256, Right_Width, 66});
+    Option5 = Make_Option(u"Option5"_s, u"Name"_s, first, labels);
+    Option6 = Make_Option(u"Option6"_s, u"User ID"_s, second, labels);
+}
+
+void Form92::Lay_Out_Zoom() {
+    Frame8 = Make_Frame(u"Frame8"_s, u"Zoom"_s, {Right, Top + 332, Right_Width, 98});
+    const auto zoom = [](const QString& caption, int left) {
+        constexpr int width = 62;
+        return Zoom_Entry{caption, {left, 28, width, 36}, {left, 66, width, 26}};
+    };
+    Make_Zoom_Entries({zoom(u"100%"_s, 12), zoom(u"67%"_s, 84), zoom(u"40%"_s, 156)}, Frame8);
+}
+
+void Form92::Tell_Helps() {
+    auto* help = new shell::Help_Line(this, [this](const QString& text) { Label2->setText(text); });
+    Tell_Common_Helps(*help, u"Copy the current page only to the clipboard as a Windows Metafile (.WMF)"_s);
+    help->Tell(HotLabel7, u"Highlight (select) all the names shown in the batch list."_s);
+    help->Tell(HotLabel8, u"Clear (unselect) all names from the batch list."_s);
+    help->Tell(HotLabel9,
+               u"Create a printout for all pupils whose names are highlighted in the batch list."_s);
+    new Frame_Help(Frame2, u"Select the page of miniature profiles you wish to view"_s, Label2);
+    new Frame_Help(Frame5,
+                   u"Tip: Change background to white if report printouts appear too dark or indistinct."_s,
+                   Label2);
+    new Frame_Help(Frame8, u"Tip: Double click on the report to zoom in further."_s, Label2);
+}
+
+} // namespace printing

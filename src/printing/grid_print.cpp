@@ -1,0 +1,63 @@
+#include "printing/grid_print.h"
+
+#include "platform/basics/dates.h"
+#include "platform/basics/run_time_error.h"
+#include "printing/pdf_notice.h"
+#include "printing/product_lines.h"
+
+using namespace Qt::StringLiterals;
+
+namespace printing {
+namespace {
+
+struct Grid_Titles {
+    QString suffix;   // of the heading
+    QString document; // in the printer's queue
+};
+
+Grid_Titles Titles_Of(Grid_Kind kind) {
+    switch (kind) {
+    case Grid_Kind::Testing_Progress:
+        return {u" - Testing Progress Record./n"_s, u"Mevo testing progress"_s};
+    case Grid_Kind::Import_Preview:
+        return {u" - Preview of student import details./n"_s, u"Mevo import preview"_s};
+    case Grid_Kind::Security_Settings:
+        return {u" - Security settings for all registered individuals./n"_s, u"Mevo security settings"_s};
+    }
+    basics::Raise(basics::errors::Subscript_Out_Of_Range);
+}
+
+grid::fpSpread& Spread1_Of(const QWidget& page) {
+    auto* grid = page.findChild<grid::fpSpread*>(u"Spread1"_s);
+    if (!grid) basics::Raise(basics::errors::Object_Not_Set);
+    return *grid;
+}
+
+} // namespace
+
+bool Print_On_Paper(grid::fpSpread& grid, const QString& document,
+                    const foundation::Installation& installation, desktop::Platform& platform) {
+    const QString pdf =
+        grid.Action(grid::fpSpread::Action_Print, {platform.printers, document, installation.Archive_Folder});
+    Tell_Of_Pdf(pdf, platform);
+    return pdf.isEmpty();
+}
+
+bool Grid_Print(Grid_Kind kind, const QWidget& page, const foundation::Installation& installation,
+                desktop::Platform& platform) {
+    grid::fpSpread& grid = Spread1_Of(page);
+    const Grid_Titles titles = Titles_Of(kind);
+    const QString today = basics::Date_Text(platform.clock.Now().date().startOfDay());
+    grid.PrintOrientation = grid::fpSpread::Portrait;
+    grid.PrintHeader = u"/fn\"Arial\"/fz\"14\"/fb1/c"_s + installation.Institution + u"/n/c"_s +
+                       u"Quend Mevo"_s + titles.suffix;
+    grid.PrintFooter = Short_Product_Line() + u"/nReport printed on: "_s + today + u"/rPage /p"_s;
+    grid.PrintMarginLeft = 1440;
+    grid.PrintColHeaders = true;
+    grid.PrintRowHeaders = false;
+    const bool on_paper = Print_On_Paper(grid, titles.document, installation, platform);
+    platform.pointer.Set(desktop::Pointer_Shape::Default);
+    return on_paper;
+}
+
+} // namespace printing

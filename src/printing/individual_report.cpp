@@ -1,0 +1,132 @@
+#include "printing/individual_report.h"
+
+#include <QGroupBox>
+#include <QMouseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace printing {
+
+using shell::Text_Role;
+
+Form94::Form94(desktop::Platform& platform, shell::Navigator& navigator, Individual_Sources sources)
+    : Report_Page(platform, navigator, sources.installation), report(ViewPro1, sources, platform) {
+    setObjectName(u"Form94"_s);
+    Lay_Out();
+    Tell_Helps();
+}
+
+void Form94::Load() {
+    const Hourglass busy(platform.pointer);
+    Report_Setup();
+    Build_Report();
+}
+
+void Form94::Report_Setup() {
+    report.Report_Setup();
+    Set_Zoom(First_Zoom);
+}
+
+void Form94::Build_Report() {
+    report.Build_Report({.Summary = Check3->isChecked(),
+                         .Profile = Check4->isChecked(),
+                         .Legend = Check1->isChecked(),
+                         .Comments = Check2->isChecked()});
+    ViewPro1.ShowOutput();
+}
+
+QString Form94::Document_Name() const {
+    return u"Mevo individual report"_s;
+}
+
+// ---- controls
+
+void Form94::Lay_Out() {
+    constexpr int left = 24;
+    constexpr int width = 936;
+    constexpr int right = 984;
+    constexpr int right_width = 232;
+    constexpr int tick = 28;
+    Make_Label(u"Label4"_s, u"Reports Print Preview"_s, Text_Role::Title, {left, 14, width, 44});
+    Make_Preview({left, 66, width, 524});
+    Label1 = Make_Label(u"Label1"_s, u""_s, Text_Role::Help, {left, 602, width, 46});
+    Label1->setWordWrap(true);
+    Label1->setAccessibleName(u"Help"_s);
+    Lay_Out_Preferences();
+    const auto zoom = [](const QString& caption, int top) {
+        return Zoom_Entry{
+            caption, {right + tick + 8, top, right_width - tick - 8, 40}, {right, top, tick, 40}};
+    };
+    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 272), zoom(u"Zoom 67%"_s, 320), zoom(u"Zoom 40%"_s, 368)},
+                      Frame1);
+    Make_Copy_Entries({right, 436, right_width, 42}, {right, 486, right_width, 42}, Frame1);
+    Make_Main_Entry({right, 606, right_width, 42});
+}
+
+namespace {
+
+// The caption at the side of a check box; a click on it is one on the box.
+class Side_Caption final : public QLabel {
+public:
+    Side_Caption(const QString& name, const QString& caption, QCheckBox* box, QWidget* parent)
+        : QLabel(caption, parent), box(box) {
+        setObjectName(name);
+        setBuddy(box);
+        box->setAccessibleName(caption); // its own text is empty
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) box->click();
+    }
+
+private:
+    QCheckBox* box;
+};
+
+} // namespace
+
+void Form94::Lay_Out_Preferences() {
+    auto* frame = new QGroupBox(u"Preferences"_s, Frame1);
+    frame->setObjectName(u"Frame2"_s);
+    frame->setGeometry(984, 66, 232, 182);
+    int top = 30;
+    const auto preference = [&](const char16_t* name, const char16_t* label_name, const QString& caption,
+                                QLabel*& label) {
+        constexpr int pitch = 36;
+        auto* box = new QCheckBox(frame);
+        box->setObjectName(QString::fromUtf16(name));
+        box->setGeometry(14, top, 24, 28);
+        box->setChecked(true);
+        shell::On(box, &QCheckBox::clicked, this, platform, [this] { Build_Report(); });
+        label = new Side_Caption(QString::fromUtf16(label_name), caption, box, frame);
+        label->setGeometry(46, top, 172, 28);
+        top += pitch;
+        return box;
+    };
+    Check3 = preference(u"Check3", u"Label8", u"Summary"_s, Label8);
+    Check4 = preference(u"Check4", u"Label9", u"Profile"_s, Label9);
+    Check1 = preference(u"Check1", u"Label2", u"Legend"_s, Label2);
+    Check2 = preference(u"Check2", u"Label3", u"Comments"_s, Label3);
+}
+
+// The texts of the four captions don't tell of their boxes; they are the system's own, spelling included.
+void Form94::Tell_Helps() {
+    auto* help = new shell::Help_Line(this, [this](const QString& text) { Label1->setText(text); });
+    Tell_Common_Helps(*help, u"Copy the report to the clipboard as a Windows Metafile (.WMF)"_s);
+    help->Tell(Label8, u"Add or remove the guidance notes whch may assist in interpretation."_s);
+    help->Tell(
+        Label9,
+        u"Add or remove the optional comments box completed by the administrator via the Reports screen."_s);
+    help->Tell(
+        Label2,
+        u"By unchecking the 'Page border' option it is possible to reduce the time to print a report by over a third."_s);
+    help->Tell(Label3, u"Add or remove the Orlane ability bar from the printout."_s);
+    const QString previewing =
+        u"You can enlarge or shrink the view in the Print Preview window which shows what the printout will look like when it has been printed."_s;
+    help->Tell(Preview, previewing);
+    help->Tell(Preview->viewport(), previewing);
+}
+
+} // namespace printing

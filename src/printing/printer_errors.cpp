@@ -1,0 +1,15 @@
+#include "printing/printer_errors.h"
+
+#include "platform/basics/run_time_error.h"
+
+namespace printing {
+
+void Telling_Printer_Errors(desktop::Platform& platform, const std::function<void()>& job) {
+    try {
+        job();
+    } catch (const basics::Run_Time_Error& error) {
+        platform.boxes.Ask(desktop::Box_Style::Critical, desktop::Default_Box_Title(), error.Description);
+    }
+}
+
+} // namespace printing

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/desktop/ports.h"
+
+#include <functional>
+
+namespace printing {
+
+// Runs a print job. A fault of the printer is told in a box, as the control's own error would be, and the
+// page goes on: nothing of the teacher's work hangs on a sheet of paper.
+void Telling_Printer_Errors(desktop::Platform& platform, const std::function<void()>& job);
+
+} // namespace printing

@@ -1,0 +1,117 @@
+#include "printing/report_page.h"
+
+#include "printing/pdf_notice.h"
+#include "printing/printer_errors.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+using namespace Qt::StringLiterals;
+
+namespace printing {
+
+using shell::HotLabel;
+
+constexpr std::array<int, 3> Zooms{100, 67, 40}; // percent
+
+Report_Page::Report_Page(desktop::Platform& platform, shell::Navigator& navigator,
+                         const foundation::Installation& installation)
+    : Page(platform, navigator, Frame_Size), installation(installation) {
+}
+
+// ---- controls
+
+void Report_Page::Make_Preview(const QRect& place) {
+    Preview = new preview::Preview_Window(ViewPro1, platform.printers, platform.clipboard, Frame1);
+    Preview->setObjectName(u"ViewPro1"_s);
+    Preview->setGeometry(place);
+}
+
+void Report_Page::Make_Main_Entry(const QRect& place) {
+    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Report Main Page"_s, place, [this] { HotLabel1_Click(); });
+}
+
+void Report_Page::Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent) {
+    HotLabel2 = Make_HotLabel(
+        u"HotLabel2"_s, u"Print"_s, print_place, [this] { HotLabel2_Click(); }, HotLabel::Look::Command,
+        parent);
+    HotLabel3 = Make_HotLabel(
+        u"HotLabel3"_s, u"Copy"_s, copy_place, [this] { HotLabel3_Click(); }, HotLabel::Look::Command,
+        parent);
+}
+
+static QPixmap Tick_Picture(const QSize& size, qreal ratio) {
+    QPixmap picture(size * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(shell::colours::Accent, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    QPainterPath tick(QPointF(size.width() * 0.2, size.height() * 0.55));
+    tick.lineTo(size.width() * 0.42, size.height() * 0.78);
+    tick.lineTo(size.width() * 0.82, size.height() * 0.24);
+    painter.drawPath(tick);
+    return picture;
+}
+
+void Report_Page::Make_Zoom_Entries(const std::array<Zoom_Entry, 3>& entries, QWidget* parent) {
+    const auto tick = [this, parent](std::size_t i, const QRect& place) {
+        Image1[i] = new QLabel(parent);
+        Image1[i]->setObjectName(u"Image1(%1)"_s.arg(i));
+        Image1[i]->setGeometry(place);
+        Image1[i]->setAlignment(Qt::AlignCenter);
+    };
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        zooms[i] = Make_HotLabel(
+            u"HotLabel%1"_s.arg(i + 4), entries[i].caption, entries[i].place,
+            [this, i] { Set_Zoom(Zooms[i]); }, HotLabel::Look::Command, parent);
+        tick(i, entries[i].tick_place);
+    }
+    tick(Zooms.size(), entries[0].tick_place);
+    Image1.back()->setPixmap(Tick_Picture({22, 22}, devicePixelRatioF()));
+    Image1.back()->hide();
+}
+
+void Report_Page::Tell_Common_Helps(shell::Help_Line& help, const QString& copying) {
+    help.Tell(HotLabel1, u"Return to the main reports page"_s);
+    help.Tell(HotLabel2, u"Print out the report as one A4 sheet."_s);
+    help.Tell(HotLabel3, copying);
+    help.Tell(
+        zooms[0],
+        u"Show the report at full size. You can use the mouse drag the report around within the Preview window."_s);
+    help.Tell(zooms[1], u"Reduce the report to two thirds of full size."_s);
+    help.Tell(zooms[2], u"Reduce the report to 40% of full size to view the whole page."_s);
+}
+
+// ---- entries
+
+void Report_Page::Set_Zoom(int percent) {
+    Preview->Set_ZoomPercent(percent);
+    Zoom_Now = percent;
+    for (std::size_t i = 0; i < Zooms.size(); ++i) {
+        const bool chosen = Zooms[i] == percent;
+        Image1[i]->setPixmap(chosen ? Image1.back()->pixmap() : QPixmap());
+        Image1[i]->setAccessibleName(chosen ? u"Zoom in force"_s : QString());
+    }
+}
+
+void Report_Page::HotLabel1_Click() {
+    navigator.Close_Page();
+}
+
+void Report_Page::HotLabel2_Click() {
+    const int pages = ViewPro1.PageCount();
+    if (pages == 0) return; // no report has been created
+    QString pdf;
+    Telling_Printer_Errors(platform, [&] {
+        const Hourglass busy(platform.pointer);
+        pdf = Preview->PrintPages(Document_Name(), 1, pages, installation.Archive_Folder);
+    });
+    Tell_Of_Pdf(pdf, platform);
+}
+
+void Report_Page::HotLabel3_Click() {
+    if (ViewPro1.PageCount() > 0) Preview->CopyPage();
+}
+
+} // namespace printing

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "foundation/installation.h"
+#include "platform/preview/preview_window.h"
+#include "platform/preview/view_pro.h"
+#include "shell/conventions/page.h"
+
+#include <array>
+
+namespace printing {
+
+// The wait pointer, until its work is done or has failed.
+class Hourglass {
+public:
+    explicit Hourglass(desktop::Pointer& pointer) : pointer(pointer) {
+        pointer.Set(desktop::Pointer_Shape::Hourglass);
+    }
+    ~Hourglass() { pointer.Set(desktop::Pointer_Shape::Default); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+
+private:
+    desktop::Pointer& pointer;
+};
+
+// What the two report pages have in common: sheets in a preview, to be printed, copied and looked at closer.
+class Report_Page : public shell::Page {
+    Q_OBJECT
+public:
+    void Set_Zoom(int percent);
+    void HotLabel1_Click(); // back to the Reports page, which lies beneath
+    void HotLabel2_Click(); // print all sheets
+    void HotLabel3_Click(); // copy the sheet on view
+
+protected:
+    Report_Page(desktop::Platform& platform, shell::Navigator& navigator,
+                const foundation::Installation& installation);
+
+    void Make_Preview(const QRect& place);
+    void Make_Main_Entry(const QRect& place);
+    void Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent);
+    // An entry and its tick for each zoom: 100, 67 and 40 percent.
+    struct Zoom_Entry {
+        QString caption;
+        QRect place;
+        QRect tick_place;
+    };
+    void Make_Zoom_Entries(const std::array<Zoom_Entry, 3>& entries, QWidget* parent);
+    void Tell_Common_Helps(shell::Help_Line& help, const QString& copying);
+
+    // As the printer's queue shows the sheets. No pupil is named there.
+    virtual QString Document_Name() const = 0;
+
+    static constexpr QSize Frame_Size{1240, 664};
+    static constexpr int First_Zoom = 40;
+
+    const foundation::Installation& installation;
+    preview::ViewPro ViewPro1;
+    preview::Preview_Window* Preview = nullptr;
+    int Zoom_Now = First_Zoom;
+
+private:
+    shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3;
+    std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
+    std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
+};
+
+} // namespace printing

@@ -1,0 +1,222 @@
+#include "pupils/fine_tuning_page.h"
+
+#include "platform/basics/run_time_error.h"
+#include "pupils/new_pupil.h"
+#include "shell/conventions/utilities.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+
+constexpr int First_Year = 1930;
+constexpr int Usual_Age = 11; // the year that stands selected lies so many years back
+constexpr int Longest_Month = 31;
+constexpr int Completed = 1;
+constexpr int Marked_For_Retest = 2;
+
+static int Test_Index(std::size_t i) {
+    return static_cast<int>(i) + 1; // balls count from 0, tests from 1
+}
+
+// ---- opening
+
+void Form15::Load() {
+    Show_Retest_Panels(false);
+    sex->Set_Sex_Combo();
+    Once_Painted(u"Timer1"_s, [this] { Timer1_Timer(); });
+}
+
+void Form15::Timer1_Timer() {
+    Load_All_Students();
+}
+
+void Form15::Load_All_Students() {
+    holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s,
+                    u"Optimistic"_s);
+    qint16 count = 0;
+    holder.ado_RSCount(count);
+    Combo1->Clear();
+    for (int p = 1; p <= count; ++p) {
+        Take_Pupil(p);
+        Combo1->AddItem(Pupil_Entry(p, {installation, pupils, records}));
+        holder.Rows().MoveNext();
+    }
+    holder.ado_Close();
+    pupils.Pupils_Listed = count;
+    if (count == 0)
+        Label7->setText(u"No reports are available as yet"_s);
+    else
+        Combo1->Set_ListIndex(0);
+}
+
+void Form15::Take_Pupil(int p) {
+    Take_Names(holder, p, {installation, pupils, records});
+    records.Pupil_Sex[p] = holder.Field(u"Sex"_s).Text_Or_Empty();
+    pupils.Pupil_DOB_List[p] = holder.Field(u"DOB"_s).Text_Or_Empty();
+    for (int t = 1; t <= scoring::All_Tests; ++t) {
+        const scoring::Test_Entry& test = scoring::Test_At(t);
+        pupils.Test_Status[t][p] = Number_Or_Zero(holder.Field(test.Status_Column));
+        pupils.Test_Age[t][p] = Number_Or_Zero(holder.Field(test.Age_Column));
+        pupils.Test_Date[t][p] = holder.Field(test.Date_Column).Text_Or_Empty();
+    }
+}
+
+// ---- choosing a pupil
+
+void Form15::Combo1_Click() {
+    Current_Pupil = Combo1->ListIndex() + 1;
+    Show_Pupil_Details(Current_Pupil);
+    Show_Test_Balls(Current_Pupil, completed_count);
+    Show_Retest_Panels(completed_count != 0);
+}
+
+void Form15::Show_Retest_Panels(bool shown) {
+    for (QWidget* panel : std::initializer_list<QWidget*>{Frame4, Frame5, Shape1})
+        panel->setVisible(shown);
+}
+
+void Form15::Show_Pupil_Details(int index) {
+    Keep_Undo_Copy(index);
+    Text1->setText(pupils.Student_Code[index]);
+    Text3->setText(records.Pupil_Surname[index]);
+    Text4->setText(records.Pupil_Forename[index]);
+    sex->Text5->setText(records.Pupil_Sex[index]);
+    Set_Date_Combos(index);
+    if (records.Pupil_Sex[index] == "M"_L1) sex->Combo5->Set_ListIndex(0);
+    if (records.Pupil_Sex[index] == "F"_L1) sex->Combo5->Set_ListIndex(1);
+    Set_Personal_Enabled(false);
+}
+
+void Form15::Keep_Undo_Copy(int index) {
+    undo = {pupils.Student_Code[index], pupils.Pupil_DOB_List[index], records.Pupil_Surname[index],
+            records.Pupil_Forename[index], records.Pupil_Sex[index]};
+}
+
+void Form15::Populate_Year_List() {
+    birth->Populate_Year_List(First_Year, birth->Current_Year() - Usual_Age - First_Year);
+}
+
+// An item that the list doesn't have is an error of the list, as the year of a child not yet one year old.
+static void Choose_Item(shell::Click_Combo* list, int index) {
+    constexpr int invalid_property_value = 380;
+    if (index < -1 || index >= list->count())
+        throw basics::Run_Time_Error(invalid_property_value, u"Mevo"_s, u"Invalid property value"_s);
+    list->Set_ListIndex(index);
+}
+
+// By position: dd/mm/yy or dd/mm/yyyy. The year has two digits either way, and a pivot that doesn't move.
+void Form15::Set_Date_Combos(int index) {
+    constexpr int pivot = 30;
+    const auto number = [](const QString& digits) { return basics::Value(digits).As_Integer(); };
+    const QString date = pupils.Pupil_DOB_List[index];
+    const int day = number(date.left(2));
+    const int month = number(date.mid(3, 2));
+    const int year = number(date.right(2));
+    birth->Populate_Date_List(Longest_Month, 1);
+    birth->Populate_Months_List();
+    Populate_Year_List();
+    Choose_Item(birth->Combo2, day - 1);
+    Choose_Item(birth->Combo3, month - 1);
+    Choose_Item(birth->Combo4, year < pivot ? year + 2000 - First_Year : year + 1900 - First_Year);
+}
+
+// ---- personal details
+
+void Form15::Set_Personal_Enabled(bool enabled) {
+    for (QWidget* control : std::initializer_list<QWidget*>{Text3, Text4, sex->Combo5, HotLabel3, HotLabel2})
+        control->setEnabled(enabled);
+    birth->Set_Enabled(enabled);
+}
+
+void Form15::Enable_Personal_Edit() {
+    Set_Personal_Enabled(true);
+    Text3->setFocus();
+}
+
+// Nothing is asked and nothing is checked: a blank name is stored.
+void Form15::Save_Personal_Details(int index) {
+    const int kept_index = Combo1->ListIndex();
+    holder.ado_Open(installation.Connection_String, Row_Of_Pupil(pupils.Student_Code[index]),
+                    u"Optimistic"_s);
+    database::Recordset& row = holder.Rows();
+    row.Fields(u"Surname"_s).Set_Value(Normalise_Hyphen(Text3->text()));
+    row.Fields(u"Forename"_s).Set_Value(Text4->text());
+    row.Fields(u"DOB"_s).Set_Value(birth->Text2->text());
+    row.Fields(u"Sex"_s).Set_Value(sex->Text5->text());
+    row.Update();
+    holder.ado_Close();
+    records.Pupil_Surname[index] = Text3->text();
+    records.Pupil_Forename[index] = Text4->text();
+    pupils.Pupil_DOB_List[index] = birth->Text2->text();
+    records.Pupil_Sex[index] = sex->Text5->text();
+    Load_All_Students();
+    // Whoever stands at this place now: a changed surname can have moved the pupil.
+    if (kept_index < Combo1->count()) Combo1->Set_ListIndex(kept_index);
+}
+
+void Form15::Undo_Personal_Details(int index) {
+    Text1->setText(undo.code);
+    pupils.Pupil_DOB_List[index] = undo.date_of_birth;
+    Set_Date_Combos(index);
+    Text3->setText(undo.surname);
+    Text4->setText(undo.forename);
+    sex->Combo5->Set_ListIndex(undo.sex == "M"_L1 ? 0 : 1);
+}
+
+// ---- retesting
+
+void Form15::Set_Retest_Buttons_Enabled(bool enabled) {
+    HotLabel6->setEnabled(enabled);
+    HotLabel7->setEnabled(enabled);
+}
+
+void Form15::Show_Test_Balls(int index, int& count) {
+    count = 0;
+    for (std::size_t i = 0; i < Tests; ++i) {
+        const bool completed = pupils.Test_Status[Test_Index(i)][index] == Completed;
+        if (completed) ++count;
+        Image1[i]->Set_State(completed ? Test_State::Completed : Test_State::Not_Attempted);
+    }
+    Set_Retest_Buttons_Enabled(false);
+}
+
+void Form15::Begin_Retest_Edit(int index) {
+    for (std::size_t i = 0; i < Tests; ++i)
+        Retest_Flags[i] = pupils.Test_Status[Test_Index(i)][index];
+    Set_Retest_Buttons_Enabled(true);
+}
+
+void Form15::Image1_Click(int i) {
+    int& flag = Retest_Flags[static_cast<std::size_t>(i)];
+    if (!HotLabel7->isEnabled() || flag != Completed) return;
+    Image1[static_cast<std::size_t>(i)]->Set_State(Test_State::Allow_Retest);
+    flag = Marked_For_Retest;
+    shell::Play_Click(installation, platform);
+}
+
+void Form15::HotLabel6_Click() {
+    int unused = 0;
+    Show_Test_Balls(Current_Pupil, unused);
+}
+
+// The status alone is taken back. Ages, dates and answers stay until the test is taken again, and the page
+// goes on showing the test as completed until the list is loaded anew.
+void Form15::Save_Retest_Flags(int index) {
+    const int kept_index = Combo1->ListIndex();
+    holder.ado_Open(installation.Connection_String, Row_Of_Pupil(pupils.Student_Code[index]),
+                    u"Optimistic"_s);
+    for (std::size_t i = 0; i < Tests; ++i)
+        if (Retest_Flags[i] == Marked_For_Retest)
+            holder.Rows().Fields(scoring::Test_At(Test_Index(i)).Status_Column).Set_Value(0);
+    holder.Rows().Update();
+    holder.ado_Close();
+    Combo1->Set_ListIndex(kept_index);
+}
+
+// ---- elsewhere
+
+void Form15::HotLabel1_Click() {
+    navigator.Go_To(shell::Page_Id::Main_Menu);
+}
+
+} // namespace pupils

@@ -1,0 +1,359 @@
+#include "platform/basics/run_time_error.h"
+#include "platform/grid/spread.h"
+#include "support/printing.h"
+#include "support/scripted_platform.h"
+
+#include <QHeaderView>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace grid;
+
+namespace {
+
+constexpr double Paper_Width = 11906; // twips
+constexpr double Paper_Height = 16838;
+constexpr double Right_Margin = 720;
+constexpr double Within = 2;
+
+// "c14b:Text": side, size and weight of a run.
+QString Described(const Text_Run& run) {
+    const QString sides[] = {u"l"_s, u"c"_s, u"r"_s};
+    return sides[static_cast<int>(run.side)] + QString::number(run.font.size) +
+           (run.font.bold ? u"b:"_s : u":"_s) + run.text;
+}
+
+QStringList Described(const std::vector<Text_Line>& lines) {
+    QStringList described;
+    for (const Text_Line& line : lines) {
+        QStringList runs;
+        for (const Text_Run& run : line.runs)
+            runs.append(Described(run));
+        described.append(runs.join(u" | "_s));
+    }
+    return described;
+}
+
+double Right_End(const Placed_Text& text) {
+    return text.x + Text_Width(text.font, text.text);
+}
+
+const Placed_Text& Found(const Sheet& sheet, const QString& text) {
+    for (const Placed_Text& placed : sheet.texts)
+        if (placed.text == text) return placed;
+    throw std::runtime_error("no text " + text.toStdString());
+}
+
+QStringList Texts_On(const Sheet& sheet) {
+    QStringList texts;
+    for (const Placed_Text& placed : sheet.texts)
+        texts.append(placed.text);
+    return texts;
+}
+
+// Each text of a cell must lie in a box of the grid: one that runs over its neighbour lies in none.
+void Expect_In_Boxes(const Sheet& sheet, const QStringList& texts_beside_the_grid) {
+    for (const Placed_Text& text : sheet.texts) {
+        if (texts_beside_the_grid.contains(text.text)) continue;
+        const bool held = std::any_of(sheet.boxes.begin(), sheet.boxes.end(), [&](const Cell_Box& box) {
+            return box.place.left() <= text.x && Right_End(text) <= box.place.right() + Within &&
+                   box.place.top() <= text.baseline - Ascent(text.font) &&
+                   text.baseline <= box.place.bottom();
+        });
+        EXPECT_TRUE(held) << text.text.toStdString();
+    }
+}
+
+Printed_Grid Long_Grid(int rows) {
+    Printed_Grid grid;
+    grid.header = u"/fz\"14\"/fb1/cSchool/n/cTitle./n"_s;
+    grid.footer = u"Made here/nOn a day/rPage /p"_s;
+    grid.margin_left = 1440;
+    grid.columns = {{150, Side::Left}, {80, Side::Centre}};
+    grid.heads = {{u"Pupil"_s, u"Mark"_s}};
+    for (int row = 1; row <= rows; ++row)
+        grid.rows.push_back({u"pupil %1"_s.arg(row), u"-"_s});
+    return grid;
+}
+
+class Grid : public testing::Test {
+protected:
+    QString Print(fpSpread& grid) {
+        return grid.Action(fpSpread::Action_Print, {outside.printers, u"Sheet"_s, u"/archives"_s});
+    }
+    test_support::Scripted_Platform outside;
+};
+
+} // namespace
+
+TEST(HeaderMarkup, ReadsEachCodeAndPrintsWhatIsNone) {
+    struct Case {
+        QString markup;
+        QStringList lines;
+    };
+    const Case cases[] = {
+        {u""_s, {}},
+        {u"plain"_s, {u"l9:plain"_s}},
+        {u"/fn\"Arial\"/fz\"14\"/fb1/cSchool/n/cTitle./n"_s, {u"c14b:School"_s, u"c14b:Title."_s, u""_s}},
+        {u"/fb1bold/fb0 and not"_s, {u"l9b:bold | l9: and not"_s}},
+        {u"/fz\"14\"/fb1Name/n/c/fz\"12\"/fb0/nID"_s,
+         {u"l14b:Name"_s, u""_s, u"l12:ID"_s}}, // fonts hold, sides don't
+        {u"left/cmiddle/rright"_s, {u"l9:left | c9:middle | r9:right"_s}},
+        {u"Made/nOn 15/06/2026/rPage /p"_s, {u"l9:Made"_s, u"l9:On 15/06/2026 | r9:Page 7"_s}},
+        {u"a/n/nb/n/n"_s, {u"l9:a"_s, u""_s, u"l9:b"_s, u""_s, u""_s}},
+        {u"a/xb /fb2 /fn /N /"_s, {u"l9:a/xb /fb2 /fn /N /"_s}},
+        {u"/fz\"big\"/fz\"12/fn\"\"/fz\"-3\"/fz\"99999\""_s,
+         {u"l9:/fz\"big\"/fz\"12/fn\"\"/fz\"-3\"/fz\"99999\""_s}},
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(tried.markup.toStdString());
+        EXPECT_EQ(Described(Parse_Markup(tried.markup, 7)), tried.lines);
+    }
+    EXPECT_EQ(Parse_Markup(u"/fn\"Courier New\"x"_s, 1)[0].runs[0].font.name, u"Courier New"_s);
+}
+
+TEST(HeaderMarkup, AnEmptyLineIsAsHighAsTheFontInForce) {
+    const double large = Set_Lines(Parse_Markup(u"/fz\"28\"/n"_s, 1), 9000).height;
+    const double small = Set_Lines(Parse_Markup(u"/fz\"14\"/n"_s, 1), 9000).height;
+    EXPECT_NEAR(large, 2 * small, 4);
+}
+
+TEST(HeaderLines, StandAtTheirSidesAndNeverMeet) {
+    constexpr double width = 9000;
+    const Text_Block one = Set_Lines(Parse_Markup(u"left/cmiddle/rright"_s, 1), width);
+    ASSERT_EQ(one.texts.size(), 3u);
+    EXPECT_EQ(one.texts[0].x, 0);
+    EXPECT_NEAR(one.texts[1].x + Right_End(one.texts[1]), width, Within);
+    EXPECT_NEAR(Right_End(one.texts[2]), width, Within);
+
+    const QString name = u"Wolfeschlegelsteinhausenbergerdorff-Smythe Maximiliana Wilhelmina"_s;
+    for (const QString& crowded : {u"/fz\"14\"/fb1"_s + name + name, u"/fz\"14\"/c"_s + QString(120, u'W'),
+                                   u"/fz\"14\""_s + name + u"/r"_s + name}) {
+        SCOPED_TRACE(crowded.toStdString());
+        const Text_Block block = Set_Lines(Parse_Markup(crowded, 1), width);
+        QString all;
+        double last_baseline = 0;
+        for (const Placed_Text& text : block.texts) {
+            EXPECT_GE(text.x, 0);
+            EXPECT_LE(Right_End(text), width + Within);
+            EXPECT_GT(text.baseline, last_baseline); // a line each
+            last_baseline = text.baseline;
+            all += text.text;
+        }
+        EXPECT_LE(last_baseline, block.height);
+        QString given = crowded.mid(7);
+        given.remove(u"/fb1"_s).remove(u"/c"_s).remove(u"/r"_s);
+        EXPECT_EQ(all.remove(u' '), given.remove(u' ')); // nothing is lost where a line breaks
+    }
+}
+
+TEST(PageBreaks, FallBetweenRows) {
+    struct Case {
+        std::vector<double> heights;
+        std::vector<Row_Range> pages;
+    };
+    const Case cases[] = {
+        {{}, {{0, 0}}},
+        {{40, 60}, {{0, 2}}}, // fills the room to the last twip
+        {{40, 61}, {{0, 1}, {1, 2}}},
+        {{10, 500, 10}, {{0, 1}, {1, 2}, {2, 3}}},
+        {{500}, {{0, 1}}},
+        {{50, 50, 50, 50, 50}, {{0, 2}, {2, 4}, {4, 5}}},
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(tried.heights.size());
+        EXPECT_EQ(Page_Breaks(tried.heights, 100), tried.pages);
+    }
+}
+
+TEST(ColumnWidths, ShrinkTogetherOnlyWhenTheyMust) {
+    EXPECT_EQ(Fitted_Widths({{100, Side::Left}, {200, Side::Left}}, 9000), (std::vector<double>{1500, 3000}));
+    const std::vector<double> shrunk = Fitted_Widths({{300, Side::Left}, {900, Side::Left}}, 9000);
+    EXPECT_NEAR(shrunk[0], 2250, Within);
+    EXPECT_NEAR(shrunk[1], 6750, Within);
+}
+
+TEST(Sheets, RepeatHeadsHeaderAndFooterAroundEachRowOnce) {
+    const std::vector<Sheet> sheets = Lay_Out_Sheets(Long_Grid(150));
+    ASSERT_GT(sheets.size(), 2u);
+    QStringList pupils;
+    for (std::size_t page = 0; page < sheets.size(); ++page) {
+        SCOPED_TRACE(page);
+        const Sheet& sheet = sheets[page];
+        const QString number = u"Page %1"_s.arg(page + 1);
+        EXPECT_LT(Found(sheet, u"Title."_s).baseline, Found(sheet, u"Pupil"_s).baseline);
+        EXPECT_TRUE(Found(sheet, u"Pupil"_s).font.bold);
+        EXPECT_NEAR(Right_End(Found(sheet, number)), Paper_Width - Right_Margin, Within);
+        EXPECT_EQ(Found(sheet, number).baseline, Found(sheet, u"On a day"_s).baseline); // the last line
+        EXPECT_GT(Found(sheet, u"On a day"_s).baseline, Found(sheet, u"Made here"_s).baseline);
+        EXPECT_EQ(Found(sheet, u"Made here"_s).x, 1440);
+        EXPECT_EQ(Found(sheet, u"Made here"_s).baseline, Found(sheets[0], u"Made here"_s).baseline);
+        EXPECT_LT(sheet.boxes.back().place.bottom(), Found(sheet, u"Made here"_s).baseline - 180);
+        EXPECT_GT(Found(sheet, u"On a day"_s).baseline, Paper_Height - 1000); // at the sheet's foot
+        EXPECT_EQ(sheet.boxes.front().place.left(), 1440);
+        Expect_In_Boxes(sheet, {u"School"_s, u"Title."_s, u"Made here"_s, u"On a day"_s, number});
+        pupils += Texts_On(sheet).filter(u"pupil "_s);
+    }
+    QStringList expected;
+    for (int row = 1; row <= 150; ++row)
+        expected.append(u"pupil %1"_s.arg(row));
+    EXPECT_EQ(pupils, expected);
+}
+
+TEST(Sheets, AGridWithoutRowsStillMakesOneSheet) {
+    const std::vector<Sheet> sheets = Lay_Out_Sheets(Long_Grid(0));
+    ASSERT_EQ(sheets.size(), 1u);
+    EXPECT_EQ(Texts_On(sheets[0]), (QStringList{u"School"_s, u"Title."_s, u"Pupil"_s, u"Mark"_s,
+                                                u"Made here"_s, u"On a day"_s, u"Page 1"_s}));
+}
+
+TEST(Sheets, LongTextsStayInTheirCells) {
+    Printed_Grid grid;
+    grid.margin_left = 1440;
+    grid.columns = {{200, Side::Left}, {60, Side::Centre}, {60, Side::Right}};
+    const QString name = u"Wolfeschlegelsteinhausenbergerdorff-Smythe Maximiliana"_s;
+    grid.rows = {{name, QString(40, u'W'), u"1"_s},
+                 {u"one\nline\ttoo"_s, QString(4000, u'W'), QString(40, u'i')},
+                 {u"next"_s, u"-"_s, u"12345678"_s}};
+    const std::vector<Sheet> sheets = Lay_Out_Sheets(grid);
+    ASSERT_EQ(sheets.size(), 1u);
+    Expect_In_Boxes(sheets[0], {});
+    QString broken;
+    for (const Placed_Text& text : sheets[0].texts)
+        if (text.x == sheets[0].texts[0].x && text.baseline < sheets[0].boxes[0].place.bottom())
+            broken += text.text;
+    EXPECT_EQ(broken.remove(u' '), QString(name).remove(u' ')); // a name is never cut
+    EXPECT_EQ(Found(sheets[0], u"one line too"_s).x, sheets[0].texts[0].x);
+    // A text without end is cut short, or its row would never fit on a sheet.
+    EXPECT_TRUE(std::any_of(sheets[0].texts.begin(), sheets[0].texts.end(),
+                            [](const Placed_Text& text) { return text.text.endsWith(QChar(0x2026)); }));
+    EXPECT_LT(sheets[0].boxes.back().place.bottom(), Paper_Height / 3);
+}
+
+TEST(Sheets, ArePaintedWhereTheyAreLaid) {
+    const desktop::Printed_Document document = Document_Of(Lay_Out_Sheets(Long_Grid(150)), u"Marks"_s);
+    test_support::Picture_Printer printer;
+    printer.Print(document, u""_s);
+    ASSERT_EQ(printer.pages.size(), document.pages);
+    EXPECT_EQ(printer.printed, QStringList{u"Marks"_s});
+    const auto ink_in = [&](int page, const QRect& place) {
+        const QImage part = printer.pages[page].copy(place);
+        for (int y = 0; y < part.height(); ++y)
+            for (int x = 0; x < part.width(); ++x)
+                if (qGray(part.pixel(x, y)) < 100) return true;
+        return false;
+    };
+    // 96 dots to the inch: the margins are 48 dots, at the left 96.
+    const QRect page_number(690, 1055, 56, 20);
+    for (const int page : {0, 1}) {
+        EXPECT_TRUE(ink_in(page, page_number));
+        EXPECT_FALSE(ink_in(page, {0, 0, 94, 1123}));
+        EXPECT_FALSE(ink_in(page, {748, 0, 46, 1123}));
+        EXPECT_FALSE(ink_in(page, {0, 1077, 794, 46}));
+    }
+    EXPECT_NE(printer.pages[0].copy(page_number), printer.pages[1].copy(page_number));
+}
+
+TEST_F(Grid, TakesHeadingsInRowZeroAndHasLettersWithoutThem) {
+    fpSpread grid(u"Spread1"_s, 28, 2, nullptr);
+    EXPECT_TRUE(grid.horizontalHeader()->isHidden());
+    EXPECT_EQ(grid.Printed().heads[0].mid(1), // behind the row numbers
+              (QStringList{u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s, u"F"_s, u"G"_s,  u"H"_s, u"I"_s, u"J"_s,
+                           u"K"_s, u"L"_s, u"M"_s, u"N"_s, u"O"_s, u"P"_s, u"Q"_s,  u"R"_s, u"S"_s, u"T"_s,
+                           u"U"_s, u"V"_s, u"W"_s, u"X"_s, u"Y"_s, u"Z"_s, u"AA"_s, u"AB"_s}));
+    grid.Set_Text(2, 0, u"Names"_s);
+    EXPECT_FALSE(grid.horizontalHeader()->isHidden());
+    EXPECT_EQ(grid.horizontalHeaderItem(1)->text(), u"Names"_s);
+    EXPECT_EQ(grid.Printed().heads[0].mid(1, 3), (QStringList{u"A"_s, u"Names"_s, u"C"_s}));
+}
+
+TEST_F(Grid, TakesNoTextOutsideUnlessItsRowsComeAsTheyAreWritten) {
+    fpSpread fixed(u"Spread1"_s, 2, 3, nullptr);
+    for (const auto& [column, row] : {std::pair{1, 4}, {3, 1}, {0, 1}, {1, -1}, {0, 0}, {3, 0}})
+        fixed.Set_Text(column, row, u"lost"_s);
+    EXPECT_EQ(fixed.rowCount(), 3);
+    EXPECT_EQ(fixed.columnCount(), 2);
+    EXPECT_TRUE(fixed.findItems(u"lost"_s, Qt::MatchExactly).isEmpty());
+
+    fpSpread open(u"Spread1"_s, 2, fpSpread::Rows_As_Written, nullptr);
+    EXPECT_EQ(open.rowCount(), 0);
+    open.Set_Text(2, 600, u"far"_s);
+    EXPECT_EQ(open.rowCount(), 600);
+    EXPECT_EQ(open.Text(2, 600), u"far"_s);
+    open.Set_MaxRows(10);
+    open.Set_Text(1, 12, u"later"_s);
+    EXPECT_EQ(open.rowCount(), 12);
+    EXPECT_EQ(open.Text(2, 12), u""_s);
+}
+
+TEST_F(Grid, PrintsColumnHeadsAndRowNumbersOnlyWhenAsked) {
+    fpSpread grid(u"Spread1"_s, 2, 2, nullptr);
+    grid.Set_Text(1, 0, u"Head"_s);
+    grid.Set_Text(1, 1, u"cell"_s);
+    struct Case {
+        bool heads, numbers;
+        std::size_t columns;
+        std::vector<QStringList> printed_heads;
+        QStringList first_row;
+    };
+    const Case cases[] = {
+        {true, false, 2, {{u"Head"_s, u"B"_s}}, {u"cell"_s, u""_s}},
+        {false, false, 2, {}, {u"cell"_s, u""_s}},
+        {true, true, 3, {{u""_s, u"Head"_s, u"B"_s}}, {u"1"_s, u"cell"_s, u""_s}},
+    };
+    for (const Case& tried : cases) {
+        grid.PrintColHeaders = tried.heads;
+        grid.PrintRowHeaders = tried.numbers;
+        const Printed_Grid printed = grid.Printed();
+        EXPECT_EQ(printed.heads, tried.printed_heads);
+        EXPECT_EQ(printed.rows[0], tried.first_row);
+        EXPECT_EQ(printed.columns.size(), tried.columns);
+    }
+}
+
+TEST_F(Grid, LeavesOutWhatLiesBehindTheDataWhenAsked) {
+    fpSpread grid(u"fpSpread2plus"_s, 8, 32, nullptr);
+    grid.PrintRowHeaders = grid.PrintColHeaders = false;
+    for (int row = 1; row <= 32; ++row)
+        for (int column = 1; column <= 8; ++column)
+            grid.Set_Text(column, row, u" "_s); // as a cleared grid holds it
+    grid.Set_Text(1, 1, u"Level"_s);
+    grid.Set_Text(5, 3, u"wide"_s);
+    grid.Set_Text(2, 20, u"last"_s);
+    EXPECT_EQ(grid.Printed().rows.size(), 32u);
+    grid.PrintDataOnly = true;
+    const Printed_Grid printed = grid.Printed();
+    EXPECT_EQ(printed.rows.size(), 20u);
+    EXPECT_EQ(printed.columns.size(), 5u);
+    EXPECT_EQ(printed.rows.back(), (QStringList{u" "_s, u"last"_s, u" "_s, u" "_s, u" "_s}));
+
+    grid.clearContents();
+    EXPECT_TRUE(grid.Printed().rows.empty());
+    Print(grid);
+    EXPECT_EQ(outside.printers.pages.size(), 1);
+}
+
+TEST_F(Grid, ItsHeadingRowStandsOnEachSheet) {
+    fpSpread grid(u"fpSpread2"_s, 2, 94, nullptr);
+    grid.PrintRowHeaders = grid.PrintColHeaders = false;
+    grid.Set_Heading_Row(true);
+    grid.Set_Text(1, 1, u"Level"_s);
+    grid.Set_Text(1, 2, u"first"_s);
+    const std::vector<Sheet> sheets = Lay_Out_Sheets(grid.Printed());
+    ASSERT_EQ(sheets.size(), 2u);
+    for (const Sheet& sheet : sheets)
+        EXPECT_TRUE(Found(sheet, u"Level"_s).font.bold);
+    EXPECT_FALSE(Found(sheets[0], u"first"_s).font.bold);
+}
+
+TEST_F(Grid, Action32PrintsAndNothingElseDoes) {
+    fpSpread grid(u"Spread1"_s, 1, 1, nullptr);
+    outside.printers.says_pdf = u"/archives/Sheet.pdf"_s;
+    EXPECT_EQ(Print(grid), u"/archives/Sheet.pdf"_s);
+    EXPECT_EQ(outside.printers.printed, QStringList{u"Sheet"_s});
+    EXPECT_EQ(outside.printers.pdf_folders, QStringList{u"/archives"_s});
+    EXPECT_THROW(grid.Action(31, {outside.printers, u"Sheet"_s, u""_s}), basics::Run_Time_Error);
+    grid.PrintOrientation = 2;
+    EXPECT_THROW(Print(grid), basics::Run_Time_Error);
+    EXPECT_EQ(outside.printers.printed.size(), 1);
+}

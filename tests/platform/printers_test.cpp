@@ -1,0 +1,127 @@
+#include "platform/basics/run_time_error.h"
+#include "platform/desktop/qt_printers.h"
+#include "platform/grid/grid_printing.h"
+#include "support/printing.h"
+
+#include <QDir>
+#include <QPainter>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Two sheets with a word at 2 and 3 inches from the paper's corner, in regular on the first and bold on the
+// second.
+desktop::Printed_Document Two_Sheets() {
+    return {u"Two sheets"_s, 2, [](QPainter& painter, int page) {
+                painter.setFont(grid::Font_For({u"Arial"_s, 12, page == 2}));
+                painter.drawText(QPointF(2 * 1440, 3 * 1440), u"word%1"_s.arg(page));
+                painter.fillRect(QRectF(2 * 1440, 4 * 1440, 1440, 1440), Qt::gray);
+            }};
+}
+
+QString Told_By(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        throw std::runtime_error(program.toStdString() + ": " + process.errorString().toStdString());
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+class Pdf : public testing::Test {
+protected:
+    QString File(const QString& name) const { return folder.filePath(name); }
+    QStringList Files() const {
+        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST_F(Pdf, IsVectorA4WithItsFontsAndFindableWords) {
+    const QString file = File(u"two.pdf"_s);
+    desktop::Write_Pdf(Two_Sheets(), file);
+    EXPECT_EQ(Files(), QStringList{u"two.pdf"_s});
+
+    const QString info = Told_By(u"pdfinfo"_s, {file});
+    EXPECT_TRUE(info.contains(QRegularExpression(u"Pages: +2\\n"_s))) << info.toStdString();
+    EXPECT_TRUE(info.contains(u"(A4)"_s)) << info.toStdString();
+
+    QStringList fonts = Told_By(u"pdffonts"_s, {file}).split(u'\n', Qt::SkipEmptyParts);
+    fonts = fonts.mid(2); // two lines of headings
+    EXPECT_EQ(fonts.size(), 2);
+    for (const QString& font : fonts)
+        EXPECT_TRUE(font.contains(QRegularExpression(u" yes (yes|no) +yes "_s)))
+            << font.toStdString(); // embedded
+
+    const QStringList pictures = Told_By(u"pdfimages"_s, {u"-list"_s, file}).split(u'\n', Qt::SkipEmptyParts);
+    EXPECT_EQ(pictures.size(), 2) << "more than two lines of headings: something was painted as a picture";
+
+    const QString words = Told_By(u"pdftotext"_s, {u"-bbox"_s, file, u"-"_s});
+    auto found = QRegularExpression(u"xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*yMax=\"([0-9.]+)\">(\\w+)<"_s)
+                     .globalMatch(words);
+    QStringList texts;
+    while (found.hasNext()) {
+        const QRegularExpressionMatch word = found.next();
+        EXPECT_NEAR(word.captured(1).toDouble(), 144, 1.5); // points
+        EXPECT_LT(word.captured(2).toDouble(), 216 - 6);
+        EXPECT_NEAR(word.captured(3).toDouble(), 216 + 12 * 0.212, 1.5); // the baseline and what hangs below
+        texts.append(word.captured(4));
+    }
+    EXPECT_EQ(texts, (QStringList{u"word1"_s, u"word2"_s}));
+}
+
+TEST_F(Pdf, ThatCannotBeWrittenThrowsAndLeavesNothing) {
+    QDir(folder.path()).mkdir(u"taken"_s);
+    const QStringList before = Files();
+    for (const QString& place : {u"missing/two.pdf"_s, u"taken"_s}) {
+        SCOPED_TRACE(place.toStdString());
+        try {
+            desktop::Write_Pdf(Two_Sheets(), File(place));
+            FAIL() << "no error";
+        } catch (const basics::Run_Time_Error& error) {
+            EXPECT_EQ(error.Number, 75);
+            EXPECT_TRUE(error.Description.contains(File(place))) << error.what();
+        }
+        EXPECT_EQ(Files(), before);
+        EXPECT_TRUE(QDir(File(u"taken"_s)).isEmpty());
+    }
+}
+
+TEST_F(Pdf, ReplacesAnOlderFileOnlyWhenItIsWhole) {
+    const QString file = File(u"two.pdf"_s);
+    desktop::Write_Pdf(Two_Sheets(), file);
+    const qint64 size = QFileInfo(file).size();
+    desktop::Printed_Document failing = Two_Sheets();
+    failing.paint = [](QPainter&, int page) {
+        if (page == 2) throw std::runtime_error("the second sheet fails");
+    };
+    EXPECT_THROW(desktop::Write_Pdf(failing, file), std::runtime_error);
+    EXPECT_EQ(QFileInfo(file).size(), size);
+    EXPECT_EQ(Files(), QStringList{u"two.pdf"_s});
+}
+
+TEST_F(Pdf, StandsInWhereNoPrinterIsSetUp) {
+    qputenv("CUPS_SERVER", "localhost:1"); // no queue answers there
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        GTEST_SKIP() << "this system's printers can't be hidden";
+    const auto printers = desktop::Make_Qt_Printers();
+    EXPECT_TRUE(printers->Choose());
+    desktop::Printed_Document document = Two_Sheets();
+    document.name = u"Blik's: a/b"_s;
+    const QString archives = folder.path() + u"\\Archives"_s;
+    const QString first = printers->Print(document, archives);
+    const QString second = printers->Print(document, archives); // within the same second
+    EXPECT_NE(first, second);
+    for (const QString& file : {first, second}) {
+        EXPECT_EQ(QFileInfo(file).absolutePath(), File(u"Archives"_s));
+        EXPECT_TRUE(QFileInfo(file).fileName().startsWith(u"Blik's_ a_b "_s)) << file.toStdString();
+        EXPECT_TRUE(Told_By(u"pdfinfo"_s, {file}).contains(u"(A4)"_s));
+    }
+}

@@ -1,0 +1,142 @@
+#include "printing/print_table.h"
+
+#include "platform/basics/run_time_error.h"
+#include "printing/grid_print.h"
+#include "printing/product_lines.h"
+#include "support/printing.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace printing;
+
+namespace {
+
+class Printed_Grids : public testing::Test {
+protected:
+    Printed_Grids() {
+        installation.Institution = u"St Mary's School"_s;
+        installation.Archive_Folder = u"/archives"_s;
+        state.Current_Student_Code = u"SMIOLI633THJ"_s;
+        state.Pupil_Name = u"Smith Oliver"_s;
+        state.Pupil_DOB = u"09/02/2020"_s;
+        state.Pupil_Age_Text = u" 6y 3m"_s;
+        grid.Set_Text(1, 0, u"Heading"_s);
+        grid.Set_Text(1, 1, u"value"_s);
+    }
+    ~Printed_Grids() override { outside.boxes.Expect_All_Asked(); }
+
+    bool Print(Table_To_Print table) {
+        return Print_Table({table, grid, u"Test data for Yoon"_s}, state, installation, outside.platform);
+    }
+    bool Print(Grid_Kind kind) { return Grid_Print(kind, page, installation, outside.platform); }
+
+    QStringList Printed_Texts() const {
+        QStringList texts;
+        for (const grid::Sheet& sheet : grid::Lay_Out_Sheets(grid.Printed()))
+            for (const grid::Placed_Text& text : sheet.texts)
+                texts.append(text.text);
+        return texts;
+    }
+
+    test_support::Scripted_Platform outside;
+    foundation::Installation installation;
+    reports::Report_State state;
+    QWidget page;
+    grid::fpSpread& grid = *new grid::fpSpread(u"Spread1"_s, 2, 3, &page);
+};
+
+} // namespace
+
+TEST_F(Printed_Grids, HeadersAndFootersOfTheReportsTables) {
+    const QString blanks(10, u' ');
+    struct Case {
+        Table_To_Print table;
+        QString header, footer_end;
+    };
+    const QString detail_header = u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's School/n/cTest data for "
+                                  u"Yoon/n/nSmith Oliver/n/c/fz\"12\"/fb0/n"
+                                  u"ID:  SMIOLI633THJ"_s +
+                                  blanks + u"Date of birth: 09/02/2020"_s + blanks +
+                                  u"Age at test:  6y 3m/n"_s;
+    const QString summary_header = u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's School/n/cMevo for Networks - "
+                                   u"Summary Data Table./n/n/nSmith Oliver"
+                                   u"/n/c/fz\"12\"/fb0/nID:  SMIOLI633THJ"_s +
+                                   blanks + u"Date of birth: 09/02/2020/n/n"_s;
+    const Case cases[] = {
+        {Table_To_Print::Wide_Detail, detail_header, u"/nReport printed on:  15/06/2026/n/n"_s},
+        {Table_To_Print::Summary, summary_header, u"/nReport printed on: 15/06/2026/n/n"_s},
+        {Table_To_Print::Detail, detail_header, u"/nReport printed on:  15/06/2026/n/n"_s},
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(static_cast<int>(tried.table));
+        EXPECT_TRUE(Print(tried.table));
+        EXPECT_EQ(grid.PrintHeader, tried.header);
+        EXPECT_EQ(grid.PrintFooter, Long_Product_Line() + tried.footer_end);
+        EXPECT_EQ(grid.PrintOrientation, 1);
+        EXPECT_EQ(grid.PrintMarginLeft, 1440);
+        EXPECT_EQ(Printed_Texts().filter(u"Age at test:  6y 3m"_s).isEmpty(),
+                  tried.table == Table_To_Print::Summary);
+        EXPECT_FALSE(Printed_Texts().contains(u"Heading"_s)); // no column heads
+        EXPECT_TRUE(Printed_Texts().filter(u"Page"_s).isEmpty());
+    }
+    EXPECT_EQ(outside.printers.pages.size(), 3);
+}
+
+TEST_F(Printed_Grids, OnlyTheWideTableIsLimitedToItsData) {
+    Print(Table_To_Print::Detail);
+    Print(Table_To_Print::Summary);
+    EXPECT_EQ(grid.Printed().rows.size(), 3u);
+    Print(Table_To_Print::Wide_Detail);
+    EXPECT_EQ(grid.Printed().rows.size(), 1u);
+}
+
+TEST_F(Printed_Grids, HeadersAndFootersOfTheOtherPages) {
+    const std::pair<Grid_Kind, QString> cases[] = {
+        {Grid_Kind::Testing_Progress, u" - Testing Progress Record./n"_s},
+        {Grid_Kind::Import_Preview, u" - Preview of student import details./n"_s},
+        {Grid_Kind::Security_Settings, u" - Security settings for all registered individuals./n"_s},
+    };
+    for (const auto& [kind, suffix] : cases) {
+        SCOPED_TRACE(suffix.toStdString());
+        outside.pointer.shapes.clear();
+        EXPECT_TRUE(Print(kind));
+        EXPECT_EQ(grid.PrintHeader, u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's School/n/cQuend Mevo"_s + suffix);
+        EXPECT_EQ(grid.PrintFooter, Short_Product_Line() + u"/nReport printed on: 15/06/2026/rPage /p"_s);
+        EXPECT_EQ(grid.PrintOrientation, 1);
+        EXPECT_EQ(grid.PrintMarginLeft, 1440);
+        EXPECT_TRUE(grid.PrintColHeaders);
+        EXPECT_FALSE(grid.PrintRowHeaders);
+        EXPECT_FALSE(grid.PrintDataOnly);
+        EXPECT_EQ(outside.pointer.shapes, QList{desktop::Pointer_Shape::Default});
+        const QStringList texts = Printed_Texts();
+        EXPECT_TRUE(texts.contains(u"Heading"_s));
+        EXPECT_TRUE(texts.contains(u"Report printed on: 15/06/2026"_s));
+        EXPECT_EQ(texts.last(), u"Page 1"_s);
+    }
+    EXPECT_EQ(outside.printers.printed.size(), 3);
+}
+
+TEST_F(Printed_Grids, APdfIsToldAndLiesInTheArchiveFolder) {
+    outside.printers.says_pdf = u"/archives/Mevo summary.pdf"_s;
+    outside.boxes.Will_Answer(desktop::Answer::Ok);
+    outside.boxes.Will_Answer(desktop::Answer::Ok);
+    EXPECT_FALSE(Print(Table_To_Print::Summary));
+    EXPECT_FALSE(Print(Grid_Kind::Security_Settings));
+    EXPECT_EQ(outside.printers.pdf_folders, (QStringList{u"/archives"_s, u"/archives"_s}));
+    for (const test_support::Box_Shown& box : outside.boxes.shown) {
+        EXPECT_EQ(box.style, desktop::Box_Style::Information);
+        EXPECT_TRUE(box.text.contains(u"/archives/Mevo summary.pdf"_s)) << box.text.toStdString();
+    }
+}
+
+TEST_F(Printed_Grids, AFaultOfThePrinterIsARunTimeError) {
+    outside.printers.broken = true;
+    EXPECT_THROW(Print(Table_To_Print::Detail), basics::Run_Time_Error);
+    EXPECT_THROW(Print(Grid_Kind::Import_Preview), basics::Run_Time_Error);
+    const QWidget without_grid;
+    EXPECT_THROW(Grid_Print(Grid_Kind::Testing_Progress, without_grid, installation, outside.platform),
+                 basics::Run_Time_Error);
+    EXPECT_TRUE(outside.boxes.shown.isEmpty());
+}

@@ -1,0 +1,142 @@
+#include "pupils/date_lists.h"
+
+#include "support/controls.h"
+#include "support/scripted_platform.h"
+
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace test_support;
+
+namespace pupils {
+namespace {
+
+// The lists on a bare page; the 15th of June 2026 unless a test sets the clock.
+class Lists : public testing::Test {
+protected:
+    void Fill() {
+        lists.Populate_Date_List(31, 1);
+        lists.Populate_Months_List();
+        lists.Populate_Year_List(1980, 25);
+    }
+    void Choose(int day, int month, int year) {
+        lists.Combo4->Set_ListIndex(year - 1980);
+        lists.Combo3->Set_ListIndex(month - 1);
+        lists.Combo2->Set_ListIndex(day - 1);
+    }
+    QString Age() const { return lists.txAgeY->text() + u'y' + lists.txAgeM->text(); }
+
+    Scripted_Platform outside;
+    QWidget page;
+    Date_Lists lists{&page, &page, outside.platform};
+};
+
+} // namespace
+
+TEST(Leap_Year, FollowsTheCalendar) {
+    const std::pair<basics::Value, bool> cases[] = {
+        {2004, true},
+        {2005, false},
+        {1900, false},
+        {2000, true},
+        {2100, false},
+        {u" 2008"_s, true},
+        {1980, true},
+        {QDateTime(QDate(2012, 12, 31), QTime(0, 0)), true},
+        {QDateTime(QDate(2013, 1, 1), QTime(0, 0)), false},
+    };
+    for (const auto& [year, leap] : cases)
+        EXPECT_EQ(IsLeapYear(year), leap) << year.As_Text().toStdString();
+}
+
+TEST_F(Lists, OfferRealDatesFrom1980ToLastYearWithABlankBeforeNumbers) {
+    Fill();
+    EXPECT_EQ(lists.Combo2->count(), 31);
+    EXPECT_EQ(lists.Combo2->itemText(8), u" 9"_s);
+    EXPECT_EQ(lists.Combo3->count(), 12);
+    EXPECT_EQ(lists.Combo3->itemText(8), u"September"_s);
+    EXPECT_EQ(lists.Combo4->itemText(0), u" 1980"_s);
+    EXPECT_EQ(lists.Combo4->itemText(lists.Combo4->count() - 1), u" 2025"_s);
+    EXPECT_EQ(lists.Combo4->currentText(), u" 2005"_s);
+    EXPECT_EQ(lists.Text2->text(), u"01/01/2005"_s);
+}
+
+TEST_F(Lists, TheDayFollowsTheLengthOfTheMonth) {
+    struct Step {
+        int day, month, year; // chosen; 0 leaves a list alone
+        int days, selected;   // the day list after it
+    };
+    const Step steps[] = {
+        {31, 5, 2004, 31, 31}, // 31 May
+        {0, 4, 0, 30, 30},     // April: shrinks, the last day is selected
+        {0, 5, 0, 31, 30},     // May again: grows, the day stays
+        {0, 2, 0, 29, 29},     // February of a leap year
+        {0, 0, 2005, 28, 28},  // of a common one
+        {0, 0, 2008, 29, 28},  {0, 3, 0, 31, 28},     {12, 6, 0, 30, 12},
+        {0, 9, 0, 30, 12},     {0, 11, 1999, 30, 12}, {0, 12, 0, 31, 12},
+    };
+    Fill();
+    for (const Step& step : steps) {
+        SCOPED_TRACE(&step - steps);
+        if (step.year) lists.Combo4->Set_ListIndex(step.year - 1980);
+        if (step.month) lists.Combo3->Set_ListIndex(step.month - 1);
+        if (step.day) lists.Combo2->Set_ListIndex(step.day - 1);
+        EXPECT_EQ(lists.Combo2->count(), step.days);
+        EXPECT_EQ(lists.Combo2->ListIndex() + 1, step.selected);
+        EXPECT_TRUE(QDate::fromString(lists.Text2->text(), u"dd/MM/yyyy"_s).isValid())
+            << lists.Text2->text().toStdString();
+    }
+    EXPECT_EQ(lists.Text2->text(), u"12/12/1999"_s);
+}
+
+TEST_F(Lists, ADayListOfTheRightLengthIsNotBuiltAgain) {
+    Fill();
+    QSignalSpy rebuilt(lists.Combo2->model(), &QAbstractItemModel::rowsInserted);
+    lists.Combo3->Set_ListIndex(2); // March has 31 days as well
+    EXPECT_EQ(rebuilt.count(), 0);
+    lists.Combo3->Set_ListIndex(1);
+    rebuilt.clear();
+    lists.Combo3->Set_ListIndex(1); // February is built each time
+    EXPECT_GT(rebuilt.count(), 0);
+}
+
+TEST_F(Lists, TheAgeCountsMonthBoundariesAndNotDays) {
+    struct Case {
+        QDate today;
+        int day, month, year;
+        QString age;
+    };
+    const Case cases[] = {
+        {QDate(2021, 1, 1), 31, 12, 2020, u"0y1"_s}, // born the day before
+        {QDate(2021, 2, 1), 31, 1, 2020, u"1y1"_s},  {QDate(2026, 6, 15), 30, 6, 2020, u"6y0"_s},
+        {QDate(2026, 6, 15), 1, 7, 2020, u"5y11"_s}, {QDate(2026, 6, 15), 29, 2, 2020, u"6y4"_s},
+        {QDate(2026, 6, 15), 1, 1, 1980, u"46y5"_s},
+    };
+    for (const Case& tried : cases) {
+        outside.clock.now = QDateTime(tried.today, QTime(9, 0));
+        Fill();
+        Choose(tried.day, tried.month, tried.year);
+        EXPECT_EQ(Age(), tried.age) << lists.Text2->text().toStdString();
+    }
+}
+
+TEST_F(Lists, TheKeyboardChoosesAsThePointerDoes) {
+    Fill();
+    QTest::keyClick(lists.Combo3, Qt::Key_Down);
+    EXPECT_EQ(lists.Combo2->count(), 28);
+    EXPECT_EQ(lists.Text2->text(), u"01/02/2005"_s);
+    QTest::keyClick(lists.Combo2, Qt::Key_End);
+    EXPECT_EQ(lists.Text2->text(), u"28/02/2005"_s);
+}
+
+TEST_F(Lists, AnEmptyListStopsNothing) {
+    lists.Compute_And_Display_Age();
+    lists.Populate_Date_List(31, 1);
+    EXPECT_EQ(Age(), u"y"_s);
+    lists.Populate_Months_List();
+    lists.Combo3->Set_ListIndex(1); // February of no year
+    EXPECT_EQ(lists.Combo2->count(), 28);
+}
+
+} // namespace pupils

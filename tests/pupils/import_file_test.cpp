@@ -1,0 +1,261 @@
+#include "pupils/import_file.h"
+
+#include "platform/basics/run_time_error.h"
+#include "support/printing.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+namespace {
+
+QStringList Lines_Of(const QString& text) {
+    QStringList lines;
+    for (Line_Reader reader(text); !reader.At_End();)
+        lines.append(reader.Next_Line().toString());
+    return lines;
+}
+
+QString Answer(const QString& line, qint16 number = 7) {
+    QStringList fields = Import_Fields(line);
+    return Validate_Import_Record(fields, number);
+}
+
+// The errors' numbers by which a file can't be read; 0 if it can.
+int Number_Of_Reading(const QString& file) {
+    try {
+        Read_Import_File(file);
+        return 0;
+    } catch (const basics::Run_Time_Error& error) {
+        return error.Number;
+    }
+}
+
+} // namespace
+
+// ---- reading
+
+TEST(Import_File, LinesEndInAnyOfThreeWays) {
+    const std::pair<QString, QStringList> cases[] = {
+        {u""_s, {}},
+        {u"a"_s, {u"a"_s}},
+        {u"a\r\nb\nc\rd"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}},
+        {u"a\r\n"_s, {u"a"_s}}, // nothing follows the last line end
+        {u"a\n\nb\r\rc\r\n\r\n"_s, {u"a"_s, u""_s, u"b"_s, u""_s, u"c"_s, u""_s}},
+        {u"\r\r\n\n"_s, {u""_s, u""_s, u""_s}},
+        {u"a\vb\fc\u2028d"_s, {u"a\vb\fc\u2028d"_s}}, // no line end to a spreadsheet
+    };
+    for (const auto& [text, lines] : cases)
+        EXPECT_EQ(Lines_Of(text), lines);
+}
+
+TEST(Import_File, AFileIsUtf8IfItSaysSoOrCanBeNothingElse) {
+    struct Case {
+        QByteArray bytes;
+        QString text;
+    };
+    const Case cases[] = {
+        {"Zoe", u"Zoe"_s},
+        {"Zo\xEB", u"Zoë"_s},                   // the older single byte
+        {"Zo\xC3\xAB", u"Zoë"_s},               // valid multi-byte, no mark
+        {"\xEF\xBB\xBFZo\xC3\xAB", u"Zoë"_s},   // with its mark
+        {"\xEF\xBB\xBFZoe", u"Zoe"_s},          // the mark is no part of the first name
+        {"Zo\xC3\xAB Ren\xE9", u"ZoÃ« René"_s}, // one byte that is no UTF-8 decides for the whole file
+        {"Zo\xC3", u"ZoÃ"_s},                   // a character cut off at the end
+        {"O\x92"
+         "Brien \x80 \x9Fma",
+         u"O’Brien € Ÿma"_s},  // what the code page has beyond Latin-1
+        {"\xC0\xAF", u"À¯"_s}, // overlong forms are no UTF-8
+        {QByteArray("a\0b", 3), QString(u"a"_s) + QChar(0) + u'b'},
+    };
+    for (const Case& tried : cases)
+        EXPECT_EQ(Decoded_Import_Text(tried.bytes), tried.text) << tried.bytes.toHex().constData();
+}
+
+TEST(Import_File, WhatCannotBeReadIsAnErrorWithItsNumber) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pupils.txt"_s);
+    EXPECT_EQ(Number_Of_Reading(file), 53);
+    EXPECT_EQ(Number_Of_Reading(u"*.txt"_s), 52); // what a cancelled dialog leaves
+    EXPECT_EQ(Number_Of_Reading(u""_s), 52);
+    EXPECT_EQ(Number_Of_Reading(folder.path()), 75);
+    EXPECT_EQ(Number_Of_Reading(u"/dev/zero"_s), 75); // has no end
+    QFile made(file);
+    ASSERT_TRUE(made.open(QIODevice::WriteOnly) && made.write("a,b\r\n") == 5);
+    made.close();
+    EXPECT_EQ(Read_Import_File(file), "a,b\r\n");
+    EXPECT_EQ(Read_Import_File(QString(file).replace(u"pupils"_s, u"PUPILS"_s)),
+              "a,b\r\n"); // as on its own system
+}
+
+TEST(Import_File, AFileBeyondAllMeasureIsRefused) {
+    const QTemporaryDir folder;
+    QFile huge(folder.filePath(u"huge.txt"_s));
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(qint64(8) << 30)); // a hole: takes no room
+    EXPECT_EQ(Number_Of_Reading(huge.fileName()), 7);
+}
+
+TEST(Import_File, ARecordIsSplitAtEveryCommaAndNothingIsTrimmed) {
+    EXPECT_EQ(Import_Fields(u"a, b ,\"c,d\",,"_s),
+              (QStringList{u"a"_s, u" b "_s, u"\"c"_s, u"d\""_s, u""_s, u""_s}));
+    EXPECT_EQ(Import_Fields(u"1,2,3,4,5,6,7"_s).size(), 7);
+    EXPECT_EQ(Import_Fields(u"1,2,3,4,5,6,7,8"_s).size(), 8);
+    EXPECT_EQ(Import_Fields(QString(1'000'000, u','))[7].size(), 1'000'000 - 7); // not a million fields
+}
+
+// ---- validation
+
+TEST(Validate_Import_Record, TellsTheFirstFailure) {
+    const std::pair<QString, QString> cases[] = {
+        {u"Smith,Jane,F,14/03/2003,Class 1,"_s, u"OK"_s},
+        {u"Smith,Jane,F,14/03/2003,,,anything"_s, u"OK"_s},
+        {u"Smith,Jane,F,14/03/2003,Class 1"_s, u"Record 7 has an incorrect number of fields."_s},
+        {u"Smith,Jane,F,14/03/2003,Class 1,,,"_s, u"Record 7 has an incorrect number of fields."_s},
+        {u"x"_s, u"Record 7 has an incorrect number of fields."_s},
+        {u",,,,"_s, u"Record 7 has an incorrect number of fields."_s},
+        {u",,,,,"_s, u"Record 7 has a missing surname."_s},
+        {u"Smith,,,,,"_s, u"Record 7 has a missing forename."_s},
+        {u"Smith,Jane,,,,"_s, u"Record 7 has an invalid or missing gender indicator."_s},
+        {u"Smith,Jane, F,14/03/2003,,"_s, u"Record 7 has an invalid or missing gender indicator."_s},
+        {u"Smith,Jane,X,14/03/2003,,"_s, u"Record 7 has an invalid or missing gender indicator."_s},
+        {u"Smith,Jane,F,,,"_s, u"Record 7 has an invalid or missing date of birth."_s},
+        {u"Smith,Jane,F,31/02/2003,,"_s, u"Record 7 has an invalid or missing date of birth."_s},
+        {u" , ,Mrs,14/03/2003,,"_s, u"OK"_s},                 // a blank is a name
+        {u"\"Smith,Jane,F,14/03/2003,Class 1,\""_s, u"OK"_s}, // a quotation mark is a letter like any other
+    };
+    for (const auto& [line, answer] : cases)
+        EXPECT_EQ(Answer(line), answer) << line.toStdString();
+    EXPECT_EQ(Answer(u"x"_s, 32767), u"Record 32767 has an incorrect number of fields."_s);
+}
+
+TEST(Validate_Import_Record, KeepsTheGenderLetterAndTheShortDate) {
+    const std::pair<QString, QString> genders[] = {
+        {u"male"_s, u"M"_s}, {u"f"_s, u"F"_s}, {u"Female"_s, u"F"_s}, {u"Mrs"_s, u"M"_s}};
+    for (const auto& [written, kept] : genders) {
+        QStringList fields{u"Smith"_s, u"Jane"_s, written, u"1 Feb 2003"_s, u""_s, u""_s};
+        EXPECT_EQ(Validate_Import_Record(fields, 1), u"OK"_s);
+        EXPECT_EQ(fields, (QStringList{u"Smith"_s, u"Jane"_s, kept, u"01/02/03"_s, u""_s, u""_s}));
+    }
+    // Each field is kept as soon as its own test has passed.
+    QStringList fields{u"Smith"_s, u"Jane"_s, u"female"_s, u"no date"_s, u""_s, u""_s};
+    Validate_Import_Record(fields, 1);
+    EXPECT_EQ(fields[2] + fields[3], u"Fno date"_s);
+}
+
+TEST(Format_Import_Date, ReadsTheUsualBritishFormsDayFirst) {
+    const QString first_of_february = u"01/02/03"_s;
+    for (const QString& text : {u"1/2/03"_s, u"1/2/2003"_s, u"01/02/2003"_s, u"01-02-2003"_s, u"1.2.2003"_s,
+                                u"1 2 2003"_s, u"1 Feb 2003"_s, u"1 february 2003"_s, u"01-Feb-03"_s,
+                                u"1Feb2003"_s, u"2003-02-01"_s, u"2003/2/1"_s, u" 1/2/2003 "_s,
+                                u"01/02/2003 00:00"_s, u"2003-02-01 00:00:00"_s, u"2003-02-01T23:59"_s})
+        EXPECT_EQ(Format_Import_Date(text), first_of_february) << text.toStdString();
+    const std::pair<QString, QString> others[] = {
+        {u"14/3/03"_s, u"14/03/03"_s},   {u"29/02/2004"_s, u"29/02/04"_s},  {u"29 Feb 00"_s, u"29/02/00"_s},
+        {u"30/9/99"_s, u"30/09/99"_s},   {u"5 Sept 2004"_s, u"05/09/04"_s}, {u"31/12/1899"_s, u"31/12/99"_s},
+        {u"9-MAY-2001"_s, u"09/05/01"_s}};
+    for (const auto& [text, kept] : others) {
+        EXPECT_EQ(Format_Import_Date(text), kept);
+        EXPECT_EQ(Format_Import_Date(kept), kept) << "the preview formats twice";
+    }
+}
+
+TEST(Format_Import_Date, RefusesWhatIsNoDate) {
+    for (const QString& text : {u""_s,
+                                u" "_s,
+                                u"31/02/2003"_s,
+                                u"29/02/2003"_s,
+                                u"29/2/1900"_s,
+                                u"31 Apr 2003"_s,
+                                u"0/1/2003"_s,
+                                u"1/0/2003"_s,
+                                u"3/14/2003"_s,
+                                u"32/1/2003"_s,
+                                u"1/13/2003"_s,
+                                u"1/2/203"_s,
+                                u"1/2/20031"_s,
+                                u"1/2"_s,
+                                u"12"_s,
+                                u"1/2-2003"_s,
+                                u"1 Foo 2003"_s,
+                                u"1 Febr 2003"_s,
+                                u"Feb 2003"_s,
+                                u"2003-02-30"_s,
+                                u"20030201"_s,
+                                u"1/2/2003x"_s,
+                                u"1/2/2003 25:00"_s,
+                                u"01/02/0000"_s,
+                                u"١/٢/٢٠٠٣"_s,
+                                u"1/2/2003\n"_s,
+                                QString(100'000, u'1'),
+                                u"now"_s}) {
+        EXPECT_FALSE(Is_Import_Date(text)) << text.left(40).toStdString();
+        EXPECT_EQ(Format_Import_Date(text), text);
+    }
+}
+
+TEST(Format_Import_Date, TwoDigitYearsTurnAtThirty) {
+    // The century shows in the leap day: 1940 has one, 2026 and 1930 have none.
+    const std::pair<QString, bool> cases[] = {{u"29/02/28"_s, true},  {u"29/02/29"_s, false},
+                                              {u"29/02/30"_s, false}, {u"29/02/32"_s, true},
+                                              {u"29/02/00"_s, true},  {u"29/02/99"_s, false}};
+    for (const auto& [text, is_date] : cases)
+        EXPECT_EQ(Is_Import_Date(text), is_date) << text.toStdString();
+}
+
+// ---- the walk
+
+namespace {
+
+struct Walked {
+    Import_Pass pass;
+    QList<qint16> good;
+    int done = 0;
+    bool overflowed = false;
+};
+
+Walked Walk(const QString& text) {
+    Walked walked;
+    try {
+        Walk_Import_Text(
+            text, walked.pass,
+            {[&](QStringList&, qint16 line) { walked.good.append(line); }, [&] { ++walked.done; }});
+    } catch (const basics::Run_Time_Error& error) {
+        EXPECT_EQ(error.Number, basics::errors::Overflow);
+        walked.overflowed = true;
+    }
+    return walked;
+}
+
+const QString Good_Line = u"Smith,Jane,F,14/03/2003,Class 1,\n"_s;
+
+} // namespace
+
+TEST(Walk_Import_Text, NumbersPhysicalLinesAndPassesOverEmptyOnes) {
+    const Walked walked = Walk(Good_Line + u"\n"_s + u"Smith,,F,14/03/2003,,\n"_s + Good_Line + u"\n\n"_s);
+    EXPECT_EQ(walked.good, (QList<qint16>{1, 4}));
+    EXPECT_EQ(walked.done, 3);
+    EXPECT_EQ(walked.pass.line_count, 6);
+    EXPECT_EQ(walked.pass.error_count, 1);
+    EXPECT_EQ(walked.pass.error_text, u"Record 3 has a missing forename.\r\n"_s);
+}
+
+TEST(Walk_Import_Text, TellsEveryBadRecordWithSeparatorsOfTwoCarriageReturns) {
+    const Walked walked = Walk(u"x\n"_s + Good_Line + u"y\n"_s);
+    EXPECT_EQ(
+        Erroneous_Records_Text(walked.pass),
+        u"2 record(s) could not be imported because of invalid data.\r\rErroneous records are:\r\r"
+        "Record 1 has an incorrect number of fields.\r\nRecord 3 has an incorrect number of fields.\r\n"_s);
+}
+
+TEST(Walk_Import_Text, OverflowsBeyond32767Lines) {
+    EXPECT_FALSE(Walk(u"\n"_s.repeated(32767)).overflowed);
+    const Walked walked = Walk(u"x\n"_s.repeated(40'000));
+    EXPECT_TRUE(walked.overflowed);
+    EXPECT_EQ(walked.pass.line_count, 32767);
+    EXPECT_EQ(walked.pass.error_count, 32767);
+}
+
+} // namespace pupils

@@ -1,0 +1,459 @@
+#include "pupils/import_page.h"
+
+#include "platform/basics/run_time_error.h"
+#include "pupils/stored_pupils.h"
+#include "support/controls.h"
+#include "support/sample_file.h"
+#include "support/scripted_platform.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRandomGenerator>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace test_support;
+using desktop::Answer;
+using desktop::Box_Style;
+
+namespace pupils {
+namespace {
+
+class Import : public testing::Test {
+protected:
+    Import() {
+        page.resize(1366, 768);
+        page.show();
+        page.Load();
+    }
+    ~Import() override { outside.boxes.Expect_All_Asked(); }
+
+    QString Write(const QByteArray& bytes, const QString& name = u"pupils.txt"_s) {
+        QFile file(sample.Folder() + u'/' + name);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return file.fileName();
+    }
+    void Preview(const QString& file) {
+        outside.file_dialogs.answers.append(file);
+        Click(page, u"PreviewImport"_s);
+    }
+    void Preview_Bytes(const QByteArray& bytes) { Preview(Write(bytes)); }
+    void Preview_With_Errors(const QByteArray& bytes) {
+        outside.boxes.Will_Answer(Answer::Ok);
+        Preview_Bytes(bytes);
+    }
+    void Import_All(Answer answer = Answer::Yes) {
+        outside.boxes.Will_Answer(answer);
+        Click(page, u"HotLabel3"_s);
+    }
+    // The number of the unhandled error that an import ends in.
+    int Import_Error() {
+        outside.boxes.Will_Answer(Answer::Yes);
+        try {
+            page.HotLabel3_Click();
+            return 0;
+        } catch (const basics::Run_Time_Error& error) {
+            return error.Number;
+        }
+    }
+    QStringList Row(int row) {
+        QStringList cells;
+        for (int column = 1; column <= 7; ++column)
+            cells.append(Control<grid::fpSpread>(page, u"Spread1"_s).Text(column, row));
+        return cells;
+    }
+    QString Offered() {
+        return (Enabled(page, u"HotLabel3"_s) ? u"import "_s : u""_s) +
+               (Enabled(page, u"HotLabel4"_s) ? u"print"_s : u""_s);
+    }
+    QString Pupils() { return sample.Value(u"SELECT count(*) FROM mevo_pupils"_s); }
+    QString Code_Of(const QString& surname) {
+        return sample.Column(u"SELECT studentcode FROM mevo_pupils WHERE surname = '%1'"_s.arg(surname))
+            .join(u'+');
+    }
+
+    Sample_File sample;
+    Scripted_Platform outside;
+    Recording_Navigator navigator;
+    foundation::Installation installation = sample.Installed();
+    Form42 page{outside.platform, navigator, installation};
+};
+
+const QString Both = u"import print"_s;
+const QByteArray Good = "Smith,Jane,F,14/03/2003,Class 1,\r\n";
+
+QString Told(const QString& errors, int count) {
+    return QString::number(count) +
+           u" record(s) could not be imported because of invalid data.\r\rErroneous records are:\r\r"_s +
+           errors;
+}
+
+// Enough for codes that differ.
+QList<double> Many_Numbers() {
+    QRandomGenerator generator(1);
+    QList<double> numbers;
+    while (numbers.size() < 5000)
+        numbers.append(generator.generateDouble());
+    return numbers;
+}
+
+QByteArray Class_Of(int pupils) {
+    QByteArray file;
+    for (int i = 0; i < pupils; ++i)
+        file += "Sur" + QByteArray::number(i) + ",Name" + QByteArray::number(i) + ",F,14/03/2003,Class " +
+                QByteArray::number(i % 7) + ",\r\n";
+    return file;
+}
+
+} // namespace
+
+// ---- preview
+
+TEST_F(Import, OpensWithNothingToImport) {
+    EXPECT_EQ(Offered(), u""_s);
+    EXPECT_FALSE(Shown(page, u"ProgressBar1"_s));
+    EXPECT_EQ(Caption(page, u"HotLabel3"_s), u"Import all "_s);
+    const QStringList headings{u"Surname"_s, u"Forename(s)"_s,   u"Gender"_s,  u"Date of Birth"_s,
+                               u"User ID"_s, u"Group / Class"_s, u"Password"_s};
+    EXPECT_EQ(Row(0), headings);
+}
+
+TEST_F(Import, AsksForTheFileByItsTitleFilterAndFolder) {
+    Preview_Bytes(Good);
+    const desktop::File_Question& asked = outside.file_dialogs.asked.first();
+    EXPECT_EQ(asked.title, u"TXT Comma-seperated files"_s);
+    EXPECT_EQ(asked.filter, u"Text comma-seperated (.txt) (*.txt);;Comma Seperated (.csv) (*.csv)"_s);
+    EXPECT_EQ(asked.file_name, u"*.txt"_s);
+    EXPECT_EQ(asked.folder, installation.Archive_Folder);
+    EXPECT_EQ(Control<QLineEdit>(page, u"Text1"_s).text(), sample.Folder() + u"/pupils.txt"_s);
+}
+
+TEST_F(Import, ACleanPreviewShowsTheRecordsAndCreatesNothing) {
+    const QString all = Everything(sample);
+    Preview_Bytes("Smith - Jones,Jane,female,1 Feb 2003,,\r\n\r\nO'Neill,Al,Mrs,14/3/03,Class 1,it's,x\r\n");
+    const QString to_come = u"(will be created)"_s;
+    EXPECT_EQ(Row(1), (QStringList{u"Smith-Jones"_s, u"Jane"_s, u"F"_s, u"01/02/03"_s, to_come,
+                                   u"Universal"_s, u""_s}));
+    EXPECT_EQ(Row(2).join(u""_s), u""_s) << "an empty line leaves its row";
+    EXPECT_EQ(Row(3),
+              (QStringList{u"O'Neill"_s, u"Al"_s, u"M"_s, u"14/03/03"_s, to_come, u"Class 1"_s, u"it's"_s}));
+    EXPECT_EQ(Offered(), Both);
+    EXPECT_EQ(Everything(sample), all);
+}
+
+TEST_F(Import, BadRecordsAreListedAndNothingIsOffered) {
+    Preview_Bytes(Good);
+    Preview_With_Errors("\nSmith,,F,14/03/2003,,\nKane,Mo,M,1/2/2003,,\nBrown,Bo,X,14/03/2003,,\n");
+    const Box_Shown& box = outside.boxes.shown.last();
+    EXPECT_EQ(static_cast<int>(box.style), 48); // OK, exclamation icon
+    EXPECT_EQ(box.title, u"Import a fixed format comma-seperated file into Mevo"_s);
+    EXPECT_EQ(
+        box.text,
+        Told(
+            u"Record 2 has a missing forename.\r\nRecord 4 has an invalid or missing gender indicator.\r\n"_s,
+            2));
+    EXPECT_EQ(Offered(), u""_s);
+    EXPECT_EQ(Row(3).first(), u"Kane"_s) << "the good ones are shown";
+    Preview_Bytes(Good);
+    EXPECT_EQ(Offered(), Both);
+}
+
+TEST_F(Import, TheGridKeepsTheRowsOfTheFileBefore) {
+    Preview_Bytes(Good + Good + Good);
+    Preview_Bytes("Kane,Mo,M,1/2/2003,,\n\nKane,Al,M,1/2/2003,,\n");
+    EXPECT_EQ(Row(1)[1] + Row(2)[1] + Row(3)[1], u"MoJaneAl"_s);
+}
+
+TEST_F(Import, ACancelledDialogLeavesThePatternAndTheStateAsItWas) {
+    Preview(u""_s);
+    EXPECT_EQ(Control<QLineEdit>(page, u"Text1"_s).text(), u"*.txt"_s);
+    EXPECT_EQ(Offered(), u""_s);
+    Preview_Bytes(Good);
+    Preview(u""_s);
+    EXPECT_EQ(Offered(), Both);
+    EXPECT_EQ(Import_Error(), 52);
+    EXPECT_EQ(Pupils(), u"12"_s);
+}
+
+// ---- import
+
+TEST_F(Import, MakesThePupilsOfTheFileInAllTables) {
+    Preview_Bytes("Smith - O'Hara,D'Arcy,female,29 Feb 2004,Owls,cat\r\n"
+                  "Kane,Mo,m,1/2/99,,,ignored\n"
+                  "Zo\xEB,Ren\xE9,F,1.2.2003,OWLS,\r");
+    Import_All();
+    EXPECT_EQ(outside.boxes.shown.last().style, Box_Style::Yes_No_Question);
+    EXPECT_EQ(outside.boxes.shown.last().title, u"Confirm all details accurate and complete"_s);
+    EXPECT_EQ(outside.boxes.shown.last().text, u"Are you sure that all these details are accurate?"_s);
+    const QString untested = u"0,0,0,0,0,0,0,0,0|0,0,0,0,0,0,0,0,0"_s;
+    EXPECT_EQ(Stored_Pupil(sample, Code_Of(u"Smith-O''Hara"_s)),
+              u"Smith-O'Hara|D'Arcy|F|29/02/04|Owls|'cat'|1|0|"_s + untested);
+    EXPECT_EQ(Stored_Pupil(sample, Code_Of(u"Kane"_s)), u"Kane|Mo|M|01/02/99|Universal|''|1|1|"_s + untested);
+    EXPECT_EQ(Stored_Pupil(sample, Code_Of(u"Zoë"_s)), u"Zoë|René|F|01/02/03|OWLS|''|1|1|"_s + untested);
+    for (const QString& table : Data_Tables())
+        EXPECT_EQ(Filled_Columns(sample, table, Code_Of(u"Kane"_s)), QStringList{u"StudentCode"_s});
+    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_groups WHERE group_name = 'Owls' COLLATE NOCASE"_s),
+              u"1"_s);
+    EXPECT_EQ(Caption(page, u"Label3"_s),
+              u"3 pupils have now been imported. Please now check their settings on the Security page"_s);
+    EXPECT_FALSE(Shown(page, u"ProgressBar1"_s));
+}
+
+TEST_F(Import, TwoHundredPupilsStandInEveryTable) {
+    outside.random.numbers = Many_Numbers();
+    Preview_Bytes(Class_Of(200));
+    Import_All();
+    EXPECT_EQ(Pupils(), u"212"_s);
+    for (const QString& table : Data_Tables())
+        EXPECT_EQ(
+            sample.Value(
+                u"SELECT count(*) FROM %1 d JOIN mevo_pupils p USING (studentcode) WHERE surname LIKE 'Sur%'"_s
+                    .arg(table)),
+            u"200"_s);
+    EXPECT_EQ(
+        sample.Value(
+            u"SELECT count(*) FROM mevo_groups WHERE group_name LIKE 'Class _' AND show_on_list = 1 AND id IS NULL"_s),
+        u"7"_s);
+}
+
+TEST_F(Import, NothingHappensWithoutAYes) {
+    const QString all = Everything(sample);
+    Preview_Bytes(Good);
+    Import_All(Answer::No);
+    EXPECT_EQ(Everything(sample), all);
+    EXPECT_EQ(Caption(page, u"Label3"_s), u""_s);
+}
+
+TEST_F(Import, RunsASecondTimeAndMakesEveryPupilAgain) {
+    outside.random.numbers = {0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7};
+    Preview_Bytes(Good);
+    Import_All();
+    EXPECT_EQ(Offered(), Both);
+    Import_All();
+    EXPECT_EQ(sample.Value(u"SELECT count(DISTINCT studentcode) FROM mevo_pupils WHERE surname = 'Smith'"_s),
+              u"2"_s);
+}
+
+TEST_F(Import, TheClosingLineCountsLinesAndNotPupils) {
+    Preview_Bytes("\n\n\n");
+    EXPECT_EQ(Offered(), Both);
+    Import_All();
+    EXPECT_TRUE(Caption(page, u"Label3"_s).startsWith(u"3 pupils have now been imported."_s));
+    EXPECT_EQ(Pupils(), u"12"_s);
+}
+
+TEST_F(Import, AFileThatChangedAfterThePreviewIsValidatedAgain) {
+    Preview_Bytes(Good + Good);
+    Write("bad\n" + Good);
+    outside.boxes.Will_Answer(Answer::Yes);
+    outside.boxes.Will_Answer(Answer::Ok, [this] { EXPECT_TRUE(Shown(page, u"ProgressBar1"_s)); });
+    Click(page, u"HotLabel3"_s);
+    EXPECT_EQ(static_cast<int>(outside.boxes.shown.last().style), 48);
+    EXPECT_EQ(outside.boxes.shown.last().title, u"DB module"_s);
+    EXPECT_EQ(outside.boxes.shown.last().text, Told(u"Record 1 has an incorrect number of fields.\r\n"_s, 1));
+    EXPECT_EQ(Pupils(), u"13"_s);
+    EXPECT_EQ(Offered(), Both);
+}
+
+TEST_F(Import, ThePasswordsApostropheCostsThePupilAndTheGroupsTheGroup) {
+    Preview_Bytes(
+        "One,Al,M,1/2/2003,Owls,it's\nTwo,Al,M,1/2/2003,St John's,\nThree,Al,M,1/2/2003,Owls,its\n");
+    Import_All();
+    EXPECT_EQ(Code_Of(u"One"_s), u""_s);
+    EXPECT_EQ(sample.Value(u"SELECT group_class FROM mevo_pupils WHERE surname = 'Two'"_s), u"St John's"_s);
+    for (const QString& table : Data_Tables())
+        EXPECT_EQ(Filled_Columns(sample, table, Code_Of(u"Two"_s)).size(), 1) << table.toStdString();
+    EXPECT_EQ(
+        sample.Column(u"SELECT group_name FROM mevo_groups WHERE group_name IN ('Owls', 'St John''s')"_s),
+        QStringList{u"Owls"_s});
+    EXPECT_NE(Code_Of(u"Three"_s), u""_s);
+    EXPECT_TRUE(Caption(page, u"Label3"_s).startsWith(u"3 pupils"_s)) << "the failed one counts";
+}
+
+TEST_F(Import, ALongNameIsStoredAndALongGroupIsRefusedInSilence) {
+    const QByteArray name(300, 'n');
+    Preview_Bytes(name + ",Al,M,1/2/2003,Owls,\nLong,Al,M,1/2/2003," + QByteArray(60, 'g') + ",\n");
+    Import_All();
+    EXPECT_NE(Code_Of(QString::fromLatin1(name)), u""_s);
+    EXPECT_EQ(Code_Of(u"Long"_s), u""_s);
+    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_groups WHERE length(group_name) > 50"_s), u"0"_s);
+}
+
+TEST_F(Import, NoFieldOfAFileRunsAStatementOfItsOwn) {
+    const QStringList before = sample.Column(u"SELECT studentcode FROM mevo_pupils ORDER BY 1"_s);
+    const QString tables = sample.Value(u"SELECT group_concat(sql) FROM sqlite_master"_s);
+    QByteArray file;
+    const QByteArray hostile[] = {"x'); DELETE FROM mevo_pupils; --", "x'; DROP TABLE mevo_groups; --",
+                                  "'; ATTACH DATABASE 'x' AS y; --", "' OR 1=1; PRAGMA user_version = 7; --"};
+    for (const QByteArray& text : hostile)
+        file += text + ",Al,M,1/2/2003,,\nSafe," + text + ",M,1/2/2003,,\nSafe,Al,M,1/2/2003," + text +
+                ",\nSafe,Al,M,1/2/2003,," + text + "\n";
+    Preview_Bytes(file);
+    Import_All();
+    for (const QString& code : before)
+        EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_pupils WHERE studentcode = '%1'"_s.arg(code)),
+                  u"1"_s);
+    EXPECT_EQ(sample.Value(u"SELECT group_concat(sql) FROM sqlite_master"_s), tables);
+    EXPECT_EQ(sample.Value(u"PRAGMA user_version"_s), u"0"_s);
+}
+
+TEST_F(Import, IsVisiblyInProgressAndHoldsNoTransaction) {
+    outside.random.numbers = Many_Numbers();
+    Preview_Bytes(Class_Of(150));
+    auto& bar = Control<QProgressBar>(page, u"ProgressBar1"_s);
+    QList<int> values;
+    QList<int> stored;
+    QTimer meanwhile; // what happens while the window is alive
+    QObject::connect(&meanwhile, &QTimer::timeout, &page, [&] {
+        EXPECT_TRUE(bar.isVisible());
+        EXPECT_EQ(bar.maximum(), 150);
+        values.append(bar.value());
+        stored.append(Pupils().toInt() - 12);
+        sample.Run(u"UPDATE mevo_pupils SET comment = 'another workstation' WHERE rowid = 1"_s);
+    });
+    meanwhile.start(0);
+    Import_All();
+    meanwhile.stop();
+    ASSERT_GE(values.size(), 3);
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    EXPECT_LT(values.first(), 100);
+    EXPECT_EQ(stored, values) << "each pupil lies in the file as soon as the bar has moved";
+}
+
+// ---- hostile files
+
+TEST_F(Import, HostileFilesEndInATextOrInSilence) {
+    struct Case {
+        const char* name;
+        QByteArray bytes;
+        QString told; // the bad records; empty for a clean preview
+    };
+    const QString fields = u"Record 1 has an incorrect number of fields.\r\n"_s;
+    const QString surname = u"Record 1 has a missing surname.\r\n"_s;
+    const QString gender = u"Record 1 has an invalid or missing gender indicator.\r\n"_s;
+    constexpr qsizetype ten_mb = 10'000'000;
+    const Case cases[] = {
+        {"one line without a comma", QByteArray(ten_mb, 'x'), fields},
+        {"one line of commas", QByteArray(ten_mb, ','), fields},
+        {"a surname of ten megabytes", QByteArray(ten_mb, 'x') + ",Al,M,1/2/2003,,", u""_s},
+        {"a date of ten megabytes", "x,Al,M," + QByteArray(ten_mb, '1') + ",,",
+         u"Record 1 has an invalid or missing date of birth.\r\n"_s},
+        {"NUL bytes alone", QByteArray(1000, '\0'), fields},
+        {"NUL bytes in a record", QByteArray("Sm\0th,Al,M,1/2/2003,,", 21), u""_s},
+        {"lone quotes", "\"Smith,Al,M,1/2/2003,\"Class 1,", u""_s},
+        {"quotes around a comma", "\"Smith,Al\",M,1/2/2003,,,,", fields},
+        {"UTF-16", QByteArray("\xFF\xFES\0m\0,\0A\0,\0M\0,\0", 14) + QByteArray("1\0,\0,\0", 6), gender},
+        {"a picture", QByteArray::fromHex("89504e470d0a1a0a0000000d49484452"),
+         fields + u"Record 2 has an incorrect number of fields.\r\n"_s +
+             u"Record 3 has an incorrect number of fields.\r\n"_s},
+        {"a header", "Surname,Forename,Gender,DOB,Group,Password", gender},
+        {"commas only", ",,,,,", surname},
+        {"an empty file", "", u""_s},
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(tried.name);
+        QElapsedTimer took;
+        took.start();
+        if (!tried.told.isEmpty()) outside.boxes.Will_Answer(Answer::Ok);
+        Preview_Bytes(tried.bytes);
+        page.grab(); // whatever stands in the grid is painted
+        if (tried.told.isEmpty()) {
+            Import_All();
+        } else {
+            EXPECT_TRUE(outside.boxes.shown.last().text.endsWith(u"are:\r\r"_s + tried.told))
+                << outside.boxes.shown.last().text.toStdString();
+        }
+        EXPECT_LT(took.elapsed(), 10'000);
+    }
+    EXPECT_EQ(sample.Column(u"SELECT surname FROM mevo_pupils WHERE rowid > 12"_s),
+              QStringList{u"\"Smith"_s});
+}
+
+TEST_F(Import, FortyThousandLinesOverflow) {
+    Preview_Bytes(Good.repeated(40'000));
+    EXPECT_EQ(Offered(), u""_s) << "the preview ends in silence";
+    EXPECT_EQ(Row(32767).first(), u"Smith"_s);
+    Preview_Bytes(Good);
+    Write(QByteArray("\n").repeated(40'000));
+    EXPECT_EQ(Import_Error(), basics::errors::Overflow);
+}
+
+TEST_F(Import, AFolderOrAFileThatVanishesIsSilentInThePreviewAndAnErrorInTheImport) {
+    Preview(sample.Folder());
+    Preview(sample.Folder() + u"/nowhere.txt"_s);
+    EXPECT_EQ(Offered(), u""_s);
+    Preview_Bytes(Good);
+    QFile::remove(sample.Folder() + u"/pupils.txt"_s);
+    EXPECT_EQ(Import_Error(), basics::errors::File_Not_Found);
+    EXPECT_EQ(Pupils(), u"12"_s);
+    EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
+}
+
+TEST_F(Import, ADatabaseThatIsAwayIsSilent) {
+    Preview_Bytes(Good);
+    sample.Move_Away();
+    Import_All();
+    sample.Put_Back();
+    EXPECT_EQ(Pupils(), u"12"_s);
+    EXPECT_TRUE(Caption(page, u"Label3"_s).startsWith(u"1 pupils"_s));
+}
+
+// ---- printing
+
+TEST_F(Import, PrintsThePreviewAndSaysSo) {
+    Preview_Bytes(Good);
+    outside.boxes.Will_Answer(Answer::Ok);
+    Click(page, u"HotLabel4"_s);
+    EXPECT_EQ(outside.printers.pages.size(), 1);
+    EXPECT_EQ(outside.boxes.shown.last().style, Box_Style::Information);
+    EXPECT_EQ(outside.boxes.shown.last().title, u"Printed"_s);
+    EXPECT_EQ(
+        outside.boxes.shown.last().text,
+        u"A spreadsheet showing personal details of all individuals to import has been sent to your printer"_s);
+}
+
+TEST_F(Import, ACancelledOrBrokenPrinterIsSilent) {
+    Preview_Bytes(Good);
+    outside.printers.cancelled = true;
+    Click(page, u"HotLabel4"_s);
+    EXPECT_TRUE(outside.printers.printed.isEmpty());
+    outside.printers.cancelled = false;
+    outside.printers.broken = true;
+    EXPECT_NO_THROW(page.HotLabel4_Click());
+}
+
+TEST_F(Import, APdfInPlaceOfAPrinterIsNotCalledPrinted) {
+    Preview_Bytes(Good);
+    outside.printers.says_pdf = u"preview.pdf"_s;
+    outside.boxes.Will_Answer(Answer::Ok);
+    Click(page, u"HotLabel4"_s);
+    EXPECT_TRUE(outside.boxes.shown.last().text.contains(u"preview.pdf"_s));
+    EXPECT_EQ(outside.printers.pdf_folders, QStringList{installation.Archive_Folder});
+}
+
+// ---- the others
+
+TEST_F(Import, TellsItsHelpUnderThePointer) {
+    const std::pair<QString, QString> helps[] = {
+        {u"HotLabel1"_s, u"Return to Main Menu"_s},
+        {u"HotLabel3"_s,
+         u"If you have previewed an import file and wish to proceed and import the individuals' details please select 'Import individuals'"_s},
+        {u"HotLabel4"_s,
+         u"Print out the contents of the spreadsheet that previews the information you would like to import."_s},
+        {u"PreviewImport"_s,
+         u"Preview allows you to do a dry run and check that the import file is in the correct format."_s},
+        {u"Text1"_s,
+         u"Preview allows you to do a dry run and check that the import file is in the correct format."_s},
+    };
+    for (const auto& [control, text] : helps) {
+        Point_At(page, control);
+        EXPECT_EQ(Caption(page, u"Label3"_s), text);
+    }
+}
+
+TEST_F(Import, MenuLeadsBack) {
+    Click(page, u"HotLabel1"_s);
+    EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
+}
+
+} // namespace pupils

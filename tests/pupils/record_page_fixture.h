@@ -1,0 +1,90 @@
+#pragma once
+
+#include "platform/basics/run_time_error.h"
+#include "pupils/pupil_records.h"
+#include "pupils/table_changes.h"
+#include "shell/conventions/click_combo.h"
+#include "shell/conventions/page.h"
+#include "support/controls.h"
+#include "support/sample_file.h"
+#include "support/scripted_platform.h"
+
+#include <QLineEdit>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace pupils {
+
+// A page over a database of its own, and what the database held when the test last looked.
+class Record_Page : public testing::Test {
+protected:
+    ~Record_Page() override { outside.boxes.Expect_All_Asked(); }
+
+    Record_Data Data() { return {installation, lists, records}; }
+    void Show(shell::Page& shown) {
+        shown.resize(1366, 768);
+        shown.show();
+        page = &shown;
+    }
+
+    shell::Click_Combo& Combo(const QString& name) {
+        return test_support::Control<shell::Click_Combo>(*page, name);
+    }
+    // Chooses an entry of a list as the user does.
+    void Choose(const QString& combo, const QString& entry) {
+        const int index = Combo(combo).findText(entry);
+        ASSERT_GE(index, 0) << entry.toStdString();
+        Combo(combo).Set_ListIndex(index);
+    }
+    QString Chosen(const QString& combo) { return Combo(combo).currentText(); }
+    void Type(const QString& entry, const QString& text) {
+        test_support::Control<QLineEdit>(*page, entry).setText(text);
+    }
+    QString Typed(const QString& entry) { return test_support::Control<QLineEdit>(*page, entry).text(); }
+    void Click(const QString& name) { test_support::Click(*page, name); }
+    QString Caption(const QString& name) { return test_support::Caption(*page, name); }
+    bool Enabled(const QString& name) { return test_support::Enabled(*page, name); }
+    bool Shown(const QString& name) { return test_support::Shown(*page, name); }
+    QString Help_At(const QString& control, const QString& help_line) {
+        test_support::Point_At(*page, control);
+        return Caption(help_line);
+    }
+
+    void Look() { seen = Read_Tables(sample); }
+    // What has changed in the file since the last look.
+    QStringList Changed() { return Changes(seen, Read_Tables(sample)); }
+    void Expect_Box(int number, desktop::Box_Style style, const QString& title, const QString& text) {
+        ASSERT_GT(outside.boxes.shown.size(), number);
+        const test_support::Box_Shown& box = outside.boxes.shown[number];
+        EXPECT_EQ(box.style, style);
+        EXPECT_EQ(box.title, title);
+        EXPECT_EQ(box.text, text);
+    }
+
+    QString Code_Of(const QString& surname) {
+        return sample.Value(QStringLiteral("SELECT StudentCode FROM Mevo_Pupils WHERE Surname = '%1'")
+                                .arg(QString(surname).replace(QStringLiteral("'"), QStringLiteral("''"))));
+    }
+
+    test_support::Sample_File sample;
+    test_support::Scripted_Platform outside;
+    test_support::Recording_Navigator navigator;
+    foundation::Installation installation = sample.Installed();
+    scoring::Pupil_Lists lists;
+    Pupil_Records records;
+    shell::Page* page = nullptr;
+    Table_Rows seen;
+};
+
+// The number of the run-time error that the work raises; 0 for none.
+template<class Work>
+int Error_Of(Work work) {
+    try {
+        work();
+    } catch (const basics::Run_Time_Error& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
+} // namespace pupils

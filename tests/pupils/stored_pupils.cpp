@@ -1,0 +1,56 @@
+#include "pupils/stored_pupils.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pupils {
+
+using test_support::Sample_File;
+
+const QStringList& Data_Tables() {
+    static const QStringList tables{u"mevo_tolvens_data"_s, u"mevo_friends_data"_s, u"mevo_karrel_data"_s,
+                                    u"mevo_letters_data"_s, u"mevo_bln_data"_s,     u"mevo_drell_data"_s,
+                                    u"mevo_mirvel_data"_s,  u"mevo_yoon_data"_s,    u"mevo_pindo_data"_s};
+    return tables;
+}
+
+static QString Joined(const QString& suffix) {
+    const QStringList tests{
+        u"Tolvens"_s, u"BliksFriends"_s, u"Karrel"_s, u"BliksLetters"_s, u"BliksLetterNames"_s,
+        u"Drell"_s,   u"Mirvel"_s,       u"Yoon"_s,   u"Pindo"_s};
+    QStringList columns;
+    for (const QString& test : tests)
+        columns.append(test + suffix);
+    return columns.join(u" || ',' || "_s);
+}
+
+QString Stored_Pupil(const Sample_File& sample, const QString& code) {
+    const QString columns =
+        u"surname || '|' || forename || '|' || sex || '|' || dob || '|' || group_class || '|' || "
+        "quote(\"password\") || '|' || show_name || '|' || dob_as_pw || '|' || "_s +
+        Joined(u""_s) + u" || '|' || "_s + Joined(u"_age"_s);
+    return sample.Column(u"SELECT %1 FROM mevo_pupils WHERE studentcode = '%2'"_s.arg(columns, code))
+        .join(u'\n');
+}
+
+QStringList Filled_Columns(const Sample_File& sample, const QString& table, const QString& code) {
+    QStringList filled;
+    for (const QString& column : sample.Column(u"SELECT name FROM pragma_table_info('%1')"_s.arg(table)))
+        if (!sample
+                 .Column(u"SELECT 1 FROM %1 WHERE studentcode = '%2' AND %3 IS NOT NULL"_s.arg(table, code,
+                                                                                               column))
+                 .isEmpty())
+            filled.append(column);
+    return filled;
+}
+
+QString Everything(const Sample_File& sample) {
+    QString all;
+    for (const QString& table : Data_Tables() + QStringList{u"mevo_pupils"_s})
+        all += sample.Column(u"SELECT studentcode FROM %1 ORDER BY 1"_s.arg(table)).join(u',') + u'\n';
+    all +=
+        sample.Column(u"SELECT surname || forename || ifnull(group_class, '') FROM mevo_pupils ORDER BY 1"_s)
+            .join(u',');
+    return all + u'\n' + sample.Column(u"SELECT group_name FROM mevo_groups ORDER BY 1"_s).join(u',');
+}
+
+} // namespace pupils

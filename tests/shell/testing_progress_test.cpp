@@ -1,0 +1,226 @@
+#include "shell/testing_progress.h"
+
+#include "support/controls.h"
+#include "support/sample_file.h"
+#include "support/scripted_platform.h"
+
+#include <QElapsedTimer>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace shell;
+using namespace test_support;
+using desktop::Answer;
+
+namespace {
+
+class Testing_Progress : public testing::Test {
+protected:
+    Testing_Progress() : installation(sample.Installed()) {
+        installation.Institution = u"St Mary's School"_s;
+        sample.Run(u"DELETE FROM Mevo_Pupils"_s);
+    }
+    ~Testing_Progress() override { outside.boxes.Expect_All_Asked(); }
+
+    void Register(const QString& values, const QString& columns = u"StudentCode, Surname, Forename, DOB"_s) {
+        sample.Run(u"INSERT INTO Mevo_Pupils ("_s + columns + u") VALUES ("_s + values + u')');
+    }
+    void Open() {
+        page = std::make_unique<Form14>(outside.platform, navigator, installation);
+        page->resize(1366, 768);
+        page->show();
+        page->Timer1_Timer();
+    }
+    grid::fpSpread& Grid() { return Control<grid::fpSpread>(*page, u"Spread1"_s); }
+    QStringList Row(int row) {
+        QStringList texts;
+        for (int column = 1; column <= Grid().columnCount(); ++column)
+            texts.append(Grid().Text(column, row));
+        return texts;
+    }
+    QString Marks(int row) { return Row(row).mid(3).join(u' '); }
+
+    Sample_File sample;
+    Scripted_Platform outside;
+    Recording_Navigator navigator;
+    foundation::Installation installation;
+    std::unique_ptr<Form14> page;
+};
+
+} // namespace
+
+TEST_F(Testing_Progress, ListsAllPupilsByNameUnderTheTwelveHeadings) {
+    Register(u"'B', 'Öz', 'Bo', '2019-08-30'"_s);
+    Register(u"'C', 'okafor', 'Chidi', '29/04/2020'"_s);
+    Register(u"'D', 'Okafor', 'Ama', '12/02/18'"_s);
+    Register(u"NULL, 'Adams', NULL, NULL"_s);
+    Open();
+    EXPECT_EQ(Row(0),
+              (QStringList{u"User ID"_s, u"Names"_s, u"DOB"_s, u"Tolvens"_s, u"Friends"_s, u"Karrel"_s,
+                           u"Letters"_s, u"Names"_s, u"Drell"_s, u"Mirvel"_s, u"Yoon"_s, u"Pindo"_s}));
+    EXPECT_EQ(Row(1).mid(0, 3), (QStringList{u""_s, u"Adams "_s, u""_s}));
+    EXPECT_EQ(Row(2).mid(0, 3), (QStringList{u"D"_s, u"Okafor Ama"_s, u"12/02/2018"_s}));
+    EXPECT_EQ(Row(3).mid(0, 3), (QStringList{u"C"_s, u"okafor Chidi"_s, u"29/04/2020"_s}));
+    EXPECT_EQ(Row(4).mid(0, 3), (QStringList{u"B"_s, u"Öz Bo"_s, u"30/08/2019"_s}));
+    EXPECT_EQ(Grid().rowCount(), 4);
+    EXPECT_EQ(Caption(*page, u"Label5"_s), u"4 individuals are registered"_s);
+}
+
+TEST_F(Testing_Progress, MarksEachTestByItsOwnStatus) {
+    const QString columns[] = {
+        u"Tolvens"_s, u"BliksFriends"_s, u"Karrel"_s, u"BliksLetters"_s, u"BliksLetterNames"_s,
+        u"Drell"_s,   u"Mirvel"_s,       u"Yoon"_s,   u"Pindo"_s};
+    for (int t = 0; t < 9; ++t)
+        Register(u"'%1', 'Pupil %1', 1"_s.arg(t), u"StudentCode, Surname, "_s + columns[t]);
+    Open();
+    for (int t = 0; t < 9; ++t) {
+        QStringList marks(9, u"-"_s);
+        marks[t] = u"Yes"_s;
+        EXPECT_EQ(Marks(t + 1), marks.join(u' '));
+    }
+}
+
+TEST_F(Testing_Progress, AnyStatusAboveZeroIsDone) {
+    const std::pair<QString, QString> cases[] = {
+        {u"0"_s, u"-"_s}, {u"1"_s, u"Yes"_s}, {u"2"_s, u"Yes"_s}, {u"-1"_s, u"-"_s}, {u"NULL"_s, u"-"_s}};
+    int row = 0;
+    for (const auto& [status, mark] : cases)
+        Register(u"'%1', %2"_s.arg(++row).arg(status), u"Surname, Karrel"_s);
+    Open();
+    row = 0;
+    for (const auto& [status, mark] : cases)
+        EXPECT_EQ(Grid().Text(6, ++row), mark) << status.toStdString();
+}
+
+TEST_F(Testing_Progress, DoneAndNotDoneLookDifferent) {
+    Register(u"'A', 'Adams', 1, 0"_s, u"StudentCode, Surname, Tolvens, Karrel"_s);
+    Open();
+    const QImage picture = Grid().viewport()->grab().toImage();
+    const auto ground = [&](int column) {
+        return picture.pixelColor(Grid().visualItemRect(Grid().item(0, column - 1)).topLeft() + QPoint(3, 3));
+    };
+    EXPECT_NE(ground(4), ground(6));
+}
+
+TEST_F(Testing_Progress, NobodyRegisteredIsAnEmptyGridThatStillPrints) {
+    Open();
+    EXPECT_EQ(Grid().rowCount(), 0);
+    EXPECT_EQ(Caption(*page, u"Label5"_s), u"0 individuals are registered"_s);
+    outside.boxes.Will_Answer(Answer::Ok);
+    Click(*page, u"HotLabel2"_s);
+    EXPECT_EQ(outside.printers.pages.size(), 1);
+}
+
+TEST_F(Testing_Progress, AWholeSchoolFillsAtOnceAndPrintsEachPupil) {
+    sample.Run(
+        u"INSERT INTO Mevo_Pupils (StudentCode, Surname, Forename, DOB, Tolvens) "
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2500) "
+        u"SELECT printf('CODE%08d', i), printf('Surname%04d', i), 'Forename', '01/02/2019', i % 2 FROM n"_s);
+    QElapsedTimer clock;
+    clock.start();
+    Open();
+    EXPECT_LT(clock.elapsed(),
+              5000); // it takes a tenth of a second; a wait grows with the square of the rows
+    EXPECT_EQ(Grid().rowCount(), 2500);
+    EXPECT_EQ(Row(2500).mid(0, 4),
+              (QStringList{u"CODE00002500"_s, u"Surname2500 Forename"_s, u"01/02/2019"_s, u"-"_s}));
+    EXPECT_EQ(Caption(*page, u"Label5"_s), u"2500 individuals are registered"_s);
+
+    Grid().PrintColHeaders = true;
+    Grid().PrintRowHeaders = false;
+    int pupils = 0;
+    for (const grid::Sheet& sheet : grid::Lay_Out_Sheets(Grid().Printed()))
+        for (const grid::Placed_Text& text : sheet.texts)
+            pupils += text.text.startsWith(u"CODE"_s);
+    EXPECT_EQ(pupils, 2500);
+}
+
+TEST_F(Testing_Progress, CodesDatesAndHeadingsArePrintedOnOneLine) {
+    Register(u"'MURMAY407WGZ', 'Murphy', 'Maya', '22/10/2021'"_s);
+    Open();
+    outside.boxes.Will_Answer(Answer::Ok);
+    Click(*page, u"HotLabel2"_s);
+    const std::vector<grid::Sheet> sheets = grid::Lay_Out_Sheets(Grid().Printed());
+    QStringList printed;
+    for (const grid::Placed_Text& text : sheets[0].texts)
+        printed.append(text.text);
+    for (const QString& whole : Row(0) + Row(1))
+        EXPECT_TRUE(printed.contains(whole)) << whole.toStdString();
+}
+
+TEST_F(Testing_Progress, PrintsAsKindOneAndSaysSo) {
+    Register(u"'A', 'Adams', 'Ann', NULL"_s);
+    Open();
+    outside.boxes.Will_Answer(Answer::Ok);
+    Click(*page, u"HotLabel2"_s);
+    EXPECT_TRUE(Grid().PrintHeader.endsWith(u"/n/cQuend Mevo - Testing Progress Record./n"_s));
+    ASSERT_EQ(outside.printers.pages.size(), 1);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
+    EXPECT_EQ(outside.boxes.shown[0].title, u"Will be printed"_s);
+    EXPECT_EQ(outside.boxes.shown[0].text, u"Progress chart has been sent to your printer"_s);
+}
+
+TEST_F(Testing_Progress, ACancelledDialogAndAFaultyPrinterSayNothing) {
+    Open();
+    outside.printers.cancelled = true;
+    Click(*page, u"HotLabel2"_s);
+    EXPECT_TRUE(outside.printers.printed.isEmpty());
+    outside.printers.cancelled = false;
+    outside.printers.broken = true;
+    EXPECT_NO_THROW(page->HotLabel2_Click());
+    EXPECT_TRUE(outside.boxes.shown.isEmpty());
+    outside.printers.broken = false; // the page goes on
+    outside.boxes.Will_Answer(Answer::Ok);
+    Click(*page, u"HotLabel2"_s);
+    EXPECT_EQ(outside.printers.printed.size(), 1);
+}
+
+TEST_F(Testing_Progress, APdfIsNotCalledAPrinter) {
+    Open();
+    outside.printers.says_pdf = u"/archives/progress.pdf"_s;
+    outside.boxes.Will_Answer(Answer::Ok);
+    Click(*page, u"HotLabel2"_s);
+    ASSERT_EQ(outside.boxes.shown.size(), 1);
+    EXPECT_TRUE(outside.boxes.shown[0].text.contains(u"/archives/progress.pdf"_s));
+}
+
+TEST_F(Testing_Progress, FillsOnceThePageHasBeenSeenAndMenuOnlyClosesIt) {
+    Register(u"'A', 'Adams', 'Ann', NULL"_s);
+    page = std::make_unique<Form14>(outside.platform, navigator, installation);
+    page->Load();
+    EXPECT_EQ(Grid().rowCount(), 0);
+    EXPECT_TRUE(Wait_Until([this] { return Grid().rowCount() == 1; }));
+    Click(*page, u"HotLabel1"_s);
+    EXPECT_EQ(navigator.closed, 1);
+    EXPECT_TRUE(navigator.went_to.isEmpty());
+}
+
+TEST_F(Testing_Progress, AMissingDatabaseMeetsTheBoxAndAbortEnds) {
+    sample.Move_Away();
+    outside.boxes.Will_Answer(Answer::Abort);
+    EXPECT_THROW(Open(), Program_Ended);
+    EXPECT_EQ(outside.boxes.Titles(), QStringList{u"Error Information: ado_Open"_s});
+}
+
+TEST_F(Testing_Progress, FitsACommonScreenWithoutCrowding) {
+    Register(u"'A', 'Adams', 'Ann', NULL"_s);
+    Open();
+    const QWidget& frame = Control(*page, u"Frame1"_s);
+    EXPECT_TRUE(page->rect().contains(frame.geometry()));
+    QList<QRect> taken;
+    for (const QString& name :
+         {u"Label4"_s, u"Label3"_s, u"Label5"_s, u"Spread1"_s, u"HotLabel1"_s, u"HotLabel2"_s}) {
+        const QWidget& control = Control(*page, name);
+        EXPECT_TRUE(frame.rect().contains(control.geometry())) << name.toStdString();
+        EXPECT_GE(control.width(), control.sizeHint().width() * (name == u"Spread1"_s ? 0 : 1))
+            << name.toStdString();
+        for (const QRect& other : taken)
+            EXPECT_FALSE(control.geometry().intersects(other)) << name.toStdString();
+        taken.append(control.geometry());
+    }
+    EXPECT_EQ(Caption(*page, u"Label4"_s), u"Testing progress for all registered individuals"_s);
+    int columns = 0;
+    for (int column = 0; column < Grid().columnCount(); ++column)
+        columns += Grid().columnWidth(column);
+    EXPECT_LE(columns, Grid().viewport()->width()); // nothing to scroll sideways
+}

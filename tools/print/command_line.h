@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QStringList>
+#include <QTextStream>
+
+namespace paper_output {
+
+// The whole program: arguments[0] is its name. Gives the exit status; the PDF is written whole or not at all.
+int Run_Command(const QStringList& arguments, QTextStream& output, QTextStream& errors);
+
+} // namespace paper_output

@@ -1,0 +1,184 @@
+#include "print/printed_reports.h"
+
+#include "foundation/start_up.h"
+#include "platform/basics/run_time_error.h"
+#include "printing/batch_list.h"
+#include "printing/batch_sheets.h"
+#include "printing/individual_sheet.h"
+#include "reports/state/pupil_comment.h"
+#include "scoring/chosen_pupil.h"
+
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace paper_output {
+
+namespace {
+
+using desktop::Printed_Document;
+
+// Runs a step; its run-time error becomes a line that says what it was about.
+template<class Step>
+auto Naming(const QString& what, Step step) {
+    try {
+        return step();
+    } catch (const basics::Run_Time_Error& error) {
+        throw Print_Fault(what + u": "_s + error.Description);
+    }
+}
+
+// What the program holds while its Reports page is open.
+class Office {
+public:
+    Office(const Print_Request& request, desktop::Platform& platform);
+
+    Printed_Document Individual_Reports(const QStringList& codes);
+    Printed_Document Batch_Report(const QString& group, printing::Pupil_Label label);
+
+private:
+    int Place_Of(const QString& code) const;
+    void Choose_Pupil(int p);
+    Printed_Document Individual_Report(int p);
+    void Require_Group(const QString& group) const;
+    QStringList Entries_Of(const QString& group) const;
+    QList<qint16> Found_Places(const QStringList& entries) const;
+    void Score_All(scoring::Cohort_Tables& cohort);
+
+    desktop::Platform& platform;
+    foundation::Installation installation;
+    scoring::Scoring_Data data;
+    foundation::Access_Holder scoring_holder;
+    foundation::Access_Holder page_holder;
+    scoring::Scoring scoring;
+    reports::Report_State state;
+};
+
+Office::Office(const Print_Request& request, desktop::Platform& platform)
+    : platform(platform),
+      scoring_holder(platform),
+      page_holder(platform),
+      scoring(scoring::Pass_Over(data, installation, scoring_holder)) {
+    installation.Connection_String = foundation::Connection_String_For(request.database);
+    state.Chart_Mode = request.scale;
+    state.Chart_Background = request.ground;
+    state.Show_Time_Bars = request.time_bars;
+    Naming(u"The product's details"_s, [&] { foundation::Read_Customer_Details(platform, installation); });
+    Naming(u"The norms"_s, [&] { scoring::Load_All_Norms(scoring_holder, installation, data.norms); });
+    Naming(u"The list of pupils"_s,
+           [&] { scoring::Load_Pupil_Lists(page_holder, installation, platform.clock, data.pupils); });
+}
+
+// ---- individual reports
+
+int Office::Place_Of(const QString& code) const {
+    for (int p = 1; p <= data.pupils.Pupils_Listed; ++p)
+        if (data.pupils.Student_Code[p] == code) return p;
+    throw Print_Fault(u"There is no pupil with the code '"_s + code + u"' who has results."_s);
+}
+
+// As a choice on the Reports page does: one connection for all that it reads.
+void Office::Choose_Pupil(int p) {
+    database::Connection connection;
+    connection.ConnectionString = installation.Connection_String;
+    connection.Open();
+    const foundation::Shared_Connection sharing(connection, {&scoring_holder, &page_holder});
+    const scoring::Pupil_Lists& pupils = data.pupils;
+    state.Current_Pupil = static_cast<qint16>(p);
+    state.Current_Student_Code = pupils.Student_Code[p];
+    state.Pupil_Name = pupils.Pupil_Name_List[p];
+    state.Pupil_DOB = pupils.Pupil_DOB_List[p];
+    const auto wanted =
+        state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
+    scoring::Score_Chosen_Pupil(p, wanted, {}, scoring, state.summary);
+    scoring::Fill_SummaryTable_With_Scores(p, pupils, data.scores, state.summary);
+    scoring::Fill_SummaryTable_With_Ages(p, pupils, state.summary);
+    reports::Load_Comment(p, pupils, installation, page_holder, state.comment);
+}
+
+Printed_Document Office::Individual_Report(int p) {
+    Choose_Pupil(p);
+    preview::ViewPro sheet;
+    printing::Individual_Sheet report(sheet, {installation, state, data.scores}, platform);
+    report.Report_Setup();
+    report.Build_Report({});
+    return sheet.Document({}, 1, sheet.PageCount());
+}
+
+Printed_Document Office::Individual_Reports(const QStringList& codes) {
+    std::vector<int> places; // all of them are looked up before the first is scored
+    for (const QString& code : codes)
+        places.push_back(Place_Of(code));
+    std::vector<Printed_Document> sheets;
+    for (const int p : places)
+        sheets.push_back(
+            Naming(u"Pupil "_s + data.pupils.Student_Code[p], [&] { return Individual_Report(p); }));
+    const int pages = static_cast<int>(sheets.size());
+    return {u"Mevo individual reports"_s, pages, [sheets = std::move(sheets)](QPainter& painter, int page) {
+                sheets[static_cast<std::size_t>(page - 1)].paint(painter, 1);
+            }};
+}
+
+// ---- the batch
+
+void Office::Require_Group(const QString& group) const {
+    bool found = group == printing::All_Groups();
+    const bool all_read = printing::Read_Group_Names(
+        installation.Connection_String, [&](const QString& name) { found = found || name == group; });
+    if (!all_read) throw Print_Fault(u"The groups can't be read."_s);
+    if (!found) throw Print_Fault(u"There is no group '"_s + group + u"'."_s);
+}
+
+QStringList Office::Entries_Of(const QString& group) const {
+    QStringList entries;
+    const bool all_read = printing::Read_Pupil_Entries(installation.Connection_String, group,
+                                                       [&](const QString& entry) { entries.append(entry); });
+    if (!all_read) throw Print_Fault(u"The pupils of the group '"_s + group + u"' can't be read."_s);
+    if (entries.isEmpty()) throw Print_Fault(u"No pupil of the group '"_s + group + u"' has scores."_s);
+    return entries;
+}
+
+QList<qint16> Office::Found_Places(const QStringList& entries) const {
+    const QList<qint16> places = printing::Places_Of(entries, data.pupils);
+    const qsizetype lost = places.indexOf(-1);
+    if (lost >= 0)
+        throw Print_Fault(u"%1 of the pupils can't be found because of a space-hyphen-space in the surname, "
+                          "the first of them: %2"_s.arg(places.count(-1))
+                              .arg(entries[lost]));
+    return places;
+}
+
+void Office::Score_All(scoring::Cohort_Tables& cohort) {
+    int scored = 0;
+    try {
+        printing::Compute_All_Scores([&](const QString&) { ++scored; }, cohort, scoring);
+    } catch (const basics::Run_Time_Error& error) {
+        const QString whom =
+            scored > 0 ? u"Pupil "_s + data.pupils.Student_Code[scored] : u"The list of pupils"_s;
+        throw Print_Fault(whom + u": "_s + error.Description);
+    }
+}
+
+Printed_Document Office::Batch_Report(const QString& group, printing::Pupil_Label label) {
+    Require_Group(group);
+    const QList<qint16> places = Found_Places(Entries_Of(group));
+    scoring::Cohort_Tables cohort;
+    Score_All(cohort);
+    printing::Take_Batch(places, cohort);
+    preview::ViewPro sheets;
+    printing::Batch_Sheets report(sheets, {installation, state, data.pupils, cohort}, platform);
+    report.Report_Setup();
+    report.Build_Batch(static_cast<int>(places.size()), {state.Chart_Background, label, group});
+    return sheets.Document(u"Mevo batch report"_s, 1, sheets.PageCount());
+}
+
+} // namespace
+
+Printed_Document Printed_Report(const Print_Request& request, desktop::Platform& platform) {
+    Office office(request, platform);
+    if (request.kind == Report_Kind::Individual) return office.Individual_Reports(request.codes);
+    const auto label = request.label_by_name ? printing::Pupil_Label::Name : printing::Pupil_Label::User_ID;
+    return office.Batch_Report(request.group.isEmpty() ? printing::All_Groups() : request.group, label);
+}
+
+} // namespace paper_output
