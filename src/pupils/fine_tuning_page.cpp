@@ -11,6 +11,7 @@ namespace pupils {
 constexpr int First_Year = 1930;
 constexpr int Usual_Age = 11; // the year that stands selected lies so many years back
 constexpr int Longest_Month = 31;
+constexpr int Not_Attempted = 0;
 constexpr int Completed = 1;
 constexpr int Marked_For_Retest = 2;
 
@@ -180,9 +181,10 @@ void Form15::Show_Test_Balls(int index, int& count) {
     Set_Retest_Buttons_Enabled(false);
 }
 
+// A status that is neither 0 nor 1 counts as not attempted here too: a stored 2 is nobody's mark.
 void Form15::Begin_Retest_Edit(int index) {
     for (std::size_t i = 0; i < Tests; ++i)
-        Retest_Flags[i] = pupils.Test_Status[Test_Index(i)][index];
+        Retest_Flags[i] = pupils.Test_Status[Test_Index(i)][index] == Completed ? Completed : Not_Attempted;
     Set_Retest_Buttons_Enabled(true);
 }
 
@@ -207,7 +209,7 @@ void Form15::Save_Retest_Flags(int index) {
                     u"Optimistic"_s);
     for (std::size_t i = 0; i < Tests; ++i)
         if (Retest_Flags[i] == Marked_For_Retest)
-            holder.Rows().Fields(scoring::Test_At(Test_Index(i)).Status_Column).Set_Value(0);
+            holder.Rows().Fields(scoring::Test_At(Test_Index(i)).Status_Column).Set_Value(Not_Attempted);
     holder.Rows().Update();
     holder.ado_Close();
     Combo1->Set_ListIndex(kept_index);

@@ -50,8 +50,8 @@ QByteArray Read_Import_File(const QString& file_name) {
     const QFileInfo info(basics::Native_Path(file_name));
     QFile file(info.filePath());
     if (!info.isFile() || !file.open(QIODevice::ReadOnly)) Fail(Why_It_Did_Not_Open(info));
-    const QByteArray bytes = file.read(Longest_File + 1);
-    if (bytes.size() > Longest_File) Fail({7, u"Out of memory"_s});
+    if (file.size() > Longest_File) Fail({7, u"Out of memory"_s});
+    const QByteArray bytes = file.read(Longest_File);
     if (file.error() != QFileDevice::NoError) Fail({57, u"Device I/O error"_s});
     return bytes;
 }

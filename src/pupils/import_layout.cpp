@@ -55,7 +55,7 @@ void Form42::Lay_Out_Grid() {
     };
     const Column columns[] = {
         {u"Surname"_s, 200}, {u"Forename(s)"_s, 200},   {u"Gender"_s, 80},    {u"Date of Birth"_s, 120},
-        {u"User ID"_s, 160}, {u"Group / Class"_s, 190}, {u"Password"_s, 166},
+        {u"User ID"_s, 160}, {u"Group / Class"_s, 190}, {u"Password"_s, 170},
     };
     Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(std::size(columns)),
                                  grid::fpSpread::Rows_As_Written, Frame1);
@@ -66,6 +66,8 @@ void Form42::Lay_Out_Grid() {
         Spread1->Set_Text(++number, 0, column.heading);
         Spread1->Set_ColWidth(number, column.width);
     }
+    for (const int text_column : {1, 2, 6, 7})
+        Spread1->Set_Left_Aligned(text_column);
 }
 
 void Form42::Tell_Helps() {

@@ -3,6 +3,7 @@
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 #include "printing/grid_print.h"
+#include "pupils/import_file.h"
 #include "pupils/pupil_fields.h"
 
 #include <QCoreApplication>
@@ -24,7 +25,9 @@ const QString File_Pattern = u"*.txt"_s;
 // OK with the exclamation icon: the system's own number.
 constexpr auto Exclamation = static_cast<Box_Style>(48);
 
-constexpr int Between_Paintings_Ms = 40;
+// The grid lays out the whole text of a cell each time that it paints it; a file can hold fields of
+// megabytes.
+constexpr qsizetype Longest_Cell = 4096;
 
 // The pointer while the page works; an error that ends the work gives it back as well.
 class Working_Pointer {
@@ -102,7 +105,7 @@ void Form42::Fill_Spread(const QString& surname, const QString& forename, const 
     if (group.isEmpty()) group = u"Universal"_s;
     int column = 0;
     for (const QString& text : {surname, forename, gender, date_of_birth, code, group, password})
-        Spread1->Set_Text(++column, row, text);
+        Spread1->Set_Text(++column, row, text.left(Longest_Cell));
 }
 
 // ---- import
@@ -111,8 +114,7 @@ void Form42::HotLabel3_Click() {
     if (platform.boxes.Ask(Box_Style::Yes_No_Question, u"Confirm all details accurate and complete"_s,
                            u"Are you sure that all these details are accurate?"_s) != Answer::Yes)
         return;
-    qint16 line_count = Lines_Previewed;
-    Import_Pupil_File(Text1->text(), line_count);
+    Import_Pupil_File(Text1->text(), Lines_Previewed);
 }
 
 void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
@@ -123,7 +125,6 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     {
         const Working_Pointer working(platform);
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
-        since_painted.start();
         Walk_Import_Text(text, pass,
                          {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },
                           [this] {
@@ -143,9 +144,7 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
 
 // Lets the window paint itself. What the user does meanwhile waits for the end of the import.
 void Form42::Stay_Alive() {
-    if (!since_painted.hasExpired(Between_Paintings_Ms)) return;
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    since_painted.restart();
 }
 
 // ---- the others

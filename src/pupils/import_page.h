@@ -2,11 +2,9 @@
 
 #include "foundation/installation.h"
 #include "platform/grid/spread.h"
-#include "pupils/import_file.h"
 #include "pupils/new_pupil.h"
 #include "shell/conventions/page.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QProgressBar>
 
@@ -45,8 +43,7 @@ private:
 
     const foundation::Installation& installation;
     Pupil_Maker maker;
-    qint16 Lines_Previewed = 0; // by the last preview that reached its end
-    QElapsedTimer since_painted;
+    qint16 Lines_Previewed = 0; // of the last preview that reached its end, or of the import that followed
 
     QLineEdit* Text1;
     grid::fpSpread* Spread1;

@@ -10,7 +10,7 @@ namespace pupils {
 
 static QString Look() {
     using namespace shell::colours;
-    return u"QTreeWidget { border: 1px solid %1; } QTreeWidget::item { padding: 5px 3px; } "
+    return u"QTreeWidget { border: 1px solid %1; } QTreeWidget::item { padding: 5px 0; } "
            "QTreeWidget::item:selected { background: %2; color: white; } "
            "QHeaderView::section { background: %3; border: none; border-right: 1px solid %1; "
            "padding: 6px 5px; font-weight: 600; }"_s.arg(Edge.name(), Accent.name(), Hover_Ground.name());

@@ -5,7 +5,6 @@
 #include "pupils/pupil_fields.h"
 
 #include <QList>
-#include <QTime>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -88,21 +87,6 @@ QString Quotes_Doubled(QString text) {
     return text.replace(u"'"_s, u"''"_s);
 }
 
-// The no-op update is how it is asked whether the group exists.
-void Make_Group_If_Missing(database::Connection& connection, const QString& group) {
-    const QList<Substitution> name{{u"?group_name"_s, group}};
-    const int found = connection.Execute(With_Values(
-        u"UPDATE "_s + Groups_Table + u" SET group_name = group_name WHERE group_name = '?group_name'"_s,
-        name));
-    if (found > 0) return;
-    connection.Execute(With_Values(u"INSERT INTO "_s + Groups_Table +
-                                       u"            (group_name,  "
-                                       "            show_on_list) "
-                                       "VALUES      ('?group_name', "
-                                       "             1) "_s,
-                                   name));
-}
-
 } // namespace
 
 QString& Replace_Chars(QString& text, const QString& from_chars, QChar to_char) {
@@ -121,14 +105,30 @@ QString Normalise_Hyphen(const QString& surname) {
 QString New_Pupil_Statement(const QStringList& fields, const QString& student_code) {
     // The order decides what happens to a name that holds a place holder. The password alone goes in with its
     // apostrophes as they are, and fails on a single one.
-    return With_Values(Pupil_Template, {{u"?dob_as_password"_s, fields[place::Password].isEmpty() ? u"1"_s : u"0"_s},
-                                        {u"?studentcode"_s, student_code},
-                                        {u"?surname"_s, Normalise_Hyphen(Quotes_Doubled(fields[place::Surname]))},
-                                        {u"?forename"_s, Quotes_Doubled(fields[place::Forename])},
-                                        {u"?sex"_s, fields[place::Sex]},
-                                        {u"?date_of_birth"_s, fields[place::Date_Of_Birth]},
-                                        {u"?group_class"_s, Quotes_Doubled(fields[place::Group])},
-                                        {u"?password"_s, fields[place::Password]}});
+    return With_Values(Pupil_Template,
+                       {{u"?dob_as_password"_s, fields[place::Password].isEmpty() ? u"1"_s : u"0"_s},
+                        {u"?studentcode"_s, student_code},
+                        {u"?surname"_s, Normalise_Hyphen(Quotes_Doubled(fields[place::Surname]))},
+                        {u"?forename"_s, Quotes_Doubled(fields[place::Forename])},
+                        {u"?sex"_s, fields[place::Sex]},
+                        {u"?date_of_birth"_s, fields[place::Date_Of_Birth]},
+                        {u"?group_class"_s, Quotes_Doubled(fields[place::Group])},
+                        {u"?password"_s, fields[place::Password]}});
+}
+
+QString Group_Test_Statement(const QString& group) {
+    return With_Values(u"UPDATE "_s + Groups_Table +
+                           u" SET group_name = group_name WHERE group_name = '?group_name'"_s,
+                       {{u"?group_name"_s, group}});
+}
+
+QString New_Group_Statement(const QString& group) {
+    return With_Values(u"INSERT INTO "_s + Groups_Table +
+                           u"            (group_name,  "
+                           "            show_on_list) "
+                           "VALUES      ('?group_name', "
+                           "             1) "_s,
+                       {{u"?group_name"_s, group}});
 }
 
 // ---- the code
@@ -186,7 +186,8 @@ void Pupil_Maker::Run_All_Statements(QStringList& fields) {
     connection.Execute(New_Pupil_Statement(fields, New_StudentCode));
     for (const QString& data_row : Data_Row_Templates())
         connection.Execute(With_Values(data_row, {{u"?studentcode"_s, New_StudentCode}}));
-    Make_Group_If_Missing(connection, fields[place::Group]);
+    const QString& group = fields[place::Group];
+    if (connection.Execute(Group_Test_Statement(group)) == 0) connection.Execute(New_Group_Statement(group));
 }
 
 bool Pupil_Maker::Insert_New_Pupil(QStringList& fields) {

@@ -17,6 +17,10 @@ QString Normalise_Hyphen(const QString& surname);
 // The statement that makes the pupil's own row; the group must not be blank any more.
 QString New_Pupil_Statement(const QStringList& fields, const QString& student_code);
 
+// Changes nothing: the number of rows that it touches tells whether there is a group of that name.
+QString Group_Test_Statement(const QString& group);
+QString New_Group_Statement(const QString& group);
+
 // Makes pupils, for every page that does.
 class Pupil_Maker {
 public:

@@ -94,7 +94,7 @@ void Grey_What_Is_Disabled(QWidget* surface) {
     using namespace shell::colours;
     surface->setStyleSheet(
         u"QLineEdit:disabled { background: %1; border-color: %2; color: %3; } QComboBox:disabled { color: %3; }"_s
-            .arg(Disabled_Ground.name(), Faint_Edge.name(), Disabled_Text.name()));
+            .arg(Disabled_Ground.name(), Faint_Edge.name(), Quiet_Text.name()));
 }
 
 void Select_First(shell::Click_Combo* combo) {

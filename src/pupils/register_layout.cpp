@@ -9,7 +9,7 @@ namespace pupils {
 
 using shell::Text_Role;
 
-constexpr QSize Frame_Size{1000, 600};
+constexpr QSize Frame_Size{1000, 576};
 constexpr int Left = 40;
 constexpr int Whole_Width = 920;
 
@@ -30,7 +30,7 @@ void Form10::Lay_Out() {
     Lay_Out_Session();
     HotLabel2 = Make_HotLabel(u"HotLabel2"_s, u"Save"_s, {660, 352, 300, 46}, [this] { HotLabel2_Click(); });
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {660, 410, 300, 46}, [this] { HotLabel1_Click(); });
-    Label5 = Make_Help_Label(u"Label5"_s, {Left, 500, Whole_Width, 64}, Frame1);
+    Label5 = Make_Help_Label(u"Label5"_s, {Left, 476, Whole_Width, 64}, Frame1);
 }
 
 static QFrame* Make_Shape(const QString& name, const QString& style, const QRect& place, QWidget* parent) {
@@ -47,7 +47,7 @@ void Form10::Lay_Out_Details() {
     constexpr int entry_left = 150;
     constexpr int entry_width = 410;
     constexpr int height = 36;
-    details = Make_Panel(u"Frame2"_s, u"Personal details"_s, {Left, 108, 590, 372}, Frame1);
+    details = Make_Panel(u"Frame2"_s, u"Personal details"_s, {Left, 108, 590, 348}, Frame1);
     const auto caption = [this](const QString& name, const QString& text, int row) {
         return Make_Label(name, text, Text_Role::Body, {caption_left, row, 124, height}, details);
     };
@@ -81,7 +81,7 @@ void Form10::Lay_Out_Details() {
     birth->txAgeM->setGeometry(entry_left + 194, rows[4], 60, height);
 
     // 4320 by 255 twips, and a fill that starts 15 wide.
-    const QRect outline(entry_left, 316, 288, 17);
+    const QRect outline(entry_left, 306, 288, 17);
     Shape1 = Make_Shape(u"Shape1"_s,
                         u"background: %1; border: 1px solid %2; border-radius: 3px;"_s.arg(
                             shell::colours::Card.name(), shell::colours::Edge.name()),

@@ -292,6 +292,8 @@ TEST(PreviewText, ALittleTooWideStaysOnItsLine) {
     page.Text(title);
     EXPECT_EQ(Lines_On(page.Page(1)), QStringList{title});
     EXPECT_LE(Width_Of(The_Text(page.Page(1), title)), room + 1);
+    const QRect ink = Ink(Picture_Of_Part(page.Page(1), QRect(0, 0, page.PageWidth(), 1000), 5));
+    EXPECT_NEAR((ink.right() + 1) * 5, 900 + room, 25);
 
     page.TextWidth = room / 2;
     page.CurrentY = 3000;
@@ -316,11 +318,31 @@ TEST(PreviewText, ParagraphBreaksAtBlanksOnly) {
     ASSERT_GE(lines.size(), 2U);
     for (size_t line = 0; line < lines.size(); ++line) {
         EXPECT_LE(Width_Of(lines[line]), 2500) << lines[line].text.toStdString();
+        EXPECT_EQ(lines[line].squeeze, 1) << "it is broken, not set narrower";
         EXPECT_EQ(lines[line].y, 11480 + int(line) * page.TextHeight());
         EXPECT_EQ(lines[line].x, 144);
     }
     EXPECT_EQ(Lines_On(page.Page(1)).join(u' '), comment);
     EXPECT_EQ(page.CurrentY, 11480 + int(lines.size()) * page.TextHeight());
+}
+
+TEST(PreviewText, ParagraphFillsLinesOfAnyWidth) {
+    const QString comment =
+        u"She was tired towards the end of the session and asked for a break. "_s.repeated(3);
+    for (int width = 1500; width < 6000; width += 25) {
+        SCOPED_TRACE(width);
+        ViewPro page = New_Page();
+        page.TextWidth = width;
+        page.Paragraph(comment);
+        const auto lines = All<Text_Operation>(page.Page(1));
+        for (size_t line = 0; line < lines.size(); ++line) {
+            ASSERT_EQ(lines[line].squeeze, 1);
+            if (line == 0) continue;
+            const QString next_word = lines[line].text.section(u' ', 0, 0);
+            const QString longer = lines[line - 1].text + u' ' + next_word;
+            ASSERT_GT(preview::Text_Width(lines[line].style, longer), width) << longer.toStdString();
+        }
+    }
 }
 
 TEST(PreviewText, ParagraphKeepsLineBreaksAndBreaksLongWords) {
@@ -335,8 +357,10 @@ TEST(PreviewText, ParagraphKeepsLineBreaksAndBreaksLongWords) {
     other.TextWidth = 3000;
     const QString word = QString(200, u'w') + QString(200, u'é');
     other.Paragraph(u"A "_s + word + u" B"_s);
-    for (const Text_Operation& line : All<Text_Operation>(other.Page(1)))
+    for (const Text_Operation& line : All<Text_Operation>(other.Page(1))) {
         EXPECT_LE(Width_Of(line), 3000);
+        EXPECT_EQ(line.squeeze, 1);
+    }
     EXPECT_EQ(Lines_On(other.Page(1)).join(QString()).remove(u' '), u'A' + word + u'B');
 }
 
@@ -777,9 +801,10 @@ struct Wmf_Record {
 
 constexpr quint16 Wmf_Extended_Text = 0x0A32;
 constexpr quint16 Wmf_Delete_Object = 0x01F0;
+constexpr quint16 Wmf_Create_Font = 0x02FB;
 
 bool Creates_Object(const Wmf_Record& record) {
-    return record.function == 0x02FA || record.function == 0x02FB || record.function == 0x02FC;
+    return record.function == 0x02FA || record.function == Wmf_Create_Font || record.function == 0x02FC;
 }
 
 qint16 Number_At(const QByteArray& bytes, int word) {
@@ -855,6 +880,25 @@ TEST(PreviewMetafile, SetsEachCharacterAtItsMeasuredPlace) {
     for (int character = 0; character < length; ++character)
         steps += Number_At(parameters, 4 + length / 2 + character);
     EXPECT_NEAR(steps, page.TextWidth, 1);
+}
+
+TEST(PreviewMetafile, TurnsAFontToReadUpwards) {
+    ViewPro page = New_Page();
+    page.TextAngle = 900;
+    page.DrawText(1000, 7000, u"Centiles"_s);
+    const std::vector<Wmf_Record> records = Records_Of(preview::Copy_Of(page.Page(1)).wmf);
+    const auto one_of = [&records](quint16 function) {
+        return std::find_if(records.begin(), records.end(),
+                            [function](const Wmf_Record& one) { return one.function == function; });
+    };
+    const auto font = one_of(Wmf_Create_Font);
+    const auto text = one_of(Wmf_Extended_Text);
+    ASSERT_TRUE(font != records.end() && text != records.end());
+    EXPECT_EQ(Number_At(font->parameters, 0), -200);
+    EXPECT_EQ(Number_At(font->parameters, 2), 900);
+    EXPECT_EQ(Number_At(font->parameters, 3), 900);
+    EXPECT_EQ(Number_At(text->parameters, 0), 7000);
+    EXPECT_NEAR(Number_At(text->parameters, 1), 1000 + 200 * 0.905, 2) << "the baseline";
 }
 
 TEST(PreviewMetafile, StaysWholeWithOddContent) {

@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QStringEncoder>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -199,17 +200,17 @@ TEST_F(Import, MakesThePupilsOfTheFileInAllTables) {
     EXPECT_FALSE(Shown(page, u"ProgressBar1"_s));
 }
 
-TEST_F(Import, TwoHundredPupilsStandInEveryTable) {
+TEST_F(Import, AWholeClassStandsInEveryTable) {
     outside.random.numbers = Many_Numbers();
-    Preview_Bytes(Class_Of(200));
+    Preview_Bytes(Class_Of(30));
     Import_All();
-    EXPECT_EQ(Pupils(), u"212"_s);
+    EXPECT_EQ(Pupils(), u"42"_s);
     for (const QString& table : Data_Tables())
         EXPECT_EQ(
             sample.Value(
                 u"SELECT count(*) FROM %1 d JOIN mevo_pupils p USING (studentcode) WHERE surname LIKE 'Sur%'"_s
                     .arg(table)),
-            u"200"_s);
+            u"30"_s);
     EXPECT_EQ(
         sample.Value(
             u"SELECT count(*) FROM mevo_groups WHERE group_name LIKE 'Class _' AND show_on_list = 1 AND id IS NULL"_s),
@@ -299,14 +300,14 @@ TEST_F(Import, NoFieldOfAFileRunsAStatementOfItsOwn) {
 
 TEST_F(Import, IsVisiblyInProgressAndHoldsNoTransaction) {
     outside.random.numbers = Many_Numbers();
-    Preview_Bytes(Class_Of(150));
+    Preview_Bytes(Class_Of(20));
     auto& bar = Control<QProgressBar>(page, u"ProgressBar1"_s);
     QList<int> values;
     QList<int> stored;
     QTimer meanwhile; // what happens while the window is alive
     QObject::connect(&meanwhile, &QTimer::timeout, &page, [&] {
         EXPECT_TRUE(bar.isVisible());
-        EXPECT_EQ(bar.maximum(), 150);
+        EXPECT_EQ(bar.maximum(), 20);
         values.append(bar.value());
         stored.append(Pupils().toInt() - 12);
         sample.Run(u"UPDATE mevo_pupils SET comment = 'another workstation' WHERE rowid = 1"_s);
@@ -316,7 +317,7 @@ TEST_F(Import, IsVisiblyInProgressAndHoldsNoTransaction) {
     meanwhile.stop();
     ASSERT_GE(values.size(), 3);
     EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
-    EXPECT_LT(values.first(), 100);
+    EXPECT_LT(values.first(), 10);
     EXPECT_EQ(stored, values) << "each pupil lies in the file as soon as the bar has moved";
 }
 
@@ -329,6 +330,8 @@ TEST_F(Import, HostileFilesEndInATextOrInSilence) {
         QString told; // the bad records; empty for a clean preview
     };
     const QString fields = u"Record 1 has an incorrect number of fields.\r\n"_s;
+    const QString second = u"Record 2 has an incorrect number of fields.\r\n"_s;
+    const QString third = u"Record 3 has an incorrect number of fields.\r\n"_s;
     const QString surname = u"Record 1 has a missing surname.\r\n"_s;
     const QString gender = u"Record 1 has an invalid or missing gender indicator.\r\n"_s;
     constexpr qsizetype ten_mb = 10'000'000;
@@ -342,10 +345,8 @@ TEST_F(Import, HostileFilesEndInATextOrInSilence) {
         {"NUL bytes in a record", QByteArray("Sm\0th,Al,M,1/2/2003,,", 21), u""_s},
         {"lone quotes", "\"Smith,Al,M,1/2/2003,\"Class 1,", u""_s},
         {"quotes around a comma", "\"Smith,Al\",M,1/2/2003,,,,", fields},
-        {"UTF-16", QByteArray("\xFF\xFES\0m\0,\0A\0,\0M\0,\0", 14) + QByteArray("1\0,\0,\0", 6), gender},
-        {"a picture", QByteArray::fromHex("89504e470d0a1a0a0000000d49484452"),
-         fields + u"Record 2 has an incorrect number of fields.\r\n"_s +
-             u"Record 3 has an incorrect number of fields.\r\n"_s},
+        {"UTF-16", QStringEncoder(QStringEncoder::Utf16LE)(u"\uFEFFSmith,Al,M,1/2/2003,,"_s), gender},
+        {"a picture", QByteArray::fromHex("89504e470d0a1a0a0000000d"), fields + second + third},
         {"a header", "Surname,Forename,Gender,DOB,Group,Password", gender},
         {"commas only", ",,,,,", surname},
         {"an empty file", "", u""_s},

@@ -75,7 +75,7 @@ TEST_F(Register, OpensReadyForTheFirstPupil) {
     EXPECT_FALSE(Shown(page, u"Shape1"_s));
     EXPECT_FALSE(Shown(page, u"Shape2"_s));
     EXPECT_TRUE(Entry(u"Text3"_s).hasFocus());
-    EXPECT_EQ(Control(page, u"Frame1"_s).pos(), QPoint((1366 - 1000) / 2, (768 - 600) / 2));
+    EXPECT_EQ(Control(page, u"Frame1"_s).pos(), QPoint((1366 - 1000) / 2, (768 - 576) / 2));
 }
 
 TEST_F(Register, SaveStoresThePupilInAllTables) {

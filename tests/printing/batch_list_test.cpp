@@ -1,0 +1,90 @@
+#include "printing/batch_list.h"
+
+#include "support/printing.h"
+#include "support/sample_file.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace printing;
+using test_support::Sample_File;
+
+TEST(BatchList, AgesHaveTwoDigitsOfMonths) {
+    const std::pair<int, QString> cases[] = {{0, u"0:00"_s},  {9, u"0:09"_s},  {87, u"7:03"_s},
+                                             {84, u"7:00"_s}, {95, u"7:11"_s}, {130, u"10:10"_s}};
+    for (const auto& [months, text] : cases)
+        EXPECT_EQ(AgeFromMonths(months), text);
+}
+
+TEST(BatchList, AValueIsFoundAtItsFirstPlaceLetterByLetter) {
+    basics::Bounded<QString, 5> codes;
+    codes[1] = u"AB"_s;
+    codes[3] = u"ab"_s;
+    codes[4] = u"ab"_s;
+    codes[5] = u"last"_s;
+    EXPECT_EQ(FindInArray(codes, u"AB"_s), 1);
+    EXPECT_EQ(FindInArray(codes, u"ab"_s), 3);
+    EXPECT_EQ(FindInArray(codes, u"Ab"_s), -1);
+    EXPECT_EQ(FindInArray(codes, u""_s), 0);
+    EXPECT_EQ(FindInArray(codes, u"last"_s), -1); // the topmost place is not looked at
+}
+
+TEST(BatchList, TheCodeIsWhatFollowsTheFirstDivider) {
+    scoring::Pupil_Lists pupils;
+    pupils.Student_Code[1] = u"THOANN123ABC"_s;
+    pupils.Student_Code[2] = u"LE FAY - 1"_s;
+    EXPECT_EQ(Places_Of({u"Thompson-Ellis, Ann - THOANN123ABC"_s, // a plain hyphen is harmless
+                         u"Thompson - Ellis, Ann - THOANN123ABC"_s, u"Le Fay, Morgan - LE FAY - 1"_s,
+                         u"Nobody, At All - XXX"_s},
+                        pupils),
+              (QList<qint16>{1, -1, 2, -1}));
+}
+
+TEST(BatchList, TheMessageCountsAndKeepsItsLines) {
+    const QStringList lines = Surname_Message(2).split(u'\r');
+    ASSERT_EQ(lines.size(), 10);
+    EXPECT_EQ(
+        lines[0],
+        u"There are 2 surnames in the database which are composed of two names separated by space-hyphen-space."_s);
+    EXPECT_EQ(lines[2], u"Example: Thompson - Ellis"_s);
+    EXPECT_TRUE(lines[4].endsWith(u"within the software."_s));
+    EXPECT_TRUE(lines[5].startsWith(u"Please edit all such surnames"_s));
+    EXPECT_EQ(lines[7], u"Example: Thompson-Ellis"_s);
+}
+
+TEST(BatchList, ListsThePupilsOfAGroupWhoHaveAScore) {
+    const Sample_File sample(40);
+    sample.Run(
+        u"UPDATE Mevo_Pupils SET Tolvens = 0, BliksFriends = 0, Karrel = 0, BliksLetters = 0, "
+        "BliksLetterNames = 0, Drell = 0, Mirvel = 0, Yoon = 0, Pindo = 1 WHERE StudentCode = "
+        "(SELECT StudentCode FROM Mevo_Pupils WHERE Yoon = 1 AND Group_Class = 'Reception' LIMIT 1)"_s);
+    const QString connection = sample.Installed().Connection_String;
+    const QString scored =
+        u"SELECT Surname || ', ' || Forename || ' - ' || StudentCode FROM Mevo_Pupils WHERE Tolvens + "
+        "BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon > 0"_s;
+    const std::pair<QString, QString> cases[] = {
+        {u"ALL"_s, scored}, {u"reception"_s, scored + u" AND Group_Class = 'Reception'"_s}};
+    for (const auto& [group, sql] : cases) {
+        QStringList entries;
+        EXPECT_TRUE(
+            Read_Pupil_Entries(connection, group, [&](const QString& text) { entries.append(text); }));
+        QStringList expected = sample.Column(sql);
+        EXPECT_FALSE(expected.isEmpty());
+        EXPECT_EQ(entries.size(), expected.size());
+        EXPECT_EQ(QSet<QString>(entries.begin(), entries.end()),
+                  QSet<QString>(expected.begin(), expected.end()));
+    }
+}
+
+TEST(BatchList, AnErrorEndsAListInSilence) {
+    const Sample_File sample;
+    const QString connection = sample.Installed().Connection_String;
+    int taken = 0;
+    const auto count = [&](const QString&) { ++taken; };
+    EXPECT_FALSE(Read_Pupil_Entries(connection, u"Mrs O'Hara's class"_s, count)); // nothing is escaped
+    sample.Run(u"DROP TABLE Mevo_Groups"_s);
+    EXPECT_FALSE(Read_Group_Names(connection, count));
+    sample.Move_Away();
+    EXPECT_FALSE(Read_Pupil_Entries(connection, u"ALL"_s, count));
+    EXPECT_EQ(taken, 0);
+}

@@ -1,0 +1,271 @@
+#include "printing/batch_report.h"
+
+#include "platform/basics/run_time_error.h"
+#include "support/controls.h"
+#include "support/sample_file.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace printing;
+using namespace test_support;
+using desktop::Answer;
+
+namespace {
+
+const QString Has_A_Score =
+    u"Tolvens + BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon > 0"_s;
+
+class Batch_Report_Page : public testing::Test {
+protected:
+    Batch_Report_Page() : installation(sample.Installed()) {}
+    ~Batch_Report_Page() override { outside.boxes.Expect_All_Asked(); }
+
+    void Make() {
+        scoring::Load_All_Norms(holder, installation, data.norms);
+        scoring::Load_Pupil_Lists(holder, installation, outside.clock, data.pupils);
+        page = std::make_unique<Form92>(outside.platform, navigator, installation, state, scoring);
+        page->resize(1366, 768);
+    }
+    void Open() {
+        Make();
+        page->Load();
+    }
+    QListWidget& Pupils() { return Control<QListWidget>(*page, u"lstPupils"_s); }
+    QListWidget& Pages() { return Control<QListWidget>(*page, u"List3"_s); }
+    preview::Preview_Window& Preview() { return Control<preview::Preview_Window>(*page, u"ViewPro1"_s); }
+    bool On_View(const QString& text) { return Preview().accessibleDescription().contains(text); }
+    void Click_Entry(QListWidget& list, int row) {
+        list.scrollToItem(list.item(row));
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
+    }
+    void Create_From_First(int count) {
+        for (int row = 0; row < count; ++row)
+            Click_Entry(Pupils(), row);
+        Click(*page, u"HotLabel9"_s);
+    }
+    void Choose_Group(const QString& group) {
+        auto& filter = Control<shell::Click_Combo>(*page, u"cboGroupFilter"_s);
+        const int index = filter.findText(group);
+        ASSERT_GE(index, 0);
+        filter.Set_ListIndex(index);
+    }
+    QString Count_Where(const QString& condition) {
+        return sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE "_s + condition);
+    }
+
+    Sample_File sample{40};
+    Scripted_Platform outside;
+    Recording_Navigator navigator;
+    foundation::Installation installation;
+    scoring::Scoring_Data data;
+    foundation::Access_Holder holder{outside.platform};
+    foundation::Access_Holder scoring_holder{outside.platform};
+    scoring::Scoring scoring = scoring::Pass_Over(data, installation, scoring_holder);
+    reports::Report_State state;
+    std::unique_ptr<Form92> page;
+};
+
+// Counts how often a control was painted, and what it showed then.
+class Paint_Watch final : public QObject {
+public:
+    explicit Paint_Watch(QLabel& label) : label(label) { label.installEventFilter(this); }
+    QStringList seen;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) seen.append(label.text());
+        return false;
+    }
+
+private:
+    QLabel& label;
+};
+
+} // namespace
+
+TEST_F(Batch_Report_Page, OpensWithAllPupilsListedAndScored) {
+    Open();
+    EXPECT_EQ(Caption(*page, u"Label5"_s),
+              u"There are %1 pupils who have scores."_s.arg(data.pupils.Pupils_Listed));
+    EXPECT_EQ(Caption(*page, u"Label10"_s), u"ALL pupils are currently listed."_s);
+    EXPECT_EQ(Pupils().count(), Count_Where(Has_A_Score).toInt());
+    EXPECT_EQ(Control<QComboBox>(*page, u"cboGroupFilter"_s).itemText(0), u"ALL"_s);
+    EXPECT_EQ(Control<QComboBox>(*page, u"cboGroupFilter"_s).count(), 6);
+    EXPECT_EQ(outside.pointer.shapes.first(), desktop::Pointer_Shape::Hourglass);
+    EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
+    EXPECT_FALSE(Enabled(*page, u"HotLabel9"_s));
+    EXPECT_EQ(Preview().ZoomPercent(), 40);
+}
+
+TEST_F(Batch_Report_Page, ProgressIsPaintedWhileThePupilsAreScored) {
+    QWidget window;
+    window.resize(1366, 768);
+    window.show();
+    Make();
+    page->setParent(&window);
+    Paint_Watch watch(Control<QLabel>(*page, u"Label10"_s));
+    page->Load();
+    const int listed = data.pupils.Pupils_Listed;
+    ASSERT_GE(listed, 3);
+    for (const int i : {1, 3, listed})
+        EXPECT_TRUE(watch.seen.contains(u"Scoring student %1/%2"_s.arg(i).arg(listed))) << i;
+    EXPECT_TRUE(page->isVisible());
+    page->setParent(nullptr);
+}
+
+TEST_F(Batch_Report_Page, TheFilterListsAGroupAndAnEmptyOneOffersNothing) {
+    sample.Run(u"INSERT INTO Mevo_Groups (Group_Name) VALUES ('Nobody')"_s);
+    Open();
+    Click(*page, u"HotLabel7"_s);
+    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
+    Choose_Group(u"Reception"_s);
+    EXPECT_EQ(Pupils().count(), Count_Where(Has_A_Score + u" AND Group_Class = 'Reception'"_s).toInt());
+    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
+    Choose_Group(u"Nobody"_s);
+    EXPECT_EQ(Pupils().count(), 0);
+    EXPECT_FALSE(Enabled(*page, u"HotLabel9"_s));
+}
+
+TEST_F(Batch_Report_Page, AGroupThatTheQueryCannotTakeLeavesAnEmptyListInSilence) {
+    Open();
+    Click(*page, u"HotLabel7"_s);
+    Choose_Group(u"Mrs O'Hara's class"_s);
+    EXPECT_EQ(Pupils().count(), 0);
+    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s)); // as it stood
+}
+
+TEST_F(Batch_Report_Page, SelectingOffersTheReport) {
+    Open();
+    Click_Entry(Pupils(), 2);
+    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
+    EXPECT_EQ(Pupils().selectedItems().size(), 1);
+    Click(*page, u"HotLabel8"_s);
+    EXPECT_FALSE(Enabled(*page, u"HotLabel9"_s));
+    EXPECT_EQ(Pupils().selectedItems().size(), 0);
+    Click(*page, u"HotLabel7"_s);
+    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
+    EXPECT_EQ(Pupils().selectedItems().size(), Pupils().count());
+}
+
+TEST_F(Batch_Report_Page, NinePupilsMakeTwoPagesThatCanBeTurned) {
+    Open();
+    Create_From_First(9);
+    EXPECT_EQ(Caption(*page, u"Label5"_s), u"There are 9 pupils on 2 pages."_s);
+    ASSERT_EQ(Pages().count(), 2);
+    EXPECT_EQ(Pages().item(1)->text(), u"Page 2"_s);
+    const QString first = Pupils().item(0)->text().section(u',', 0, 0);
+    const QString ninth = Pupils().item(8)->text().section(u',', 0, 0);
+    EXPECT_TRUE(On_View(first));
+    EXPECT_FALSE(On_View(ninth));
+    Click_Entry(Pages(), 1);
+    EXPECT_EQ(Preview().ShownPage(), 2);
+    EXPECT_TRUE(On_View(ninth));
+    Click(*page, u"HotLabel2"_s); // all pages, whichever is on view
+    EXPECT_EQ(outside.printers.pages.size(), 2);
+    Click(*page, u"HotLabel3"_s);
+    ASSERT_EQ(outside.clipboard.copied.size(), 1);
+    EXPECT_TRUE(outside.clipboard.copied[0].svg.contains("Page 2"));
+}
+
+TEST_F(Batch_Report_Page, ANewReportBeginsAtItsFirstPage) {
+    Open();
+    Create_From_First(17);
+    Click_Entry(Pages(), 2);
+    Click(*page, u"HotLabel9"_s);
+    EXPECT_EQ(Preview().ShownPage(), 1);
+    EXPECT_EQ(Pages().currentRow(), 0);
+}
+
+TEST_F(Batch_Report_Page, AnOptionRebuildsAReportThatIsThereAndNoOther) {
+    Open();
+    Click(*page, u"Option6"_s);
+    EXPECT_EQ(Pages().count(), 0);
+    EXPECT_EQ(Preview().accessibleDescription(), u""_s);
+    Create_From_First(9);
+    EXPECT_TRUE(On_View(u"Mevo ID: "_s));
+    Click(*page, u"HotLabel5"_s);
+    Click_Entry(Pages(), 1);
+    Click(*page, u"Option5"_s);
+    EXPECT_FALSE(On_View(u"Mevo ID: "_s));
+    EXPECT_EQ(Preview().ShownPage(), 2);
+    EXPECT_EQ(Preview().ZoomPercent(), 67);
+}
+
+TEST_F(Batch_Report_Page, TheGroundStartsFromTheReportsPage) {
+    state.Chart_Background = u"WHITE"_s;
+    Open();
+    EXPECT_TRUE(Control<QRadioButton>(*page, u"Option2"_s).isChecked());
+    EXPECT_TRUE(Control<QRadioButton>(*page, u"Option5"_s).isChecked());
+    Create_From_First(1);
+    Click(*page, u"HotLabel2"_s);
+    Click(*page, u"Option1"_s);
+    Click(*page, u"HotLabel2"_s);
+    ASSERT_EQ(outside.printers.pages.size(), 2);
+    EXPECT_NE(outside.printers.pages[0], outside.printers.pages[1]);
+    EXPECT_EQ(state.Chart_Background, u"WHITE"_s); // this page's option is its own
+}
+
+TEST_F(Batch_Report_Page, SurnamesWithADividerStopTheBatchAndLeaveTheEarlierReport) {
+    Open();
+    Create_From_First(3);
+    const QString before = Preview().accessibleDescription();
+    sample.Run(u"UPDATE Mevo_Pupils SET Surname = 'Aaron - ' || Surname WHERE StudentCode IN "
+               "(SELECT StudentCode FROM Mevo_Pupils WHERE Yoon = 1 LIMIT 2)"_s);
+    Choose_Group(u"ALL"_s);
+    outside.boxes.Will_Answer(Answer::Ok);
+    Create_From_First(10);
+    ASSERT_EQ(outside.boxes.shown.size(), 1);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Critical);
+    EXPECT_EQ(outside.boxes.shown[0].title, u"Error needs attention"_s);
+    EXPECT_TRUE(outside.boxes.shown[0].text.startsWith(u"There are 2 surnames in the database"_s));
+    EXPECT_EQ(Preview().accessibleDescription(), before);
+    EXPECT_EQ(Caption(*page, u"Label5"_s), u"There are 3 pupils on 1 pages."_s);
+    Click(*page, u"Option2"_s); // draws the three of the earlier report again
+    EXPECT_EQ(Preview().accessibleDescription(), before);
+}
+
+TEST_F(Batch_Report_Page, NothingIsPrintedOrCopiedBeforeAReport) {
+    Open();
+    Click(*page, u"HotLabel2"_s);
+    Click(*page, u"HotLabel3"_s);
+    EXPECT_TRUE(outside.printers.printed.isEmpty());
+    EXPECT_TRUE(outside.clipboard.copied.isEmpty());
+    Click(*page, u"HotLabel1"_s);
+    EXPECT_EQ(navigator.closed, 1);
+}
+
+TEST_F(Batch_Report_Page, ThePupilOnTheReportsPageKeepsHisCentiles) {
+    Make();
+    for (int t = 1; t <= 8; ++t)
+        data.scores.Raw_Centile[t] = static_cast<qint16>(10 * t);
+    page->Load();
+    for (int t = 1; t <= 8; ++t)
+        EXPECT_EQ(data.scores.Raw_Centile[t], 10 * t);
+}
+
+TEST_F(Batch_Report_Page, MoreThanTwoThousandPupilsAreABoundsError) {
+    Make();
+    data.pupils.Pupils_Listed = 2001;
+    try {
+        page->Load();
+        FAIL() << "2001 pupils were taken";
+    } catch (const basics::Run_Time_Error& error) {
+        EXPECT_EQ(error.Number, basics::errors::Subscript_Out_Of_Range);
+    }
+    EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
+}
+
+TEST_F(Batch_Report_Page, AFrameTellsOfItselfButNotOverItsEntries) {
+    Open();
+    Point_At(*page, u"HotLabel7"_s);
+    EXPECT_EQ(Caption(*page, u"Label2"_s), u"Highlight (select) all the names shown in the batch list."_s);
+    Point_At(*page, u"HotLabel4"_s);
+    EXPECT_TRUE(Caption(*page, u"Label2"_s).startsWith(u"Show the report at full size."_s));
+    QWidget& frame = Control(*page, u"Frame8"_s);
+    QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), frame.mapToGlobal(QPointF(3, 3)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &move);
+    EXPECT_EQ(Caption(*page, u"Label2"_s), u"Tip: Double click on the report to zoom in further."_s);
+}

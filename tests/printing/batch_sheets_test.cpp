@@ -1,0 +1,199 @@
+#include "printing/batch_sheets.h"
+
+#include "printing/batch_list.h"
+#include "printing/recorded_page.h"
+#include "support/printing.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace printing;
+using namespace test_support;
+
+namespace {
+
+const QColor Red(255, 0, 0);
+const QString Note = u"Trm - Tests which were terminated early (Tolvens or Blik's Friends)"_s;
+
+class Batch_Report_Sheets : public testing::Test {
+protected:
+    Batch_Report_Sheets() {
+        installation.Institution = u"Hillside Primary School"_s;
+        for (int p = 1; p <= 40; ++p) {
+            pupils.Student_Code[p] = u"CODE%1"_s.arg(p);
+            pupils.Pupil_Name_List[p] = u"Pupil Number%1"_s.arg(p);
+            pupils.Pupil_DOB_List[p] = u"09/02/2020"_s;
+            pupils.Pupil_Test_Age[p] = 87;
+            cohort.Cohort_Pupil[p] = static_cast<qint16>(p);
+        }
+        report.Report_Setup();
+    }
+
+    void Score(int p, int t, qint16 centile) { cohort.Cohort_Raw_Centile[p][t] = centile; }
+    void Build(int count, Batch_Options options = {u"WHITE"_s, Pupil_Label::Name, u"ALL"_s}) {
+        report.Build_Batch(count, options);
+    }
+    QList<qsizetype> Notes_By_Page() {
+        QList<qsizetype> notes;
+        for (int page = 1; page <= sheets.PageCount(); ++page)
+            notes.append(Lines_Of(sheets.Page(page), Note).size());
+        return notes;
+    }
+
+    Scripted_Platform outside;
+    foundation::Installation installation;
+    reports::Report_State state;
+    scoring::Pupil_Lists pupils;
+    scoring::Cohort_Tables cohort;
+    preview::ViewPro sheets;
+    Batch_Sheets report{sheets, {installation, state, pupils, cohort}, outside.platform};
+};
+
+} // namespace
+
+TEST_F(Batch_Report_Sheets, EightPupilsFillASheet) {
+    const std::pair<int, int> cases[] = {{1, 1}, {8, 1}, {9, 2}, {16, 2}, {17, 3}};
+    for (const auto& [count, pages] : cases) {
+        Build(count);
+        EXPECT_EQ(sheets.PageCount(), pages) << count;
+        EXPECT_EQ(Sheets_For(count), pages);
+    }
+    EXPECT_EQ(Sheets_For(0), 0);
+}
+
+TEST_F(Batch_Report_Sheets, MiniaturesStandInTwoColumnsOfFour) {
+    Build(9);
+    const std::pair<int, QPoint> places[] = {{1, {500, 1000}},  {2, {5900, 1000}}, {3, {500, 4200}},
+                                             {4, {5900, 4200}}, {7, {500, 10600}}, {8, {5900, 10600}}};
+    for (const auto& [rank, corner] : places) {
+        const auto& label = Only_Line(sheets.Page(1), u"Pupil Number%1"_s.arg(rank));
+        EXPECT_EQ(QPoint(label.x, label.y), corner + QPoint(14, -180 + 30)) << rank;
+        EXPECT_EQ(label.style.font_size, 6);
+        EXPECT_LT(Ink_Of(label).bottom(), corner.y());
+    }
+    const auto& ninth = Only_Line(sheets.Page(2), u"Pupil Number9"_s);
+    EXPECT_EQ(QPoint(ninth.x, ninth.y), QPoint(514, 850));
+    EXPECT_EQ(Lines_Of(sheets.Page(2), u"DOB: 09/02/2020"_s).size(), 1);
+    EXPECT_EQ(Only_Line(sheets.Page(2), u"Age: 7:03"_s).x, 500 + 3440 + 14);
+}
+
+TEST_F(Batch_Report_Sheets, EachPupilShowsHisOwnScoresWhateverHisRank) {
+    Score(1, 1, 90);
+    Score(3, 1, 40);
+    Take_Batch({3}, cohort);
+    Build(1);
+    const auto bars = Rectangles_Filled(sheets.Page(1), Red);
+    ASSERT_EQ(bars.size(), 1);
+    EXPECT_EQ(bars[0].height, 40 * 25 - 40);
+    EXPECT_EQ(bars[0].y, 3500 - 40 * 25 + 20);
+    EXPECT_EQ(Lines_Of(sheets.Page(1), u"Pupil Number3"_s).size(), 1);
+}
+
+TEST_F(Batch_Report_Sheets, TheScaleIsThatOfTheReportsPage) {
+    state.Chart_Mode = u"Z"_s;
+    cohort.Cohort_Raw_Centile[1][1] = 98;
+    cohort.Cohort_Raw_ZScore[1][1] = 2.0F;
+    Build(1);
+    // Two units are longer here than the figure "2.0" tells.
+    EXPECT_EQ(Rectangles_Filled(sheets.Page(1), Red).first().y, 2250 - 1080 + 20);
+    EXPECT_LT(2250 - 1080, 1000 + 0.106 * 2500);
+    EXPECT_EQ(Lines_Of(sheets.Page(1), u"2.0"_s).size(), 1);
+}
+
+TEST_F(Batch_Report_Sheets, NoTimesAreShownThoughTheBarsLeaveRoomForThem) {
+    state.Show_Time_Bars = true;
+    Score(1, 1, 40);
+    Build(1);
+    const auto bars = Rectangles_Filled(sheets.Page(1), Red);
+    ASSERT_EQ(bars.size(), 1);
+    EXPECT_EQ(bars[0].width, 180 - 40);
+    EXPECT_TRUE(Rectangles_Filled(sheets.Page(1), QColor(0, 0, 255)).isEmpty());
+}
+
+TEST_F(Batch_Report_Sheets, TheOptionsChooseTheGroundAndTheLabel) {
+    Build(1, {u"GREY"_s, Pupil_Label::User_ID, u"Reception"_s});
+    const preview::Drawing& page = sheets.Page(1);
+    EXPECT_EQ(Colour_At(page, 520, 1010).rgb(), QColor(Qt::black).rgb());
+    EXPECT_EQ(Lines_Of(page, u"Mevo ID: CODE1"_s).size(), 1);
+    EXPECT_TRUE(Lines_Of(page, u"Pupil Number1"_s).isEmpty());
+    Build(1);
+    EXPECT_EQ(Colour_At(sheets.Page(1), 520, 1010).rgb(), QColor(Qt::white).rgb());
+}
+
+TEST_F(Batch_Report_Sheets, EverySheetHasItsHeadAndItsNumber) {
+    Build(9, {u"WHITE"_s, Pupil_Label::Name, u"Class 1 Oak"_s});
+    for (int number = 1; number <= 2; ++number) {
+        const preview::Drawing& page = sheets.Page(number);
+        const auto& title = Only_Line(
+            page, u"Mevo multiple graphical profiles (Y-axis in Centile scores). Printed on: 15/06/2026"_s);
+        EXPECT_EQ(title.y, 72);
+        EXPECT_NEAR(Ink_Of(title).center().x(), 11906 / 2.0 - 720, 1);
+        EXPECT_EQ(Only_Line(page, u"Class or Group represented is: Class 1 Oak"_s).y, 312);
+        EXPECT_EQ(Lines_Of(page, u"Hillside Primary School"_s).size(), 1);
+        EXPECT_EQ(Lines_Of(page, u"Page %1"_s.arg(number)).size(), 1);
+        EXPECT_TRUE(Lines_Of(page, u"Page %1"_s.arg(3 - number)).isEmpty());
+    }
+    state.Chart_Mode = u"Z"_s;
+    Build(1);
+    Only_Line(
+        sheets.Page(1),
+        u"Mevo multiple graphical profiles (Y-axis in Standard Deviation Units or Z-Scores). Printed on:15/06/2026"_s);
+}
+
+TEST_F(Batch_Report_Sheets, TheCommentsHeadingStandsBelowTheLastRow) {
+    Build(8);
+    const auto headings = Lines_Of(sheets.Page(1), u"Assessor's comments"_s);
+    ASSERT_EQ(headings.size(), 8); // once with each miniature, always at the same place
+    for (const auto& heading : headings)
+        EXPECT_EQ(QPoint(heading.x, heading.y), QPoint(144, 16838 - 3500));
+}
+
+TEST_F(Batch_Report_Sheets, ATerminatedPupilBringsTheNoteToAllLaterSheets) {
+    Score(10, 1, 40);
+    cohort.Cohort_Tolvens_Terminated[10] = true; // on the second of four sheets
+    cohort.Cohort_Tolvens_Terminated[1] = true;  // has no score
+    Build(32);
+    EXPECT_EQ(Notes_By_Page(), (QList<qsizetype>{0, 1, 1, 1}));
+    const auto& note = Only_Line(sheets.Page(3), Note);
+    EXPECT_EQ(QPoint(note.x, note.y), QPoint(500, 480));
+    cohort.Cohort_Tolvens_Terminated[10] = false;
+    Build(9); // nor does it go while the page is open
+    EXPECT_EQ(Notes_By_Page(), (QList<qsizetype>{1, 1}));
+}
+
+TEST_F(Batch_Report_Sheets, ALongNameStaysInItsCellAndAboveTheChart) {
+    const QString names[] = {u"Featherstonehaugh-Öztürk Ángeles-Élodie B"_s,
+                             u"Wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww"_s, u"Świątek Zoë"_s};
+    for (const QString& name : names) {
+        SCOPED_TRACE(name.toStdString());
+        pupils.Pupil_Name_List[1] = name;
+        Build(1);
+        const preview::Drawing& page = sheets.Page(1);
+        QList<preview::Text_Operation> in_cell;
+        for (const preview::Operation& operation : page.operations)
+            if (const auto* line = std::get_if<preview::Text_Operation>(&operation))
+                if (line->x == 514) in_cell.append(*line);
+        ASSERT_EQ(in_cell.size(), 1); // one line
+        EXPECT_LE(Ink_Of(in_cell[0]).right(), 500 + 1720);
+        EXPECT_LT(Ink_Of(in_cell[0]).bottom(), 1000);
+        EXPECT_EQ(in_cell[0].text.left(10), name.left(10));
+    }
+}
+
+TEST_F(Batch_Report_Sheets, NothingOverlapsOnAFullSheet) {
+    for (int p = 1; p <= 8; ++p) {
+        pupils.Pupil_Name_List[p] = u"Featherstonehaugh-Öztürk Ángeles-Élodie B"_s;
+        cohort.Cohort_Tolvens_Terminated[p] = cohort.Cohort_Friends_Terminated[p] = true;
+        for (int t = 1; t <= 8; ++t)
+            Score(p, t, static_cast<qint16>(11 * p));
+    }
+    for (const QString& mode : {u"P"_s, u"Z"_s}) {
+        state.Chart_Mode = mode;
+        Build(8);
+        QStringList overlaps = Overlaps(sheets.Page(1));
+        // The heading that each miniature repeats lies on itself.
+        overlaps.removeAll(u"Assessor's comments / Assessor's comments"_s);
+        EXPECT_EQ(overlaps, QStringList()) << mode.toStdString();
+    }
+}

@@ -1,0 +1,155 @@
+#include "printing/individual_report.h"
+
+#include "support/controls.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace printing;
+using namespace test_support;
+using desktop::Pointer_Shape;
+
+namespace {
+
+class Individual_Report_Page : public testing::Test {
+protected:
+    Individual_Report_Page() {
+        installation.Institution = u"Hillside"_s;
+        installation.Archive_Folder = u"/archives"_s;
+        state.Pupil_Name = u"Smith Oliver"_s;
+        state.comment.Pupil_Comment = u"Works with care."_s;
+        scores.Raw_Centile[1] = 40;
+        page.resize(1366, 768);
+        page.Load();
+    }
+    ~Individual_Report_Page() override { outside.boxes.Expect_All_Asked(); }
+
+    preview::Preview_Window& Preview() { return Control<preview::Preview_Window>(page, u"ViewPro1"_s); }
+    // A screen reader is told the words of the page on view.
+    bool On_View(const QString& text) { return Preview().accessibleDescription().contains(text); }
+    bool Ticked(int i) { return !Control<QLabel>(page, u"Image1(%1)"_s.arg(i)).pixmap().isNull(); }
+
+    Scripted_Platform outside;
+    Recording_Navigator navigator;
+    foundation::Installation installation;
+    reports::Report_State state;
+    scoring::Score_Store scores;
+    Form94 page{outside.platform, navigator, {installation, state, scores}};
+};
+
+} // namespace
+
+TEST_F(Individual_Report_Page, OpensWithTheWholeReportAtTheSmallestZoom) {
+    EXPECT_EQ(outside.pointer.shapes, (QList{Pointer_Shape::Hourglass, Pointer_Shape::Default}));
+    for (const QString& text :
+         {u"Smith Oliver"_s, u"Module"_s, u"Centiles"_s, u"Accuracy"_s, u"Works with care."_s})
+        EXPECT_TRUE(On_View(text)) << text.toStdString();
+    EXPECT_EQ(Preview().ZoomPercent(), 40);
+    EXPECT_TRUE(Ticked(2));
+    EXPECT_FALSE(Ticked(0) || Ticked(1));
+    EXPECT_FALSE(Shown(page, u"Image1(3)"_s));
+}
+
+TEST_F(Individual_Report_Page, ABoxTakesItsSectionOutAndBringsItBack) {
+    struct Box {
+        QString box;
+        QString label;
+        QString caption;
+        QString text;
+    };
+    const Box boxes[] = {{u"Check3"_s, u"Label8"_s, u"Summary"_s, u"Module"_s},
+                         {u"Check4"_s, u"Label9"_s, u"Profile"_s, u"Centiles"_s},
+                         {u"Check1"_s, u"Label2"_s, u"Legend"_s, u"Accuracy"_s},
+                         {u"Check2"_s, u"Label3"_s, u"Comments"_s, u"Works with care."_s}};
+    for (const Box& one : boxes) {
+        SCOPED_TRACE(one.caption.toStdString());
+        EXPECT_EQ(Caption(page, one.label), one.caption);
+        Click(page, one.box);
+        EXPECT_FALSE(On_View(one.text));
+        for (const Box& other : boxes) {
+            if (other.box != one.box) {
+                EXPECT_TRUE(On_View(other.text)) << other.text.toStdString();
+            }
+        }
+        Click(page, one.label); // the caption belongs to its box
+        EXPECT_TRUE(On_View(one.text));
+    }
+}
+
+TEST_F(Individual_Report_Page, ABoxDoesNotResetTheZoom) {
+    Click(page, u"HotLabel5"_s);
+    EXPECT_EQ(Preview().ZoomPercent(), 67);
+    Click(page, u"Check1"_s);
+    EXPECT_EQ(Preview().ZoomPercent(), 67);
+    EXPECT_TRUE(Ticked(1));
+    Click(page, u"HotLabel4"_s);
+    EXPECT_EQ(Preview().ZoomPercent(), 100);
+    EXPECT_TRUE(Ticked(0));
+    EXPECT_FALSE(Ticked(1));
+}
+
+TEST_F(Individual_Report_Page, PrintsOneSheetAsItIsOnView) {
+    Click(page, u"HotLabel2"_s);
+    EXPECT_EQ(outside.printers.pages.size(), 1);
+    EXPECT_EQ(outside.printers.pdf_folders, QStringList{u"/archives"_s});
+    EXPECT_EQ(outside.pointer.shapes.last(), Pointer_Shape::Default);
+    const QImage whole = outside.printers.pages.first();
+    Click(page, u"Check4"_s);
+    Click(page, u"HotLabel2"_s);
+    EXPECT_NE(outside.printers.pages.last(), whole);
+}
+
+TEST_F(Individual_Report_Page, SaysWhereThePdfIsThatStandsInForAPrinter) {
+    outside.printers.says_pdf = u"/archives/report.pdf"_s;
+    outside.boxes.Will_Answer(desktop::Answer::Ok);
+    Click(page, u"HotLabel2"_s);
+    ASSERT_EQ(outside.boxes.shown.size(), 1);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
+    EXPECT_TRUE(outside.boxes.shown[0].text.contains(u"/archives/report.pdf"_s));
+}
+
+TEST_F(Individual_Report_Page, AFaultOfThePrinterIsToldAndThePageGoesOn) {
+    outside.printers.broken = true;
+    outside.boxes.Will_Answer(desktop::Answer::Ok, [this] {
+        EXPECT_EQ(outside.pointer.shapes.last(), Pointer_Shape::Default); // not over the box
+    });
+    Click(page, u"HotLabel2"_s);
+    ASSERT_EQ(outside.boxes.shown.size(), 1);
+    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Critical);
+    EXPECT_EQ(outside.boxes.shown[0].text, u"The printer is stopped."_s);
+    outside.printers.broken = false;
+    Click(page, u"HotLabel2"_s);
+    EXPECT_EQ(outside.printers.pages.size(), 1);
+}
+
+TEST_F(Individual_Report_Page, CopiesTheSheetInAllForms) {
+    Click(page, u"HotLabel3"_s);
+    ASSERT_EQ(outside.clipboard.copied.size(), 1);
+    EXPECT_TRUE(outside.clipboard.copied[0].svg.contains("Cognitive Profile"));
+    EXPECT_FALSE(outside.clipboard.copied[0].wmf.isEmpty());
+    EXPECT_FALSE(outside.clipboard.copied[0].picture.isNull());
+}
+
+TEST_F(Individual_Report_Page, LeadsBackToThePageBeneath) {
+    Click(page, u"HotLabel1"_s);
+    EXPECT_EQ(navigator.closed, 1);
+    EXPECT_TRUE(navigator.went_to.isEmpty());
+}
+
+TEST_F(Individual_Report_Page, HelpGoesToLabel1AlsoOverThePreview) {
+    const std::pair<QString, QString> helps[] = {
+        {u"HotLabel3"_s, u"Copy the report to the clipboard as a Windows Metafile (.WMF)"_s},
+        {u"HotLabel5"_s, u"Reduce the report to two thirds of full size."_s},
+        {u"Label8"_s, u"Add or remove the guidance notes whch may assist in interpretation."_s},
+    };
+    for (const auto& [control, text] : helps) {
+        Point_At(page, control);
+        EXPECT_EQ(Caption(page, u"Label1"_s), text);
+    }
+    QTest::mouseMove(Preview().viewport(), QPoint(30, 30));
+    QMouseEvent move(QEvent::MouseMove, QPointF(30, 30), QPointF(30, 30), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(Preview().viewport(), &move);
+    EXPECT_TRUE(Caption(page, u"Label1"_s).startsWith(u"You can enlarge or shrink the view"_s));
+}

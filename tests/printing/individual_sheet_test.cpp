@@ -1,0 +1,327 @@
+#include "printing/individual_sheet.h"
+
+#include "printing/product_lines.h"
+#include "printing/recorded_page.h"
+#include "support/printing.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace printing;
+using namespace test_support;
+
+namespace {
+
+const QColor Grey(192, 192, 192);
+const QColor Red(255, 0, 0);
+const QString Note = u"Trm - Tests which were terminated early (Tolvens or Blik's Friends)"_s;
+constexpr Report_Sections Nothing{.Summary = false, .Profile = false, .Legend = false, .Comments = false};
+
+class Individual_Report_Sheet : public testing::Test {
+protected:
+    Individual_Report_Sheet() {
+        installation.Institution = u"Hillside Primary School"_s;
+        state.Current_Student_Code = u"SMIOLI633THJ"_s;
+        state.Pupil_Name = u"Smith Oliver"_s;
+        state.Pupil_DOB = u"09/02/2020"_s;
+        state.comment.Pupil_Comment = u"Works with care."_s;
+        scoring::Show_Test_Names(state.summary);
+        report.Report_Setup();
+    }
+
+    // All eight tests at one centile.
+    void Score_All_At(qint16 centile, double z = 0) {
+        for (int t = 1; t <= 8; ++t) {
+            scores.Raw_Centile[t] = centile;
+            scores.Raw_ZScore[t] = z;
+            state.summary(t + 1, 3) = QString::number(centile);
+        }
+    }
+    const preview::Drawing& Build(const Report_Sections& sections = {}) {
+        report.Build_Report(sections);
+        return sheet.Page(1);
+    }
+    QStringList Words(int count) {
+        QStringList words;
+        for (int i = 1; i <= count; ++i)
+            words.append(u"word%1"_s.arg(i));
+        return words;
+    }
+
+    Scripted_Platform outside;
+    foundation::Installation installation;
+    reports::Report_State state;
+    scoring::Score_Store scores;
+    preview::ViewPro sheet;
+    Individual_Sheet report{sheet, {installation, state, scores}, outside.platform};
+};
+
+} // namespace
+
+TEST_F(Individual_Report_Sheet, TextsStandWhereTheTwipsSay) {
+    struct Text {
+        QString text;
+        int x;
+        int y;
+        int size;
+        bool bold;
+    };
+    const Text texts[] = {
+        {u"Mevo ID: SMIOLI633THJ"_s, 913 + 90, 984 + 30, 9, false},
+        {u"D.O.B: 09/02/2020"_s, 913 + 3700 + 90, 984 + 30, 9, false},
+        {u"Date printed: 15/06/2026"_s, 913 + 6500 + 90, 984 + 30, 9, false},
+        {u"Accuracy"_s, 440, 9560, 8, true},
+        {u"Assessor's comments"_s, 144, 11264, 10, true},
+        {u"Works with care."_s, 144, 11480, 9, false},
+    };
+    const preview::Drawing& page = Build();
+    for (const Text& text : texts) {
+        SCOPED_TRACE(text.text.toStdString());
+        const auto& line = Only_Line(page, text.text);
+        EXPECT_EQ(QPoint(line.x, line.y), QPoint(text.x, text.y));
+        EXPECT_EQ(line.style.font_size, text.size);
+        EXPECT_EQ(line.style.bold, text.bold);
+    }
+    EXPECT_EQ(sheet.PageCount(), 1);
+}
+
+TEST_F(Individual_Report_Sheet, TheTitleAndTheNameAreCentredLeftOfTheMiddle) {
+    const preview::Drawing& page = Build();
+    const std::pair<QString, int> lines[] = {{u"Individual Mevo Summary Sheet and Cognitive Profile"_s, 180},
+                                             {u"Smith Oliver"_s, 520}};
+    for (const auto& [text, y] : lines) {
+        const auto& line = Only_Line(page, text);
+        EXPECT_EQ(line.y, y);
+        EXPECT_NEAR(Ink_Of(line).center().x(), 11906 / 2.0 - 720, 1) << text.toStdString();
+    }
+}
+
+TEST_F(Individual_Report_Sheet, HeadAndFootNameTheSchoolAndTheProduct) {
+    const preview::Drawing& page = Build(Nothing);
+    const auto schools = Lines_Of(page, u"Hillside Primary School"_s);
+    ASSERT_EQ(schools.size(), 2);
+    const auto& foot = schools[0].colour == Red ? schools[0] : schools[1];
+    const auto& head = schools[0].colour == Red ? schools[1] : schools[0];
+    EXPECT_EQ(foot.colour, Red);
+    EXPECT_EQ(QPoint(foot.x, foot.y), QPoint(20 + 90, 14810 + 30));
+    EXPECT_EQ(foot.style.font_size, 8);
+    EXPECT_EQ(head.style.font_size, 16);
+    EXPECT_LT(head.y, 1080);
+    EXPECT_GT(Only_Line(page, Long_Product_Line()).y, 14810);
+    const auto rules = Lines_Drawn(page, QColor(0, 0, 0));
+    ASSERT_EQ(rules.size(), 1);
+    EXPECT_EQ(rules[0].y1, 14800);
+    EXPECT_EQ(rules[0].x1, 0);
+    EXPECT_EQ(rules[0].x2, 11906 - 1440);
+}
+
+TEST_F(Individual_Report_Sheet, WithAllSectionsOffOnlyHeadDetailsAndFootAreLeft) {
+    Score_All_At(40);
+    QStringList texts = Texts_On(Build(Nothing));
+    texts.sort();
+    EXPECT_EQ(texts, (QStringList{u"D.O.B: 09/02/2020"_s, u"Date printed: 15/06/2026"_s,
+                                  u"Hillside Primary School"_s, u"Hillside Primary School"_s,
+                                  u"Individual Mevo Summary Sheet and Cognitive Profile"_s,
+                                  u"Mevo ID: SMIOLI633THJ"_s, Long_Product_Line(), u"Smith Oliver"_s}));
+}
+
+TEST_F(Individual_Report_Sheet, EachSectionComesAndGoesAloneAndTheOthersStay) {
+    Score_All_At(40);
+    struct Section {
+        bool Report_Sections::*shown;
+        QString text; // that belongs to it
+    };
+    const Section sections[] = {{&Report_Sections::Summary, u"Module"_s},
+                                {&Report_Sections::Profile, u"Centiles"_s},
+                                {&Report_Sections::Legend, u"Accuracy"_s},
+                                {&Report_Sections::Comments, u"Assessor's comments"_s}};
+    for (const Section& left_out : sections) {
+        Report_Sections chosen;
+        chosen.*left_out.shown = false;
+        const preview::Drawing with = Build();
+        const preview::Drawing without = Build(chosen);
+        for (const Section& section : sections) {
+            SCOPED_TRACE(section.text.toStdString() + " without " + left_out.text.toStdString());
+            if (section.shown == left_out.shown) {
+                EXPECT_TRUE(Lines_Of(without, section.text).isEmpty());
+                continue;
+            }
+            EXPECT_EQ(Only_Line(without, section.text).x, Only_Line(with, section.text).x);
+            EXPECT_EQ(Only_Line(without, section.text).y, Only_Line(with, section.text).y);
+        }
+    }
+}
+
+TEST_F(Individual_Report_Sheet, TheHeadingOfTheScoresIsBoldOnGreyEachTime) {
+    Score_All_At(40);
+    state.comment.Pupil_Comment.clear(); // nothing sets the colours back behind the legend
+    for (int build = 1; build <= 2; ++build) {
+        SCOPED_TRACE(build);
+        const preview::Drawing& page = Build();
+        for (const QString& heading : {u"Module"_s, u"Centile"_s, u"Test age"_s}) {
+            const auto& line = Only_Line(page, heading);
+            EXPECT_TRUE(line.style.bold);
+            EXPECT_EQ(Colour_At(page, line.x, line.y).rgb(), Grey.rgb());
+        }
+        const auto& name = Only_Line(page, u"Letter names"_s);
+        EXPECT_FALSE(name.style.bold);
+        EXPECT_EQ(Colour_At(page, name.x, name.y).rgb(), QColor(Qt::white).rgb());
+    }
+}
+
+TEST_F(Individual_Report_Sheet, TheScoresStandInTheirColumns) {
+    state.summary(2, 2) = u"16"_s;
+    state.summary(2, 10) = u" 5 y  11 m"_s;
+    const preview::Drawing& page = Build();
+    const QRectF score = Ink_Of(Only_Line(page, u"16"_s));
+    EXPECT_NEAR(score.center().x(), 792 + 1440 + 360, 1);
+    EXPECT_NEAR(Ink_Of(Only_Line(page, u"5 y  11 m"_s)).center().x(), 792 + 7860 + 510, 1);
+    const auto& name = Lines_Of(page, u"Tolvens"_s).first(); // the chart has it too
+    EXPECT_NEAR(Ink_Of(name).center().y(), score.center().y(), 1);
+}
+
+TEST_F(Individual_Report_Sheet, ABlankCellIsAHyphenAndABlankNameIsNot) {
+    const auto hyphens_in = [this](int column_left, int column_right) {
+        int count = 0;
+        for (const auto& line : Lines_Of(Build({.Profile = false}), u"-"_s))
+            if (line.x >= column_left && line.x < column_right) ++count;
+        return count;
+    };
+    constexpr int names = 792;
+    constexpr int numbers = 792 + 1440;
+    constexpr int centiles = numbers + 720;
+    EXPECT_EQ(hyphens_in(names, numbers), 0);
+    EXPECT_EQ(hyphens_in(numbers, centiles), 9);
+    state.summary(2, 1) = u""_s;  // an empty name prints as a space
+    state.summary(3, 1) = u" "_s; // a space is the blank of this column
+    state.summary(4, 2) = u" "_s; // and not of the others
+    EXPECT_EQ(hyphens_in(names, numbers), 1);
+    EXPECT_EQ(hyphens_in(numbers, centiles), 8);
+}
+
+TEST_F(Individual_Report_Sheet, APupilWithNoTestDoneHasNamesAndHyphensAlone) {
+    const preview::Drawing& page = Build();
+    EXPECT_EQ(Lines_Of(page, u"-"_s).size(), 9 * 9);
+    EXPECT_EQ(Rectangles_Filled(page, Red).size(), 1); // the legend's
+    EXPECT_EQ(Overlaps(page), QStringList());
+}
+
+TEST_F(Individual_Report_Sheet, TheChartFollowsTheScaleAndTheGround) {
+    Score_All_At(84, 0.995);
+    struct Case {
+        QString mode;
+        QString ground;
+        QString title;
+        QColor low_in_chart; // above the chart's lower edge, left of the bars
+        int bar_top;
+    };
+    const Case cases[] = {
+        {u"P"_s, u"GREY"_s, u"Centiles"_s, Qt::black, 9320 - 84 * 50},
+        {u"P"_s, u"WHITE"_s, u"Centiles"_s, Qt::white, 9320 - 84 * 50},
+        {u"Z"_s, u"GREY"_s, u"Standard Deviation Units (Z Scores)"_s, Qt::white, 6820 - 979},
+        {u"Z"_s, u"WHITE"_s, u"Standard Deviation Units (Z Scores)"_s, Qt::white, 6820 - 979},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE((one.mode + one.ground).toStdString());
+        state.Chart_Mode = one.mode;
+        state.Chart_Background = one.ground;
+        const preview::Drawing& page = Build({.Legend = false});
+        EXPECT_EQ(Lines_Of(page, one.title).size(), 1);
+        EXPECT_EQ(Colour_At(page, 1300, 9300).rgb(), one.low_in_chart.rgb());
+        EXPECT_EQ(Rectangles_Filled(page, Red).first().y, one.bar_top + 20);
+    }
+}
+
+TEST_F(Individual_Report_Sheet, TheNoteReturnsUntilThePageIsOpenedAnew) {
+    Score_All_At(40);
+    EXPECT_TRUE(Lines_Of(Build(), Note).isEmpty());
+    scores.Tolvens_Terminated = true;
+    EXPECT_TRUE(Lines_Of(Build({.Profile = false}), Note).isEmpty());
+    const auto& note = Only_Line(Build(), Note);
+    EXPECT_EQ(QPoint(note.x, note.y), QPoint(500, 4160));
+    EXPECT_EQ(note.colour, QColor(0, 0, 255));
+    scores.Tolvens_Terminated = false;
+    state.Chart_Mode = u"Z"_s;
+    EXPECT_EQ(Lines_Of(Build(), Note).size(), 1);
+    EXPECT_TRUE(Lines_Of(Build({.Profile = false}), Note).isEmpty());
+    report.Report_Setup();
+    EXPECT_TRUE(Lines_Of(Build(), Note).isEmpty());
+}
+
+TEST_F(Individual_Report_Sheet, ADescriptionFollowsItsTestsName) {
+    const preview::Drawing& page = Build({.Summary = false, .Profile = false});
+    const auto& name = Lines_Of(page, u"Yoon"_s).first();
+    const auto& description = Only_Line(page, u"measures phonological discrimination."_s);
+    EXPECT_EQ(name.x, 1640);
+    EXPECT_EQ(name.y, 9680 + 7 * 161); // lines of the 7 point font
+    EXPECT_TRUE(name.style.bold);
+    EXPECT_FALSE(description.style.bold);
+    EXPECT_EQ(description.y, name.y);
+    EXPECT_NEAR(description.x - Ink_Of(name).right(), 39, 2); // one blank
+    EXPECT_LT(Ink_Of(Only_Line(page, u"Pindo"_s)).bottom(), 11192);
+}
+
+TEST_F(Individual_Report_Sheet, WithoutACommentTheHeadingStandsAlone) {
+    state.comment.Pupil_Comment.clear();
+    const preview::Drawing& page = Build({.Legend = false});
+    EXPECT_EQ(Lines_Of(page, u"Assessor's comments"_s).size(), 1);
+    for (const preview::Operation& operation : page.operations)
+        if (const auto* line = std::get_if<preview::Text_Operation>(&operation)) {
+            EXPECT_FALSE(line->y > 11264 && line->y < 14800) << line->text.toStdString();
+        }
+}
+
+TEST_F(Individual_Report_Sheet, ALongCommentIsWholeAndTheFootGivesWay) {
+    const QStringList words = Words(400);
+    state.comment.Pupil_Comment = words.join(u' ');
+    const preview::Drawing& page = Build();
+    EXPECT_EQ(sheet.PageCount(), 1);
+    QStringList printed;
+    double last = 0;
+    for (const preview::Operation& operation : page.operations)
+        if (const auto* line = std::get_if<preview::Text_Operation>(&operation))
+            if (line->text.startsWith(u"word"_s)) {
+                printed += line->text.split(u' ');
+                last = std::max(last, Ink_Of(*line).bottom());
+                EXPECT_LE(Ink_Of(*line).right(), 144 + 10080);
+            }
+    EXPECT_EQ(printed, words);
+    ASSERT_GT(last, 14810); // or this comment is too short for the case
+    EXPECT_LT(last, 16838);
+    const auto covers = Rectangles_Filled(page, Qt::white);
+    ASSERT_FALSE(covers.isEmpty());
+    const auto& cover = covers.last();
+    const QRectF foot = Ink_Of(Lines_Of(page, u"Hillside Primary School"_s).first());
+    EXPECT_TRUE(QRectF(cover.x, cover.y, cover.width, cover.height).contains(foot));
+    EXPECT_LT(cover.y, 14800);
+
+    state.comment.Pupil_Comment = Words(200).join(u' ');
+    EXPECT_NE(Rectangles_Filled(Build(), Qt::white).last().width, 11906);
+}
+
+TEST_F(Individual_Report_Sheet, NothingOverlapsInAnyState) {
+    const QString names[] = {u"Smith Oliver"_s, u"Featherstonehaugh-Öztürk Ángeles-Élodie B"_s,
+                             u"Wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww"_s};
+    state.comment.Pupil_Comment = Words(150).join(u' ');
+    for (const QString& name : names) {
+        state.Pupil_Name = name;
+        for (int terminated = 0; terminated < 4; ++terminated)
+            for (const qint16 centile : {2, 60}) {
+                SCOPED_TRACE(name.toStdString() + std::to_string(terminated));
+                scores.Tolvens_Terminated = terminated & 1;
+                scores.Friends_Terminated = terminated & 2;
+                state.Show_Time_Bars = terminated == 0;
+                Score_All_At(centile);
+                EXPECT_EQ(Overlaps(Build()), QStringList());
+            }
+    }
+}
+
+TEST_F(Individual_Report_Sheet, WhatDividesCellsIsNoTroubleInAName) {
+    installation.Institution = u"St Mary's; Leeds | North"_s;
+    state.Pupil_DOB = u"09|02;2020"_s;
+    const preview::Drawing& page = Build(Nothing);
+    EXPECT_EQ(Lines_Of(page, u"St Mary's\u037E Leeds \u00A6 North"_s).size(), 2);
+    EXPECT_EQ(Only_Line(page, u"Date printed: 15/06/2026"_s).x, 913 + 6500 + 90);
+}

@@ -1,0 +1,384 @@
+#include "printing/paper_charts.h"
+
+#include "printing/recorded_page.h"
+#include "support/printing.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace printing;
+using namespace test_support;
+
+namespace {
+
+const QColor Black(0, 0, 0);
+const QColor White(255, 255, 255);
+const QColor Red(255, 0, 0);
+const QColor Blue(0, 0, 255);
+
+QColor Grey(int lightness) {
+    return QColor(lightness, lightness, lightness);
+}
+
+QRect Place_Of(const preview::Rectangle_Operation& rectangle) {
+    return {rectangle.x, rectangle.y, rectangle.width, rectangle.height};
+}
+
+class Charts_On_Paper : public testing::Test {
+protected:
+    Charts_On_Paper() { sheet.BeginOutput(); }
+    ~Charts_On_Paper() override { boxes.Expect_All_Asked(); }
+
+    void Bar(int x, int y, int width, int height, Bar_Colour colour = Bar_Colour::Red,
+             const QString& label = {}) {
+        DrawBar(sheet, x, y, width, height, colour, label, boxes);
+    }
+    const preview::Drawing& Page() { return sheet.Page(1); }
+    QList<QRect> Outlines() {
+        QList<QRect> found;
+        for (const preview::Operation& operation : Page().operations)
+            if (const auto* one = std::get_if<preview::Rectangle_Operation>(&operation))
+                if (one->outline && one->outline->colour == Black) found.append(Place_Of(*one));
+        return found;
+    }
+    QList<QRect> Fills(const QColor& colour) {
+        QList<QRect> found;
+        for (const auto& rectangle : Rectangles_Filled(Page(), colour))
+            found.append(Place_Of(rectangle));
+        return found;
+    }
+    void Begin_Anew() {
+        sheet.EndOutput();
+        sheet.BeginOutput();
+    }
+
+    Scripted_Boxes boxes;
+    preview::ViewPro sheet;
+    Paper_Charts charts{sheet, boxes};
+};
+
+// All eight tests at one centile.
+Profile Level_Profile(int centile, double z = 0) {
+    Profile profile;
+    profile.raw_centile.fill(centile);
+    profile.raw_zscore.fill(z);
+    return profile;
+}
+
+} // namespace
+
+TEST_F(Charts_On_Paper, ABarIsItsColourInABlackFrame) {
+    Bar(100, 200, 720, 500);
+    Bar(1000, 1000, 360, -300, Bar_Colour::Blue); // stands on y
+    EXPECT_EQ(Outlines(), (QList<QRect>{{100, 200, 720, 500}, {1000, 700, 360, 300}}));
+    EXPECT_EQ(Fills(Red), (QList<QRect>{{120, 220, 680, 460}}));
+    EXPECT_EQ(Fills(Blue), (QList<QRect>{{1020, 720, 320, 260}}));
+}
+
+TEST_F(Charts_On_Paper, TheLowestBarsKeepTheirFrame) {
+    Bar(0, 0, 720, 0);
+    EXPECT_TRUE(Outlines().isEmpty());
+    Bar(0, 1000, 720, 50);
+    Bar(0, 2000, 360, 25); // the inside is less than nothing, and lies upside down
+    EXPECT_EQ(Outlines(), (QList<QRect>{{0, 1000, 720, 50}, {0, 2000, 360, 25}}));
+    EXPECT_EQ(Fills(Red), (QList<QRect>{{20, 1020, 680, 10}, {20, 2005, 320, 15}}));
+}
+
+TEST_F(Charts_On_Paper, ABarLeavesTheSettingsAndWritesItsLabel) {
+    sheet.ForeColor = sheet.ObjectBKColor = Qt::green;
+    sheet.FillStyle = 1;
+    sheet.ObjectAlign = 1;
+    Bar(100, 200, 720, 500, Bar_Colour::Red, u"label"_s);
+    EXPECT_EQ(sheet.ForeColor, QColor(Qt::green));
+    EXPECT_EQ(sheet.ObjectBKColor, QColor(Qt::green));
+    EXPECT_EQ(sheet.FillStyle, 1);
+    EXPECT_EQ(sheet.ObjectAlign, 1);
+    const auto& label = Only_Line(Page(), u"label"_s);
+    EXPECT_EQ(QPoint(label.x, label.y), QPoint(100 + 720 + 45, 200));
+    EXPECT_EQ(label.colour, Black);
+}
+
+TEST_F(Charts_On_Paper, AnErrorInABarIsToldAndEndsTheBarAlone) {
+    boxes.Will_Answer(desktop::Answer::Ok);
+    Bar(32700, 200, 40, 500, Bar_Colour::Red, u"beyond"_s); // its label would stand past all places
+    ASSERT_EQ(boxes.shown.size(), 1);
+    EXPECT_EQ(boxes.shown[0].style, desktop::Box_Style::Plain);
+    EXPECT_EQ(boxes.shown[0].title, desktop::Default_Box_Title());
+    EXPECT_EQ(boxes.shown[0].text, u"Error in DrawBar"_s);
+    Bar(100, 200, 720, 500);
+    EXPECT_EQ(Fills(Red).last(), QRect(120, 220, 680, 460));
+}
+
+TEST_F(Charts_On_Paper, BandsDarkenTowardsTheEndsOfTheScale) {
+    struct Band {
+        double height; // from the top
+        QColor centiles;
+        QColor zscores;
+    };
+    const Band bands[] = {
+        {0.02, Black, Black},         {0.06, Grey(128), Black},     {0.15, Grey(128), Grey(128)},
+        {0.28, Grey(192), Grey(128)}, {0.34, Grey(192), Grey(192)}, {0.36, White, Grey(192)},
+        {0.64, White, Grey(192)},     {0.66, Grey(192), Grey(192)}, {0.78, Grey(192), Grey(128)},
+        {0.88, Grey(128), Grey(128)}, {0.90, Grey(128), White}, // the lowest band of z-scores stays white
+        {0.98, Black, White},
+    };
+    const Chart_Place places[] = {Large_Chart(false).place, Small_Chart(500, 1000, false).place};
+    for (const Chart_Place& place : places) {
+        for (const QString& mode : {u"P"_s, u"Z"_s}) {
+            Begin_Anew();
+            charts.Draw_Grey_Bands(place, mode);
+            for (const Band& band : bands) {
+                SCOPED_TRACE(mode.toStdString() + " at " + std::to_string(band.height));
+                const int y = place.top + int(band.height * place.height);
+                const QColor expected = mode == u"P"_s ? band.centiles : band.zscores;
+                EXPECT_EQ(Colour_At(Page(), place.left + 10, y).rgb(), expected.rgb());
+                EXPECT_EQ(Colour_At(Page(), place.Right() - 10, y).rgb(), expected.rgb());
+                EXPECT_EQ(Colour_At(Page(), place.Right() + 10, y).rgb(), White.rgb());
+            }
+        }
+    }
+}
+
+TEST_F(Charts_On_Paper, HalvesOfATwipGoToTheEvenOne) {
+    charts.Draw_Grey_Bands({500, 1000, 4000, 2500}, u"Z"_s);
+    // 0.303, 0.697 and 0.197 of 2500 are 757.5, 1742.5 and 492.5
+    EXPECT_EQ(Fills(Grey(192)), (QList<QRect>{{500, 1758, 4000, 492}, {500, 2250, 4000, 492}}));
+    EXPECT_EQ(Fills(Grey(128)), (QList<QRect>{{500, 1265, 4000, 492}, {500, 2742, 4000, 492}}));
+}
+
+TEST_F(Charts_On_Paper, AWhiteChartHasARuleAtEachEdgeAndInTheMiddle) {
+    const std::pair<QString, QList<int>> cases[] = {
+        {u"P"_s, {6820, 4570, 5320, 6070, 7570, 8320, 9070}},
+        {u"Z"_s, {6820, 4360, 4850, 5835, 7805, 8790, 9280}},
+    };
+    for (const auto& [mode, heights] : cases) {
+        Begin_Anew();
+        charts.Draw_White_Lines(Large_Chart(false).place, mode);
+        QList<int> drawn;
+        for (const auto& line : Lines_Drawn(Page(), Grey(192))) {
+            EXPECT_EQ(line.y1, line.y2);
+            EXPECT_EQ(line.x1, 1200);
+            EXPECT_EQ(line.x2, 9200);
+            drawn.append(line.y1);
+        }
+        EXPECT_EQ(drawn, heights) << mode.toStdString();
+        EXPECT_TRUE(Fills(Grey(192)).isEmpty());
+    }
+}
+
+TEST_F(Charts_On_Paper, TheScaleStandsBesideTheChart) {
+    struct Figure {
+        Chart_Layout layout;
+        QString text;
+        QPoint text_place;
+        int tick;
+        int size;
+    };
+    // The line of the 10 point font, 230 twips, sets all of them.
+    const Figure figures[] = {
+        {Large_Chart(false), u"5"_s, {855, 8955}, 9070, 8},
+        {Large_Chart(false), u"95"_s, {855, 4455}, 4570, 8},
+        {Small_Chart(500, 1000, false), u"5"_s, {155, 3260}, 3375, 6},
+        {Small_Chart(5900, 10600, false), u"95"_s, {5555, 10610}, 10725, 6},
+    };
+    for (const Figure& figure : figures) {
+        Begin_Anew();
+        charts.DrawCentileChart(figure.layout, Profile(), false);
+        const auto& text = Only_Line(Page(), figure.text);
+        EXPECT_EQ(QPoint(text.x, text.y), figure.text_place) << figure.text.toStdString();
+        EXPECT_EQ(text.style.font_size, figure.size);
+        const auto ticks = Lines_Drawn(Page(), Black);
+        const bool found = std::any_of(ticks.begin(), ticks.end(), [&](const preview::Line_Operation& line) {
+            return line.y1 == figure.tick && line.y2 == figure.tick &&
+                   line.x1 == figure.layout.place.left - 90 && line.x2 == figure.layout.place.left;
+        });
+        EXPECT_TRUE(found) << "no tick at " << figure.tick;
+        EXPECT_EQ(ticks.size(), 7);
+    }
+}
+
+TEST_F(Charts_On_Paper, ZScoreFiguresHaveNoTicks) {
+    charts.DrawZScoreChart(Small_Chart(500, 1000, false), Profile(), false);
+    EXPECT_EQ(Texts_On(Page()),
+              (QStringList{u"2.5"_s, u"2.0"_s, u"1.0"_s, u"0"_s, u"-1.0"_s, u"-2.0"_s, u"-2.5"_s}));
+    EXPECT_EQ(Only_Line(Page(), u"0"_s).y, 1000 + 1250 - 115);
+    EXPECT_EQ(Only_Line(Page(), u"1.0"_s).y, 1642); // 1642.5
+    EXPECT_TRUE(Lines_Drawn(Page(), Black).isEmpty());
+}
+
+TEST_F(Charts_On_Paper, TitlesStandOnTheLargeChartOnly) {
+    charts.DrawCentileChart(Large_Chart(false), Profile(), false);
+    const auto& title = Only_Line(Page(), u"Centiles"_s);
+    EXPECT_EQ(title.x, 1200 - 805);
+    EXPECT_EQ(title.angle, 900);
+    EXPECT_NEAR(Ink_Of(title).center().y(), 4320 + 2160, 1);
+    const auto& average = Only_Line(Page(), u"Average"_s);
+    EXPECT_EQ(QPoint(average.x, average.y), QPoint(9290, 6820 - 115));
+    EXPECT_EQ(average.angle, 0);
+    EXPECT_EQ(Only_Line(Page(), u"Risk"_s).y, 4320 + 4875 - 115);
+    Begin_Anew();
+    charts.DrawZScoreChart(Large_Chart(false), Profile(), false);
+    EXPECT_NEAR(Ink_Of(Only_Line(Page(), u"Standard Deviation Units (Z Scores)"_s)).center().y(), 6480, 1);
+    EXPECT_FALSE(Texts_On(Page()).contains(u"Average"_s));
+    Begin_Anew();
+    charts.DrawCentileChart(Small_Chart(500, 1000, false), Profile(), false);
+    EXPECT_EQ(Texts_On(Page()), (QStringList{u"5"_s, u"20"_s, u"35"_s, u"50"_s, u"65"_s, u"80"_s, u"95"_s}));
+}
+
+TEST_F(Charts_On_Paper, BarsStandInTheirColumns) {
+    struct Case {
+        Chart_Layout layout;
+        QString mode;
+        QRect first;
+        int step;
+    };
+    const Case cases[] = {
+        {Large_Chart(false), u"P"_s, {1680, 6820, 720, 2500}, 900},
+        {Large_Chart(true), u"P"_s, {1680, 6820, 360, 2500}, 900},
+        {Large_Chart(false), u"Z"_s, {1680, 5836, 720, 984}, 900},
+        {Small_Chart(500, 1000, false), u"P"_s, {745, 2250, 360, 1250}, 450},
+        {Small_Chart(500, 1000, true), u"P"_s, {745, 2250, 180, 1250}, 450},
+        // With the time bars off these stand 135 twips left of the centiles' bars.
+        {Small_Chart(500, 1000, false), u"Z"_s, {565, 1710, 360, 540}, 450},
+        {Small_Chart(500, 1000, true), u"Z"_s, {745, 1710, 180, 540}, 450},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.mode.toStdString() + " " + std::to_string(one.first.x()));
+        Begin_Anew();
+        if (one.mode == u"P"_s)
+            charts.DrawCentileChart(one.layout, Level_Profile(50), false);
+        else
+            charts.DrawZScoreChart(one.layout, Level_Profile(84, 1), false);
+        const QList<QRect> bars = Outlines();
+        ASSERT_EQ(bars.size(), 8);
+        EXPECT_EQ(bars.first(), one.first);
+        EXPECT_EQ(bars.last(), one.first.translated(7 * one.step, 0));
+    }
+}
+
+TEST_F(Charts_On_Paper, TimeBarsStandBesideTheirBars) {
+    Profile profile = Level_Profile(50, 1);
+    profile.time_centile.fill(20);
+    profile.time_zscore.fill(-0.5);
+    charts.DrawCentileChart(Large_Chart(true), profile, true);
+    EXPECT_EQ(Outlines().mid(0, 2), (QList<QRect>{{1680, 6820, 360, 2500}, {2080, 8320, 360, 1000}}));
+    Begin_Anew();
+    charts.DrawZScoreChart(Large_Chart(true), profile, true);
+    EXPECT_EQ(Outlines().mid(0, 2), (QList<QRect>{{1680, 5836, 360, 984}, {2080, 6820, 360, 492}}));
+    Begin_Anew();
+    charts.DrawCentileChart(Small_Chart(500, 1000, true), profile, true);
+    EXPECT_EQ(Outlines().mid(0, 2), (QList<QRect>{{745, 2250, 180, 1250}, {925, 3000, 180, 500}}));
+    Begin_Anew();
+    charts.DrawCentileChart(Large_Chart(false), profile, false);
+    EXPECT_TRUE(Fills(Blue).isEmpty());
+}
+
+TEST_F(Charts_On_Paper, ATestWithoutAScoreHasNoBar) {
+    scoring::Score_Store scores;
+    for (int t = 1; t <= 8; ++t) {
+        scores.Raw_ZScore[t] = 1.5; // an earlier pupil's
+        scores.Time_ZScore[t] = -1.5;
+    }
+    scores.Raw_Centile[2] = 50; // a score whose z is 0
+    scores.Raw_ZScore[2] = 0.0;
+    scores.Raw_Centile[3] = 84;
+    scores.Raw_ZScore[3] = 0.995;
+    charts.DrawZScoreChart(Large_Chart(true), Profile_Of(scores), true);
+    EXPECT_EQ(Outlines(), (QList<QRect>{{1680 + 2 * 900, 6820 - 979, 360, 979}}));
+}
+
+TEST_F(Charts_On_Paper, ZScoreHeightsAreRoundedAsTheirTexts) {
+    const std::pair<float, int> cases[] = {
+        {0.025F, 14}, // 13.5 goes up to the even one
+        {0.075F, 40}, // 40.5 goes down, although the stored number lies a little above
+        {2.324F, 1255},
+        {-0.025F, 14},
+    };
+    for (const auto& [z, height] : cases) {
+        Begin_Anew();
+        charts.DrawZScoreChart(Small_Chart(500, 1000, false), Level_Profile(50, double(z)), false);
+        EXPECT_EQ(Outlines().first().height(), height) << z;
+        EXPECT_EQ(Outlines().first().top(), z < 0 ? 2250 : 2250 - height) << z;
+    }
+}
+
+TEST_F(Charts_On_Paper, TerminatedTestsAreMarkedAboveTheirBars) {
+    struct Case {
+        Chart_Layout layout;
+        int centile;
+        int y;
+    };
+    const Chart_Layout small = Small_Chart(500, 1000, false);
+    const Case cases[] = {
+        {Large_Chart(false), 50, 9320 - 2500 - 144},
+        {Large_Chart(false), 5, 9320 - 250 - 144},
+        {Large_Chart(false), 4, 9320 - 200 - 208},
+        {Large_Chart(false), 3, 9320 - 150 - 208},
+        {small, 3, 3500 - 75 - 144},
+        {small, 2, 3500 - 50 - 208},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.y);
+        Begin_Anew();
+        Profile profile = Level_Profile(one.centile);
+        profile.tolvens_terminated = profile.friends_terminated = true;
+        charts.Has_Terminated_Mark = false;
+        charts.DrawCentileChart(one.layout, profile, false);
+        const auto marks = Lines_Of(Page(), u"Trm"_s);
+        ASSERT_EQ(marks.size(), 2);
+        EXPECT_EQ(marks[0].y, one.y);
+        EXPECT_EQ(marks[1].y, one.y);
+        EXPECT_EQ(marks[0].x, one.layout.first_centile_bar);
+        EXPECT_EQ(marks[1].x, one.layout.first_centile_bar + one.layout.bar_step);
+        EXPECT_EQ(marks[0].style.font_size, one.layout.place.height == 5000 ? 8 : 5);
+        EXPECT_TRUE(charts.Has_Terminated_Mark);
+    }
+}
+
+TEST_F(Charts_On_Paper, AMarkNeedsItsFlagAndAScoreOnTheCentileScale) {
+    for (int state = 0; state < 8; ++state) {
+        SCOPED_TRACE(state);
+        Profile profile = Level_Profile(state & 4 ? 40 : 0, 1);
+        profile.tolvens_terminated = state & 1;
+        profile.friends_terminated = state & 2;
+        const int marks = state & 4 ? int(profile.tolvens_terminated) + int(profile.friends_terminated) : 0;
+        Begin_Anew();
+        charts.Has_Terminated_Mark = false;
+        charts.DrawZScoreChart(Large_Chart(false), profile, false);
+        EXPECT_EQ(Lines_Of(Page(), u"Trm"_s).size(), 0);
+        EXPECT_FALSE(charts.Has_Terminated_Mark);
+        charts.DrawCentileChart(Large_Chart(false), profile, false);
+        EXPECT_EQ(Lines_Of(Page(), u"Trm"_s).size(), marks);
+        EXPECT_EQ(charts.Has_Terminated_Mark, marks > 0);
+    }
+}
+
+TEST_F(Charts_On_Paper, ColumnsAreNamedUnderTheirBars) {
+    for (const Chart_Layout& layout : {Large_Chart(false), Small_Chart(5900, 4200, false)}) {
+        Begin_Anew();
+        sheet.RowPadding = 30;
+        charts.Set_Up(layout.place);
+        charts.Draw_Column_Labels(layout);
+        const QRectF last = Ink_Of(Only_Line(Page(), u"Yoon"_s));
+        const double bar_middle =
+            layout.first_centile_bar + 7 * layout.bar_step + (layout.has_titles ? 360 : 180);
+        EXPECT_NEAR(last.center().x(), bar_middle, layout.has_titles ? 10 : 2);
+        EXPECT_GT(last.top(), layout.place.Bottom());
+        EXPECT_EQ(Colour_At(Page(), int(last.x()), int(last.y())).rgb(), QColor(148, 240, 240).rgb());
+    }
+}
+
+TEST_F(Charts_On_Paper, TheLegendNamesTheTimeBarsWhileTheyShow) {
+    charts.Draw_Extra_Legend(120, 9560, false);
+    EXPECT_EQ(Fills(Red), (QList<QRect>{{120, 9560, 240, 240}}));
+    EXPECT_FALSE(Texts_On(Page()).contains(u"Time"_s));
+    const auto& advice =
+        Only_Line(Page(), u"Profiles should be interpreted in accordance with the manual."_s);
+    EXPECT_EQ(QPoint(advice.x, advice.y), QPoint(3000, 9560));
+    EXPECT_EQ(advice.colour, Red);
+    EXPECT_EQ(sheet.ForeColor, Black);
+    charts.Draw_Extra_Legend(120, 9560, true);
+    EXPECT_EQ(Fills(Blue), (QList<QRect>{{120, 10040, 240, 240}}));
+    EXPECT_EQ(Only_Line(Page(), u"Time"_s).x, 440);
+}

@@ -1,0 +1,94 @@
+#include "printing/recorded_page.h"
+
+#include "platform/preview/text_metrics.h"
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace test_support {
+
+using preview::Drawing;
+using preview::Line_Operation;
+using preview::Rectangle_Operation;
+using preview::Text_Operation;
+
+template<class Kind>
+static QList<Kind> All_Of(const Drawing& page) {
+    QList<Kind> found;
+    for (const preview::Operation& operation : page.operations)
+        if (const auto* one = std::get_if<Kind>(&operation)) found.append(*one);
+    return found;
+}
+
+QStringList Texts_On(const Drawing& page) {
+    QStringList texts;
+    for (const Text_Operation& line : All_Of<Text_Operation>(page))
+        texts.append(line.text);
+    return texts;
+}
+
+QList<Text_Operation> Lines_Of(const Drawing& page, const QString& text) {
+    QList<Text_Operation> lines;
+    for (const Text_Operation& line : All_Of<Text_Operation>(page))
+        if (line.text == text) lines.append(line);
+    return lines;
+}
+
+const Text_Operation& Only_Line(const Drawing& page, const QString& text) {
+    const Text_Operation* found = nullptr;
+    for (const preview::Operation& operation : page.operations) {
+        const auto* line = std::get_if<Text_Operation>(&operation);
+        if (!line || line->text != text) continue;
+        if (found) throw std::runtime_error("more than one '" + text.toStdString() + "'");
+        found = line;
+    }
+    if (!found)
+        throw std::runtime_error("no '" + text.toStdString() + "' among " +
+                                 Texts_On(page).join(u" | "_s).toStdString());
+    return *found;
+}
+
+QList<Rectangle_Operation> Rectangles_Filled(const Drawing& page, const QColor& colour) {
+    QList<Rectangle_Operation> found;
+    for (const Rectangle_Operation& rectangle : All_Of<Rectangle_Operation>(page))
+        if (!rectangle.outline && rectangle.fill == colour) found.append(rectangle);
+    return found;
+}
+
+QList<Line_Operation> Lines_Drawn(const Drawing& page, const QColor& colour) {
+    QList<Line_Operation> found;
+    for (const Line_Operation& line : All_Of<Line_Operation>(page))
+        if (line.pen.colour == colour) found.append(line);
+    return found;
+}
+
+QColor Colour_At(const Drawing& page, int x, int y) {
+    QColor colour = Qt::white;
+    for (const Rectangle_Operation& rectangle : All_Of<Rectangle_Operation>(page))
+        if (rectangle.fill && x >= rectangle.x && x < rectangle.x + rectangle.width && y >= rectangle.y &&
+            y < rectangle.y + rectangle.height)
+            colour = *rectangle.fill;
+    return colour;
+}
+
+QRectF Ink_Of(const Text_Operation& line) {
+    const double width = preview::Text_Width(line.style, line.text) * line.squeeze;
+    const double baseline = preview::Ascent(line.style);
+    const double top = baseline - preview::Cap_Height(line.style);
+    const double height = baseline + preview::Descent(line.style) - top;
+    if (line.angle == 0) return {double(line.x), line.y + top, width, height};
+    return {line.x + top, line.y - width, height, width};
+}
+
+QStringList Overlaps(const Drawing& page) {
+    const QList<Text_Operation> lines = All_Of<Text_Operation>(page);
+    QStringList met;
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        for (qsizetype j = i + 1; j < lines.size(); ++j)
+            if (Ink_Of(lines[i]).intersects(Ink_Of(lines[j])))
+                met.append(lines[i].text + u" / "_s + lines[j].text);
+    return met;
+}
+
+} // namespace test_support

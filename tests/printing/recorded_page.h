@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/preview/drawing.h"
+
+#include <QList>
+#include <QRectF>
+#include <QString>
+#include <QStringList>
+
+namespace test_support {
+
+// Questions to a recorded page. A text that isn't there fails with a list of those that are.
+
+QStringList Texts_On(const preview::Drawing& page);
+QList<preview::Text_Operation> Lines_Of(const preview::Drawing& page, const QString& text);
+const preview::Text_Operation& Only_Line(const preview::Drawing& page, const QString& text);
+
+QList<preview::Rectangle_Operation> Rectangles_Filled(const preview::Drawing& page, const QColor& colour);
+QList<preview::Line_Operation> Lines_Drawn(const preview::Drawing& page, const QColor& colour);
+
+// The fill that was painted last at that place; white where nothing was.
+QColor Colour_At(const preview::Drawing& page, int x, int y);
+
+// What a reader sees of a line: from the top of its capitals down to the foot of a "g".
+QRectF Ink_Of(const preview::Text_Operation& line);
+
+// Pairs of texts whose ink meets: "one / other".
+QStringList Overlaps(const preview::Drawing& page);
+
+} // namespace test_support
