@@ -1,8 +1,16 @@
 #include "app/program.h"
 
+#include "printing/batch_report.h"
+#include "printing/individual_report.h"
+#include "pupils/delete_page.h"
+#include "pupils/fine_tuning_page.h"
+#include "pupils/import_page.h"
+#include "pupils/register_page.h"
+#include "pupils/security_page.h"
 #include "reports/reports_page.h"
 #include "shell/conventions/later_page.h"
 #include "shell/main_menu.h"
+#include "shell/testing_progress.h"
 
 #include <QTimer>
 
@@ -34,54 +42,39 @@ void Program::Start(const QString& program_folder) {
     });
 }
 
-static QString Title_Of(Page_Id page) {
-    switch (page) {
-    case Page_Id::Individual_Report:
-        return u"Individual report"_s;
-    case Page_Id::Batch_Report:
-        return u"Batch reports"_s;
-    case Page_Id::Register:
-        return u"Register individuals"_s;
-    case Page_Id::Fine_Tuning:
-        return u"Fine tuning"_s;
-    case Page_Id::Security:
-        return u"Security"_s;
-    case Page_Id::Delete:
-        return u"Delete individuals"_s;
-    case Page_Id::Import:
-        return u"Import from file"_s;
-    case Page_Id::Testing_Progress:
-        return u"Testing progress"_s;
-    case Page_Id::Settings:
-        return u"Settings"_s;
-    case Page_Id::Archiving:
-        return u"Archiving"_s;
-    case Page_Id::Main_Menu:
-    case Page_Id::Reports:
-        break;
-    }
-    return {};
-}
-
-static bool Stands_On_A_Page(Page_Id page) {
-    static const Page_Id on_top[] = {Page_Id::Individual_Report, Page_Id::Batch_Report,
-                                     Page_Id::Testing_Progress, Page_Id::Settings};
-    return std::find(std::begin(on_top), std::end(on_top), page) != std::end(on_top);
-}
-
 std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& navigator) {
+    const pupils::Record_Data records{installation, scores.pupils, pupil_records};
     switch (page) {
     case Page_Id::Main_Menu:
         return std::make_unique<shell::Form77>(platform, navigator, installation, counts);
     case Page_Id::Reports:
         return std::make_unique<reports::Form30>(
             platform, navigator, reports::Report_Data{installation, scores, scoring, report_state});
-    default: {
-        const auto way_back = Stands_On_A_Page(page) ? Later_Page::Way_Back::To_The_Page_Beneath
-                                                     : Later_Page::Way_Back::To_The_Menu;
-        return std::make_unique<Later_Page>(platform, navigator, Title_Of(page), way_back);
+    case Page_Id::Individual_Report:
+        return std::make_unique<printing::Form94>(
+            platform, navigator, printing::Individual_Sources{installation, report_state, scores.scores});
+    case Page_Id::Batch_Report:
+        return std::make_unique<printing::Form92>(platform, navigator, installation, report_state, scoring);
+    case Page_Id::Register:
+        return std::make_unique<pupils::Form10>(platform, navigator, installation, counts);
+    case Page_Id::Fine_Tuning:
+        return std::make_unique<pupils::Form15>(platform, navigator, records);
+    case Page_Id::Security:
+        return std::make_unique<pupils::Form2>(platform, navigator, records);
+    case Page_Id::Delete:
+        return std::make_unique<pupils::Form9>(platform, navigator, records, counts);
+    case Page_Id::Import:
+        return std::make_unique<pupils::Form42>(platform, navigator, installation);
+    case Page_Id::Testing_Progress:
+        return std::make_unique<shell::Form14>(platform, navigator, installation);
+    case Page_Id::Settings:
+        return std::make_unique<Later_Page>(platform, navigator, u"Settings"_s,
+                                            Later_Page::Way_Back::To_The_Page_Beneath);
+    case Page_Id::Archiving:
+        return std::make_unique<Later_Page>(platform, navigator, u"Archiving"_s,
+                                            Later_Page::Way_Back::To_The_Menu);
     }
-    }
+    return nullptr;
 }
 
 } // namespace app

@@ -4,6 +4,7 @@
 #include "foundation/installation.h"
 #include "foundation/start_up.h"
 #include "platform/desktop/ports.h"
+#include "pupils/pupil_records.h"
 #include "reports/state/report_state.h"
 #include "scoring/scoring.h"
 #include "shell/conventions/menu_counts.h"
@@ -35,6 +36,7 @@ private:
     foundation::Access_Holder scoring_holder;
     scoring::Scoring scoring;
     reports::Report_State report_state;
+    pupils::Pupil_Records pupil_records;
     foundation::Form8 form8;
     shell::Page_Host host;
 };

@@ -19,6 +19,15 @@ namespace {
 
 constexpr QSize Common_Screen{1366, 768};
 
+// The entry that leads to a page, and the page's name. Each page's HotLabel1 leads back.
+using Way = std::pair<QString, QString>;
+const Way Previews[] = {{u"HotLabel4"_s, u"Form94"_s}, {u"HotLabel6"_s, u"Form92"_s}};
+const Way Pages_From_The_Menu[] = {{u"HotLabel7"_s, u"Form14"_s},
+                                   {u"HotLabel4"_s, u"Form10"_s},
+                                   {u"HotLabel2"_s, u"Form42"_s},
+                                   {u"HotLabel5"_s, u"Form15"_s},
+                                   {u"HotLabel14"_s, u"Form2"_s}};
+
 // A walk has nobody to answer a question.
 class Refusing_Boxes final : public desktop::Message_Boxes {
 public:
@@ -90,11 +99,22 @@ public:
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);
         Click(u"HotLabel3"_s);
+        for (const auto& [entry, form] : Previews) {
+            Click(entry);
+            Wait_For(form);
+            pictures.Take(window, form);
+            Click(u"HotLabel1"_s);
+            Wait_For(u"Form30"_s);
+        }
         Click(u"HotLabel1"_s);
         Wait_For(u"Form77"_s);
-        Click(u"HotLabel8"_s);
-        Require([this] { return window.Current()->objectName().isEmpty(); }, u"the page didn't follow"_s);
-        pictures.Take(window, u"later_page"_s);
+        for (const auto& [entry, form] : Pages_From_The_Menu) {
+            Click(entry);
+            Wait_For(form);
+            pictures.Take(window, form);
+            Click(u"HotLabel1"_s);
+            Wait_For(u"Form77"_s);
+        }
     }
 
 private:
