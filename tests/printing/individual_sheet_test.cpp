@@ -160,7 +160,7 @@ TEST_F(Individual_Report_Sheet, TheScoresStandInTheirColumns) {
     const QRectF score = Ink_Of(Only_Line(page, u"16"_s));
     EXPECT_NEAR(score.center().x(), 792 + 1440 + 360, 1);
     EXPECT_NEAR(Ink_Of(Only_Line(page, u"5 y  11 m"_s)).center().x(), 792 + 7860 + 510, 1);
-    const auto& name = Lines_Of(page, u"Tolvens"_s).first(); // the chart has it too
+    const auto name = Lines_Of(page, u"Tolvens"_s).first(); // the chart has it too
     EXPECT_NEAR(Ink_Of(name).center().y(), score.center().y(), 1);
 }
 
@@ -234,7 +234,7 @@ TEST_F(Individual_Report_Sheet, TheNoteReturnsUntilThePageIsOpenedAnew) {
 
 TEST_F(Individual_Report_Sheet, ADescriptionFollowsItsTestsName) {
     const preview::Drawing& page = Build({.Summary = false, .Profile = false});
-    const auto& name = Lines_Of(page, u"Yoon"_s).first();
+    const auto name = Lines_Of(page, u"Yoon"_s).first();
     const auto& description = Only_Line(page, u"measures phonological discrimination."_s);
     EXPECT_EQ(name.x, 1640);
     EXPECT_EQ(name.y, 9680 + 7 * 161); // lines of the 7 point font
