@@ -334,6 +334,7 @@ TEST(PreviewText, ParagraphFillsLinesOfAnyWidth) {
         ViewPro page = New_Page();
         page.TextWidth = width;
         page.Paragraph(comment);
+        ASSERT_EQ(Lines_On(page.Page(1)).join(u' '), comment.trimmed()) << "no word is broken";
         const auto lines = All<Text_Operation>(page.Page(1));
         for (size_t line = 0; line < lines.size(); ++line) {
             ASSERT_EQ(lines[line].squeeze, 1);

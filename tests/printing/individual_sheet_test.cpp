@@ -45,7 +45,7 @@ protected:
     QStringList Words(int count) {
         QStringList words;
         for (int i = 1; i <= count; ++i)
-            words.append(u"word%1"_s.arg(i));
+            words.append(u"word%1"_s.arg(i % 10));
         return words;
     }
 
@@ -153,6 +153,23 @@ TEST_F(Individual_Report_Sheet, EachSectionComesAndGoesAloneAndTheOthersStay) {
     }
 }
 
+TEST_F(Individual_Report_Sheet, TheHeadingOfTheScoresIsBoldOnGreyEachTime) {
+    Score_All_At(40);
+    state.comment.Pupil_Comment.clear(); // nothing sets the colours back behind the legend
+    for (int build = 1; build <= 2; ++build) {
+        SCOPED_TRACE(build);
+        const preview::Drawing& page = Build();
+        for (const QString& heading : {u"Module"_s, u"Score"_s, u"Test age"_s}) {
+            const auto& line = Only_Line(page, heading);
+            EXPECT_TRUE(line.style.bold);
+            EXPECT_EQ(Colour_At(page, line.x, line.y).rgb(), Grey.rgb());
+        }
+        const auto& name = Only_Line(page, u"Letter names"_s);
+        EXPECT_FALSE(name.style.bold);
+        EXPECT_EQ(Colour_At(page, name.x, name.y).rgb(), QColor(Qt::white).rgb());
+    }
+}
+
 TEST_F(Individual_Report_Sheet, TheScoresStandInTheirColumns) {
     state.summary(2, 2) = u"16"_s;
     state.summary(2, 10) = u" 5 y  11 m"_s;
@@ -253,6 +270,34 @@ TEST_F(Individual_Report_Sheet, WithoutACommentTheHeadingStandsAlone) {
         if (const auto* line = std::get_if<preview::Text_Operation>(&operation)) {
             EXPECT_FALSE(line->y > 11264 && line->y < 14800) << line->text.toStdString();
         }
+}
+
+TEST_F(Individual_Report_Sheet, ALongCommentIsWholeAndTheFootGivesWay) {
+    const QStringList words = Words(400);
+    state.comment.Pupil_Comment = words.join(u' ');
+    const preview::Drawing& page = Build();
+    EXPECT_EQ(sheet.PageCount(), 1);
+    QStringList printed;
+    double last = 0;
+    for (const preview::Operation& operation : page.operations)
+        if (const auto* line = std::get_if<preview::Text_Operation>(&operation))
+            if (line->text.startsWith(u"word"_s)) {
+                printed += line->text.split(u' ');
+                last = std::max(last, Ink_Of(*line).bottom());
+                EXPECT_LE(Ink_Of(*line).right(), 144 + 10080);
+            }
+    EXPECT_EQ(printed, words);
+    ASSERT_GT(last, 14810); // or this comment is too short for the case
+    EXPECT_LT(last, 16838);
+    const auto covers = Rectangles_Filled(page, Qt::white);
+    ASSERT_FALSE(covers.isEmpty());
+    const auto& cover = covers.last();
+    const QRectF foot = Ink_Of(Lines_Of(page, u"Hillside Primary School"_s).first());
+    EXPECT_TRUE(QRectF(cover.x, cover.y, cover.width, cover.height).contains(foot));
+    EXPECT_LT(cover.y, 14800);
+
+    state.comment.Pupil_Comment = Words(200).join(u' ');
+    EXPECT_NE(Rectangles_Filled(Build(), Qt::white).last().width, 11906);
 }
 
 TEST_F(Individual_Report_Sheet, NothingOverlapsInAnyState) {

@@ -83,11 +83,13 @@ QRectF Ink_Of(const Text_Operation& line) {
 
 QStringList Overlaps(const Drawing& page) {
     const QList<Text_Operation> lines = All_Of<Text_Operation>(page);
+    QList<QRectF> inks;
+    for (const Text_Operation& line : lines)
+        inks.append(Ink_Of(line));
     QStringList met;
     for (qsizetype i = 0; i < lines.size(); ++i)
         for (qsizetype j = i + 1; j < lines.size(); ++j)
-            if (Ink_Of(lines[i]).intersects(Ink_Of(lines[j])))
-                met.append(lines[i].text + u" / "_s + lines[j].text);
+            if (inks[i].intersects(inks[j])) met.append(lines[i].text + u" / "_s + lines[j].text);
     return met;
 }
 
