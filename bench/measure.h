@@ -1,0 +1,38 @@
+#pragma once
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <ctime>
+
+namespace bench {
+
+// Of the whole process, as the library's own column counts it.
+inline double Processor_Ms() {
+    return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+// Runs the work and its reference in turns, so that both meet the machine in the same state; only the work
+// is on the library's clock. Gives the work's mean.
+template<class Work, class Reference>
+double Measure_Beside(benchmark::State& state, const Work& work, const Reference& reference) {
+    double work_ms = 0;
+    double slowest_ms = 0;
+    double plain_ms = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const double start = Processor_Ms();
+        work();
+        const double worked = Processor_Ms();
+        state.PauseTiming();
+        reference();
+        plain_ms += Processor_Ms() - worked;
+        work_ms += worked - start;
+        slowest_ms = std::max(slowest_ms, worked - start);
+        state.ResumeTiming();
+    }
+    state.counters["slowest_ms"] = slowest_ms;
+    state.counters["plain_ms"] = benchmark::Counter(plain_ms, benchmark::Counter::kAvgIterations);
+    state.counters["ratio"] = work_ms / plain_ms;
+    return work_ms / static_cast<double>(state.iterations());
+}
+
+} // namespace bench
