@@ -1,0 +1,161 @@
+#include "platform/basics/run_time_error.h"
+#include "platform/desktop/qt_printers.h"
+#include "platform/preview/view_pro.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPrintDialog>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Program(const QString& name) {
+    return QStandardPaths::findExecutable(name, {u"/usr/sbin"_s, u"/usr/bin"_s, u"/sbin"_s, u"/bin"_s});
+}
+
+void Tell(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(Program(program), arguments);
+    ASSERT_TRUE(process.waitForFinished());
+    ASSERT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
+}
+
+// A print service of the tests' own. The library that asks for printers reads CUPS_SERVER once, at its first
+// use, so this comes before that and serves all tests.
+class Service {
+public:
+    Service() {
+        for (const QString& name : {u"root"_s, u"state"_s, u"cache"_s, u"spool"_s})
+            QDir(folder.path()).mkdir(name);
+        Write(u"cupsd.conf"_s,
+              u"Listen @/cups.sock\nDefaultAuthType None\nWebInterface No\nBrowsing No\n"
+              "PreserveJobFiles Yes\n<Location />\nOrder allow,deny\nAllow all\n</Location>\n"
+              "<Policy default>\n<Limit All>\nOrder deny,allow\n</Limit>\n</Policy>\n"_s);
+        Write(u"cups-files.conf"_s,
+              u"FileDevice Yes\nServerRoot @/root\nStateDir @/state\nCacheDir @/cache\nRequestRoot @/spool\n"
+              "TempDir @/spool\nAccessLog @/access\nErrorLog @/error\nPageLog @/page\n"_s);
+        qputenv("CUPS_SERVER", Place(u"cups.sock"_s).toLocal8Bit());
+        process.start(Program(u"cupsd"_s),
+                      {u"-f"_s, u"-c"_s, Place(u"cupsd.conf"_s), u"-s"_s, Place(u"cups-files.conf"_s)});
+    }
+    ~Service() {
+        process.terminate();
+        process.waitForFinished();
+    }
+
+    bool Answers() const {
+        return QTest::qWaitFor([this] { return QFile::exists(Place(u"cups.sock"_s)); }, 10000);
+    }
+    QString Place(const QString& name) const { return folder.filePath(name); }
+
+private:
+    void Write(const QString& name, QString text) {
+        QFile file(Place(name));
+        if (file.open(QIODevice::WriteOnly)) file.write(text.replace(u'@', folder.path()).toLocal8Bit());
+    }
+
+    QTemporaryDir folder;
+    QProcess process;
+};
+
+// One printer, "Office", whose jobs are kept as they arrived.
+class Print_Queue : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        if (!Program(u"cupsd"_s).isEmpty() && !Program(u"lpadmin"_s).isEmpty())
+            service = std::make_unique<Service>();
+    }
+    static void TearDownTestSuite() { service.reset(); }
+
+    void SetUp() override {
+        if (!service) GTEST_SKIP() << "no print service is installed";
+        ASSERT_TRUE(service->Answers());
+        Tell(u"lpadmin"_s, {u"-p"_s, u"Office"_s, u"-E"_s, u"-v"_s, u"file:/dev/null"_s});
+        earlier_jobs = Jobs().size();
+    }
+
+    static QString Place(const QString& name) { return service->Place(name); }
+    static QStringList Jobs() {
+        return QDir(Place(u"spool"_s)).entryList({u"d*"_s}, QDir::Files, QDir::Name);
+    }
+    bool One_Job_Arrives() const {
+        return QTest::qWaitFor([this] { return Jobs().size() == earlier_jobs + 1; }, 10000);
+    }
+
+    QString Print() { return printers->Print(Sheet(), Place(u"archives"_s)); }
+    int Error_Of_Printing() {
+        try {
+            Print();
+        } catch (const basics::Run_Time_Error& error) {
+            EXPECT_TRUE(error.Description.contains(u"'Office'"_s)) << error.what();
+            return error.Number;
+        }
+        return 0;
+    }
+
+    static desktop::Printed_Document Sheet() {
+        preview::ViewPro sheet;
+        sheet.PaperSize = preview::ViewPro::Paper_A4;
+        sheet.BeginOutput();
+        sheet.DrawText(1440, 2880, u"Queued"_s);
+        sheet.EndOutput();
+        return sheet.Document(u"Sheet"_s, 1, 1);
+    }
+
+    static inline std::unique_ptr<Service> service;
+    const std::unique_ptr<desktop::Printers> printers = desktop::Make_Qt_Printers();
+    qsizetype earlier_jobs = 0;
+};
+
+} // namespace
+
+TEST_F(Print_Queue, AJobArrivesOnA4WithItsTextInPlace) {
+    EXPECT_EQ(Print(), QString());
+    ASSERT_TRUE(One_Job_Arrives());
+    QProcess words;
+    words.start(u"pdftotext"_s, {u"-bbox"_s, Place(u"spool/"_s + Jobs().last()), u"-"_s});
+    ASSERT_TRUE(words.waitForFinished());
+    const QString found = QString::fromUtf8(words.readAll());
+    EXPECT_TRUE(found.contains(QRegularExpression(u"<page width=\"59[56][0-9.]*\" height=\"84[12]"_s)))
+        << found.toStdString();
+    const auto word =
+        QRegularExpression(u"xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>Queued<"_s).match(found);
+    ASSERT_TRUE(word.hasMatch()) << found.toStdString();
+    EXPECT_NEAR(word.captured(1).toDouble(), 72, 1.5); // points
+    EXPECT_NEAR(word.captured(2).toDouble(), 144, 1.5);
+}
+
+TEST_F(Print_Queue, AStoppedPrinterIsAnErrorUntilItRunsAgain) {
+    Tell(u"cupsdisable"_s, {u"Office"_s});
+    EXPECT_EQ(Error_Of_Printing(), 482);
+    EXPECT_EQ(Jobs().size(), earlier_jobs);
+    Tell(u"cupsenable"_s, {u"Office"_s});
+    EXPECT_EQ(Error_Of_Printing(), 0);
+    EXPECT_TRUE(One_Job_Arrives());
+}
+
+TEST_F(Print_Queue, AChosenPrinterThatIsGoneIsToldOnceAndAPdfStandsIn) {
+    QTimer::singleShot(0, [] {
+        ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 10000));
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->accept();
+    });
+    ASSERT_TRUE(printers->Choose());
+    Tell(u"lpadmin"_s, {u"-x"_s, u"Office"_s});
+    EXPECT_EQ(Error_Of_Printing(), 68);
+    const QString pdf = Print();
+    EXPECT_TRUE(pdf.startsWith(Place(u"archives"_s))) << pdf.toStdString();
+    EXPECT_TRUE(QFile::exists(pdf));
+}
