@@ -216,7 +216,7 @@ void Form30::Lay_Out_Tables() {
                       10 * 34 + 6, {104, 52, 58, 54, 62, 76, 90, 92, 86, 84});
     fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {104, 160, 170, 100, 100, 106});
     fpSpread2plus =
-        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {74, 130, 80, 102, 112, 104, 68, 64});
+        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {74, 140, 80, 100, 110, 102, 66, 62});
     for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
         shell::On(closing, &grid::fpSpread::Double_Click, this, platform, [this, closing] {
             closing->hide();

@@ -7,6 +7,7 @@
 #include "shell/conventions/theme.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 #include <QDir>
 #include <QMouseEvent>
@@ -52,8 +53,11 @@ public:
     explicit Pictures(QDir folder) : folder(std::move(folder)) {}
     void Take(QWidget& window, const QString& name) {
         QApplication::processEvents();
+        Keep(window.grab().toImage(), name);
+    }
+    void Keep(const QImage& picture, const QString& name) {
         const QString file = folder.filePath(name + u".png"_s);
-        if (window.grab().save(file))
+        if (picture.save(file))
             QTextStream(stdout) << file << Qt::endl;
         else
             throw std::runtime_error("can't write " + file.toStdString());
@@ -103,6 +107,8 @@ public:
             Click(entry);
             Wait_For(form);
             pictures.Take(window, form);
+            if (form == "Form92"_L1) Make_The_Batch();
+            Enlarge_And_Copy(form);
             Click(u"HotLabel1"_s);
             Wait_For(u"Form30"_s);
         }
@@ -130,6 +136,20 @@ private:
         pictures.Take(window, u"reports_centiles_white"_s);
         Click(u"ShowZScores"_s);
         pictures.Take(window, u"reports_zscores_white"_s);
+    }
+
+    void Make_The_Batch() {
+        Click(u"HotLabel7"_s);
+        Click(u"HotLabel9"_s);
+        pictures.Take(window, u"Form92_batch"_s);
+    }
+
+    // The sheet comes by way of the clipboard, as a word processor would get it.
+    void Enlarge_And_Copy(const QString& form) {
+        Click(u"HotLabel5"_s);
+        pictures.Take(window, form + u"_enlarged"_s);
+        Click(u"HotLabel3"_s);
+        pictures.Keep(QApplication::clipboard()->image(), form + u"_sheet"_s);
     }
 
     void Choose_A_Pupil_With_Marks() {
