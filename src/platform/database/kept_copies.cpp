@@ -1,6 +1,5 @@
 #include "platform/database/kept_copies.h"
 
-#include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
 
 #include <QDir>
@@ -40,7 +39,7 @@ Kept_Copy::Kept_Copy(const QStringList& folders, const QString& reason, const QD
                      const Write& write) {
     for (qsizetype i = 0; i < folders.size(); ++i) {
         try {
-            Write_In(basics::Native_Path(folders[i]), Name_Of(reason, when), write);
+            Write_In(folders[i], Name_Of(reason, when), write);
             return;
         } catch (const basics::Run_Time_Error&) {
             if (i + 1 == folders.size()) throw;

@@ -130,8 +130,9 @@ void Safe_Copies::Replace(const Replacement& order) {
     New_File copy(to);
     Write_Copy(from, copy, timeout_seconds);
     Require_Sound(copy.Path(), order.tables);
-    const Keep keep = [&order](const Kept_Copy::Write& write) {
-        return std::make_unique<Kept_Copy>(order.keep_in, order.reason, order.when, write);
+    const QStringList folders{Native_Path(order.keep_in), QFileInfo(to).absolutePath()};
+    const Keep keep = [&](const Kept_Copy::Write& write) {
+        return std::make_unique<Kept_Copy>(folders, order.reason, order.when, write);
     };
     Put_In_Place(copy, to, keep, timeout_seconds);
 }

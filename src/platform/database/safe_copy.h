@@ -10,10 +10,10 @@ namespace database {
 struct Replacement {
     QString source;
     QString target;
-    QStringList tables;  // that the new database must hold, without regard to case
-    QString reason;      // what replaces it, for the name under which the old database is kept: "load"
-    QDateTime when;      // and when
-    QStringList keep_in; // folders for the old database; the first that takes it serves
+    QStringList tables; // that the new database must hold, without regard to case
+    QString reason;     // what replaces it, for the name under which the old database is kept: "load"
+    QDateTime when;     // and when
+    QString keep_in;    // the folder for the old database; where it can't be there, its own folder serves
 };
 
 // Copies whole database files. What fails is a run-time error and leaves the target as it was:
