@@ -59,5 +59,6 @@ public:
 // Each adds its benchmarks. The schools live until all have run.
 void Register_Pages(Full_School& school);
 void Register_Paper(Full_School& school);
+void Register_Scores(Full_School& school);
 
 } // namespace bench

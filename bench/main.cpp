@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
         batch.data.pupils.Pupils_Listed = std::min<qint16>(batch.data.pupils.Pupils_Listed, Full_Batch);
         bench::Register_Pages(school);
         bench::Register_Paper(batch);
+        bench::Register_Scores(batch);
         benchmark::AddCustomContext("pupils on the list", std::to_string(school.data.pupils.Pupils_Listed));
         benchmark::AddCustomContext("pupils in the batch", std::to_string(batch.data.pupils.Pupils_Listed));
         benchmark::RunSpecifiedBenchmarks();

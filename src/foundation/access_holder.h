@@ -1,15 +1,14 @@
 #pragma once
 
+#include "platform/basics/run_time_error.h"
 #include "platform/basics/value.h"
 #include "platform/database/connection.h"
+#include "platform/database/kept_engine.h"
 #include "platform/database/recordset.h"
 #include "platform/desktop/ports.h"
 
 #include <QString>
-#include <functional>
-#include <initializer_list>
 #include <memory>
-#include <vector>
 
 namespace foundation {
 
@@ -36,41 +35,20 @@ public:
     // Closes and releases both; harmless when they are closed already.
     void ado_Close();
 
-    // While this connection is open, queries with the same connection string read through it instead of
-    // opening one each: for the length of one user action, by the page that opened it. Null ends it.
-    void Share(database::Connection* opened) { shared = opened; }
-
     // The open recordset. Error 91 if Ignore left none.
     database::Recordset& Rows();
     basics::Value Field(const QString& name) { return Rows().Fields(name).Value(); }
 
 protected:
+    // Runs one step; an error is put to the user with Abort, Retry and Ignore.
+    template<class Step_Of_Work>
+    void Step(const Step_Of_Work& step);
+    bool Ask_About(const basics::Run_Time_Error& error); // whether to try again
+
     desktop::Platform& platform;
-    void Step(const std::function<void()>& step); // with Abort, Retry and Ignore
-    database::Connection* Active() const { return in_use_shared ? shared : connection.get(); }
-    std::unique_ptr<database::Connection> connection; // the holder's own
-    database::Connection* shared = nullptr;
-    bool in_use_shared = false;
+    database::Kept_Engine kept; // for the next query of the same user action
+    std::unique_ptr<database::Connection> connection;
     std::unique_ptr<database::Recordset> recordset;
-};
-
-// Lets holders share one open connection until the end of a block.
-class Shared_Connection {
-public:
-    Shared_Connection(database::Connection& connection, std::initializer_list<Access_Holder*> holders)
-        : holders(holders) {
-        for (Access_Holder* holder : holders)
-            holder->Share(&connection);
-    }
-    ~Shared_Connection() {
-        for (Access_Holder* holder : holders)
-            holder->Share(nullptr);
-    }
-    Shared_Connection(const Shared_Connection&) = delete;
-    Shared_Connection& operator=(const Shared_Connection&) = delete;
-
-private:
-    std::vector<Access_Holder*> holders;
 };
 
 // The Main menu's holder has a count-only form beside the three.

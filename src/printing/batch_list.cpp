@@ -82,23 +82,11 @@ QString AgeFromMonths(int months) {
 
 // One connection for all queries: opening one for each costs more than the reading. Where it can't be opened
 // each query tries by itself, and tells the user what stands in the way.
-static void Open_If_Possible(database::Connection& connection, const QString& connection_string) {
-    try {
-        connection.ConnectionString = connection_string;
-        connection.Open();
-    } catch (const basics::Run_Time_Error&) {
-        connection.Close();
-    }
-}
-
 void Compute_All_Scores(const scoring::Progress_Label& show_progress, scoring::Cohort_Tables& cohort,
                         scoring::Scoring& scoring) {
     const int listed = scoring.pupils.Pupils_Listed;
     for (int n = 1; n <= listed; ++n)
         cohort.Cohort_Pupil[n] = static_cast<qint16>(n);
-    database::Connection connection;
-    Open_If_Possible(connection, scoring.installation.Connection_String);
-    const foundation::Shared_Connection sharing(connection, {&scoring.holder});
     scoring::Score_Cohort(listed, show_progress, cohort, scoring);
 }
 

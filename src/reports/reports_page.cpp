@@ -86,12 +86,6 @@ void Form30::This_Students_Age(int p) {
 
 // The order is required: each step relies on the one before.
 void Form30::Regen_Bars_For_Another_Child(int p) {
-    database::Connection connection;
-    connection.ConnectionString = installation.Connection_String;
-    connection.Open();
-    // All that is read for this choice goes through it: opening one for each query costs more than the
-    // reading.
-    const foundation::Shared_Connection sharing(connection, {&scoring.holder, &holder});
     Hide_Any_Tables();
     Reset_Bars();
     Label3->setText(u""_s);
@@ -116,7 +110,6 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     Load_Comment(p, pupils, installation, holder, state.comment);
     Describe_Chart(p);
     Show_Progress_Width(1);
-    connection.Close();
 }
 
 void Form30::Compute_Raw_Scores_Times(int p, bool show_progress) {

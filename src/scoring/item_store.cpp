@@ -10,6 +10,21 @@ std::size_t Item_Array::Checked(int item) const {
     return static_cast<std::size_t>(item);
 }
 
+void Item_Places::Find(const database::Recordset& rows, const Item_Columns& names) {
+    if (rows.Shape() == found_for && &names == found_by) return;
+    found_for = rows.Shape();
+    found_by = &names;
+    for (std::size_t field = 0; field < places.size(); ++field) {
+        places[field].clear();
+        for (const QString& name : names.Names(static_cast<Item_Field>(field)))
+            places[field].push_back(rows.Column_Of(name));
+    }
+}
+
+int Item_Places::Of(Item_Field field, int item) const {
+    return places[static_cast<std::size_t>(field)].at(static_cast<std::size_t>(item) - 1);
+}
+
 Item_Store::Item_Store() {
     for (int t = 1; t <= All_Tests; ++t)
         tests.emplace_back(Test_At(t).Highest_Item);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/basics/value.h"
+#include "platform/database/recordset.h"
 #include "scoring/test_catalogue.h"
 
 #include <array>
+#include <memory>
 #include <vector>
 
 namespace scoring {
@@ -20,6 +22,19 @@ public:
 private:
     std::size_t Checked(int item) const;
     std::vector<basics::Value> values;
+};
+
+// Which columns of a row hold a test's items; looked up once for all rows of a shape.
+class Item_Places {
+public:
+    void Find(const database::Recordset& rows, const Item_Columns& names);
+    // -1 if the row has no such column. Items count from 1.
+    int Of(Item_Field field, int item) const;
+
+private:
+    std::shared_ptr<const database::Row_Shape> found_for;
+    const Item_Columns* found_by = nullptr;
+    std::array<std::vector<int>, foundation::Item_Field_Count> places;
 };
 
 // The answers of one test, and what its passes count. They are those of the pupil scored last, and items
@@ -45,6 +60,7 @@ public:
     int Sequence_Errors = 0; // Blik's Letters and Drell: of the raw pass
     basics::Value RepeatCount;
     basics::Value PauseCount;
+    Item_Places Places; // in the rows that were read last
 
 private:
     std::array<Item_Array, foundation::Item_Field_Count> arrays;

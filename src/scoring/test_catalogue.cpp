@@ -87,10 +87,6 @@ bool Item_Columns::Has(Item_Field field) const {
     return !names[static_cast<std::size_t>(field)].isEmpty();
 }
 
-const QString& Item_Columns::Name(Item_Field field, int item) const {
-    return names[static_cast<std::size_t>(field)].at(item - 1);
-}
-
 const Test_Entry& Test_At(int t) {
     static const QList<Test_Entry> catalogue = Build_Catalogue();
     if (t < 1 || t > All_Tests) basics::Raise(basics::errors::Subscript_Out_Of_Range);

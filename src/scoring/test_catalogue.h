@@ -32,7 +32,7 @@ class Item_Columns {
 public:
     void Append(Item_Field field, const QString& name);
     bool Has(Item_Field field) const;
-    const QString& Name(Item_Field field, int item) const; // items count from 1
+    const QStringList& Names(Item_Field field) const { return names[static_cast<std::size_t>(field)]; }
 
 private:
     std::array<QStringList, foundation::Item_Field_Count> names;

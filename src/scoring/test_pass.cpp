@@ -24,10 +24,11 @@ Value As_Kept(const Value& stored, Item_Field field, const Test_Entry& test) {
 
 void Read_Items(const Test_Entry& test, const Item_Columns& columns, Item_Range range, Item_Load load,
                 database::Recordset& row, Test_Items& items) {
+    items.Places.Find(row, columns);
     for (int i = range.First; i <= range.Last; ++i)
         for (const Item_Field field : test.Fields)
             if (Is_Loaded(field, load) && columns.Has(field))
-                items.Of(field)[i] = As_Kept(row.Fields(columns.Name(field, i)).Value(), field, test);
+                items.Of(field)[i] = As_Kept(row.Fields(items.Places.Of(field, i)).Value(), field, test);
 }
 
 } // namespace

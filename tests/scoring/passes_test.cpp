@@ -94,7 +94,7 @@ TEST_F(Passes, AJoinedRowIsReadByItsPrefixedNames) {
                 field == Item_Field::Requested || field == Item_Field::Chosen || field == Item_Field::Time;
             if (named_singly && !answer) continue;
             for (int i = 1; i <= entry.Items; ++i) {
-                const QString column = entry.Own_Row.Name(field, i);
+                const QString column = entry.Own_Row.Names(field).at(i - 1);
                 columns.append(column + u" AS "_s + test.joined_prefix + column.toLower());
             }
         }

@@ -77,12 +77,7 @@ int Office::Place_Of(const QString& code) const {
     throw Print_Fault(u"There is no pupil with the code '"_s + code + u"' who has results."_s);
 }
 
-// As a choice on the Reports page does: one connection for all that it reads.
 void Office::Choose_Pupil(int p) {
-    database::Connection connection;
-    connection.ConnectionString = installation.Connection_String;
-    connection.Open();
-    const foundation::Shared_Connection sharing(connection, {&scoring_holder, &page_holder});
     const scoring::Pupil_Lists& pupils = data.pupils;
     state.Current_Pupil = static_cast<qint16>(p);
     state.Current_Student_Code = pupils.Student_Code[p];

@@ -61,11 +61,6 @@ QString Test_Line(int t, int p, Passes_Wanted wanted, const Scoring& pass, const
 }
 
 QString Pupil_Lines(int p, Passes_Wanted wanted, Scoring& pass, Summary_Cells& cells) {
-    // As a choice on the Reports page does: one connection for all that it reads.
-    database::Connection connection;
-    connection.ConnectionString = pass.installation.Connection_String;
-    connection.Open();
-    const foundation::Shared_Connection sharing(connection, {&pass.holder});
     scoring::Score_Chosen_Pupil(p, wanted, {}, pass, cells);
     scoring::Fill_SummaryTable_With_Scores(p, pass.pupils, pass.scores, cells);
     QString lines;

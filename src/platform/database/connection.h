@@ -1,16 +1,13 @@
 #pragma once
 
-#include "platform/basics/value.h"
+#include "platform/database/engine.h"
 
 #include <QString>
-#include <QStringList>
 #include <memory>
-#include <vector>
-
-struct sqlite3;
 
 namespace database {
 
+class Kept_Engine;
 class Recordset;
 
 // A way into one database file, open only as long as its owner needs it.
@@ -29,6 +26,9 @@ public:
     QString ConnectionString; // "Provider=...;Data Source=" and the file's name
     int ConnectionTimeout = 15;
 
+    // Takes its engine from there when it opens, and leaves it there when it closes.
+    void Keep_In(Kept_Engine& kept) { keeper = &kept; }
+
     void Open();
     void Close();
     bool Is_Open() const { return engine != nullptr; }
@@ -41,19 +41,10 @@ public:
 
 private:
     friend class Recordset;
+    Engine& Opened() const;
 
-    struct Rows {
-        QStringList names;
-        std::vector<std::vector<basics::Value>> rows;
-        bool returns_rows = false;
-        int affected = 0;
-    };
-    // Runs one statement of the engine's own dialect with values for its place holders.
-    Rows Run(const QString& engine_sql, const std::vector<basics::Value>& values = {});
-
-    sqlite3* engine = nullptr;
-    struct Watch; // ends a query that runs too long
-    std::unique_ptr<Watch> watch;
+    std::unique_ptr<Engine> engine;
+    Kept_Engine* keeper = nullptr;
 };
 
 // A statement that is set and run by its text alone.

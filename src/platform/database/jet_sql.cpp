@@ -3,6 +3,8 @@
 #include "platform/database/engine_errors.h"
 
 #include <QList>
+#include <algorithm>
+#include <iterator>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -86,7 +88,10 @@ qsizetype Symbol_Length(const QString& jet, qsizetype at) {
     return 1;
 }
 
-Tokens Tokens_Of(const QString& jet) {
+// A lifted text is a text to all that follows.
+enum class Marks { Refused, Stand_For_Texts };
+
+Tokens Tokens_Of(const QString& jet, Marks marks) {
     static const QString known_symbols = u"+-*/=<>(),.;"_s;
     Tokens tokens;
     qsizetype at = 0;
@@ -110,6 +115,8 @@ Tokens Tokens_Of(const QString& jet) {
             while (end < jet.size() && Continues_Word(jet[end]))
                 ++end;
             take(Token::Kind::Word, end);
+        } else if (c == u'?' && marks == Marks::Stand_For_Texts) {
+            take(Token::Kind::Text, at + 1);
         } else if (known_symbols.contains(c)) {
             take(Token::Kind::Symbol, at + Symbol_Length(jet, at));
         } else {
@@ -243,10 +250,63 @@ QString Joined(const Tokens& tokens) {
     return texts.join(u' ');
 }
 
+// ---- lifting texts
+
+bool Takes_Values(QStringView jet) {
+    static const QLatin1StringView words[] = {"SELECT"_L1, "INSERT"_L1, "UPDATE"_L1, "DELETE"_L1};
+    const QStringView start = jet.trimmed();
+    return std::any_of(std::begin(words), std::end(words), [start](QLatin1StringView word) {
+        return start.startsWith(word, Qt::CaseInsensitive);
+    });
+}
+
+// The place behind the quoted run's closing mark; -1 if it has none, or holds what ends a statement's text.
+qsizetype Lifted_Text(const QString& jet, qsizetype start, QString& content) {
+    const QChar closing = jet[start];
+    for (qsizetype at = start + 1; at < jet.size(); ++at) {
+        const QChar c = jet[at];
+        if (c.isNull()) return -1;
+        if (c == closing) {
+            if (at + 1 >= jet.size() || jet[at + 1] != closing) return at + 1;
+            ++at;
+        }
+        content.append(c);
+    }
+    return -1;
+}
+
 } // namespace
 
-Translated_Statement Translate_Jet(const QString& jet) {
-    Tokens tokens = Tokens_Of(jet);
+Lifted_Statement Lift_Texts(const QString& jet) {
+    const Lifted_Statement as_it_is{jet, {}, false};
+    if (!Takes_Values(jet)) return as_it_is;
+    Lifted_Statement lifted;
+    lifted.is_lifted = true;
+    lifted.shape.reserve(jet.size());
+    for (qsizetype at = 0; at < jet.size();) {
+        const QChar c = jet[at];
+        if (c == u'\'' || c == u'"') {
+            QString content(u""_s);
+            at = Lifted_Text(jet, at, content);
+            if (at < 0) return as_it_is;
+            lifted.shape.append(u'?');
+            lifted.texts.emplace_back(content);
+        } else if (c == u'[') {
+            const qsizetype end = jet.indexOf(u']', at);
+            if (end < 0) return as_it_is;
+            lifted.shape.append(QStringView(jet).sliced(at, end + 1 - at));
+            at = end + 1;
+        } else if (c == u'?' || c.isNull()) {
+            return as_it_is;
+        } else {
+            lifted.shape.append(c);
+            ++at;
+        }
+    }
+    return lifted;
+}
+
+static Translated_Statement Translated(Tokens tokens) {
     Drop_The_End_Mark(tokens);
     Join_Texts(tokens);
     Limit_Texts(tokens);
@@ -258,6 +318,14 @@ Translated_Statement Translate_Jet(const QString& jet) {
         statement.with_row_identity = u"SELECT rowid , "_s + Joined(tokens.sliced(1));
     }
     return statement;
+}
+
+Translated_Statement Translate_Jet(const QString& jet) {
+    return Translated(Tokens_Of(jet, Marks::Refused));
+}
+
+Translated_Statement Translate_Jet(const Lifted_Statement& lifted) {
+    return Translated(Tokens_Of(lifted.shape, lifted.is_lifted ? Marks::Stand_For_Texts : Marks::Refused));
 }
 
 } // namespace database

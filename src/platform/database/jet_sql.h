@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/basics/value.h"
+
 #include <QString>
+#include <vector>
 
 namespace database {
 
@@ -17,11 +20,24 @@ struct Translated_Statement {
     QString with_row_identity;
 };
 
+// A statement whose text literals were taken out, so that statements which differ in nothing else are one to
+// the engine: it prepares it once.
+struct Lifted_Statement {
+    QString shape;                    // with "?" in the place of each text
+    std::vector<basics::Value> texts; // what they hold
+    bool is_lifted = false;           // otherwise the shape is the statement as it came
+};
+
+// Lifts the texts of a SELECT, INSERT, UPDATE or DELETE. Other statements, and those that can't be read to
+// their end, come back as they are.
+Lifted_Statement Lift_Texts(const QString& jet);
+
 // Translates one statement of the Jet dialect, token by token: "+" joins texts where a text literal stands
 // in the sum, TEXT(n) in a definition gets its length limit, names in brackets stay names, comments are
 // none. A statement with anything behind its end is refused, as the dialect knows one at a time: so no
 // spliced value can bring a second statement with it.
 // Throws basics::Run_Time_Error (errors::Syntax).
 Translated_Statement Translate_Jet(const QString& jet);
+Translated_Statement Translate_Jet(const Lifted_Statement& lifted);
 
 } // namespace database

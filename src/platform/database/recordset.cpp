@@ -1,7 +1,6 @@
 #include "platform/database/recordset.h"
 
 #include "platform/database/engine_errors.h"
-#include "platform/database/jet_sql.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +11,7 @@ using basics::Value;
 static const QString This_Object = u"Recordset"_s;
 
 QString Field::Name() const {
-    return owner.names[column];
+    return owner.Name_Of(column);
 }
 
 Value Field::Value() const {
@@ -31,11 +30,8 @@ void Recordset::Set_ActiveConnection(Connection* active) {
 void Recordset::Open() {
     if (open) Raise_Object_Error(errors::Object_Open, This_Object);
     if (!connection || !connection->Is_Open()) Raise_Object_Error(errors::Connection_Invalid, This_Object);
-    const Translated_Statement statement = Translate_Jet(Source);
     const bool writes = LockType != Lock_Type::Default && LockType != Lock_Type::Read_Only;
-    const bool with_identity = writes && !statement.table.isEmpty();
-    Take(connection->Run(with_identity ? statement.with_row_identity : statement.sql), with_identity);
-    if (with_identity) table = statement.table;
+    Take(connection->Opened().Run_Jet(Source, writes));
 }
 
 void Recordset::Open_Table(const QString& name) {
@@ -44,44 +40,34 @@ void Recordset::Open_Table(const QString& name) {
 }
 
 // The identity, where there is one, is the first column and not a field of the row.
-void Recordset::Take(Connection::Rows taken, bool with_identity) {
-    open = taken.returns_rows;
+void Recordset::Take(Statement_Result result) {
+    open = result.Returns_Rows();
     current = 0;
-    table.clear();
-    identities.clear();
-    columns.clear();
+    table = result.table;
+    first_column = table.isEmpty() ? 0 : 1;
+    shape = std::move(result.shape);
+    rows = std::move(result.rows);
+    written.clear();
     Forget_Assignments();
-    names = taken.names;
-    rows = std::move(taken.rows);
-    if (with_identity) {
-        names.removeFirst();
-        identities.reserve(rows.size());
-        for (auto& row : rows) {
-            identities.push_back(row.front());
-            row.erase(row.begin());
-        }
-    }
-    for (int column = 0; column < names.size(); ++column)
-        columns.insert(names[column].toLower(), column);
 }
 
 void Recordset::Close() {
     Require_Open();
     open = false;
-    rows.clear();
-    identities.clear();
+    rows.Clear();
+    written.clear();
     Forget_Assignments();
 }
 
 bool Recordset::Eof() const {
     Require_Open();
-    return current >= rows.size();
+    return current >= rows.Row_Count();
 }
 
 void Recordset::MoveFirst() {
     Require_Open();
     Forget_Assignments();
-    if (rows.empty()) Raise_Object_Error(errors::No_Current_Record, This_Object);
+    if (rows.Row_Count() == 0) Raise_Object_Error(errors::No_Current_Record, This_Object);
     current = 0;
 }
 
@@ -93,19 +79,21 @@ void Recordset::MoveNext() {
 
 int Recordset::Field_Count() const {
     Require_Open();
-    return static_cast<int>(names.size());
+    return shape->Column_Count() - first_column;
+}
+
+int Recordset::Column_Of(const QString& name) const {
+    Require_Open();
+    const auto found = shape->columns.constFind(name.toLower());
+    return found == shape->columns.cend() ? -1 : *found - first_column;
 }
 
 Field Recordset::Fields(const QString& name) {
-    Require_Open();
-    const auto found = columns.constFind(name.toLower());
-    if (found == columns.cend()) Raise_Object_Error(errors::No_Such_Field, This_Object);
-    return Field(*this, *found);
+    return Fields(Column_Of(name));
 }
 
 Field Recordset::Fields(int column) {
-    Require_Open();
-    if (column < 0 || column >= names.size()) Raise_Object_Error(errors::No_Such_Field, This_Object);
+    if (column < 0 || column >= Field_Count()) Raise_Object_Error(errors::No_Such_Field, This_Object);
     return Field(*this, column);
 }
 
@@ -131,7 +119,7 @@ void Recordset::Require_Open() const {
 
 void Recordset::Require_Row() const {
     Require_Open();
-    if (current >= rows.size()) Raise_Object_Error(errors::No_Current_Record, This_Object);
+    if (current >= rows.Row_Count()) Raise_Object_Error(errors::No_Current_Record, This_Object);
 }
 
 void Recordset::Forget_Assignments() {
@@ -144,7 +132,14 @@ Value Recordset::Value_At(int column) const {
         if (kept->first == column) return kept->second;
     if (adding) return {};
     Require_Row();
-    return rows[current][static_cast<std::size_t>(column)];
+    return Stored_Value(column);
+}
+
+Value Recordset::Stored_Value(int column) const {
+    if (!written.empty())
+        if (const auto found = written.find({current, column}); found != written.end()) return found->second;
+    const int place = column + first_column;
+    return rows.Value_At(current, place, shape->is_date[static_cast<std::size_t>(place)]);
 }
 
 void Recordset::Assign(int column, const Value& value) {
@@ -163,14 +158,14 @@ void Recordset::Insert_Row() {
     QStringList marks;
     std::vector<Value> values;
     for (const auto& [column, value] : assigned) {
-        into.append(Quoted(names[column]));
+        into.append(Quoted(Name_Of(column)));
         marks.append(u"?"_s);
         values.push_back(value);
     }
     const QString content = into.isEmpty()
                                 ? u" DEFAULT VALUES"_s
                                 : u" ("_s + into.join(u", "_s) + u") VALUES ("_s + marks.join(u", "_s) + u')';
-    connection->Run(u"INSERT INTO "_s + table + content, values);
+    connection->Opened().Run(u"INSERT INTO "_s + table + content, values);
 }
 
 void Recordset::Update_Row() {
@@ -178,19 +173,20 @@ void Recordset::Update_Row() {
     QStringList set;
     std::vector<Value> values;
     for (const auto& [column, value] : assigned) {
-        set.append(Quoted(names[column]) + u" = ?"_s);
+        set.append(Quoted(Name_Of(column)) + u" = ?"_s);
         values.push_back(value);
     }
-    values.push_back(identities[current]);
+    values.push_back(rows.Value_At(current, 0, false));
     const int affected =
-        connection->Run(u"UPDATE "_s + table + u" SET "_s + set.join(u", "_s) + u" WHERE rowid = ?"_s, values)
+        connection->Opened()
+            .Run(u"UPDATE "_s + table + u" SET "_s + set.join(u", "_s) + u" WHERE rowid = ?"_s, values)
             .affected;
     if (affected == 0)
         Raise_Engine_Error(errors::Row_Has_Gone,
                            u"Row cannot be located for updating. "
                            "Some values may have been changed since it was last read."_s);
     for (const auto& [column, value] : assigned)
-        rows[current][static_cast<std::size_t>(column)] = value;
+        written[{current, column}] = value;
 }
 
 } // namespace database

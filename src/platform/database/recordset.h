@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/basics/value.h"
 #include "platform/database/connection.h"
 
-#include <QHash>
 #include <QString>
+#include <map>
+#include <memory>
 #include <vector>
 
 namespace database {
@@ -49,6 +49,10 @@ public:
     void MoveNext();
 
     int Field_Count() const;
+    // Which column has this name, without regard to case; -1 if none. Holds for all recordsets of the same
+    // shape, so that who reads many rows looks it up once.
+    int Column_Of(const QString& name) const;
+    const std::shared_ptr<const Row_Shape>& Shape() const { return shape; }
     Field Fields(const QString& name); // without regard to case
     Field Fields(int column);          // from 0
 
@@ -59,10 +63,12 @@ private:
     friend class Connection;
     friend class Field;
 
-    void Take(Connection::Rows rows, bool with_identity);
+    void Take(Statement_Result result);
     void Require_Open() const;
     void Require_Row() const;
+    const QString& Name_Of(int column) const { return shape->names[column + first_column]; }
     basics::Value Value_At(int column) const;
+    basics::Value Stored_Value(int column) const;
     void Assign(int column, const basics::Value& value);
     void Forget_Assignments();
     void Insert_Row();
@@ -71,11 +77,11 @@ private:
     Connection* connection = nullptr;
     bool open = false;
     bool adding = false;
-    QString table; // empty: can't be written
-    QStringList names;
-    QHash<QString, int> columns; // by the name in lower case
-    std::vector<basics::Value> identities;
-    std::vector<std::vector<basics::Value>> rows;
+    QString table;        // empty: can't be written
+    int first_column = 0; // 1 where the row's identity comes before its fields
+    std::shared_ptr<const Row_Shape> shape;
+    Row_Store rows;
+    std::map<std::pair<std::size_t, int>, basics::Value> written; // by row and column: what Update stored
     std::size_t current = 0;
     std::vector<std::pair<int, basics::Value>> assigned;
 };

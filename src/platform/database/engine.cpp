@@ -1,0 +1,203 @@
+#include "platform/database/engine.h"
+
+#include "platform/basics/native_path.h"
+#include "platform/database/collation.h"
+#include "platform/database/database_file.h"
+#include "platform/database/engine_errors.h"
+#include "platform/database/hardening.h"
+#include "platform/database/jet_sql.h"
+
+#include <cmath>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+
+using basics::Value;
+
+constexpr int Longest_Query_Ms = 60'000;
+constexpr int Most_Statements_Kept = 100; // an action of the program runs a few dozen
+
+namespace {
+
+QString Data_Source(const QString& connection_string) {
+    for (const QString& part : connection_string.split(u';')) {
+        const qsizetype equals = part.indexOf(u'=');
+        if (equals > 0 && part.left(equals).trimmed().compare("Data Source"_L1, Qt::CaseInsensitive) == 0)
+            return part.mid(equals + 1).trimmed();
+    }
+    Raise_Engine_Error(errors::Engine_Failure, u"No file is named in the connection string."_s);
+}
+
+// What statements of the program may do. The rest (attaching, settings, transactions, views, triggers,
+// dropping) is refused, whatever text was spliced into a statement.
+int Allow_Plain_Statements(void*, int action, const char* first, const char* second, const char*,
+                           const char*) {
+    switch (action) {
+    case SQLITE_SELECT:
+    case SQLITE_READ:
+    case SQLITE_INSERT:
+    case SQLITE_UPDATE:
+    case SQLITE_DELETE:
+    case SQLITE_CREATE_TABLE:
+    case SQLITE_ALTER_TABLE:
+        return SQLITE_OK;
+    case SQLITE_FUNCTION:
+        return qstrcmp(second, "load_extension") == 0 ? SQLITE_DENY : SQLITE_OK;
+    // The engine itself looks over the rows when a column with a limit is added.
+    case SQLITE_PRAGMA:
+        return qstrcmp(first, "quick_check") == 0 ? SQLITE_OK : SQLITE_DENY;
+    default:
+        return SQLITE_DENY;
+    }
+}
+
+int End_If_Too_Long(void* watch) {
+    const auto* timer = static_cast<QElapsedTimer*>(watch);
+    return timer->isValid() && timer->hasExpired(Longest_Query_Ms) ? 1 : 0;
+}
+
+void Bind(sqlite3_stmt* statement, int place, const Value& value) {
+    if (value.Is_Empty()) {
+        sqlite3_bind_null(statement, place);
+    } else if (value.Is_Number()) {
+        constexpr double largest_whole = 9e15; // doubles beyond hold no odd numbers, and may not fit
+        const double number = value.As_Double();
+        const bool is_whole = std::fabs(number) < largest_whole && std::trunc(number) == number;
+        if (is_whole)
+            sqlite3_bind_int64(statement, place, static_cast<qint64>(number));
+        else
+            sqlite3_bind_double(statement, place, number);
+    } else {
+        const QByteArray text = value.As_Text().toUtf8();
+        sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT);
+    }
+}
+
+// A statement that has been stepped holds a lock until it is reset.
+class Reset_At_The_End {
+public:
+    explicit Reset_At_The_End(sqlite3_stmt* statement) : statement(statement) {}
+    ~Reset_At_The_End() { sqlite3_reset(statement); }
+    Reset_At_The_End(const Reset_At_The_End&) = delete;
+    Reset_At_The_End& operator=(const Reset_At_The_End&) = delete;
+
+private:
+    sqlite3_stmt* statement;
+};
+
+} // namespace
+
+void Prepared_Statement::Finalizer::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
+void Engine::Closer::operator()(sqlite3* engine) const {
+    sqlite3_close(engine);
+}
+
+Engine::Engine(const QString& connection_string, int timeout_seconds) : connection_string(connection_string) {
+    const QString file = basics::Native_Path(Data_Source(connection_string));
+    Refuse_What_Is_No_Database(file);
+    const bool in_wal_mode = Has_Write_Ahead_Log(file);
+
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(file.toUtf8().constData(), &opened,
+                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    engine.reset(opened);
+    if (result != SQLITE_OK) Raise_Engine_Error(opened, result);
+    sqlite3_extended_result_codes(opened, 1);
+    Set_Timeout(timeout_seconds);
+    sqlite3_progress_handler(opened, 10'000, End_If_Too_Long, &since);
+    Harden(opened);
+    if (in_wal_mode) Run(u"PRAGMA journal_mode = DELETE"_s);
+    Run(u"PRAGMA synchronous = FULL"_s);
+    Run(u"PRAGMA cell_size_check = ON"_s);
+    known.clear();
+    Install_Text_Order(opened); // reads the schema as well: what is no database shows here
+    sqlite3_set_authorizer(opened, Allow_Plain_Statements, nullptr);
+}
+
+Engine::~Engine() = default;
+
+void Engine::Set_Timeout(int seconds) {
+    sqlite3_busy_timeout(engine.get(), seconds * 1000);
+}
+
+bool Engine::Serves(const QString& asked) const {
+    int has_moved = 0;
+    return asked == connection_string &&
+           sqlite3_file_control(engine.get(), "main", SQLITE_FCNTL_HAS_MOVED, &has_moved) == SQLITE_OK &&
+           has_moved == 0;
+}
+
+std::shared_ptr<Prepared_Statement> Engine::Known_Or(const QString& key, const Prepare& prepare) {
+    if (const auto found = known.constFind(key); found != known.cend()) return *found;
+    if (known.size() >= Most_Statements_Kept) known.clear();
+    auto prepared = prepare();
+    known.insert(key, prepared);
+    return prepared;
+}
+
+std::shared_ptr<Prepared_Statement> Engine::Prepared(const QString& sql, const QString& table) const {
+    const QByteArray text = sql.toUtf8();
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v3(engine.get(), text.constData(), static_cast<int>(text.size()),
+                                          SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    if (result != SQLITE_OK) Raise_Engine_Error(engine.get(), result);
+    if (!statement) Raise_Engine_Error(errors::Syntax, u"Invalid SQL statement."_s);
+    auto prepared = std::make_shared<Prepared_Statement>();
+    prepared->statement.reset(statement);
+    prepared->shape = std::make_shared<const Row_Shape>(statement);
+    prepared->table = table;
+    return prepared;
+}
+
+// No statement begins with such a character, so those of the engine's own dialect have keys of their own too.
+static QChar Kind_Of_Use(bool to_be_written, bool is_lifted) {
+    if (is_lifted) return to_be_written ? u'1' : u'2';
+    return to_be_written ? u'3' : u'4';
+}
+
+Statement_Result Engine::Run_Jet(const QString& jet, bool to_be_written) {
+    since.start();
+    const Lifted_Statement lifted = Lift_Texts(jet);
+    const QString key = Kind_Of_Use(to_be_written, lifted.is_lifted) + lifted.shape;
+    const auto prepared = Known_Or(key, [&] {
+        const Translated_Statement translated = Translate_Jet(lifted);
+        const bool with_identity = to_be_written && !translated.table.isEmpty();
+        return Prepared(with_identity ? translated.with_row_identity : translated.sql,
+                        with_identity ? translated.table : QString());
+    });
+    return Run(*prepared, lifted.texts);
+}
+
+Statement_Result Engine::Run(const QString& sql, const std::vector<Value>& values) {
+    since.start();
+    return Run(*Known_Or(sql, [&] { return Prepared(sql, {}); }), values);
+}
+
+Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Value>& values) {
+    sqlite3_stmt* statement = prepared.statement.get();
+    const Reset_At_The_End reset(statement);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        Bind(statement, static_cast<int>(i) + 1, values[i]);
+
+    Statement_Result result;
+    int step = sqlite3_step(statement);
+    // Another program has changed the tables since: the engine has prepared the statement anew.
+    if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 1) > 0)
+        prepared.shape = std::make_shared<const Row_Shape>(statement);
+    result.shape = prepared.shape;
+    result.table = prepared.table;
+    const int columns = result.shape->Column_Count();
+    for (; step == SQLITE_ROW; step = sqlite3_step(statement))
+        result.rows.Take_Row(statement, columns);
+    if (step != SQLITE_DONE) Raise_Engine_Error(engine.get(), step);
+    if (columns == 0) result.affected = sqlite3_changes(engine.get());
+    return result;
+}
+
+} // namespace database

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/database/row_store.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QString>
+#include <functional>
+#include <memory>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace database {
+
+// A statement ready to run again with other values.
+struct Prepared_Statement {
+    struct Finalizer {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalizer> statement;
+    std::shared_ptr<const Row_Shape> shape; // the identity, where there is one, is the first column
+    QString table;                          // what a recordset of it writes to; empty if it can't
+};
+
+// What comes of running one.
+struct Statement_Result {
+    std::shared_ptr<const Row_Shape> shape;
+    QString table;
+    Row_Store rows;
+    int affected = 0;
+
+    bool Returns_Rows() const { return shape->Column_Count() > 0; }
+};
+
+// A database file that is open, with the statements that were prepared on it.
+class Engine {
+public:
+    // Opens the file that the connection string names: as it is, never made, and hardened.
+    Engine(const QString& connection_string, int timeout_seconds);
+    ~Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    void Set_Timeout(int seconds);
+    // Whether the connection string still leads to this very file.
+    bool Serves(const QString& connection_string) const;
+
+    // Runs one statement of the Jet dialect. One that is to be written through comes with its rows'
+    // identities, if its rows have any.
+    Statement_Result Run_Jet(const QString& jet, bool to_be_written);
+    // Runs one statement of the engine's own dialect with values for its place holders.
+    Statement_Result Run(const QString& sql, const std::vector<basics::Value>& values = {});
+
+private:
+    using Prepare = std::function<std::shared_ptr<Prepared_Statement>()>;
+    std::shared_ptr<Prepared_Statement> Known_Or(const QString& key, const Prepare& prepare);
+    std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
+    Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);
+
+    struct Closer {
+        void operator()(sqlite3* engine) const;
+    };
+    QString connection_string;
+    std::unique_ptr<sqlite3, Closer> engine;
+    QHash<QString, std::shared_ptr<Prepared_Statement>> known; // gone before the engine is
+    QElapsedTimer since;                                       // ends a statement that runs too long
+};
+
+} // namespace database

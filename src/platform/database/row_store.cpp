@@ -1,0 +1,87 @@
+#include "platform/database/row_store.h"
+
+#include "platform/basics/dates.h"
+
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+
+using basics::Value;
+
+// Test modules and older tools store a date as text in several forms; the declared type or, in files made
+// without types, the suite's own column names tell that one is meant.
+static bool Is_Date_Column(const char* declared_type, const QString& name) {
+    if (declared_type && qstrnicmp(declared_type, "DATE", 4) == 0) return true;
+    return name.compare("DOB"_L1, Qt::CaseInsensitive) == 0 || name.endsWith("_date"_L1, Qt::CaseInsensitive);
+}
+
+Row_Shape::Row_Shape(sqlite3_stmt* statement) {
+    const int count = sqlite3_column_count(statement);
+    for (int column = 0; column < count; ++column) {
+        const QString name = QString::fromUtf8(sqlite3_column_name(statement, column));
+        names.append(name);
+        columns.insert(name.toLower(), column);
+        is_date.push_back(Is_Date_Column(sqlite3_column_decltype(statement, column), name));
+    }
+}
+
+void Row_Store::Take_Row(sqlite3_stmt* statement, int columns) {
+    width = static_cast<std::size_t>(columns);
+    ++rows;
+    cells.resize(rows * width);
+    Cell* cell = cells.data() + (rows - 1) * width;
+    for (int column = 0; column < columns; ++column, ++cell) {
+        switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_NULL:
+            break;
+        case SQLITE_INTEGER:
+            cell->kind = Kind::Whole;
+            cell->whole = sqlite3_column_int64(statement, column);
+            break;
+        case SQLITE_FLOAT:
+            cell->kind = Kind::Number;
+            cell->number = sqlite3_column_double(statement, column);
+            break;
+        default: {
+            const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+            cell->kind = Kind::Text;
+            cell->size = sqlite3_column_bytes(statement, column);
+            cell->start = texts.size();
+            texts.append(bytes, cell->size);
+        }
+        }
+    }
+}
+
+void Row_Store::Clear() {
+    width = rows = 0;
+    cells.clear();
+    texts.clear();
+}
+
+static Value Text_Value(const QString& text, bool is_date) {
+    if (is_date) {
+        if (text.trimmed().isEmpty()) return {}; // an untyped file's way to leave a date out
+        if (const auto date = basics::Stored_Date(text)) return *date;
+    }
+    return text.isNull() ? QString(u""_s) : text;
+}
+
+Value Row_Store::Value_At(std::size_t row, int column, bool is_date) const {
+    const Cell& cell = cells[row * width + static_cast<std::size_t>(column)];
+    switch (cell.kind) {
+    case Kind::Empty:
+        return {};
+    case Kind::Whole:
+        return cell.whole;
+    case Kind::Number:
+        return cell.number;
+    case Kind::Text:
+        break;
+    }
+    return Text_Value(QString::fromUtf8(texts.constData() + cell.start, cell.size), is_date);
+}
+
+} // namespace database

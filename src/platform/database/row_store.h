@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/basics/value.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace database {
+
+// What is alike in all rows of a statement: told once when it is prepared, shared by all that read it.
+struct Row_Shape {
+    explicit Row_Shape(sqlite3_stmt* statement);
+
+    QStringList names;
+    QHash<QString, int> columns; // by the name in lower case; the last of that name counts
+    std::vector<bool> is_date;
+
+    int Column_Count() const { return static_cast<int>(names.size()); }
+};
+
+// The rows of a query as the engine gave them. A cell becomes a value when it is asked for: of a wide row a
+// pass reads few, and copying bytes costs next to nothing.
+class Row_Store {
+public:
+    void Take_Row(sqlite3_stmt* statement, int columns);
+    void Clear();
+
+    std::size_t Row_Count() const { return rows; }
+    basics::Value Value_At(std::size_t row, int column, bool is_date) const;
+
+private:
+    enum class Kind : quint8 { Empty, Whole, Number, Text };
+    struct Cell {
+        union {
+            qint64 whole = 0;
+            double number;
+            qsizetype start; // of a text in `texts`
+        };
+        int size = 0; // of a text, in bytes
+        Kind kind = Kind::Empty;
+    };
+
+    std::size_t width = 0;
+    std::size_t rows = 0;
+    std::vector<Cell> cells;
+    QByteArray texts; // in UTF-8, one behind the other
+};
+
+} // namespace database
