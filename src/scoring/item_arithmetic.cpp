@@ -5,25 +5,22 @@ namespace scoring {
 namespace {
 
 using basics::Value;
-using Elements = basics::Bounded<Value, 100>;
+using Elements = basics::Bounded<List_Element, 100>;
 
-void Split(const QString& text, Elements& elements, int& count) {
+void Split(const QString& list, Elements& elements, int& count) {
     count = 0;
-    QString element;
-    for (const QChar character : text) {
-        if (character == u',') {
-            elements[++count] = element;
-            element.clear();
-        } else {
-            element.append(character);
-        }
+    qsizetype start = 0;
+    for (qsizetype comma = list.indexOf(u','); comma >= 0; comma = list.indexOf(u',', start)) {
+        elements[++count] = {list, start, comma - start};
+        start = comma + 1;
     }
-    if (!element.isEmpty()) elements[++count] = element; // so a trailing comma adds none
+    if (start < list.size())
+        elements[++count] = {list, start, list.size() - start}; // a trailing comma adds none
 }
 
 struct Misplaced_Elements {
-    basics::Bounded<Value, 10> requested;
-    basics::Bounded<Value, 10> chosen;
+    basics::Bounded<List_Element, 10> requested;
+    basics::Bounded<List_Element, 10> chosen;
     int count = 0;
 };
 

@@ -5,11 +5,23 @@
 
 namespace scoring {
 
+// One element of a list: a stretch of the text that it was split from.
+struct List_Element {
+    QString list;
+    qsizetype start = 0;
+    qsizetype size = 0;
+
+    friend bool operator==(const List_Element& left, const List_Element& right) {
+        return left.Text() == right.Text();
+    }
+    QStringView Text() const { return QStringView(list).sliced(start, size); }
+};
+
 // The elements of the two lists that were split last, from 1. Splitting doesn't clear what lies beyond the
 // new count: a chosen list that is too short is compared with an earlier list's tail.
 struct Work_Lists {
-    basics::Bounded<basics::Value, 100> Requested_Items;
-    basics::Bounded<basics::Value, 100> Chosen_Items;
+    basics::Bounded<List_Element, 100> Requested_Items;
+    basics::Bounded<List_Element, 100> Chosen_Items;
     int Requested_Count = 0;
     int Chosen_Count = 0;
     int Last_Correct_Count = 0; // of the item that Score_Item saw last

@@ -17,9 +17,10 @@ bool Is_Loaded(Item_Field field, Item_Load load) {
     return (field == Item_Field::Time) == (load == Item_Load::Times);
 }
 
-Value As_Kept(const Value& stored, Item_Field field, const Test_Entry& test) {
+Value As_Kept(Value stored, Item_Field field, const Test_Entry& test) {
     const bool is_list = field == Item_Field::Requested || field == Item_Field::Chosen;
-    return test.Null_List_Reads_As_Empty && is_list ? Value(stored.Text_Or_Empty()) : stored;
+    if (test.Null_List_Reads_As_Empty && is_list) return stored.Text_Or_Empty();
+    return stored;
 }
 
 void Read_Items(const Test_Entry& test, const Item_Columns& columns, Item_Range range, Item_Load load,
@@ -28,7 +29,7 @@ void Read_Items(const Test_Entry& test, const Item_Columns& columns, Item_Range 
     for (int i = range.First; i <= range.Last; ++i)
         for (const Item_Field field : test.Fields)
             if (Is_Loaded(field, load) && columns.Has(field))
-                items.Of(field)[i] = As_Kept(row.Fields(items.Places.Of(field, i)).Value(), field, test);
+                items.Of(field)[i] = As_Kept(row.Value_Of(items.Places.Of(field, i)), field, test);
 }
 
 } // namespace

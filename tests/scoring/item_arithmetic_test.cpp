@@ -63,7 +63,7 @@ TEST(SplittingALine, ElementsEndAtCommasAndKeepTheirBlanks) {
         Split_Chosen(text, work);
         ASSERT_EQ(work.Chosen_Count, elements.size());
         for (int i = 1; i <= work.Chosen_Count; ++i)
-            EXPECT_EQ(work.Chosen_Items[i].Text_Or_Empty(), elements[i - 1]);
+            EXPECT_EQ(work.Chosen_Items[i].Text().toString(), elements[i - 1]);
     }
 }
 

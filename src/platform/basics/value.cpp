@@ -60,6 +60,9 @@ QDateTime Value::As_Date() const {
 }
 
 bool operator==(const Value& left, const Value& right) {
+    const auto* left_text = std::get_if<QString>(&left.content);
+    const auto* right_text = std::get_if<QString>(&right.content);
+    if (left_text && right_text) return *left_text == *right_text;
     if (left.Is_Number() && right.Is_Number()) return left.As_Double() == right.As_Double();
     if (left.Is_Number() || right.Is_Number()) return false;
     if (left.Is_Date() || right.Is_Date()) return left.content == right.content;
@@ -67,6 +70,7 @@ bool operator==(const Value& left, const Value& right) {
 }
 
 bool Value::Reads(QStringView text) const {
+    if (const auto* own = std::get_if<QString>(&content)) return *own == text;
     return Text_Or_Empty() == text;
 }
 

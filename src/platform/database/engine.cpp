@@ -133,6 +133,7 @@ bool Engine::Serves(const QString& asked) const {
            has_moved == 0;
 }
 
+template<class Prepare>
 std::shared_ptr<Prepared_Statement> Engine::Known_Or(const QString& key, const Prepare& prepare) {
     if (const auto found = known.constFind(key); found != known.cend()) return *found;
     if (known.size() >= Most_Statements_Kept) known.clear();
@@ -193,9 +194,11 @@ Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Val
     result.shape = prepared.shape;
     result.table = prepared.table;
     const int columns = result.shape->Column_Count();
+    result.rows.Reserve_Texts(prepared.text_bytes);
     for (; step == SQLITE_ROW; step = sqlite3_step(statement))
         result.rows.Take_Row(statement, columns);
     if (step != SQLITE_DONE) Raise_Engine_Error(engine.get(), step);
+    prepared.text_bytes = result.rows.Text_Bytes();
     if (columns == 0) result.affected = sqlite3_changes(engine.get());
     return result;
 }

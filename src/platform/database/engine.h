@@ -5,7 +5,6 @@
 #include <QElapsedTimer>
 #include <QHash>
 #include <QString>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -22,6 +21,7 @@ struct Prepared_Statement {
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
     std::shared_ptr<const Row_Shape> shape; // the identity, where there is one, is the first column
     QString table;                          // what a recordset of it writes to; empty if it can't
+    std::size_t text_bytes = 0;             // of the rows that it gave last
 };
 
 // What comes of running one.
@@ -54,7 +54,7 @@ public:
     Statement_Result Run(const QString& sql, const std::vector<basics::Value>& values = {});
 
 private:
-    using Prepare = std::function<std::shared_ptr<Prepared_Statement>()>;
+    template<class Prepare>
     std::shared_ptr<Prepared_Statement> Known_Or(const QString& key, const Prepare& prepare);
     std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
     Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);

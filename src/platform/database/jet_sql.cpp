@@ -260,47 +260,54 @@ bool Takes_Values(QStringView jet) {
     });
 }
 
+bool Ends_A_Plain_Run(QChar c) {
+    return c == u'\'' || c == u'"' || c == u'[' || c == u'?' || c.isNull();
+}
+
 // The place behind the quoted run's closing mark; -1 if it has none, or holds what ends a statement's text.
 qsizetype Lifted_Text(const QString& jet, qsizetype start, QString& content) {
-    const QChar closing = jet[start];
-    for (qsizetype at = start + 1; at < jet.size(); ++at) {
-        const QChar c = jet[at];
-        if (c.isNull()) return -1;
-        if (c == closing) {
-            if (at + 1 >= jet.size() || jet[at + 1] != closing) return at + 1;
-            ++at;
-        }
-        content.append(c);
+    const QChar mark = jet[start];
+    qsizetype at = start + 1;
+    for (;;) {
+        const qsizetype closing = jet.indexOf(mark, at);
+        if (closing < 0) return -1;
+        const QStringView run = QStringView(jet).sliced(at, closing - at);
+        if (run.contains(QChar::Null)) return -1;
+        content.append(run);
+        if (closing + 1 >= jet.size() || jet[closing + 1] != mark) return closing + 1;
+        content.append(mark);
+        at = closing + 2;
     }
-    return -1;
 }
 
 } // namespace
 
 Lifted_Statement Lift_Texts(const QString& jet) {
-    const Lifted_Statement as_it_is{jet, {}, false};
-    if (!Takes_Values(jet)) return as_it_is;
+    const auto as_it_is = [&jet] { return Lifted_Statement{jet, {}, false}; };
+    if (!Takes_Values(jet)) return as_it_is();
+    const QStringView all(jet);
     Lifted_Statement lifted;
     lifted.is_lifted = true;
     lifted.shape.reserve(jet.size());
     for (qsizetype at = 0; at < jet.size();) {
-        const QChar c = jet[at];
-        if (c == u'\'' || c == u'"') {
+        const auto* stop = std::find_if(all.begin() + at, all.end(), Ends_A_Plain_Run);
+        const qsizetype end = stop - all.begin();
+        lifted.shape.append(all.sliced(at, end - at));
+        at = end;
+        if (at == jet.size()) break;
+        if (*stop == u'[') {
+            const qsizetype closing = jet.indexOf(u']', at);
+            if (closing < 0) return as_it_is();
+            lifted.shape.append(all.sliced(at, closing + 1 - at));
+            at = closing + 1;
+        } else if (*stop == u'\'' || *stop == u'"') {
             QString content(u""_s);
             at = Lifted_Text(jet, at, content);
-            if (at < 0) return as_it_is;
+            if (at < 0) return as_it_is();
             lifted.shape.append(u'?');
-            lifted.texts.emplace_back(content);
-        } else if (c == u'[') {
-            const qsizetype end = jet.indexOf(u']', at);
-            if (end < 0) return as_it_is;
-            lifted.shape.append(QStringView(jet).sliced(at, end + 1 - at));
-            at = end + 1;
-        } else if (c == u'?' || c.isNull()) {
-            return as_it_is;
+            lifted.texts.emplace_back(std::move(content));
         } else {
-            lifted.shape.append(c);
-            ++at;
+            return as_it_is();
         }
     }
     return lifted;

@@ -88,6 +88,11 @@ int Recordset::Column_Of(const QString& name) const {
     return found == shape->columns.cend() ? -1 : *found - first_column;
 }
 
+Value Recordset::Value_Of(int column) const {
+    if (column < 0 || column >= Field_Count()) Raise_Object_Error(errors::No_Such_Field, This_Object);
+    return Value_At(column);
+}
+
 Field Recordset::Fields(const QString& name) {
     return Fields(Column_Of(name));
 }

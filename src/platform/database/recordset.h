@@ -52,6 +52,7 @@ public:
     // Which column has this name, without regard to case; -1 if none. Holds for all recordsets of the same
     // shape, so that who reads many rows looks it up once.
     int Column_Of(const QString& name) const;
+    basics::Value Value_Of(int column) const; // in the current row; a column that isn't there is error 3265
     const std::shared_ptr<const Row_Shape>& Shape() const { return shape; }
     Field Fields(const QString& name); // without regard to case
     Field Fields(int column);          // from 0

@@ -33,23 +33,24 @@ void Row_Store::Take_Row(sqlite3_stmt* statement, int columns) {
     cells.resize(rows * width);
     Cell* cell = cells.data() + (rows - 1) * width;
     for (int column = 0; column < columns; ++column, ++cell) {
-        switch (sqlite3_column_type(statement, column)) {
+        sqlite3_value* value = sqlite3_column_value(statement, column);
+        switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
             break;
         case SQLITE_INTEGER:
             cell->kind = Kind::Whole;
-            cell->whole = sqlite3_column_int64(statement, column);
+            cell->whole = sqlite3_value_int64(value);
             break;
         case SQLITE_FLOAT:
             cell->kind = Kind::Number;
-            cell->number = sqlite3_column_double(statement, column);
+            cell->number = sqlite3_value_double(value);
             break;
         default: {
-            const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+            const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
             cell->kind = Kind::Text;
-            cell->size = sqlite3_column_bytes(statement, column);
+            cell->size = sqlite3_value_bytes(value);
             cell->start = texts.size();
-            texts.append(bytes, cell->size);
+            if (bytes) texts.append(bytes, static_cast<std::size_t>(cell->size));
         }
         }
     }
@@ -81,7 +82,7 @@ Value Row_Store::Value_At(std::size_t row, int column, bool is_date) const {
     case Kind::Text:
         break;
     }
-    return Text_Value(QString::fromUtf8(texts.constData() + cell.start, cell.size), is_date);
+    return Text_Value(QString::fromUtf8(texts.data() + cell.start, cell.size), is_date);
 }
 
 } // namespace database

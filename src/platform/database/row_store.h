@@ -2,10 +2,10 @@
 
 #include "platform/basics/value.h"
 
-#include <QByteArray>
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <string>
 #include <vector>
 
 struct sqlite3_stmt;
@@ -27,6 +27,8 @@ struct Row_Shape {
 // pass reads few, and copying bytes costs next to nothing.
 class Row_Store {
 public:
+    void Reserve_Texts(std::size_t bytes) { texts.reserve(bytes); }
+    std::size_t Text_Bytes() const { return texts.size(); }
     void Take_Row(sqlite3_stmt* statement, int columns);
     void Clear();
 
@@ -39,7 +41,7 @@ private:
         union {
             qint64 whole = 0;
             double number;
-            qsizetype start; // of a text in `texts`
+            std::size_t start; // of a text in `texts`
         };
         int size = 0; // of a text, in bytes
         Kind kind = Kind::Empty;
@@ -48,7 +50,7 @@ private:
     std::size_t width = 0;
     std::size_t rows = 0;
     std::vector<Cell> cells;
-    QByteArray texts; // in UTF-8, one behind the other
+    std::string texts; // in UTF-8, one behind the other
 };
 
 } // namespace database
