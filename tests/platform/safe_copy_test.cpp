@@ -1,8 +1,8 @@
 #include "platform/database/safe_copy.h"
 
-#include "platform/basics/run_time_error.h"
 #include "platform/database/connection.h"
 #include "platform/database/engine_errors.h"
+#include "support/error_number.h"
 #include "support/files.h"
 #include "support/other_workstation.h"
 #include "support/printing.h"
@@ -18,16 +18,6 @@ using namespace database;
 using namespace test_support;
 
 namespace {
-
-template<class Work>
-int Error_Number(Work work) {
-    try {
-        work();
-    } catch (const basics::Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
 
 class Safe_Copy : public testing::Test {
 protected:
