@@ -1,14 +1,16 @@
 #include "platform/database/safe_copy.h"
 
-#include "platform/basics/run_time_error.h"
 #include "platform/database/connection.h"
 #include "platform/database/engine_errors.h"
+#include "support/error_number.h"
+#include "support/files.h"
 #include "support/other_workstation.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSet>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -16,27 +18,6 @@ using namespace database;
 using namespace test_support;
 
 namespace {
-
-template<class Work>
-int Error_Number(Work work) {
-    try {
-        work();
-    } catch (const basics::Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
-
-QByteArray Bytes(const QString& file) {
-    QFile opened(file);
-    return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("no file");
-}
-
-void Write(const QString& file, const QByteArray& bytes) {
-    QFile opened(file);
-    ASSERT_TRUE(opened.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    opened.write(bytes);
-}
 
 class Safe_Copy : public testing::Test {
 protected:
@@ -67,7 +48,7 @@ protected:
         return file.Value(u"SELECT count(*) FROM Mevo_Pupils"_s);
     }
     void Expect_Untouched(const QByteArray& before) {
-        EXPECT_EQ(Bytes(working.Path()), before);
+        EXPECT_EQ(Bytes_Of(working.Path()), before);
         EXPECT_EQ(Names(working.Folder()), QStringList{u"Mevo05Data.mdb"_s});
         EXPECT_EQ(Kept(), QStringList());
     }
@@ -83,7 +64,7 @@ protected:
 
 TEST_F(Safe_Copy, CopiesByteForByteAndLeavesNothingElse) {
     copies.Copy(working.Path(), Archive());
-    EXPECT_EQ(Bytes(Archive()), Bytes(working.Path()));
+    EXPECT_EQ(Bytes_Of(Archive()), Bytes_Of(working.Path()));
     EXPECT_EQ(Kept(), QStringList{u"archive.mdb"_s});
 }
 
@@ -117,6 +98,24 @@ TEST_F(Safe_Copy, AWriterIsWaitedForUntilTheTimeIsUp) {
     EXPECT_EQ(Database_Beside(Archive()).Value(u"SELECT max(Surname) FROM Mevo_Pupils"_s), u"Written"_s);
 }
 
+// Large enough that a transaction can begin and end between two pieces of the copy.
+TEST_F(Safe_Copy, NoCopyIsTornWhileAWriterIsAtWork) {
+    const Sample_File school(2500);
+    Other_Workstation writer(school.Path());
+    writer.Run(u"UPDATE Mevo_Pupils SET Surname = 'Round 0'"_s);
+    writer.Rename_All_For_Ever();
+    copies.timeout_seconds = 15;
+    QSet<QString> rounds;
+    for (int copy = 0; copy < 12; ++copy) {
+        copies.Copy(school.Path(), Archive(u"%1.mdb"_s.arg(copy)));
+        const Database_Beside archive(Archive(u"%1.mdb"_s.arg(copy)));
+        EXPECT_EQ(archive.Value(u"SELECT count(DISTINCT Surname) FROM Mevo_Pupils"_s), u"1"_s);
+        EXPECT_EQ(archive.Value(u"PRAGMA quick_check"_s), u"ok"_s);
+        rounds.insert(archive.Value(u"SELECT min(Surname) FROM Mevo_Pupils"_s));
+    }
+    EXPECT_GT(rounds.size(), 3); // it did write meanwhile
+}
+
 // A stray journal is taken for that of whatever file comes to stand under the name.
 TEST_F(Safe_Copy, AJournalWithoutItsFileDoesNoHarmToTheNewOne) {
     QFile::copy(other.Path(), Archive());
@@ -142,7 +141,7 @@ TEST_F(Safe_Copy, WhatCantBeDoneHasItsNumber) {
         {working.Folder(), Archive(), errors::Engine_Failure, "from a folder"},
         {working.Path(), working.Folder() + u"/nowhere/a.mdb"_s, basics::errors::Path_Not_Found, "no folder"},
     };
-    const QByteArray before = Bytes(working.Path());
+    const QByteArray before = Bytes_Of(working.Path());
     for (const auto& tried : cases) {
         SCOPED_TRACE(tried.name);
         EXPECT_EQ(Error_Number([&] { copies.Copy(tried.source, tried.target); }), tried.number);
@@ -162,12 +161,12 @@ TEST_F(Safe_Copy, ALogBesideTheSourceIsTakenIn) {
 // ---- replacing
 
 TEST_F(Safe_Copy, TheNewDatabaseStandsAndTheOldOneIsKept) {
-    const QByteArray before = Bytes(working.Path());
+    const QByteArray before = Bytes_Of(working.Path());
     copies.Replace(Order(other.Path()));
     EXPECT_EQ(Pupils(working), u"30"_s);
     EXPECT_EQ(working.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
     EXPECT_EQ(Kept(), QStringList{u"Mevo05_before_load_2026-11-21_10-15-30.mdb"_s});
-    EXPECT_EQ(Bytes(Archive(Kept().first())), before);
+    EXPECT_EQ(Bytes_Of(Archive(Kept().first())), before);
     EXPECT_EQ(Names(working.Folder()), QStringList{u"Mevo05Data.mdb"_s});
 }
 
@@ -204,7 +203,7 @@ TEST_F(Safe_Copy, ATransactionThatCrashedInTheOldFileDoesntReachTheNewOne) {
 }
 
 TEST_F(Safe_Copy, AFileInUseStaysAsItIs) {
-    const QByteArray before = Bytes(working.Path());
+    const QByteArray before = Bytes_Of(working.Path());
     Other_Workstation writer(working.Path());
     writer.Hold_Exclusively();
     EXPECT_EQ(Replace_Error(other.Path()), errors::Engine_Failure);
@@ -226,7 +225,7 @@ TEST_F(Safe_Copy, PageSizesNeedntAgree) {
 
 TEST_F(Safe_Copy, ADamagedOrMissingTargetIsReplacedToo) {
     const std::pair<QByteArray, const char*> cases[] = {
-        {Bytes(working.Path()).left(9000), "cut off"},
+        {Bytes_Of(working.Path()).left(9000), "cut off"},
         {QByteArray("SQLite format 3\0", 16) + QByteArray(4096, '\x7f'), "broken header"},
         {QByteArray(), "empty"},
         {"no database", "a text"},
@@ -234,10 +233,10 @@ TEST_F(Safe_Copy, ADamagedOrMissingTargetIsReplacedToo) {
     int kept = 0;
     for (const auto& [content, name] : cases) {
         SCOPED_TRACE(name);
-        Write(working.Path(), content);
+        Write_Bytes(working.Path(), content);
         copies.Replace(Order(other.Path()));
         EXPECT_EQ(Pupils(working), u"30"_s);
-        EXPECT_EQ(Bytes(Archive(Kept().value(kept++))), content);
+        EXPECT_EQ(Bytes_Of(Archive(Kept().value(kept++))), content);
     }
     QFile::remove(working.Path());
     copies.Replace(Order(other.Path()));
@@ -249,7 +248,7 @@ TEST_F(Safe_Copy, TenReplacedDatabasesAreKeptAndNothingElseIsTouched) {
     const QStringList own = {u"Mevo05_151126_0932.mdb"_s, u"Mevo05_before_the_move.mdb"_s,
                              u"Mevo05_before_load_2020-01-01_10-00-00.bak"_s};
     for (const QString& name : own)
-        Write(Archive(name), "a school's own");
+        Write_Bytes(Archive(name), "a school's own");
     Replacement order = Order(other.Path());
     for (int day = 1; day <= 12; ++day) {
         order.when = QDateTime(QDate(2026, 9, day), QTime(9, 0));
@@ -280,7 +279,7 @@ TEST_F(Safe_Copy, WhatAnEndedProcessLeftIsRemovedAfterADay) {
     const QString old_part = working.Path() + u".77-1.part"_s;
     const QString new_part = working.Path() + u".78-1.part"_s;
     for (const QString& part : {old_part, new_part})
-        Write(part, "half");
+        Write_Bytes(part, "half");
     QFile aged(old_part);
     ASSERT_TRUE(aged.open(QIODevice::ReadWrite));
     aged.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime);

@@ -123,7 +123,7 @@ Engine::Engine(const QString& connection_string, int timeout_seconds) : connecti
 Engine::~Engine() = default;
 
 void Engine::Set_Timeout(int seconds) {
-    sqlite3_busy_timeout(engine.get(), seconds * 1000);
+    waiting.Install(engine.get(), seconds);
 }
 
 bool Engine::Serves(const QString& asked) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/database/busy_waiting.h"
 #include "platform/database/row_store.h"
 
 #include <QElapsedTimer>
@@ -63,6 +64,7 @@ private:
         void operator()(sqlite3* engine) const;
     };
     QString connection_string;
+    Busy_Waiting waiting; // outlives the engine
     std::unique_ptr<sqlite3, Closer> engine;
     QHash<QString, std::shared_ptr<Prepared_Statement>> known; // gone before the engine is
     QElapsedTimer since;                                       // ends a statement that runs too long
