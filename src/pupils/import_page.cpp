@@ -22,9 +22,6 @@ namespace {
 const QString File_Filter = u"Text comma-seperated (.txt)|(*.txt)|Comma Seperated (.csv)|(*.csv)"_s;
 const QString File_Pattern = u"*.txt"_s;
 
-// OK with the exclamation icon: the system's own number.
-constexpr auto Exclamation = static_cast<Box_Style>(48);
-
 // The grid lays out the whole text of a cell each time that it paints it; a file can hold fields of
 // megabytes.
 constexpr qsizetype Longest_Cell = 4096;
@@ -84,7 +81,7 @@ void Form42::Preview(const QString& file_name) {
     Lines_Previewed = pass.line_count;
     Offer_Import(pass.error_text.isEmpty());
     if (!pass.error_text.isEmpty())
-        platform.boxes.Ask(Exclamation, windowTitle(), Erroneous_Records_Text(pass));
+        platform.boxes.Ask(Box_Style::Exclamation, windowTitle(), Erroneous_Records_Text(pass));
 }
 
 void Form42::Offer_Import(bool offered) {
@@ -134,7 +131,7 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     }
     line_count = pass.line_count;
     if (!pass.error_text.isEmpty())
-        platform.boxes.Ask(Exclamation, u"DB module"_s, Erroneous_Records_Text(pass));
+        platform.boxes.Ask(Box_Style::Exclamation, u"DB module"_s, Erroneous_Records_Text(pass));
     ProgressBar1->hide();
     // The lines of the file, whether or not a pupil came of each.
     Label3->setText(

@@ -146,7 +146,7 @@ TEST_F(Import, BadRecordsAreListedAndNothingIsOffered) {
     Preview_Bytes(Good);
     Preview_With_Errors("\nSmith,,F,14/03/2003,,\nKane,Mo,M,1/2/2003,,\nBrown,Bo,X,14/03/2003,,\n");
     const Box_Shown& box = outside.boxes.shown.last();
-    EXPECT_EQ(static_cast<int>(box.style), 48); // OK, exclamation icon
+    EXPECT_EQ(box.style, Box_Style::Exclamation);
     EXPECT_EQ(box.title, u"Import a fixed format comma-seperated file into Mevo"_s);
     EXPECT_EQ(
         box.text,
@@ -249,7 +249,7 @@ TEST_F(Import, AFileThatChangedAfterThePreviewIsValidatedAgain) {
     outside.boxes.Will_Answer(Answer::Yes);
     outside.boxes.Will_Answer(Answer::Ok, [this] { EXPECT_TRUE(Shown(page, u"ProgressBar1"_s)); });
     Click(page, u"HotLabel3"_s);
-    EXPECT_EQ(static_cast<int>(outside.boxes.shown.last().style), 48);
+    EXPECT_EQ(outside.boxes.shown.last().style, Box_Style::Exclamation);
     EXPECT_EQ(outside.boxes.shown.last().title, u"DB module"_s);
     EXPECT_EQ(outside.boxes.shown.last().text, Told(u"Record 1 has an incorrect number of fields.\r\n"_s, 1));
     EXPECT_EQ(Pupils(), u"13"_s);
