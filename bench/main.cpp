@@ -1,6 +1,8 @@
 // Measures what a teacher waits for when the list of pupils is full, each time beside what the engine alone
 // takes to read the same rows in the same way.
 
+#include "import_bench.h"
+#include "measuring.h"
 #include "plain_reading.h"
 #include "platform/desktop/qt_platform.h"
 #include "reports/reports_page.h"
@@ -14,10 +16,8 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
-#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
-#include <ctime>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -28,35 +28,6 @@ namespace {
 constexpr int Full_List = 2500;
 constexpr QSize Common_Screen{1366, 768};
 constexpr double Longest_Choice_Ms = 16; // one frame of a screen that shows sixty a second
-
-// Of the whole process, as the library's own column counts it.
-double Processor_Ms() {
-    return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
-
-// Runs the work and its reference in turns, so that both meet the machine in the same state; only the work
-// is on the library's clock. Gives the work's mean.
-template<class Work, class Reference>
-double Measure_Beside(benchmark::State& state, const Work& work, const Reference& reference) {
-    double work_ms = 0;
-    double slowest_ms = 0;
-    double plain_ms = 0;
-    for ([[maybe_unused]] auto _ : state) {
-        const double start = Processor_Ms();
-        work();
-        const double worked = Processor_Ms();
-        state.PauseTiming();
-        reference();
-        plain_ms += Processor_Ms() - worked;
-        work_ms += worked - start;
-        slowest_ms = std::max(slowest_ms, worked - start);
-        state.ResumeTiming();
-    }
-    state.counters["slowest_ms"] = slowest_ms;
-    state.counters["plain_ms"] = benchmark::Counter(plain_ms, benchmark::Counter::kAvgIterations);
-    state.counters["ratio"] = work_ms / plain_ms;
-    return work_ms / static_cast<double>(state.iterations());
-}
 
 // A box would wait for an answer that nobody gives: its text ends the program instead.
 class Box_Refusal final : public QObject {
@@ -210,7 +181,7 @@ void Load_Menu(benchmark::State& state, Full_School& school) {
 
 } // namespace
 
-static void Register_All(Full_School& school) {
+static void Register_All(Full_School& school, desktop::Platform& platform) {
     using benchmark::RegisterBenchmark;
     const int once_round = school.Pupils().Pupils_Listed;
     benchmark::internal::Benchmark* all[] = {
@@ -224,6 +195,10 @@ static void Register_All(Full_School& school) {
     };
     for (auto* one : all)
         one->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+    RegisterBenchmark("import_a_school", Import_A_School, std::ref(platform))
+        ->Iterations(Classes)
+        ->Unit(benchmark::kMillisecond)
+        ->MeasureProcessCPUTime();
 }
 
 } // namespace bench
@@ -239,7 +214,7 @@ int main(int argc, char** argv) {
         application.installEventFilter(&refusal);
         desktop::Qt_Platform platform;
         bench::Full_School school(platform.Ports());
-        bench::Register_All(school);
+        bench::Register_All(school, platform.Ports());
         benchmark::AddCustomContext("pupils on the list", std::to_string(school.Pupils().Pupils_Listed));
         benchmark::RunSpecifiedBenchmarks();
     } catch (const std::exception& error) {
