@@ -122,11 +122,15 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     {
         const Working_Pointer working(platform);
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
+        ProgressBar1->setUpdatesEnabled(false);
+        const auto painted_again = qScopeGuard([this] { ProgressBar1->setUpdatesEnabled(true); });
+        QElapsedTimer since_painted;
+        since_painted.start();
         Walk_Import_Text(text, pass,
                          {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },
-                          [this] {
+                          [&] {
                               ProgressBar1->setValue(ProgressBar1->value() + 1);
-                              Stay_Alive();
+                              Stay_Alive(since_painted);
                           }});
     }
     line_count = pass.line_count;
@@ -139,9 +143,16 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
         u" pupils have now been imported. Please now check their settings on the Security page"_s);
 }
 
-// Lets the window paint itself. What the user does meanwhile waits for the end of the import.
-void Form42::Stay_Alive() {
+// Lets the window paint itself, the bar among it, as often as an eye can follow: a bar that was painted after
+// each pupil would take longer than storing him. What the user does meanwhile waits for the end of the
+// import.
+void Form42::Stay_Alive(QElapsedTimer& since_painted) {
+    constexpr int frame_ms = 40;
+    if (since_painted.elapsed() < frame_ms) return;
+    ProgressBar1->setUpdatesEnabled(true);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    ProgressBar1->setUpdatesEnabled(false);
+    since_painted.start();
 }
 
 // ---- the others

@@ -300,14 +300,15 @@ TEST_F(Import, NoFieldOfAFileRunsAStatementOfItsOwn) {
 
 TEST_F(Import, IsVisiblyInProgressAndHoldsNoTransaction) {
     outside.random.numbers = Many_Numbers();
-    Preview_Bytes(Class_Of(20));
+    constexpr int pupils = 120; // takes longer than a few frames
+    Preview_Bytes(Class_Of(pupils));
     auto& bar = Control<QProgressBar>(page, u"ProgressBar1"_s);
     QList<int> values;
     QList<int> stored;
     QTimer meanwhile; // what happens while the window is alive
     QObject::connect(&meanwhile, &QTimer::timeout, &page, [&] {
         EXPECT_TRUE(bar.isVisible());
-        EXPECT_EQ(bar.maximum(), 20);
+        EXPECT_EQ(bar.maximum(), pupils);
         values.append(bar.value());
         stored.append(Pupils().toInt() - 12);
         sample.Run(u"UPDATE mevo_pupils SET comment = 'another workstation' WHERE rowid = 1"_s);
@@ -315,9 +316,9 @@ TEST_F(Import, IsVisiblyInProgressAndHoldsNoTransaction) {
     meanwhile.start(0);
     Import_All();
     meanwhile.stop();
-    ASSERT_GE(values.size(), 3);
+    ASSERT_GE(values.size(), 2);
     EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
-    EXPECT_LT(values.first(), 10);
+    EXPECT_LT(values.first(), pupils / 2);
     EXPECT_EQ(stored, values) << "each pupil lies in the file as soon as the bar has moved";
 }
 
