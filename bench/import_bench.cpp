@@ -2,6 +2,7 @@
 
 #include "foundation/installation.h"
 #include "measuring.h"
+#include "nowhere.h"
 #include "plain_reading.h"
 #include "plain_writing.h"
 #include "pupils/import_page.h"
@@ -36,14 +37,6 @@ public:
 
 private:
     QString file;
-};
-
-class Stays_Here final : public shell::Navigator {
-public:
-    void Go_To(shell::Page_Id) override {}
-    void Open_On_Top(shell::Page_Id) override {}
-    void Close_Page() override {}
-    void Unload_All() override {}
 };
 
 // Three letters that no other pupil's surname begins with, so that no two codes can be the same.
@@ -123,8 +116,8 @@ void Import_A_School(benchmark::State& state, desktop::Platform& ports) {
                                ports.folders,   ports.dialogs,   file_dialogs,   ports.input_box,
                                ports.random,    ports.printers,  ports.clipboard};
     foundation::Installation installation;
-    Stays_Here navigator;
-    pupils::Form42 page(platform, navigator, installation);
+    Nowhere nowhere;
+    pupils::Form42 page(platform, nowhere, installation);
     page.resize(1366, 768);
     page.show();
     installation.Connection_String = foundation::Connection_String_For(schools.Imported());

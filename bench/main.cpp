@@ -3,6 +3,7 @@
 
 #include "import_bench.h"
 #include "measuring.h"
+#include "nowhere.h"
 #include "plain_reading.h"
 #include "platform/desktop/qt_platform.h"
 #include "reports/reports_page.h"
@@ -44,15 +45,6 @@ public:
 void Take_Timers_From(const QObject& page) {
     qDeleteAll(page.findChildren<QTimer*>(Qt::FindDirectChildrenOnly));
 }
-
-// A page that is measured by itself leads nowhere.
-class Nowhere final : public shell::Navigator {
-public:
-    void Go_To(shell::Page_Id) override {}
-    void Open_On_Top(shell::Page_Id) override {}
-    void Close_Page() override {}
-    void Unload_All() override {}
-};
 
 // A school with as many pupils as the list holds, and all that its pages work on.
 class Full_School {
