@@ -256,7 +256,11 @@ public:
 
 class Seeded_Random final : public Random_Source {
 public:
-    void Seed(double seconds) override { engine.seed(static_cast<quint32>(seconds * 1000)); }
+    // Mixed with what came before: a list of pupils is imported faster than some clocks tick, and those of
+    // one tick must not draw the same numbers.
+    void Seed(double seconds) override {
+        engine.seed(engine.generate() ^ static_cast<quint32>(seconds * 1000));
+    }
     double Next() override { return engine.generateDouble(); }
 
 private:
