@@ -285,7 +285,9 @@ TEST_F(Import, NoFieldOfAFileRunsAStatementOfItsOwn) {
     const QString tables = sample.Value(u"SELECT group_concat(sql) FROM sqlite_master"_s);
     QByteArray file;
     const QByteArray hostile[] = {"x'); DELETE FROM mevo_pupils; --", "x'; DROP TABLE mevo_groups; --",
-                                  "'; ATTACH DATABASE 'x' AS y; --", "' OR 1=1; PRAGMA user_version = 7; --"};
+                                  "'; ATTACH DATABASE '" + sample.Folder().toUtf8() + "/other.mdb' AS y; --",
+                                  "' OR 1=1; PRAGMA user_version = 7; --",
+                                  "'; PRAGMA journal_mode = WAL; --"};
     for (const QByteArray& text : hostile)
         file += text + ",Al,M,1/2/2003,,\nSafe," + text + ",M,1/2/2003,,\nSafe,Al,M,1/2/2003," + text +
                 ",\nSafe,Al,M,1/2/2003,," + text + "\n";
@@ -296,6 +298,8 @@ TEST_F(Import, NoFieldOfAFileRunsAStatementOfItsOwn) {
                   u"1"_s);
     EXPECT_EQ(sample.Value(u"SELECT group_concat(sql) FROM sqlite_master"_s), tables);
     EXPECT_EQ(sample.Value(u"PRAGMA user_version"_s), u"0"_s);
+    EXPECT_EQ(sample.Value(u"PRAGMA journal_mode"_s), u"delete"_s);
+    EXPECT_FALSE(QFile::exists(sample.Folder() + u"/other.mdb"_s));
 }
 
 TEST_F(Import, IsVisiblyInProgressAndHoldsNoTransaction) {
