@@ -1,26 +1,17 @@
 #pragma once
 
+#include "nowhere.h"
 #include "plain_reading.h"
 #include "reports/state/report_state.h"
 #include "scoring/chosen_pupil.h"
 #include "scoring/pupil_lists.h"
 #include "shell/conventions/menu_counts.h"
-#include "shell/conventions/page.h"
 
 #include <QTemporaryDir>
 #include <QWidget>
 #include <memory>
 
 namespace bench {
-
-// A page that is measured by itself leads nowhere.
-class Nowhere final : public shell::Navigator {
-public:
-    void Go_To(shell::Page_Id) override {}
-    void Open_On_Top(shell::Page_Id) override {}
-    void Close_Page() override {}
-    void Unload_All() override {}
-};
 
 // A school of that many pupils in a file of its own, and all that the pages work on.
 class Full_School {

@@ -2,6 +2,7 @@
 // same.
 
 #include "full_school.h"
+#include "import_bench.h"
 #include "platform/desktop/qt_platform.h"
 #include "shell/conventions/theme.h"
 
@@ -51,6 +52,10 @@ int main(int argc, char** argv) {
         bench::Register_Pages(school);
         bench::Register_Paper(batch);
         bench::Register_Scores(batch);
+        benchmark::RegisterBenchmark("import_a_school", bench::Import_A_School, std::ref(platform.Ports()))
+            ->Iterations(bench::Classes)
+            ->Unit(benchmark::kMillisecond)
+            ->MeasureProcessCPUTime();
         benchmark::AddCustomContext("pupils on the list", std::to_string(school.data.pupils.Pupils_Listed));
         benchmark::AddCustomContext("pupils in the batch", std::to_string(batch.data.pupils.Pupils_Listed));
         benchmark::RunSpecifiedBenchmarks();

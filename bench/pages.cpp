@@ -1,7 +1,7 @@
 // What a teacher waits for on the pages.
 
 #include "full_school.h"
-#include "measure.h"
+#include "measuring.h"
 #include "reports/reports_page.h"
 #include "shell/main_menu.h"
 

@@ -1,7 +1,7 @@
 // A batch report of the largest batch, on its way to paper.
 
 #include "full_school.h"
-#include "measure.h"
+#include "measuring.h"
 #include "platform/desktop/qt_printers.h"
 #include "platform/preview/text_metrics.h"
 #include "platform/preview/view_pro.h"

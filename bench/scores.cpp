@@ -1,7 +1,7 @@
 // Scoring a whole cohort, from the stored answers to the centiles.
 
 #include "full_school.h"
-#include "measure.h"
+#include "measuring.h"
 #include "scoring/cohort.h"
 
 #include <array>

@@ -15,8 +15,8 @@ constexpr int Whole_Width = 1192;
 constexpr int Panels_Top = 116;
 constexpr int Panels_Height = 424;
 constexpr int Row_Height = 36;
-constexpr QSize Button_Size{158, 40};
-constexpr int Button_Step = 170; // from one button of a row to the next
+constexpr QSize Button_Size{168, 40};
+constexpr int Button_Step = 180; // from one button of a row to the next
 
 Form15::Form15(desktop::Platform& platform, shell::Navigator& navigator, Record_Data data)
     : Page(platform, navigator, Frame_Size),
@@ -126,7 +126,7 @@ void Form15::Lay_Out_Retesting() {
                    {corner + QPoint(56, 0), QSize(128, 48)}, Frame4);
     }
     const auto button = [&](const QString& name, const QString& text, int i, std::function<void()> click) {
-        return Make_HotLabel(name, text, {QPoint(16 + 184 * i, 234), QSize(172, 40)}, std::move(click),
+        return Make_HotLabel(name, text, {QPoint(16 + 184 * i, 234), QSize(176, 40)}, std::move(click),
                              HotLabel::Look::Command, Frame4);
     };
     HotLabel5 = button(u"HotLabel5"_s, u"Edit details"_s, 0, [this] { Begin_Retest_Edit(Current_Pupil); });

@@ -4,6 +4,8 @@
 #include "pupils/new_pupil.h"
 #include "shell/conventions/utilities.h"
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace pupils {
@@ -105,20 +107,35 @@ static void Choose_Item(shell::Click_Combo* list, int index) {
     list->Set_ListIndex(index);
 }
 
-// By position: dd/mm/yy or dd/mm/yyyy. The year has two digits either way, and a pivot that doesn't move.
+// The numbers by position in dd/mm/yy or dd/mm/yyyy: the year has two digits either way.
+struct Birth_Numbers {
+    int day, month, year;
+};
+
+static std::optional<Birth_Numbers> Read_By_Position(const QString& date) {
+    bool all_read = true;
+    const auto number = [&all_read](const QString& digits) {
+        bool read = false;
+        const int value = digits.toInt(&read);
+        all_read = all_read && read;
+        return value;
+    };
+    const Birth_Numbers numbers{number(date.left(2)), number(date.mid(3, 2)), number(date.right(2))};
+    return all_read ? std::optional(numbers) : std::nullopt;
+}
+
+// A pupil without a date of birth, or with a text that is none, leaves the lists where they start, so that a
+// date can be chosen.
 void Form15::Set_Date_Combos(int index) {
-    constexpr int pivot = 30;
-    const auto number = [](const QString& digits) { return basics::Value(digits).As_Integer(); };
-    const QString date = pupils.Pupil_DOB_List[index];
-    const int day = number(date.left(2));
-    const int month = number(date.mid(3, 2));
-    const int year = number(date.right(2));
+    constexpr int pivot = 30; // doesn't move
     birth->Populate_Date_List(Longest_Month, 1);
     birth->Populate_Months_List();
     Populate_Year_List();
-    Choose_Item(birth->Combo2, day - 1);
-    Choose_Item(birth->Combo3, month - 1);
-    Choose_Item(birth->Combo4, year < pivot ? year + 2000 - First_Year : year + 1900 - First_Year);
+    const auto date = Read_By_Position(pupils.Pupil_DOB_List[index]);
+    if (!date) return;
+    Choose_Item(birth->Combo2, date->day - 1);
+    Choose_Item(birth->Combo3, date->month - 1);
+    Choose_Item(birth->Combo4, date->year + (date->year < pivot ? 2000 : 1900) - First_Year);
 }
 
 // ---- personal details

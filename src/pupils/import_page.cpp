@@ -22,9 +22,6 @@ namespace {
 const QString File_Filter = u"Text comma-seperated (.txt)|(*.txt)|Comma Seperated (.csv)|(*.csv)"_s;
 const QString File_Pattern = u"*.txt"_s;
 
-// OK with the exclamation icon: the system's own number.
-constexpr auto Exclamation = static_cast<Box_Style>(48);
-
 // The grid lays out the whole text of a cell each time that it paints it; a file can hold fields of
 // megabytes.
 constexpr qsizetype Longest_Cell = 4096;
@@ -84,7 +81,7 @@ void Form42::Preview(const QString& file_name) {
     Lines_Previewed = pass.line_count;
     Offer_Import(pass.error_text.isEmpty());
     if (!pass.error_text.isEmpty())
-        platform.boxes.Ask(Exclamation, windowTitle(), Erroneous_Records_Text(pass));
+        platform.boxes.Ask(Box_Style::Exclamation, windowTitle(), Erroneous_Records_Text(pass));
 }
 
 void Form42::Offer_Import(bool offered) {
@@ -125,16 +122,20 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     {
         const Working_Pointer working(platform);
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
+        ProgressBar1->setUpdatesEnabled(false);
+        const auto painted_again = qScopeGuard([this] { ProgressBar1->setUpdatesEnabled(true); });
+        QElapsedTimer since_painted;
+        since_painted.start();
         Walk_Import_Text(text, pass,
                          {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },
-                          [this] {
+                          [&] {
                               ProgressBar1->setValue(ProgressBar1->value() + 1);
-                              Stay_Alive();
+                              Stay_Alive(since_painted);
                           }});
     }
     line_count = pass.line_count;
     if (!pass.error_text.isEmpty())
-        platform.boxes.Ask(Exclamation, u"DB module"_s, Erroneous_Records_Text(pass));
+        platform.boxes.Ask(Box_Style::Exclamation, u"DB module"_s, Erroneous_Records_Text(pass));
     ProgressBar1->hide();
     // The lines of the file, whether or not a pupil came of each.
     Label3->setText(
@@ -142,9 +143,16 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
         u" pupils have now been imported. Please now check their settings on the Security page"_s);
 }
 
-// Lets the window paint itself. What the user does meanwhile waits for the end of the import.
-void Form42::Stay_Alive() {
+// Lets the window paint itself, the bar among it, as often as an eye can follow: a bar that was painted after
+// each pupil would take longer than storing him. What the user does meanwhile waits for the end of the
+// import.
+void Form42::Stay_Alive(QElapsedTimer& since_painted) {
+    constexpr int frame_ms = 40;
+    if (since_painted.elapsed() < frame_ms) return;
+    ProgressBar1->setUpdatesEnabled(true);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    ProgressBar1->setUpdatesEnabled(false);
+    since_painted.start();
 }
 
 // ---- the others

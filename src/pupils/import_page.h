@@ -5,6 +5,7 @@
 #include "pupils/new_pupil.h"
 #include "shell/conventions/page.h"
 
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QProgressBar>
 
@@ -39,7 +40,7 @@ private:
     void Preview(const QString& file_name);
     void Show_Record(const QStringList& fields, int row);
     void Offer_Import(bool offered);
-    void Stay_Alive();
+    void Stay_Alive(QElapsedTimer& since_painted);
 
     const foundation::Installation& installation;
     Pupil_Maker maker;

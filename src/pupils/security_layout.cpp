@@ -116,27 +116,28 @@ void Form2::Lay_Out_Group_Settings() {
 
 void Form2::Lay_Out_Group_Names() {
     constexpr int height = 156;
+    constexpr int rows[] = {28, 68, 107};
     constexpr int top = Panels_Bottom - height;
     QGroupBox* frame7 = Make_Panel(u"Frame7"_s, u"Add new Group/Class"_s, {Left, top, 226, height}, Frame1);
-    Text4 = Make_Entry(u"Text4"_s, u"Name of the new group"_s, {16, 30, 194, 34}, frame7);
+    Text4 = Make_Entry(u"Text4"_s, u"Name of the new group"_s, {16, rows[0], 194, 34}, frame7);
     HotLabel3 = Make_HotLabel(
-        u"HotLabel3"_s, u"Add "_s, {110, 106, 100, 38}, [this] { HotLabel3_Click(); },
+        u"HotLabel3"_s, u"Add "_s, {110, rows[2], 100, 38}, [this] { HotLabel3_Click(); },
         HotLabel::Look::Command, frame7);
 
     QGroupBox* frame8 = Make_Panel(u"Frame8"_s, u"Change the name of a Group/Class"_s,
                                    {Left + 238, top, 300, height}, Frame1);
-    Combo4 = Make_Combo(u"Combo4"_s, u"Group to rename"_s, {16, 30, 268, 34}, frame8);
-    Make_Label(u"Label6"_s, u"New name"_s, Text_Role::Body, {16, 70, 80, 30}, frame8);
-    Text3 = Make_Entry(u"Text3"_s, u"New name of the group"_s, {100, 68, 184, 34}, frame8);
+    Combo4 = Make_Combo(u"Combo4"_s, u"Group to rename"_s, {16, rows[0], 268, 34}, frame8);
+    Make_Label(u"Label6"_s, u"New name"_s, Text_Role::Body, {16, rows[1], 80, 34}, frame8);
+    Text3 = Make_Entry(u"Text3"_s, u"New name of the group"_s, {100, rows[1], 184, 34}, frame8);
     HotLabel4 = Make_HotLabel(
-        u"HotLabel4"_s, u"Change "_s, {184, 106, 100, 38}, [this] { Rename_Group(); },
+        u"HotLabel4"_s, u"Change "_s, {184, rows[2], 100, 38}, [this] { Rename_Group(); },
         HotLabel::Look::Command, frame8);
 
     QGroupBox* frame9 =
         Make_Panel(u"Frame9"_s, u"Disband a Group/Class"_s, {Left + 550, top, 226, height}, Frame1);
-    Combo5 = Make_Combo(u"Combo5"_s, u"Group to disband"_s, {16, 30, 194, 34}, frame9);
+    Combo5 = Make_Combo(u"Combo5"_s, u"Group to disband"_s, {16, rows[0], 194, 34}, frame9);
     HotLabel5 = Make_HotLabel(
-        u"HotLabel5"_s, u"Disband"_s, {110, 106, 100, 38}, [this] { Disband_Group(); },
+        u"HotLabel5"_s, u"Disband"_s, {110, rows[2], 100, 38}, [this] { Disband_Group(); },
         HotLabel::Look::Command, frame9);
 
     Text3->setMaxLength(Longest_Text);

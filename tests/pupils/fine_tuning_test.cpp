@@ -119,15 +119,28 @@ TEST_F(Fine_Tuning_Page, ADateOfBirthOutsideTheListsIsARunTimeError) {
     constexpr int invalid_property_value = 380;
     const std::pair<QString, int> cases[] = {{u"'01/03/2026'"_s, invalid_property_value},
                                              {u"'01/13/2018'"_s, invalid_property_value},
-                                             {u"'32/01/2018'"_s, invalid_property_value},
-                                             {u"'unknown'"_s, basics::errors::Type_Mismatch},
-                                             {u"NULL"_s, basics::errors::Type_Mismatch}};
+                                             {u"'32/01/2018'"_s, invalid_property_value}};
     for (const auto& [stored, number] : cases) {
         SCOPED_TRACE(stored.toStdString());
         Set(u"Khan"_s, u"DOB = "_s + stored);
         Open();
         Combo(u"Combo1"_s).setCurrentIndex(Item_Of(Code_Of(u"Khan"_s)));
         EXPECT_EQ(test_support::Error_Number([this] { form->Combo1_Click(); }), number);
+    }
+}
+
+TEST_F(Fine_Tuning_Page, APupilWithoutADateOfBirthCanBeGivenOne) {
+    for (const QString& stored : {u"NULL"_s, u"''"_s, u"'unknown'"_s, u"'May 2018'"_s}) {
+        SCOPED_TRACE(stored.toStdString());
+        Set(u"Khan"_s, u"DOB = "_s + stored);
+        Open();
+        Choose_Pupil(u"Khan"_s);
+        EXPECT_EQ(Shown_Name(), u"Aisha Khan"_s);
+        EXPECT_EQ(Shown_Birth(), u"1 January 2015"_s); // where the lists start
+        Click(Edit);
+        Choose(u"Combo4"_s, u" 2018"_s);
+        Click(Save);
+        EXPECT_EQ(sample.Value(u"SELECT DOB FROM Mevo_Pupils WHERE Surname = 'Khan'"_s), u"01/01/2018"_s);
     }
 }
 

@@ -11,6 +11,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QMouseEvent>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextStream>
 
@@ -20,21 +21,25 @@ namespace {
 
 constexpr QSize Common_Screen{1366, 768};
 
-// The entry that leads to a page, the page's name, and a control whose help is to be in the picture. Each
-// page's HotLabel1 leads back.
-struct Way {
-    QString entry;
-    QString form;
+// The entry that leads to a page, and the page's name. Each page's HotLabel1 leads back.
+using Way = std::pair<QString, QString>;
+const Way Previews[] = {{u"HotLabel4"_s, u"Form94"_s}, {u"HotLabel6"_s, u"Form92"_s}};
+// What is clicked on a page before a second picture is taken of it, or pointed at in the first, for its help.
+struct Visit {
+    Way way;
+    QStringList clicks;
     QString pointed_at;
 };
-const Way Previews[] = {{u"HotLabel4"_s, u"Form94"_s, {}}, {u"HotLabel6"_s, u"Form92"_s, {}}};
-const Way Pages_From_The_Menu[] = {{u"HotLabel7"_s, u"Form14"_s, {}},
-                                   {u"HotLabel4"_s, u"Form10"_s, {}},
-                                   {u"HotLabel2"_s, u"Form42"_s, {}},
-                                   {u"HotLabel5"_s, u"Form15"_s, {}},
-                                   {u"HotLabel14"_s, u"Form2"_s, {}},
-                                   {u"HotLabel8"_s, u"Form60"_s, u"HotLabel3"_s},
-                                   {u"HotLabel6"_s, u"Form20"_s, u"lblFlashVersion"_s}};
+const Visit Pages_From_The_Menu[] = {
+    {{u"HotLabel7"_s, u"Form14"_s}, {}, {}},
+    {{u"HotLabel4"_s, u"Form10"_s}, {}, {}},
+    {{u"HotLabel2"_s, u"Form42"_s}, {u"PreviewImport"_s}, {}},
+    {{u"HotLabel5"_s, u"Form15"_s}, {u"HotLabel4"_s, u"HotLabel5"_s, u"Image1(0)"_s, u"Image1(1)"_s}, {}},
+    {{u"HotLabel3"_s, u"Form9"_s}, {u"HotLabel3"_s}, {}},
+    {{u"HotLabel14"_s, u"Form2"_s}, {}, {}},
+    {{u"HotLabel8"_s, u"Form60"_s}, {}, u"HotLabel3"_s},
+    {{u"HotLabel6"_s, u"Form20"_s}, {}, u"lblFlashVersion"_s},
+};
 
 // A walk has nobody to answer a question.
 class Refusing_Boxes final : public desktop::Message_Boxes {
@@ -47,6 +52,29 @@ public:
 
 private:
     desktop::Processes& processes;
+};
+
+// Gives the file to import.
+class One_Class_List final : public desktop::File_Dialogs {
+public:
+    explicit One_Class_List(QString file) : file(std::move(file)) {
+        QFile list(this->file);
+        const QByteArray lines = "Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n"
+                                 "Brook - Lane,Mohammed,M,1 Feb 2019,,robin\r\n\r\n"
+                                 "O'Connell,Chloe,F,2018-11-30,Nightingales,\r\n";
+        if (!list.open(QIODevice::WriteOnly) || list.write(lines) != lines.size())
+            throw std::runtime_error("can't write " + this->file.toStdString());
+    }
+    QString Open_File(const desktop::File_Question&) override { return file; }
+    QString Save_File(const desktop::File_Question&) override { return {}; }
+
+private:
+    QString file;
+};
+
+class Silence final : public desktop::Sound {
+public:
+    void Play(const QString&) override {}
 };
 
 class Hurried_Clock final : public desktop::Clock {
@@ -110,28 +138,35 @@ public:
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);
         Click(u"HotLabel3"_s);
-        for (const Way& way : Previews) {
-            Click(way.entry);
-            Wait_For(way.form);
-            pictures.Take(window, way.form);
-            if (way.form == "Form92"_L1) Make_The_Batch();
-            Enlarge_And_Copy(way.form);
+        for (const auto& [entry, form] : Previews) {
+            Click(entry);
+            Wait_For(form);
+            pictures.Take(window, form);
+            if (form == "Form92"_L1) Make_The_Batch();
+            Enlarge_And_Copy(form);
             Click(u"HotLabel1"_s);
             Wait_For(u"Form30"_s);
         }
         Click(u"HotLabel1"_s);
         Wait_For(u"Form77"_s);
-        for (const auto& [entry, form, pointed_at] : Pages_From_The_Menu) {
-            Click(entry);
-            Wait_For(form);
-            if (!pointed_at.isEmpty()) Point_At(pointed_at);
-            pictures.Take(window, form);
-            Click(u"HotLabel1"_s);
-            Wait_For(u"Form77"_s);
-        }
+        for (const Visit& visit : Pages_From_The_Menu)
+            Visit_From_The_Menu(visit);
     }
 
 private:
+    void Visit_From_The_Menu(const Visit& visit) {
+        const auto& [entry, form] = visit.way;
+        Click(entry);
+        Wait_For(form);
+        if (!visit.pointed_at.isEmpty()) Point_At(visit.pointed_at);
+        pictures.Take(window, form);
+        for (const QString& clicked : visit.clicks)
+            Click(clicked);
+        if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
+        Click(u"HotLabel1"_s);
+        Wait_For(u"Form77"_s);
+    }
+
     void Through_The_Charts() {
         pictures.Take(window, u"reports_centiles"_s);
         Click(u"ShowZScores"_s);
@@ -220,11 +255,14 @@ int main(int argc, char** argv) {
     Pictures pictures(folder);
     Refusing_Boxes boxes(ports.processes);
     Hurried_Clock clock;
+    Silence sound;
     Photographed_Dialogs dialogs(pictures);
-    desktop::Platform platform{
-        boxes,        ports.pointer,  clock,           ports.sound,   ports.documents,    ports.processes,
-        ports.ini,    ports.files,    ports.folders,   dialogs,       ports.file_dialogs, ports.input_box,
-        ports.random, ports.printers, ports.clipboard, ports.registry};
+    const QTemporaryDir own;
+    One_Class_List class_list(own.filePath(u"class list.txt"_s));
+    desktop::Platform platform{boxes,           ports.pointer,   clock,           sound,
+                               ports.documents, ports.processes, ports.ini,       ports.files,
+                               ports.folders,   dialogs,         class_list,      ports.input_box,
+                               ports.random,    ports.printers,  ports.clipboard, ports.registry};
     app::Program program(platform);
     program.Start(QApplication::applicationDirPath());
     try {

@@ -13,6 +13,7 @@ enum class Box_Style {
     Critical = 16, // OK
     Abort_Retry_Ignore_Critical = 18,
     Yes_No_Question = 36,
+    Exclamation = 48, // OK
     Information = 64, // OK
     Yes_No_Cancel_Information = 67,
     Yes_No_Information = 68,

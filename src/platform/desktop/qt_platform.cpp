@@ -13,10 +13,14 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSoundEffect>
 #include <QStringDecoder>
 #include <QTimer>
@@ -29,6 +33,24 @@ using namespace Qt::StringLiterals;
 namespace desktop {
 namespace {
 
+// A list of a thousand bad records would push the buttons off the screen.
+void Let_Long_Text_Scroll(QMessageBox& box) {
+    constexpr int scroll_bar = 40;
+    auto* text = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    const int room = QGuiApplication::primaryScreen()->availableSize().height() / 2;
+    if (!text || !grid || text->sizeHint().height() <= room) return;
+    int row, column, rows, columns;
+    grid->getItemPosition(grid->indexOf(text), &row, &column, &rows, &columns);
+    auto* scrolled = new QScrollArea(&box);
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidgetResizable(true);
+    scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scrolled->setFixedSize(text->sizeHint().width() + scroll_bar, room);
+    scrolled->setWidget(text);
+    grid->addWidget(scrolled, row, column, rows, columns);
+}
+
 class Qt_Message_Boxes final : public Message_Boxes {
 public:
     Answer Ask(Box_Style style, const QString& title, const QString& text) override {
@@ -39,6 +61,7 @@ public:
         box.setText(lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'));
         box.setIcon(Icon(style));
         box.setStandardButtons(Buttons(style));
+        Let_Long_Text_Scroll(box);
         return Answer_Of(box.exec());
     }
 
@@ -49,6 +72,8 @@ private:
             return QMessageBox::Critical;
         case 32:
             return QMessageBox::Question;
+        case 48:
+            return QMessageBox::Warning;
         case 64:
             return QMessageBox::Information;
         default:
@@ -233,7 +258,11 @@ public:
 
 class Seeded_Random final : public Random_Source {
 public:
-    void Seed(double seconds) override { engine.seed(static_cast<quint32>(seconds * 1000)); }
+    // Mixed with what came before: a list of pupils is imported faster than some clocks tick, and those of
+    // one tick must not draw the same numbers.
+    void Seed(double seconds) override {
+        engine.seed(engine.generate() ^ static_cast<quint32>(seconds * 1000));
+    }
     double Next() override { return engine.generateDouble(); }
 
 private:
