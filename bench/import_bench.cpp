@@ -111,10 +111,10 @@ void Import_A_School(benchmark::State& state, desktop::Platform& ports) {
     const Two_Schools schools;
     Yes_To_All boxes;
     One_File file_dialogs(schools.List_File());
-    desktop::Platform platform{boxes,           ports.pointer,   ports.clock,    ports.sound,
-                               ports.documents, ports.processes, ports.ini,      ports.files,
-                               ports.folders,   ports.dialogs,   file_dialogs,   ports.input_box,
-                               ports.random,    ports.printers,  ports.clipboard};
+    desktop::Platform platform{boxes,           ports.pointer,   ports.clock,     ports.sound,
+                               ports.documents, ports.processes, ports.ini,       ports.files,
+                               ports.folders,   ports.dialogs,   file_dialogs,    ports.input_box,
+                               ports.random,    ports.printers,  ports.clipboard, ports.registry};
     foundation::Installation installation;
     Nowhere nowhere;
     pupils::Form42 page(platform, nowhere, installation);

@@ -21,10 +21,6 @@ void Item_Places::Find(const database::Recordset& rows, const Item_Columns& name
     }
 }
 
-int Item_Places::Of(Item_Field field, int item) const {
-    return places[static_cast<std::size_t>(field)].at(static_cast<std::size_t>(item) - 1);
-}
-
 Item_Store::Item_Store() {
     for (int t = 1; t <= All_Tests; ++t)
         tests.emplace_back(Test_At(t).Highest_Item);

@@ -28,8 +28,10 @@ private:
 class Item_Places {
 public:
     void Find(const database::Recordset& rows, const Item_Columns& names);
-    // -1 if the row has no such column. Items count from 1.
-    int Of(Item_Field field, int item) const;
+    // By item, the first of which is item 1; -1 for a column that the rows don't have.
+    const std::vector<int>& Columns(Item_Field field) const {
+        return places[static_cast<std::size_t>(field)];
+    }
 
 private:
     std::shared_ptr<const database::Row_Shape> found_for;

@@ -17,19 +17,35 @@ bool Is_Loaded(Item_Field field, Item_Load load) {
     return (field == Item_Field::Time) == (load == Item_Load::Times);
 }
 
-Value As_Kept(Value stored, Item_Field field, const Test_Entry& test) {
-    const bool is_list = field == Item_Field::Requested || field == Item_Field::Chosen;
-    if (test.Null_List_Reads_As_Empty && is_list) return stored.Text_Or_Empty();
-    return stored;
+// A field of a test's items on its way from the row.
+struct Field_To_Read {
+    Item_Array& kept;
+    const std::vector<int>& columns;
+    bool null_reads_as_empty;
+};
+
+std::vector<Field_To_Read> Fields_To_Read(const Test_Entry& test, const Item_Columns& names, Item_Load load,
+                                          Test_Items& items) {
+    std::vector<Field_To_Read> fields;
+    for (const Item_Field field : test.Fields) {
+        if (!Is_Loaded(field, load) || !names.Has(field)) continue;
+        const bool is_list = field == Item_Field::Requested || field == Item_Field::Chosen;
+        fields.push_back(
+            {items.Of(field), items.Places.Columns(field), is_list && test.Null_List_Reads_As_Empty});
+    }
+    return fields;
 }
 
-void Read_Items(const Test_Entry& test, const Item_Columns& columns, Item_Range range, Item_Load load,
-                database::Recordset& row, Test_Items& items) {
-    items.Places.Find(row, columns);
+void Read_Items(const Test_Entry& test, const Item_Columns& names, Item_Range range, Item_Load load,
+                const database::Recordset& row, Test_Items& items) {
+    items.Places.Find(row, names);
+    const std::vector<Field_To_Read> fields = Fields_To_Read(test, names, load, items);
     for (int i = range.First; i <= range.Last; ++i)
-        for (const Item_Field field : test.Fields)
-            if (Is_Loaded(field, load) && columns.Has(field))
-                items.Of(field)[i] = As_Kept(row.Value_Of(items.Places.Of(field, i)), field, test);
+        for (const Field_To_Read& field : fields) {
+            Value& item = field.kept[i];
+            item = row.Value_Of(field.columns.at(static_cast<std::size_t>(i) - 1));
+            if (field.null_reads_as_empty) item = item.Text_Or_Empty();
+        }
 }
 
 } // namespace

@@ -90,7 +90,9 @@ int Recordset::Column_Of(const QString& name) const {
 
 Value Recordset::Value_Of(int column) const {
     if (column < 0 || column >= Field_Count()) Raise_Object_Error(errors::No_Such_Field, This_Object);
-    return Value_At(column);
+    if (adding || !assigned.empty()) return Value_At(column);
+    Require_Row();
+    return Stored_Value(column);
 }
 
 Field Recordset::Fields(const QString& name) {

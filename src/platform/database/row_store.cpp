@@ -62,12 +62,23 @@ void Row_Store::Clear() {
     texts.clear();
 }
 
-static Value Text_Value(const QString& text, bool is_date) {
-    if (is_date) {
-        if (text.trimmed().isEmpty()) return {}; // an untyped file's way to leave a date out
-        if (const auto date = basics::Stored_Date(text)) return *date;
+static Value Date_Value(const QString& text) {
+    if (text.trimmed().isEmpty()) return {}; // an untyped file's way to leave a date out
+    if (const auto date = basics::Stored_Date(text)) return *date;
+    return text;
+}
+
+// Nearly all that is stored are a few plain letters and digits, each of which is one character.
+static QString Text_Of(const char* bytes, int size) {
+    if (size == 0) return u""_s;
+    QString text(size, Qt::Uninitialized);
+    QChar* character = text.data();
+    for (int i = 0; i < size; ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        if (byte > 0x7F) return QString::fromUtf8(bytes, size);
+        character[i] = QLatin1Char(static_cast<char>(byte));
     }
-    return text.isNull() ? QString(u""_s) : text;
+    return text;
 }
 
 Value Row_Store::Value_At(std::size_t row, int column, bool is_date) const {
@@ -82,7 +93,8 @@ Value Row_Store::Value_At(std::size_t row, int column, bool is_date) const {
     case Kind::Text:
         break;
     }
-    return Text_Value(QString::fromUtf8(texts.data() + cell.start, cell.size), is_date);
+    QString text = Text_Of(texts.data() + cell.start, cell.size);
+    return is_date ? Date_Value(text) : Value(std::move(text));
 }
 
 } // namespace database
