@@ -180,6 +180,14 @@ Statement_Result Engine::Run(const QString& sql, const std::vector<Value>& value
     return Run(*Known_Or(sql, [&] { return Prepared(sql, {}); }), values);
 }
 
+static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
+    if (prepared.rows && prepared.rows.use_count() == 1)
+        prepared.rows->Clear();
+    else
+        prepared.rows = std::make_shared<Row_Store>();
+    return *prepared.rows;
+}
+
 Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Value>& values) {
     sqlite3_stmt* statement = prepared.statement.get();
     const Reset_At_The_End reset(statement);
@@ -194,11 +202,13 @@ Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Val
     result.shape = prepared.shape;
     result.table = prepared.table;
     const int columns = result.shape->Column_Count();
-    result.rows.Reserve_Texts(prepared.text_bytes);
-    for (; step == SQLITE_ROW; step = sqlite3_step(statement))
-        result.rows.Take_Row(statement, columns);
+    if (columns > 0) {
+        Row_Store& rows = Room_For_Rows(prepared);
+        for (; step == SQLITE_ROW; step = sqlite3_step(statement))
+            rows.Take_Row(statement, columns);
+        result.rows = prepared.rows;
+    }
     if (step != SQLITE_DONE) Raise_Engine_Error(engine.get(), step);
-    prepared.text_bytes = result.rows.Text_Bytes();
     if (columns == 0) result.affected = sqlite3_changes(engine.get());
     return result;
 }

@@ -22,14 +22,14 @@ struct Prepared_Statement {
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
     std::shared_ptr<const Row_Shape> shape; // the identity, where there is one, is the first column
     QString table;                          // what a recordset of it writes to; empty if it can't
-    std::size_t text_bytes = 0;             // of the rows that it gave last
+    std::shared_ptr<Row_Store> rows; // those it gave last; their room is used again once nobody reads them
 };
 
 // What comes of running one.
 struct Statement_Result {
     std::shared_ptr<const Row_Shape> shape;
     QString table;
-    Row_Store rows;
+    std::shared_ptr<const Row_Store> rows;
     int affected = 0;
 
     bool Returns_Rows() const { return shape->Column_Count() > 0; }

@@ -54,20 +54,20 @@ void Recordset::Take(Statement_Result result) {
 void Recordset::Close() {
     Require_Open();
     open = false;
-    rows.Clear();
+    rows.reset();
     written.clear();
     Forget_Assignments();
 }
 
 bool Recordset::Eof() const {
     Require_Open();
-    return current >= rows.Row_Count();
+    return current >= rows->Row_Count();
 }
 
 void Recordset::MoveFirst() {
     Require_Open();
     Forget_Assignments();
-    if (rows.Row_Count() == 0) Raise_Object_Error(errors::No_Current_Record, This_Object);
+    if (rows->Row_Count() == 0) Raise_Object_Error(errors::No_Current_Record, This_Object);
     current = 0;
 }
 
@@ -126,7 +126,7 @@ void Recordset::Require_Open() const {
 
 void Recordset::Require_Row() const {
     Require_Open();
-    if (current >= rows.Row_Count()) Raise_Object_Error(errors::No_Current_Record, This_Object);
+    if (current >= rows->Row_Count()) Raise_Object_Error(errors::No_Current_Record, This_Object);
 }
 
 void Recordset::Forget_Assignments() {
@@ -146,7 +146,7 @@ Value Recordset::Stored_Value(int column) const {
     if (!written.empty())
         if (const auto found = written.find({current, column}); found != written.end()) return found->second;
     const int place = column + first_column;
-    return rows.Value_At(current, place, shape->is_date[static_cast<std::size_t>(place)]);
+    return rows->Value_At(current, place, shape->is_date[static_cast<std::size_t>(place)]);
 }
 
 void Recordset::Assign(int column, const Value& value) {
@@ -183,7 +183,7 @@ void Recordset::Update_Row() {
         set.append(Quoted(Name_Of(column)) + u" = ?"_s);
         values.push_back(value);
     }
-    values.push_back(rows.Value_At(current, 0, false));
+    values.push_back(rows->Value_At(current, 0, false));
     const int affected =
         connection->Opened()
             .Run(u"UPDATE "_s + table + u" SET "_s + set.join(u", "_s) + u" WHERE rowid = ?"_s, values)

@@ -81,7 +81,7 @@ private:
     QString table;        // empty: can't be written
     int first_column = 0; // 1 where the row's identity comes before its fields
     std::shared_ptr<const Row_Shape> shape;
-    Row_Store rows;
+    std::shared_ptr<const Row_Store> rows;
     std::map<std::pair<std::size_t, int>, basics::Value> written; // by row and column: what Update stored
     std::size_t current = 0;
     std::vector<std::pair<int, basics::Value>> assigned;

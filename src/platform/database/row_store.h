@@ -27,10 +27,8 @@ struct Row_Shape {
 // pass reads few, and copying bytes costs next to nothing.
 class Row_Store {
 public:
-    void Reserve_Texts(std::size_t bytes) { texts.reserve(bytes); }
-    std::size_t Text_Bytes() const { return texts.size(); }
     void Take_Row(sqlite3_stmt* statement, int columns);
-    void Clear();
+    void Clear(); // keeps its room
 
     std::size_t Row_Count() const { return rows; }
     basics::Value Value_At(std::size_t row, int column, bool is_date) const;
