@@ -8,8 +8,9 @@
 #include "pupils/register_page.h"
 #include "pupils/security_page.h"
 #include "reports/reports_page.h"
-#include "shell/conventions/later_page.h"
+#include "shell/archiving.h"
 #include "shell/main_menu.h"
+#include "shell/settings.h"
 #include "shell/testing_progress.h"
 
 #include <QTimer>
@@ -18,7 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace app {
 
-using shell::Later_Page;
 using shell::Page_Id;
 
 constexpr int Start_Up_Delay_Ms = 1000; // the background form's timer
@@ -68,11 +68,9 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Testing_Progress:
         return std::make_unique<shell::Form14>(platform, navigator, installation);
     case Page_Id::Settings:
-        return std::make_unique<Later_Page>(platform, navigator, u"Settings"_s,
-                                            Later_Page::Way_Back::To_The_Page_Beneath);
+        return std::make_unique<shell::Form20>(platform, navigator, installation);
     case Page_Id::Archiving:
-        return std::make_unique<Later_Page>(platform, navigator, u"Archiving"_s,
-                                            Later_Page::Way_Back::To_The_Menu);
+        return std::make_unique<shell::Form60>(platform, navigator, installation, counts, copies);
     }
     return nullptr;
 }

@@ -3,6 +3,7 @@
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
 #include "foundation/start_up.h"
+#include "platform/database/safe_copy.h"
 #include "platform/desktop/ports.h"
 #include "pupils/pupil_records.h"
 #include "reports/state/report_state.h"
@@ -32,6 +33,7 @@ private:
     desktop::Platform& platform;
     foundation::Installation installation;
     shell::Menu_Counts counts;
+    database::Safe_Copies copies;
     scoring::Scoring_Data scores;
     foundation::Access_Holder scoring_holder;
     scoring::Scoring scoring;

@@ -62,14 +62,11 @@ void Form77::Lay_Out() {
         HotLabel::Look::Entry, frame2);
     HotLabel13 =
         Make_HotLabel(u"HotLabel13"_s, u"Quit"_s, {664, 422, 296, 48}, [this] { HotLabel13_Click(); });
-
-    Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Help, {40, 524, 920, 76});
-    Label3->setWordWrap(true);
-    Label3->setAccessibleName(u"Help"_s);
 }
 
 void Form77::Tell_Helps() {
-    auto* help = new Help_Line(this, [this](const QString& text) { Label3->setText(text); });
+    const auto [label, help] = Make_Help(u"Label3"_s, {40, 524, 920, 76});
+    Label3 = label;
     help->Clear_Over(this);
     help->Clear_Over(Frame1);
     help->Tell(Label3, [this] {

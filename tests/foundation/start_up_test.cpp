@@ -110,11 +110,6 @@ protected:
         form.Load();
         form.Timer1_Timer(u"C:\\Mevo"_s);
     }
-    void Make_Older() {
-        sample.Run(u"DROP TABLE Mevo_Groups"_s);
-        for (const QString& column : {u"Show_Name"_s, u"Group_Class"_s, u"Password"_s, u"Dob_as_pw"_s})
-            sample.Run(u"ALTER TABLE Mevo_Pupils DROP COLUMN "_s + column);
-    }
     Sample_File sample;
 };
 
@@ -144,7 +139,7 @@ TEST_F(Start_Up_On_A_Database, AMissingFileIsTheRunTimesError) {
 }
 
 TEST_F(Start_Up_On_A_Database, AnOlderFileIsBroughtUpInPlace) {
-    Make_Older();
+    sample.Make_Older();
     outside.boxes.Will_Answer(Answer::Ok);
     Start();
     EXPECT_EQ(outside.boxes.shown[0].text, u"Will now convert your database to the new version 5.1"_s);

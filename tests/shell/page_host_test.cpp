@@ -2,7 +2,6 @@
 
 #include "platform/basics/run_time_error.h"
 #include "shell/conventions/click_combo.h"
-#include "shell/conventions/later_page.h"
 #include "support/controls.h"
 #include "support/scripted_platform.h"
 
@@ -62,17 +61,6 @@ TEST_F(Host, APageOnTopLeavesTheOneBeneathAsItWas) {
     ASSERT_TRUE(Wait_Until([&] { return host.Current() == beneath; }));
     EXPECT_TRUE(beneath->isVisible());
     EXPECT_EQ(diary.count(u"load 0"_s), 1);
-}
-
-TEST(LaterPage, LeadsBack) {
-    Scripted_Platform outside;
-    Recording_Navigator navigator;
-    Later_Page alone(outside.platform, navigator, u"Security"_s, Later_Page::Way_Back::To_The_Menu);
-    Click(alone, u"HotLabel1"_s);
-    EXPECT_EQ(navigator.went_to, QList{Page_Id::Main_Menu});
-    Later_Page on_top(outside.platform, navigator, u"Settings"_s, Later_Page::Way_Back::To_The_Page_Beneath);
-    Click(on_top, u"HotLabel1"_s);
-    EXPECT_EQ(navigator.closed, 1);
 }
 
 TEST(HotLabelKeys, ReturnAndSpaceClickIt) {

@@ -83,6 +83,12 @@ QString Sample_File::Value(const QString& sql) const {
     return column.first();
 }
 
+void Sample_File::Make_Older() const {
+    Run(u"DROP TABLE Mevo_Groups"_s);
+    for (const QString& column : {u"Show_Name"_s, u"Group_Class"_s, u"Password"_s, u"Dob_as_pw"_s})
+        Run(u"ALTER TABLE Mevo_Pupils DROP COLUMN "_s + column);
+}
+
 void Sample_File::Move_Away() const {
     QFile::rename(path, path + u".away"_s);
 }

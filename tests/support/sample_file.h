@@ -23,6 +23,7 @@ public:
     QString Value(const QString& sql) const;      // the first cell as text; "NULL" for none
     QStringList Column(const QString& sql) const; // the first column
 
+    void Make_Older() const; // as before version 5.1: no groups, no logins
     void Move_Away() const;
     void Put_Back() const;
 

@@ -74,6 +74,26 @@ QString Scripted_Input_Box::Ask(const QString& prompt, const QString& title) {
     return answers.isEmpty() ? QString() : answers.takeFirst();
 }
 
+int Scripted_Registry::Create_Key(const QString& key, int access, quintptr& handle) {
+    EXPECT_EQ(access, Read_Access);
+    asked.append(key);
+    constexpr int denied = 5;
+    if (!versions.contains(key)) return denied;
+    handle = static_cast<quintptr>(asked.size());
+    open.append(handle);
+    return 0;
+}
+
+int Scripted_Registry::Query_Value(quintptr handle, const QString& name, int& type, QByteArray& buffer) {
+    EXPECT_TRUE(open.contains(handle));
+    EXPECT_EQ(name, u"Version"_s);
+    EXPECT_EQ(buffer, QByteArray(1024, '\0'));
+    const Version& found = versions[asked.last()];
+    type = found.type;
+    buffer.replace(0, found.bytes.size(), found.bytes);
+    return 0;
+}
+
 QString Picture_Printer::Print(const desktop::Printed_Document& document, const QString& pdf_folder) {
     if (broken) throw basics::Run_Time_Error(482, u"Printer"_s, u"The printer is stopped."_s);
     printed.append(document.name);

@@ -162,6 +162,22 @@ public:
     QList<desktop::Page_Copy> copied;
 };
 
+// Values by their key, each with the type that the system would tell. A key without one can't be opened.
+class Scripted_Registry final : public desktop::Registry {
+public:
+    struct Version {
+        int type;
+        QByteArray bytes;
+    };
+    int Create_Key(const QString& key, int access, quintptr& handle) override;
+    int Query_Value(quintptr handle, const QString& name, int& type, QByteArray& buffer) override;
+    void Close_Key(quintptr handle) override { open.removeOne(handle); }
+
+    QHash<QString, Version> versions;
+    QStringList asked;
+    QList<quintptr> open;
+};
+
 struct Scripted_Platform {
     Scripted_Boxes boxes;
     Recording_Pointer pointer;
@@ -178,9 +194,10 @@ struct Scripted_Platform {
     Listed_Random random;
     Picture_Printer printers;
     Kept_Clipboard clipboard;
-    desktop::Platform platform{boxes,        pointer,   clock,  sound,    documents,
-                               processes,    ini,       files,  folders,  dialogs,
-                               file_dialogs, input_box, random, printers, clipboard};
+    Scripted_Registry registry;
+    desktop::Platform platform{boxes,  pointer,  clock,     sound,   documents,    processes,
+                               ini,    files,    folders,   dialogs, file_dialogs, input_box,
+                               random, printers, clipboard, registry};
 };
 
 } // namespace test_support

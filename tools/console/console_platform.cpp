@@ -105,6 +105,16 @@ public:
     void Put(const desktop::Page_Copy&) override {}
 };
 
+class No_Registry final : public desktop::Registry {
+public:
+    int Create_Key(const QString&, int, quintptr&) override { return Not_Found; }
+    int Query_Value(quintptr, const QString&, int&, QByteArray&) override { return Not_Found; }
+    void Close_Key(quintptr) override {}
+
+private:
+    static constexpr int Not_Found = 2;
+};
+
 class No_Dialogs final : public desktop::Modal_Dialogs {
 public:
     void Show(QDialog&) override {}
@@ -130,8 +140,10 @@ struct Console_Platform::Bodies {
     No_Random random;
     No_Printers printers;
     No_Clipboard clipboard;
-    desktop::Platform ports{boxes,   pointer, clock,        sound,     documents, processes, ini,      files,
-                            folders, dialogs, file_dialogs, input_box, random,    printers,  clipboard};
+    No_Registry registry;
+    desktop::Platform ports{boxes,  pointer,  clock,     sound,   documents,    processes,
+                            ini,    files,    folders,   dialogs, file_dialogs, input_box,
+                            random, printers, clipboard, registry};
 };
 
 Console_Platform::Console_Platform(const QString& program, QTextStream& errors)

@@ -19,14 +19,21 @@ namespace {
 
 constexpr QSize Common_Screen{1366, 768};
 
-// The entry that leads to a page, and the page's name. Each page's HotLabel1 leads back.
-using Way = std::pair<QString, QString>;
-const Way Previews[] = {{u"HotLabel4"_s, u"Form94"_s}, {u"HotLabel6"_s, u"Form92"_s}};
-const Way Pages_From_The_Menu[] = {{u"HotLabel7"_s, u"Form14"_s},
-                                   {u"HotLabel4"_s, u"Form10"_s},
-                                   {u"HotLabel2"_s, u"Form42"_s},
-                                   {u"HotLabel5"_s, u"Form15"_s},
-                                   {u"HotLabel14"_s, u"Form2"_s}};
+// The entry that leads to a page, the page's name, and a control whose help is to be in the picture. Each
+// page's HotLabel1 leads back.
+struct Way {
+    QString entry;
+    QString form;
+    QString pointed_at;
+};
+const Way Previews[] = {{u"HotLabel4"_s, u"Form94"_s, {}}, {u"HotLabel6"_s, u"Form92"_s, {}}};
+const Way Pages_From_The_Menu[] = {{u"HotLabel7"_s, u"Form14"_s, {}},
+                                   {u"HotLabel4"_s, u"Form10"_s, {}},
+                                   {u"HotLabel2"_s, u"Form42"_s, {}},
+                                   {u"HotLabel5"_s, u"Form15"_s, {}},
+                                   {u"HotLabel14"_s, u"Form2"_s, {}},
+                                   {u"HotLabel8"_s, u"Form60"_s, u"HotLabel3"_s},
+                                   {u"HotLabel6"_s, u"Form20"_s, u"lblFlashVersion"_s}};
 
 // A walk has nobody to answer a question.
 class Refusing_Boxes final : public desktop::Message_Boxes {
@@ -99,18 +106,19 @@ public:
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);
         Click(u"HotLabel3"_s);
-        for (const auto& [entry, form] : Previews) {
-            Click(entry);
-            Wait_For(form);
-            pictures.Take(window, form);
+        for (const Way& way : Previews) {
+            Click(way.entry);
+            Wait_For(way.form);
+            pictures.Take(window, way.form);
             Click(u"HotLabel1"_s);
             Wait_For(u"Form30"_s);
         }
         Click(u"HotLabel1"_s);
         Wait_For(u"Form77"_s);
-        for (const auto& [entry, form] : Pages_From_The_Menu) {
+        for (const auto& [entry, form, pointed_at] : Pages_From_The_Menu) {
             Click(entry);
             Wait_For(form);
+            if (!pointed_at.isEmpty()) Point_At(pointed_at);
             pictures.Take(window, form);
             Click(u"HotLabel1"_s);
             Wait_For(u"Form77"_s);
@@ -194,9 +202,9 @@ int main(int argc, char** argv) {
     Hurried_Clock clock;
     Photographed_Dialogs dialogs(pictures);
     desktop::Platform platform{
-        boxes,        ports.pointer,  clock,          ports.sound, ports.documents,    ports.processes,
-        ports.ini,    ports.files,    ports.folders,  dialogs,     ports.file_dialogs, ports.input_box,
-        ports.random, ports.printers, ports.clipboard};
+        boxes,        ports.pointer,  clock,           ports.sound,   ports.documents,    ports.processes,
+        ports.ini,    ports.files,    ports.folders,   dialogs,       ports.file_dialogs, ports.input_box,
+        ports.random, ports.printers, ports.clipboard, ports.registry};
     app::Program program(platform);
     program.Start(QApplication::applicationDirPath());
     try {

@@ -16,8 +16,14 @@ static QString Customary_Description(int number) {
         return u"Type mismatch"_s;
     case errors::File_Not_Found:
         return u"File not found"_s;
+    case errors::Device_Error:
+        return u"Device I/O error"_s;
+    case errors::Disk_Full:
+        return u"Disk full"_s;
     case errors::Permission_Denied:
         return u"Permission denied"_s;
+    case errors::Path_Not_Found:
+        return u"Path not found"_s;
     case errors::Object_Not_Set:
         return u"Object variable or With block variable not set"_s;
     case errors::Invalid_Use_Of_Null:

@@ -33,7 +33,10 @@ inline constexpr int Subscript_Out_Of_Range = 9;
 inline constexpr int Division_By_Zero = 11;
 inline constexpr int Type_Mismatch = 13;
 inline constexpr int File_Not_Found = 53;
+inline constexpr int Device_Error = 57;
+inline constexpr int Disk_Full = 61;
 inline constexpr int Permission_Denied = 70;
+inline constexpr int Path_Not_Found = 76;
 inline constexpr int Object_Not_Set = 91;
 inline constexpr int Invalid_Use_Of_Null = 94;
 } // namespace errors

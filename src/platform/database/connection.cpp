@@ -3,13 +3,13 @@
 #include "platform/basics/dates.h"
 #include "platform/basics/native_path.h"
 #include "platform/database/collation.h"
+#include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
+#include "platform/database/hardening.h"
 #include "platform/database/jet_sql.h"
 #include "platform/database/recordset.h"
 
 #include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
 #include <cmath>
 #include <sqlite3.h>
 
@@ -26,9 +26,6 @@ struct Connection::Watch {
 };
 
 namespace {
-
-constexpr qsizetype Header_Size = 100;  // of the engine's file format
-constexpr qsizetype Journal_Marks = 18; // two bytes of the header: 2 means a write-ahead log
 
 struct Finalizer {
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
@@ -129,34 +126,6 @@ Connection::~Connection() {
     sqlite3_close(engine);
 }
 
-void Connection::Refuse_What_Is_No_Database(const QString& file) const {
-    const QFileInfo info(file);
-    if (!info.exists())
-        Raise_Engine_Error(errors::Engine_Failure, u"Could not find file '"_s + file + u"'."_s);
-    if (!info.isFile())
-        Raise_Engine_Error(errors::Engine_Failure,
-                           u"'"_s + file + u"' is not a database file but a folder."_s);
-    QFile opened(file);
-    if (!opened.open(QIODevice::ReadOnly))
-        Raise_Engine_Error(errors::Engine_Failure,
-                           u"The file '"_s + file + u"' can't be opened: "_s + opened.errorString());
-    const QByteArray header = opened.read(Header_Size);
-    if (header.startsWith("SQLite format 3")) return;
-    if (header.mid(4).startsWith("Standard Jet DB"))
-        Raise_Engine_Error(
-            errors::Engine_Failure,
-            u"The file '"_s + file +
-                u"' was saved in the older Access (Jet) format, which must be converted before it can be used."_s);
-    Raise_Engine_Error(errors::Engine_Failure, u"Unrecognized database format '"_s + file + u"'."_s);
-}
-
-static bool Has_Write_Ahead_Log(const QString& file) {
-    QFile opened(file);
-    if (!opened.open(QIODevice::ReadOnly)) return false;
-    const QByteArray header = opened.read(Header_Size);
-    return header.size() == Header_Size && (header[Journal_Marks] == 2 || header[Journal_Marks + 1] == 2);
-}
-
 void Connection::Open() {
     if (Is_Open()) Raise_Object_Error(errors::Object_Open, u"Connection"_s);
     const QString file = basics::Native_Path(Data_Source(ConnectionString));
@@ -170,7 +139,7 @@ void Connection::Open() {
         sqlite3_extended_result_codes(engine, 1);
         sqlite3_busy_timeout(engine, ConnectionTimeout * 1000);
         sqlite3_progress_handler(engine, 10'000, End_If_Too_Long, &watch->since);
-        Harden();
+        Harden(engine);
         if (in_wal_mode) Run(u"PRAGMA journal_mode = DELETE"_s);
         Run(u"PRAGMA synchronous = FULL"_s);
         Run(u"PRAGMA cell_size_check = ON"_s);
@@ -180,22 +149,6 @@ void Connection::Open() {
         Close();
         throw;
     }
-}
-
-void Connection::Harden() {
-    const auto set = [this](int option, int value) { sqlite3_db_config(engine, option, value, nullptr); };
-    set(SQLITE_DBCONFIG_DEFENSIVE, 1);
-    set(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
-    set(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
-    set(SQLITE_DBCONFIG_ENABLE_VIEW, 0);
-    set(SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0);
-    set(SQLITE_DBCONFIG_DQS_DML, 0);
-    set(SQLITE_DBCONFIG_DQS_DDL, 0);
-    sqlite3_limit(engine, SQLITE_LIMIT_ATTACHED, 0);
-    sqlite3_limit(engine, SQLITE_LIMIT_LENGTH, 64 * 1024 * 1024);
-    sqlite3_limit(engine, SQLITE_LIMIT_SQL_LENGTH, 1024 * 1024);
-    sqlite3_limit(engine, SQLITE_LIMIT_EXPR_DEPTH, 200);
-    sqlite3_limit(engine, SQLITE_LIMIT_VDBE_OP, 250'000);
 }
 
 void Connection::Close() {

@@ -51,9 +51,6 @@ private:
     // Runs one statement of the engine's own dialect with values for its place holders.
     Rows Run(const QString& engine_sql, const std::vector<basics::Value>& values = {});
 
-    void Refuse_What_Is_No_Database(const QString& file) const;
-    void Harden();
-
     sqlite3* engine = nullptr;
     struct Watch; // ends a query that runs too long
     std::unique_ptr<Watch> watch;

@@ -80,6 +80,20 @@ public:
     virtual QString Dir(const QString& file) = 0;
 };
 
+// The system's registry, below the root of the whole machine. Results are the system's own: 0 is success.
+class Registry {
+public:
+    virtual ~Registry() = default;
+    static constexpr int Read_Access = 131097;
+    static constexpr int String_Type = 1;
+
+    // Opens a key, which is made if it is missing and the account may.
+    virtual int Create_Key(const QString& key, int access, quintptr& handle) = 0;
+    // Puts a value into the buffer, which isn't made longer, and its type into `type`.
+    virtual int Query_Value(quintptr handle, const QString& name, int& type, QByteArray& buffer) = 0;
+    virtual void Close_Key(quintptr handle) = 0;
+};
+
 // Folders that the system keeps, by their customary numbers.
 inline constexpr int Common_AppData = 35; // application data of all users
 
@@ -145,6 +159,7 @@ struct Platform {
     Random_Source& random;
     Printers& printers;
     Clipboard& clipboard;
+    Registry& registry;
 };
 
 } // namespace desktop

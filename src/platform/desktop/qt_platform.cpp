@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QDir>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
@@ -218,7 +219,8 @@ private:
                                                            : QFileDialog::AnyFile);
         dialog.setDefaultSuffix(question.extension);
         if (!question.file_name.contains(u'*')) dialog.selectFile(question.file_name);
-        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+        return dialog.exec() == QDialog::Accepted ? QDir::toNativeSeparators(dialog.selectedFiles().value(0))
+                                                  : QString();
     }
 };
 
@@ -256,8 +258,9 @@ struct Qt_Platform::Bodies {
     Seeded_Random random;
     std::unique_ptr<Printers> printers = Make_Qt_Printers();
     std::unique_ptr<Clipboard> clipboard = Make_Qt_Clipboard();
-    Platform ports{boxes,   pointer, clock,        sound,     documents, processes, ini,       files,
-                   folders, dialogs, file_dialogs, input_box, random,    *printers, *clipboard};
+    std::unique_ptr<Registry> registry = Make_System_Registry();
+    Platform ports{boxes,   pointer, clock,        sound,     documents, processes, ini,        files,
+                   folders, dialogs, file_dialogs, input_box, random,    *printers, *clipboard, *registry};
 };
 
 Qt_Platform::Qt_Platform() : bodies(std::make_unique<Bodies>()) {

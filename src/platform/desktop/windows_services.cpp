@@ -1,7 +1,5 @@
 #include "platform/desktop/windows_services.h"
 
-#include "platform/desktop/ports.h"
-
 #ifdef _WIN32
 #include <shlobj.h>
 #include <windows.h>
@@ -33,6 +31,35 @@ int System_Folder(int number, QString& path) {
     return static_cast<int>(result);
 }
 
+namespace {
+
+class Windows_Registry final : public Registry {
+public:
+    int Create_Key(const QString& key, int access, quintptr& handle) override {
+        HKEY opened = nullptr;
+        const LSTATUS result = RegCreateKeyExA(HKEY_LOCAL_MACHINE, key.toLocal8Bit().constData(), 0, nullptr,
+                                               0, static_cast<REGSAM>(access), nullptr, &opened, nullptr);
+        handle = reinterpret_cast<quintptr>(opened);
+        return static_cast<int>(result);
+    }
+    int Query_Value(quintptr handle, const QString& name, int& type, QByteArray& buffer) override {
+        DWORD found = 0;
+        auto size = static_cast<DWORD>(buffer.size());
+        const LSTATUS result =
+            RegQueryValueExA(reinterpret_cast<HKEY>(handle), name.toLocal8Bit().constData(), nullptr, &found,
+                             reinterpret_cast<BYTE*>(buffer.data()), &size);
+        type = static_cast<int>(found);
+        return static_cast<int>(result);
+    }
+    void Close_Key(quintptr handle) override { RegCloseKey(reinterpret_cast<HKEY>(handle)); }
+};
+
+} // namespace
+
+std::unique_ptr<Registry> Make_System_Registry() {
+    return std::make_unique<Windows_Registry>();
+}
+
 #else
 
 QString System_Short_Path(const QString& path) {
@@ -44,6 +71,24 @@ int System_Folder(int number, QString& path) {
     if (number != Common_AppData) return 1;
     path = u"/var/lib"_s; // where data of the whole machine lie that programs change
     return 0;
+}
+
+namespace {
+
+class No_Registry final : public Registry {
+public:
+    int Create_Key(const QString&, int, quintptr&) override { return Not_Found; }
+    int Query_Value(quintptr, const QString&, int&, QByteArray&) override { return Not_Found; }
+    void Close_Key(quintptr) override {}
+
+private:
+    static constexpr int Not_Found = 2;
+};
+
+} // namespace
+
+std::unique_ptr<Registry> Make_System_Registry() {
+    return std::make_unique<No_Registry>();
 }
 
 #endif

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/desktop/ports.h"
+
 #include <QString>
+#include <memory>
 
 namespace desktop {
 
@@ -11,5 +14,8 @@ QString System_Short_Path(const QString& path);
 
 // Sets the path of a folder that the system keeps and gives 0; another result if it has none such.
 int System_Folder(int number, QString& path);
+
+// The registry; one without any keys where the system has none.
+std::unique_ptr<Registry> Make_System_Registry();
 
 } // namespace desktop

@@ -45,4 +45,11 @@ QLabel* Page::Make_Label(const QString& name, const QString& text, Text_Role rol
     return label;
 }
 
+Page::Help Page::Make_Help(const QString& label_name, const QRect& place) {
+    QLabel* label = Make_Label(label_name, u""_s, Text_Role::Help, place);
+    label->setWordWrap(true);
+    label->setAccessibleName(u"Help"_s);
+    return {label, new Help_Line(this, [label](const QString& text) { label->setText(text); })};
+}
+
 } // namespace shell

@@ -63,6 +63,13 @@ protected:
     QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, const QRect& place,
                        QWidget* parent = nullptr);
 
+    // A help line that speaks through a label of that name.
+    struct Help {
+        QLabel* label;
+        Help_Line* line;
+    };
+    Help Make_Help(const QString& label_name, const QRect& place);
+
     static constexpr int Deferred_Ms = 1000; // of the pages' timers
 
     desktop::Platform& platform;

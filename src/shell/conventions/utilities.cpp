@@ -66,6 +66,19 @@ void Open_Document(const QString& file, const foundation::Installation& installa
     throw basics::Run_Time_Error(number, u"Quend Swith Shell"_s, error.description);
 }
 
+QString Read_Flash_Version(const QString& key, desktop::Platform& platform) {
+    constexpr int room = 1024;
+    quintptr handle = 0;
+    if (platform.registry.Create_Key(key, desktop::Registry::Read_Access, handle) != 0) return u""_s;
+    QByteArray buffer(room, '\0');
+    int type = 0;
+    platform.registry.Query_Value(handle, u"Version"_s, type, buffer);
+    platform.registry.Close_Key(handle);
+    if (type != desktop::Registry::String_Type) return u""_s;
+    const qsizetype end = buffer.indexOf('\0');
+    return QString::fromLocal8Bit(end < 0 ? buffer : buffer.left(end));
+}
+
 void Center_Control(QWidget& form) {
     const QRect screen = form.screen()->geometry();
     form.move(screen.x() + screen.width() / 2 - form.width() / 2,

@@ -21,6 +21,9 @@ int Shell_Open(const QString& file, const QString& folder, desktop::Platform& pl
 void Play_Sound(const QString& file, desktop::Platform& platform);
 void Play_Click(const foundation::Installation& installation, desktop::Platform& platform);
 
+// The version text that a key of the registry holds; empty if it holds none.
+QString Read_Flash_Version(const QString& key, desktop::Platform& platform);
+
 // Puts a form in the middle of the screen.
 void Center_Control(QWidget& form);
 

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/basics/run_time_error.h"
+
+#include <QElapsedTimer>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_backup;
+
+namespace database {
+
+// A file that begins as a database does, but that the engine can't make sense of.
+class Damaged_File : public basics::Run_Time_Error {
+public:
+    using Run_Time_Error::Run_Time_Error;
+};
+
+// The engine on one file, for copying it: its locks, and the file's bytes under them. The bytes are read
+// through the engine's own handle, since on POSIX systems a second one would drop the locks when it is
+// closed.
+//
+// Failures are run-time errors: those of the data layer, or 61, 70 and 57 where the disk has no room, the
+// account may not write, or the device failed.
+class File_Engine {
+public:
+    enum class Access { Read_Only, Read_Write };
+
+    // A file that is written through a log beside it is turned back into one file.
+    File_Engine(const QString& file, Access access, int timeout_seconds);
+    ~File_Engine();
+    File_Engine(const File_Engine&) = delete;
+    File_Engine& operator=(const File_Engine&) = delete;
+
+    // Runs one statement of the engine's own dialect; gives the first column. Ended after a minute.
+    QStringList Run(const char* sql);
+
+    using Take = std::function<void(const QByteArray&)>;
+    // Hands over the file's bytes from first to last. A lock must be held.
+    void Read_All(const Take& take) const;
+
+    sqlite3* Handle() const { return engine.get(); }
+    [[noreturn]] void Raise(int result) const; // the engine's last error
+
+private:
+    struct Closer {
+        void operator()(sqlite3* engine) const;
+    };
+    std::unique_ptr<sqlite3, Closer> engine;
+    QElapsedTimer since; // the running statement's start
+};
+
+// Replaces everything that is in the database `target` by what is in `source`, in one transaction of the
+// target: other programs see the old content or the new one, and so does whoever opens the file after a
+// crash.
+class Replacing_Transaction {
+public:
+    // Waits until nobody else is in the target, and keeps them out from here on.
+    Replacing_Transaction(File_Engine& source, File_Engine& target);
+    ~Replacing_Transaction(); // without Commit the target stays as it was
+    Replacing_Transaction(const Replacing_Transaction&) = delete;
+    Replacing_Transaction& operator=(const Replacing_Transaction&) = delete;
+
+    // Keeps all others out of the target from here on; waits for them. False if the target is too damaged to
+    // hold a transaction.
+    bool Lock();
+    void Commit();
+
+private:
+    struct Finisher {
+        void operator()(sqlite3_backup* backup) const;
+    };
+    File_Engine& target;
+    std::unique_ptr<sqlite3_backup, Finisher> backup;
+};
+
+} // namespace database

@@ -1,0 +1,146 @@
+#include "platform/database/new_file.h"
+
+#include "platform/basics/run_time_error.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+
+#ifdef _WIN32
+#include <io.h>
+#include <windows.h>
+#else
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+namespace {
+
+namespace errors = basics::errors;
+
+const QString Ending = u".part"_s;
+constexpr int Left_Behind_After_Days = 1;
+
+#ifdef _WIN32
+
+int Number_Of_Last_Failure() {
+    switch (GetLastError()) {
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return errors::Disk_Full;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+        return errors::Permission_Denied;
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_FILE_NOT_FOUND:
+        return errors::Path_Not_Found;
+    default:
+        return errors::Device_Error;
+    }
+}
+
+bool Sync(const QFile& file) {
+    return _commit(file.handle()) == 0;
+}
+
+bool Rename_Over(const QString& from, const QString& to) {
+    return MoveFileExW(reinterpret_cast<const wchar_t*>(from.utf16()),
+                       reinterpret_cast<const wchar_t*>(to.utf16()),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+#else
+
+int Number_Of_Last_Failure() {
+    switch (errno) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return errors::Disk_Full;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+    case ETXTBSY:
+        return errors::Permission_Denied;
+    case ENOENT:
+    case ENOTDIR:
+        return errors::Path_Not_Found;
+    default:
+        return errors::Device_Error;
+    }
+}
+
+bool Sync(const QFile& file) {
+    return fsync(file.handle()) == 0;
+}
+
+// A rename is in the folder, which is written out by itself. Some shares can't; their servers do it.
+void Sync_Folder(const QString& folder) {
+    const int opened = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (opened < 0) return;
+    fsync(opened);
+    close(opened);
+}
+
+bool Rename_Over(const QString& from, const QString& to) {
+    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
+        return false;
+    Sync_Folder(QFileInfo(to).absolutePath());
+    return true;
+}
+
+#endif
+
+[[noreturn]] void Raise_Last_Failure() {
+    basics::Raise(Number_Of_Last_Failure());
+}
+
+void Remove_What_Was_Left_Behind(const QFileInfo& place) {
+    const QDateTime oldest = QDateTime::currentDateTime().addDays(-Left_Behind_After_Days);
+    const QString pattern = place.fileName() + u".*-*"_s + Ending;
+    for (const QFileInfo& left : place.absoluteDir().entryInfoList({pattern}, QDir::Files))
+        if (left.lastModified() < oldest) QFile::remove(left.filePath());
+}
+
+} // namespace
+
+New_File::New_File(const QString& place) : place(place) {
+    Remove_What_Was_Left_Behind(QFileInfo(place));
+    // Another machine may have a process of the same number at work in the same folder.
+    for (int attempt = 1;; ++attempt) {
+        path = u"%1.%2-%3"_s.arg(place).arg(QCoreApplication::applicationPid()).arg(attempt) + Ending;
+        file.setFileName(path);
+        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) return;
+        const int number = Number_Of_Last_Failure();
+        if (!QFileInfo::exists(path)) basics::Raise(number);
+    }
+}
+
+New_File::~New_File() {
+    file.close();
+    if (!moved) QFile::remove(path);
+}
+
+void New_File::Write(const QByteArray& bytes) {
+    if (file.write(bytes) != bytes.size()) Raise_Last_Failure();
+}
+
+void New_File::Flush_And_Close() {
+    if (!Sync(file)) Raise_Last_Failure();
+    file.close();
+}
+
+void New_File::Move_To_Its_Place() {
+    if (!Rename_Over(path, place)) Raise_Last_Failure();
+    moved = true;
+}
+
+} // namespace database

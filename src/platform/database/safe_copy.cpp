@@ -1,0 +1,140 @@
+#include "platform/database/safe_copy.h"
+
+#include "platform/basics/native_path.h"
+#include "platform/basics/run_time_error.h"
+#include "platform/database/database_file.h"
+#include "platform/database/engine_errors.h"
+#include "platform/database/file_engine.h"
+#include "platform/database/kept_copies.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+namespace {
+
+using basics::Native_Path;
+using Access = File_Engine::Access;
+
+void Refuse_Impossible(const QString& source, const QString& target) {
+    const QFileInfo from(source);
+    const QFileInfo to(target);
+    if (!from.exists()) basics::Raise(basics::errors::File_Not_Found);
+    if (!to.exists()) return;
+    const bool onto_itself = from.canonicalFilePath() == to.canonicalFilePath();
+    const bool open_to_us = to.isFile() && to.isReadable() && to.isWritable();
+    if (onto_itself || !open_to_us) basics::Raise(basics::errors::Permission_Denied);
+}
+
+// Under a read lock, so that nobody's transaction is halfway through; a crashed one is taken back first.
+void Write_Copy(const QString& source, New_File& copy, int timeout_seconds) {
+    Refuse_What_Is_No_Database(source);
+    File_Engine engine(source, Access::Read_Write, timeout_seconds);
+    engine.Run("BEGIN");
+    engine.Run("SELECT count(*) FROM sqlite_master");
+    engine.Read_All([&copy](const QByteArray& bytes) { copy.Write(bytes); });
+    engine.Run("COMMIT");
+    copy.Flush_And_Close();
+}
+
+void Require_Sound(const QString& file, const QStringList& tables) {
+    File_Engine engine(file, Access::Read_Only, 0);
+    engine.Run("PRAGMA ignore_check_constraints = ON"); // a text that is too long is no damage
+    const QStringList found = engine.Run("PRAGMA integrity_check");
+    if (found != QStringList{u"ok"_s})
+        Raise_Engine_Error(errors::Engine_Failure,
+                           u"The database file is damaged ("_s + found.value(0) + u")."_s);
+    const QStringList names = engine.Run("SELECT name FROM sqlite_master WHERE type = 'table'");
+    for (const QString& table : tables)
+        if (!names.contains(table, Qt::CaseInsensitive))
+            Raise_Engine_Error(errors::Unknown_Table, u"no such table: "_s + table);
+}
+
+void Write_Plain_Copy(const QString& file, New_File& copy) {
+    constexpr qint64 piece = 1024 * 1024;
+    QFile opened(file);
+    if (!opened.open(QIODevice::ReadOnly)) basics::Raise(basics::errors::Permission_Denied);
+    while (!opened.atEnd()) {
+        const QByteArray bytes = opened.read(piece);
+        if (bytes.isEmpty()) basics::Raise(basics::errors::Device_Error);
+        copy.Write(bytes);
+    }
+}
+
+// Keeps the target's present content; null where nothing is kept. It is called when nobody else can change
+// it.
+using Keep = std::function<std::unique_ptr<Kept_Copy>(const Kept_Copy::Write&)>;
+
+void Stay(const std::unique_ptr<Kept_Copy>& kept) {
+    if (kept) kept->Stay();
+}
+
+// A database that other programs may have open, with all of them kept out.
+struct Live_Target {
+    Live_Target(File_Engine& fresh, const QString& file, int timeout_seconds)
+        : engine(file, Access::Read_Write, timeout_seconds), transaction(fresh, engine) {}
+    File_Engine engine;
+    Replacing_Transaction transaction;
+};
+
+// Null if the file isn't fit to hold a transaction.
+std::unique_ptr<Live_Target> Locked(File_Engine& fresh, const QString& target, int timeout_seconds) {
+    if (!Looks_Like_A_Database(target)) return nullptr;
+    try {
+        return std::make_unique<Live_Target>(fresh, target, timeout_seconds);
+    } catch (const Damaged_File&) {
+        return nullptr;
+    }
+}
+
+bool Replace_In_Place(const QString& fresh, const QString& target, const Keep& keep, int timeout_seconds) {
+    File_Engine source(fresh, Access::Read_Only, 0);
+    const auto live = Locked(source, target, timeout_seconds);
+    if (!live) return false;
+    const auto kept = keep([&live](New_File& copy) {
+        live->engine.Read_All([&copy](const QByteArray& bytes) { copy.Write(bytes); });
+    });
+    live->transaction.Commit();
+    Stay(kept);
+    return true;
+}
+
+void Put_In_Place(New_File& fresh, const QString& target, const Keep& keep, int timeout_seconds) {
+    if (Replace_In_Place(fresh.Path(), target, keep, timeout_seconds)) return;
+    std::unique_ptr<Kept_Copy> kept;
+    if (QFileInfo::exists(target)) kept = keep([&target](New_File& copy) { Write_Plain_Copy(target, copy); });
+    // Left beside a file that has gone, or that the engine refuses, they would be taken for the new one's.
+    for (const QString& beside : {u"-journal"_s, u"-wal"_s, u"-shm"_s})
+        QFile::remove(target + beside);
+    fresh.Move_To_Its_Place();
+    Stay(kept);
+}
+
+} // namespace
+
+void Safe_Copies::Copy(const QString& source, const QString& target) {
+    const QString from = Native_Path(source);
+    const QString to = Native_Path(target);
+    Refuse_Impossible(from, to);
+    New_File copy(to);
+    Write_Copy(from, copy, timeout_seconds);
+    const Keep nothing = [](const Kept_Copy::Write&) { return nullptr; };
+    Put_In_Place(copy, to, nothing, timeout_seconds);
+}
+
+void Safe_Copies::Replace(const Replacement& order) {
+    const QString from = Native_Path(order.source);
+    const QString to = Native_Path(order.target);
+    Refuse_Impossible(from, to);
+    New_File copy(to);
+    Write_Copy(from, copy, timeout_seconds);
+    Require_Sound(copy.Path(), order.tables);
+    const QStringList folders{Native_Path(order.keep_in), QFileInfo(to).absolutePath()};
+    const Keep keep = [&](const Kept_Copy::Write& write) {
+        return std::make_unique<Kept_Copy>(folders, order.reason, order.when, write);
+    };
+    Put_In_Place(copy, to, keep, timeout_seconds);
+}
+
+} // namespace database

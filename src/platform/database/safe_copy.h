@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+namespace database {
+
+// How a database takes the place of another.
+struct Replacement {
+    QString source;
+    QString target;
+    QStringList tables; // that the new database must hold, without regard to case
+    QString reason;     // what replaces it, for the name under which the old database is kept: "load"
+    QDateTime when;     // and when
+    QString keep_in;    // the folder for the old database; where it can't be there, its own folder serves
+};
+
+// Copies whole database files. What fails is a run-time error and leaves the target as it was:
+// 53 where the source is missing; 61 disk full; 70 where the account may not write there, or source and
+// target are the same file; 76 path not found; 57 for another failure of the device; and the data layer's own
+// errors for a file that is no database, is damaged, or is still in use when the wait is over.
+class File_Copies {
+public:
+    virtual ~File_Copies() = default;
+
+    // Copies the source as it is between two transactions of those who write it.
+    virtual void Copy(const QString& source, const QString& target) = 0;
+
+    // Puts a copy of the source in the target's place, having kept the target as it was up to then beside the
+    // archives. The source must be sound and hold the tables; the newest ten of the kept are left.
+    virtual void Replace(const Replacement& order) = 0;
+};
+
+class Safe_Copies final : public File_Copies {
+public:
+    void Copy(const QString& source, const QString& target) override;
+    void Replace(const Replacement& order) override;
+
+    int timeout_seconds = 15; // for a file in use
+};
+
+} // namespace database

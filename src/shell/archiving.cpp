@@ -1,0 +1,321 @@
+#include "shell/archiving.h"
+
+#include "foundation/database_version.h"
+#include "platform/basics/number_text.h"
+#include "platform/basics/run_time_error.h"
+
+#include <QProgressBar>
+
+using namespace Qt::StringLiterals;
+
+namespace shell {
+
+using desktop::Answer;
+using desktop::Box_Style;
+using desktop::Pointer_Shape;
+
+namespace {
+
+constexpr QSize Frame_Size{1000, 496};
+constexpr int Left = 40;
+constexpr int Column_Width = 452;
+constexpr int Whole_Width = 920;
+
+const QString No_Choice = u"*.mdb"_s; // what an Open dialog's file name is until a file is chosen
+
+// A database in use is waited for, and a file on a share takes its time.
+class Busy_Pointer {
+public:
+    explicit Busy_Pointer(desktop::Platform& platform) : platform(platform) {
+        platform.pointer.Set(Pointer_Shape::Hourglass);
+    }
+    ~Busy_Pointer() { platform.pointer.Set(Pointer_Shape::Default); }
+    Busy_Pointer(const Busy_Pointer&) = delete;
+    Busy_Pointer& operator=(const Busy_Pointer&) = delete;
+
+private:
+    desktop::Platform& platform;
+};
+
+} // namespace
+
+// ---- the page
+
+Form60::Form60(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
+               Menu_Counts& counts, database::File_Copies& copies)
+    : Page(platform, navigator, Frame_Size),
+      installation(installation),
+      counts(counts),
+      copies(copies),
+      holder(platform),
+      Timer1(new QTimer(this)) {
+    setObjectName(u"Form60"_s);
+    Timer1->setObjectName(u"Timer1"_s);
+    Lay_Out();
+    Tell_Helps();
+}
+
+// What replaces the working database stands apart from what leaves it alone.
+void Form60::Lay_Out() {
+    Make_Label(u"Label2"_s, u"Archiving menu"_s, Text_Role::Title, {Left, 28, 500, 44});
+    Make_Label(u"Label12"_s, u"Students registered:"_s, Text_Role::Quiet, {Left, 82, 140, 24});
+    Label13 = Make_Label(u"Label13"_s, u""_s, Text_Role::Heading, {Left + 144, 82, 120, 24});
+
+    const auto entry = [this](const QString& name, const QString& caption, int column, int row,
+                              std::function<void()> click) {
+        const QRect place(Left + column * (Column_Width + 16), 128 + row * 70, Column_Width, 58);
+        return Make_HotLabel(name, caption, place, std::move(click), HotLabel::Look::Entry);
+    };
+    HotLabel2 =
+        entry(u"HotLabel2"_s, u"Save (archive) the current database"_s, 0, 0, [this] { HotLabel2_Click(); });
+    HotLabel3 = entry(u"HotLabel3"_s, u"View an archived database"_s, 0, 1, [this] { HotLabel3_Click(); });
+    HotLabel6 = entry(u"HotLabel6"_s, u"Finish viewing"_s, 0, 2, [this] { HotLabel6_Click(); });
+    HotLabel6->setEnabled(false);
+    HotLabel4 = entry(u"HotLabel4"_s, u"Load a previous archive (destructively)"_s, 1, 0,
+                      [this] { HotLabel4_Click(); });
+    HotLabel5 = entry(u"HotLabel5"_s, u"Start a clean database (destructively)"_s, 1, 1,
+                      [this] { HotLabel5_Click(); });
+
+    auto* progress = new QProgressBar(Frame1);
+    progress->setObjectName(u"pbrProgressBar"_s);
+    progress->setFormat(u"Please wait...saving archive"_s);
+    progress->setGeometry(Left + Column_Width + 16, 283, 280, 28);
+    progress->hide(); // nothing drives it: a copy is over before it could move
+    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 277, 140, 40},
+                              [this] { HotLabel1_Click(); });
+}
+
+void Form60::Tell_Helps() {
+    const Help made = Make_Help(u"Label1"_s, {Left, 356, Whole_Width, 100});
+    Label1 = made.label;
+    const std::pair<HotLabel*, QString> helps[] = {
+        {HotLabel1, u"Return to Main Menu"_s},
+        {HotLabel2,
+         u"Save a copy of the current database (with a unique filename indicating when the archive was made)."_s},
+        {HotLabel3,
+         u"In Viewing mode you can see reports but you cannot edit the database in any way. Any further assessments that are undertaken will have their data saved in the current (working) database and NOT the archive you may have loaded in Viewing Mode."_s},
+        {HotLabel4,
+         u"Import an archived database (this will erase your current database so take care with this option)."_s},
+        {HotLabel5,
+         u"Start afresh and clear all pupils and their data from the database (this will erase your current database so take care with this option)."_s},
+        {HotLabel6,
+         u"You can easily restore the current (working database) and this will remove the archive from the Viewer."_s},
+    };
+    for (const auto& [button, text] : helps)
+        made.line->Tell(button, text);
+}
+
+void Form60::Load() {
+    Refresh_Archive_Page();
+    if (installation.Viewing_Mode) HotLabel6->setEnabled(true);
+}
+
+void Form60::Refresh_Archive_Page() {
+    Timer1->stop();
+    qint16 count = counts.Number_Of_Students.Is_Empty() ? qint16(0) : counts.Number_Of_Students.As_Integer();
+    holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s,
+                    u"Optimistic"_s);
+    holder.ado_RSCount(count);
+    counts.Number_Of_Students = count;
+    holder.ado_Close();
+    if (count == 0) {
+        HotLabel2->setEnabled(false);
+        HotLabel5->setEnabled(false);
+        Label1->setText(u""_s);
+    }
+    Label13->setText(basics::Plain_Number(count));
+}
+
+void Form60::Set_Archive_Buttons() {
+    const bool somebody = counts.Number_Of_Students.As_Integer() > 0;
+    HotLabel5->setEnabled(somebody);
+    HotLabel2->setEnabled(somebody);
+}
+
+void Form60::HotLabel1_Click() {
+    navigator.Go_To(Page_Id::Main_Menu);
+}
+
+desktop::File_Question Form60::File_Dialog(const QString& title, const QString& file_name) const {
+    return {title, u"MS Access 2000 (*.mdb)"_s, installation.Archive_Folder, file_name, u"mdb"_s};
+}
+
+QString Form60::Chosen_Archive(const QString& title) const {
+    const QString answer = platform.file_dialogs.Open_File(File_Dialog(title, No_Choice));
+    return answer == No_Choice ? u""_s : answer;
+}
+
+// ---- saving
+
+// A 12-hour clock without morning or afternoon: two saves of a day may suggest the same name.
+QString Form60::Create_Unique_Filename() const {
+    const QDateTime now = platform.clock.Now();
+    const int hour = (now.time().hour() + 11) % 12 + 1;
+    return u"Mevo05_"_s + now.toString(u"ddMMyy"_s) + u'_' + u"%1"_s.arg(hour, 2, 10, QChar(u'0')) +
+           now.toString(u"mm"_s) + u".mdb"_s;
+}
+
+void Form60::HotLabel2_Click() {
+    try {
+        suggested_file_name = Create_Unique_Filename();
+        const QString answer =
+            platform.file_dialogs.Save_File(File_Dialog(u"Save archive"_s, suggested_file_name));
+        if (!answer.isEmpty() && answer != suggested_file_name) Save_As(answer);
+    } catch (const basics::Run_Time_Error& error) {
+        if (error.Number == basics::errors::Permission_Denied)
+            platform.boxes.Ask(
+                Box_Style::Critical, u"Cannot save archive file"_s,
+                u"Cannot save this archive because the folder shown below seems to be Read-Only under your User Account.\r\r"_s +
+                    installation.Archive_Folder);
+        else
+            platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
+                               u"An error has occured (Archiving) Error # "_s +
+                                   basics::Plain_Number(error.Number) + u") Description ("_s +
+                                   error.Description + u')');
+    }
+}
+
+void Form60::Save_As(const QString& file) {
+    {
+        const Busy_Pointer busy(platform);
+        copies.Copy(installation.Database_Path, file);
+    }
+    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
+                       u"Your database has been archived as "_s + file);
+}
+
+// ---- replacing the working database
+
+bool Form60::Confirmed(const QString& title, Wrong_Password wrong) {
+    if (counts.Number_Of_Students.As_Integer() <= 0) return true; // nobody's results can be lost
+    const QString text =
+        u"Current database contains "_s + counts.Number_Of_Students.Text_Or_Empty() +
+        u" pupils.\r"
+        "It is strongly advised that you archive (save) your current pupil database before proceeding.\r"
+        "Please only choose 'Yes' if you have recently archived the current database (or, if you have not "
+        "recently archived the current database but are still happy to lose the current database).\r"
+        "Select 'No' if in doubt or wish to cancel this task."_s;
+    return platform.boxes.Ask(Box_Style::Yes_No, title, text) == Answer::Yes && Password_Accepted(wrong);
+}
+
+// An empty answer never passes, whatever the password is.
+bool Form60::Password_Accepted(Wrong_Password wrong) {
+    const QString answer = platform.input_box.Ask(u"Please enter your password"_s, u"Security check"_s);
+    if (answer.isEmpty()) return false;
+    if (answer == installation.Admin_Password.Text_Or_Empty()) return true;
+    if (wrong == Wrong_Password::Is_Told)
+        platform.boxes.Ask(Box_Style::Critical, u"Incorrect password"_s, u"Password not accepted"_s);
+    return false;
+}
+
+void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
+    const Busy_Pointer busy(platform);
+    copies.Replace({source,
+                    installation.Database_Path,
+                    {u"Mevo_Pupils"_s, u"Customer_Details"_s},
+                    reason,
+                    platform.clock.Now(),
+                    installation.Archive_Folder});
+}
+
+// The file's row of this product takes the password in force.
+void Form60::Hand_On_The_Password(const QString& file) {
+    Alternative_Connection_String = foundation::Connection_String_For(file);
+    holder.ado_Open(Alternative_Connection_String,
+                    u"SELECT * FROM Customer_Details WHERE Product_Name = 'MEVO'"_s, u"Optimistic"_s);
+    for (; !holder.Rows().Eof(); holder.Rows().MoveNext()) {
+        // Names that differ only in case are another product's. A file that may not be written needn't be, if
+        // it has the password already.
+        if (holder.Field(u"Product_Name"_s).Text_Or_Empty() != "MEVO"_L1) continue;
+        if (holder.Field(u"Admin_Password"_s) == installation.Admin_Password) continue;
+        holder.Rows().Fields(u"Admin_Password"_s).Set_Value(installation.Admin_Password);
+        holder.Rows().Update();
+    }
+    holder.ado_Close();
+}
+
+// Brings the working database up, also while the program looks at an archive. False if that failed.
+bool Form60::Working_Database_Is_Of_Version_51() {
+    foundation::Installation working = installation;
+    working.Connection_String = foundation::Connection_String_For(installation.Database_Path);
+    return foundation::Database_Is_Version_51(working) ||
+           foundation::Convert_Database_To_51(working, platform);
+}
+
+void Form60::HotLabel4_Click() {
+    if (!Confirmed(u"Load an archived database - CAUTION!"_s, Wrong_Password::Is_Silent)) return;
+    Load_Archived_Database();
+    Refresh_Archive_Page();
+    Set_Archive_Buttons();
+}
+
+void Form60::Load_Archived_Database() {
+    const QString file = Chosen_Archive(u"Load archive"_s);
+    if (file.isEmpty()) return;
+    Replace_Working_Database(file, u"load"_s);
+    // Behind the copy on purpose: the working database keeps the password that the archive had.
+    Hand_On_The_Password(file);
+    if (!Working_Database_Is_Of_Version_51()) return;
+    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
+                       u"The database: \r"_s + file +
+                           u"\r has now been loaded and becomes the working database."_s);
+}
+
+void Form60::HotLabel5_Click() {
+    if (Confirmed(u"Clear current database and start afresh - CAUTION!"_s, Wrong_Password::Is_Told))
+        Clear_Working_Database();
+}
+
+void Form60::Clear_Working_Database() {
+    // Before the copy here, so that the password in force reaches the new working database.
+    Hand_On_The_Password(installation.Empty_Database_Path);
+    Replace_Working_Database(installation.Empty_Database_Path, u"clean_start"_s);
+    if (!Working_Database_Is_Of_Version_51()) return;
+    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
+                       u"The database has now been cleared of all pupils and their data."_s);
+    counts.Number_Of_Students = 0;
+    Set_Archive_Buttons();
+    Label13->setText(u"0"_s);
+}
+
+// ---- viewing an archive
+
+void Form60::HotLabel3_Click() {
+    View_Archived_Database();
+}
+
+void Form60::View_Archived_Database() {
+    const QString file = Chosen_Archive(u"View archive"_s);
+    if (file.isEmpty()) return;
+    installation.Current_Database_Path = file;
+    installation.Connection_String = foundation::Connection_String_For(file);
+    if (!foundation::Database_Is_Version_51(installation)) {
+        const Answer answer = platform.boxes.Ask(
+            Box_Style::Yes_No_Cancel_Information, u"Older archive type"_s,
+            u"This archive seems to be an older type Mevo database. Do you wish to upgrade it to version 5.1 ?"_s);
+        // Without an upgrade the mode stays normal, and yet every page reads the older archive from here on.
+        if (answer != Answer::Yes) return;
+        if (!foundation::Convert_Database_To_51(installation, platform)) {
+            installation.Connection_String = foundation::Connection_String_For(installation.Database_Path);
+            return;
+        }
+    }
+    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
+                       u"The database "_s + file +
+                           u" is now held in Viewing Mode (note that you cannot edit it)."_s);
+    installation.Viewing_Mode = true;
+    HotLabel6->setEnabled(true);
+}
+
+void Form60::HotLabel6_Click() {
+    installation.Current_Database_Path = installation.Database_Path;
+    installation.Connection_String = foundation::Connection_String_For(installation.Current_Database_Path);
+    // The name in the text is fixed, wherever the working database lies.
+    platform.boxes.Ask(
+        Box_Style::Plain, desktop::Default_Box_Title(),
+        u"The current database (Mevo05data.mdb) has now been restored and you are able to use Mevo as normal."_s);
+    HotLabel6->setEnabled(false);
+    installation.Viewing_Mode = false;
+}
+
+} // namespace shell

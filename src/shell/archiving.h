@@ -1,0 +1,63 @@
+#pragma once
+
+#include "foundation/access_holder.h"
+#include "foundation/installation.h"
+#include "platform/database/safe_copy.h"
+#include "shell/conventions/menu_counts.h"
+#include "shell/conventions/page.h"
+
+namespace shell {
+
+// The Archiving page: saves the working database whole, puts an archive or the empty template in its place,
+// and lets the program look at an archive instead of it.
+//
+// What it saves and replaces is always the working database, also while an archive is in view. What it counts
+// is the database that the program looks at.
+class Form60 final : public Page {
+    Q_OBJECT
+public:
+    Form60(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
+           Menu_Counts& counts, database::File_Copies& copies);
+
+    void Load() override;
+    void Refresh_Archive_Page(); // recounts the pupils and sets the page
+    void Set_Archive_Buttons();  // by the count
+    QString Create_Unique_Filename() const;
+    void Load_Archived_Database();
+    void Clear_Working_Database();
+    void View_Archived_Database();
+
+    void HotLabel1_Click(); // back to the menu
+    void HotLabel2_Click(); // saves; its failures are told, those of the others end the program
+    void HotLabel3_Click(); // views
+    void HotLabel4_Click(); // loads
+    void HotLabel5_Click(); // starts afresh
+    void HotLabel6_Click(); // ends the viewing
+
+private:
+    enum class Wrong_Password { Is_Silent, Is_Told };
+
+    void Lay_Out();
+    void Tell_Helps();
+    desktop::File_Question File_Dialog(const QString& title, const QString& file_name) const;
+    QString Chosen_Archive(const QString& title) const; // empty if none was chosen
+    void Save_As(const QString& file);
+    bool Confirmed(const QString& title, Wrong_Password wrong);
+    bool Password_Accepted(Wrong_Password wrong);
+    void Replace_Working_Database(const QString& source, const QString& reason);
+    void Hand_On_The_Password(const QString& file);
+    bool Working_Database_Is_Of_Version_51();
+
+    foundation::Installation& installation;
+    Menu_Counts& counts;
+    database::File_Copies& copies;
+    foundation::Access_Holder holder;
+    QString suggested_file_name;           // of the Save dialog
+    QString Alternative_Connection_String; // leads to a file other than the one in use
+
+    QTimer* Timer1;
+    QLabel *Label1, *Label13;
+    HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6;
+};
+
+} // namespace shell

@@ -1,0 +1,281 @@
+#include "platform/database/safe_copy.h"
+
+#include "platform/basics/run_time_error.h"
+#include "platform/database/connection.h"
+#include "platform/database/engine_errors.h"
+#include "support/files.h"
+#include "support/other_workstation.h"
+#include "support/printing.h"
+#include "support/sample_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace database;
+using namespace test_support;
+
+namespace {
+
+template<class Work>
+int Error_Number(Work work) {
+    try {
+        work();
+    } catch (const basics::Run_Time_Error& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
+class Safe_Copy : public testing::Test {
+protected:
+    Safe_Copy() {
+        copies.timeout_seconds = 0;
+        QDir(working.Folder()).mkdir(u"archives"_s);
+    }
+
+    QString Archive(const QString& name = u"archive.mdb"_s) const {
+        return working.Folder() + u"/archives/"_s + name;
+    }
+    // What may lie in a folder once nothing is at work: no temporary file, no journal.
+    QStringList Names(const QString& folder) const { return QDir(folder).entryList(QDir::Files); }
+    QStringList Kept() const { return Names(working.Folder() + u"/archives"_s); }
+
+    Replacement Order(const QString& source) const {
+        return {source,
+                working.Path(),
+                {u"Mevo_Pupils"_s, u"Customer_Details"_s},
+                u"load"_s,
+                QDateTime(QDate(2026, 11, 21), QTime(10, 15, 30)),
+                working.Folder() + u"\\archives"_s};
+    }
+    int Replace_Error(const QString& source) {
+        return Error_Number([&] { copies.Replace(Order(source)); });
+    }
+    static QString Pupils(const Sample_File& file) {
+        return file.Value(u"SELECT count(*) FROM Mevo_Pupils"_s);
+    }
+    void Expect_Untouched(const QByteArray& before) {
+        EXPECT_EQ(Bytes_Of(working.Path()), before);
+        EXPECT_EQ(Names(working.Folder()), QStringList{u"Mevo05Data.mdb"_s});
+        EXPECT_EQ(Kept(), QStringList());
+    }
+
+    Sample_File working{12};
+    Sample_File other{30};
+    Safe_Copies copies;
+};
+
+} // namespace
+
+// ---- copying
+
+TEST_F(Safe_Copy, CopiesByteForByteAndLeavesNothingElse) {
+    copies.Copy(working.Path(), Archive());
+    EXPECT_EQ(Bytes_Of(Archive()), Bytes_Of(working.Path()));
+    EXPECT_EQ(Kept(), QStringList{u"archive.mdb"_s});
+}
+
+TEST_F(Safe_Copy, AnArchiveOfThatNameIsReplacedWhole) {
+    copies.Copy(other.Path(), Archive());
+    copies.Copy(working.Path(), Archive());
+    const Database_Beside archive(Archive());
+    EXPECT_EQ(archive.Value(u"SELECT count(*) FROM Mevo_Pupils"_s), u"12"_s);
+    EXPECT_EQ(archive.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    EXPECT_EQ(Kept(), QStringList{u"archive.mdb"_s});
+}
+
+// Its pages are half written in the file; only with its journal is it whole.
+TEST_F(Safe_Copy, ATransactionThatACrashLeftIsTakenBackFirst) {
+    Crash_In_A_Transaction(working.Path());
+    ASSERT_TRUE(QFile::exists(working.Path() + u"-journal"_s));
+    copies.Copy(working.Path(), Archive());
+    const Database_Beside archive(Archive());
+    EXPECT_EQ(archive.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    EXPECT_EQ(archive.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Surname = 'Torn'"_s), u"0"_s);
+}
+
+TEST_F(Safe_Copy, AWriterIsWaitedForUntilTheTimeIsUp) {
+    Other_Workstation writer(working.Path());
+    writer.Hold_Exclusively();
+    EXPECT_EQ(Error_Number([this] { copies.Copy(working.Path(), Archive()); }), errors::Engine_Failure);
+    EXPECT_EQ(Kept(), QStringList());
+    copies.timeout_seconds = 15;
+    writer.Commit_After(300);
+    copies.Copy(working.Path(), Archive());
+    EXPECT_EQ(Database_Beside(Archive()).Value(u"SELECT max(Surname) FROM Mevo_Pupils"_s), u"Written"_s);
+}
+
+// A stray journal is taken for that of whatever file comes to stand under the name.
+TEST_F(Safe_Copy, AJournalWithoutItsFileDoesNoHarmToTheNewOne) {
+    QFile::copy(other.Path(), Archive());
+    Crash_In_A_Transaction(Archive());
+    QFile::remove(Archive());
+    ASSERT_TRUE(QFile::exists(Archive() + u"-journal"_s));
+    copies.Copy(working.Path(), Archive());
+    const Database_Beside archive(Archive());
+    EXPECT_EQ(archive.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    EXPECT_EQ(archive.Value(u"SELECT count(*) FROM Mevo_Pupils"_s), u"12"_s);
+}
+
+TEST_F(Safe_Copy, WhatCantBeDoneHasItsNumber) {
+    const struct {
+        QString source, target;
+        int number;
+        const char* name;
+    } cases[] = {
+        {working.Folder() + u"/none.mdb"_s, Archive(), basics::errors::File_Not_Found, "no source"},
+        {working.Path(), working.Folder() + u"\\mevo05DATA.mdb"_s, basics::errors::Permission_Denied,
+         "onto itself"},
+        {working.Path(), working.Folder() + u"/archives"_s, basics::errors::Permission_Denied, "a folder"},
+        {working.Folder(), Archive(), errors::Engine_Failure, "from a folder"},
+        {working.Path(), working.Folder() + u"/nowhere/a.mdb"_s, basics::errors::Path_Not_Found, "no folder"},
+    };
+    const QByteArray before = Bytes_Of(working.Path());
+    for (const auto& tried : cases) {
+        SCOPED_TRACE(tried.name);
+        EXPECT_EQ(Error_Number([&] { copies.Copy(tried.source, tried.target); }), tried.number);
+        Expect_Untouched(before);
+    }
+}
+
+TEST_F(Safe_Copy, ALogBesideTheSourceIsTakenIn) {
+    Other_Workstation writer(working.Path());
+    writer.Run(u"PRAGMA journal_mode = WAL"_s);
+    writer.Run(u"UPDATE Mevo_Pupils SET Surname = 'Logged'"_s);
+    writer.Leave_Abruptly();
+    copies.Copy(working.Path(), Archive());
+    EXPECT_EQ(Database_Beside(Archive()).Value(u"SELECT max(Surname) FROM Mevo_Pupils"_s), u"Logged"_s);
+}
+
+// ---- replacing
+
+TEST_F(Safe_Copy, TheNewDatabaseStandsAndTheOldOneIsKept) {
+    const QByteArray before = Bytes_Of(working.Path());
+    copies.Replace(Order(other.Path()));
+    EXPECT_EQ(Pupils(working), u"30"_s);
+    EXPECT_EQ(working.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    EXPECT_EQ(Kept(), QStringList{u"Mevo05_before_load_2026-11-21_10-15-30.mdb"_s});
+    EXPECT_EQ(Bytes_Of(Archive(Kept().first())), before);
+    EXPECT_EQ(Names(working.Folder()), QStringList{u"Mevo05Data.mdb"_s});
+}
+
+// A rename would leave it writing into a file that nobody finds any more.
+TEST_F(Safe_Copy, AWorkstationThatHasTheOldFileOpenGoesOnInTheNewOne) {
+    Other_Workstation module(working.Path());
+    module.Run(u"UPDATE Mevo_Pupils SET Yoon = 1"_s);
+    copies.Replace(Order(other.Path()));
+    module.Run(u"UPDATE Mevo_Pupils SET Surname = 'Late'"_s);
+    EXPECT_EQ(working.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Surname = 'Late'"_s), u"30"_s);
+    EXPECT_EQ(working.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+}
+
+// What a test module stores up to the last moment is in the kept copy, and it waits while we are at it.
+TEST_F(Safe_Copy, AnAnswerCommittedWhileWeWaitIsInTheKeptCopy) {
+    Other_Workstation module(working.Path());
+    module.Hold_Exclusively();
+    module.Commit_After(300);
+    copies.timeout_seconds = 15;
+    copies.Replace(Order(other.Path()));
+    EXPECT_EQ(Pupils(working), u"30"_s);
+    EXPECT_EQ(Database_Beside(Archive(Kept().first())).Value(u"SELECT max(Surname) FROM Mevo_Pupils"_s),
+              u"Written"_s);
+}
+
+TEST_F(Safe_Copy, ATransactionThatCrashedInTheOldFileDoesntReachTheNewOne) {
+    Crash_In_A_Transaction(working.Path());
+    copies.Replace(Order(other.Path()));
+    EXPECT_EQ(Pupils(working), u"30"_s);
+    EXPECT_EQ(working.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    const Database_Beside kept(Archive(Kept().first()));
+    EXPECT_EQ(kept.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    EXPECT_EQ(kept.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Surname = 'Torn'"_s), u"0"_s);
+}
+
+TEST_F(Safe_Copy, AFileInUseStaysAsItIs) {
+    const QByteArray before = Bytes_Of(working.Path());
+    Other_Workstation writer(working.Path());
+    writer.Hold_Exclusively();
+    EXPECT_EQ(Replace_Error(other.Path()), errors::Engine_Failure);
+    writer.Run(u"ROLLBACK"_s);
+    Expect_Untouched(before);
+}
+
+TEST_F(Safe_Copy, PageSizesNeedntAgree) {
+    for (const QString& size : {u"1024"_s, u"16384"_s, u"65536"_s, u"512"_s}) {
+        SCOPED_TRACE(size.toStdString());
+        const Sample_File odd(30);
+        Database_Beside(odd.Path()).Run({u"PRAGMA page_size = "_s + size, u"VACUUM"_s});
+        ASSERT_EQ(odd.Value(u"PRAGMA page_size"_s), size);
+        copies.Replace(Order(odd.Path()));
+        EXPECT_EQ(Pupils(working), u"30"_s);
+        EXPECT_EQ(working.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    }
+}
+
+TEST_F(Safe_Copy, ADamagedOrMissingTargetIsReplacedToo) {
+    const std::pair<QByteArray, const char*> cases[] = {
+        {Bytes_Of(working.Path()).left(9000), "cut off"},
+        {QByteArray("SQLite format 3\0", 16) + QByteArray(4096, '\x7f'), "broken header"},
+        {QByteArray(), "empty"},
+        {"no database", "a text"},
+    };
+    int kept = 0;
+    for (const auto& [content, name] : cases) {
+        SCOPED_TRACE(name);
+        Write_Bytes(working.Path(), content);
+        copies.Replace(Order(other.Path()));
+        EXPECT_EQ(Pupils(working), u"30"_s);
+        EXPECT_EQ(Bytes_Of(Archive(Kept().value(kept++))), content);
+    }
+    QFile::remove(working.Path());
+    copies.Replace(Order(other.Path()));
+    EXPECT_EQ(Pupils(working), u"30"_s);
+    EXPECT_EQ(Kept().size(), kept); // there was nothing to keep
+}
+
+TEST_F(Safe_Copy, TenReplacedDatabasesAreKeptAndNothingElseIsTouched) {
+    const QStringList own = {u"Mevo05_151126_0932.mdb"_s, u"Mevo05_before_the_move.mdb"_s,
+                             u"Mevo05_before_load_2020-01-01_10-00-00.bak"_s};
+    for (const QString& name : own)
+        Write_Bytes(Archive(name), "a school's own");
+    Replacement order = Order(other.Path());
+    for (int day = 1; day <= 12; ++day) {
+        order.when = QDateTime(QDate(2026, 9, day), QTime(9, 0));
+        order.reason = day % 2 ? u"load"_s : u"clean_start"_s;
+        copies.Replace(order);
+    }
+    copies.Replace(order); // in the same second
+    QStringList kept = Kept();
+    for (const QString& name : own)
+        EXPECT_TRUE(kept.removeOne(name)) << name.toStdString();
+    EXPECT_EQ(kept.size(), 10);
+    EXPECT_FALSE(kept.contains(u"Mevo05_before_load_2026-09-03_09-00-00.mdb"_s));
+    EXPECT_TRUE(kept.contains(u"Mevo05_before_clean_start_2026-09-04_09-00-00.mdb"_s));
+    EXPECT_TRUE(kept.contains(u"Mevo05_before_clean_start_2026-09-12_09-00-00_2.mdb"_s));
+}
+
+TEST_F(Safe_Copy, TheDatabasesFolderKeepsWhatTheArchiveFolderCant) {
+    Replacement order = Order(other.Path());
+    order.keep_in = working.Folder() + u"/a/b"_s; // is made
+    copies.Replace(order);
+    EXPECT_EQ(Names(working.Folder() + u"/a/b"_s).size(), 1);
+    order.keep_in = working.Path() + u"/no folder"_s;
+    copies.Replace(order);
+    EXPECT_EQ(Names(working.Folder()).size(), 2);
+}
+
+TEST_F(Safe_Copy, WhatAnEndedProcessLeftIsRemovedAfterADay) {
+    const QString old_part = working.Path() + u".77-1.part"_s;
+    const QString new_part = working.Path() + u".78-1.part"_s;
+    for (const QString& part : {old_part, new_part})
+        Write_Bytes(part, "half");
+    QFile aged(old_part);
+    ASSERT_TRUE(aged.open(QIODevice::ReadWrite));
+    aged.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime);
+    aged.close();
+    copies.Replace(Order(other.Path()));
+    EXPECT_FALSE(QFile::exists(old_part));
+    EXPECT_TRUE(QFile::exists(new_part)); // another workstation may be at it
+}

@@ -1,0 +1,126 @@
+// Long rows of faults: each load must leave the old database or the new one.
+
+#include "shell/archiving_fixture.h"
+#include "support/narrow_places.h"
+
+#include <random>
+
+using namespace test_support;
+
+namespace {
+
+class Rows_Of_Faults : public Archiving {
+protected:
+    void Put_Working_Database_Back() {
+        QFile::remove(installation.Database_Path);
+        ASSERT_TRUE(QFile::copy(working.Path(), installation.Database_Path));
+        for (const QString& name : Archives())
+            QFile::remove(In_Archives(name));
+    }
+    // How many pupils a load leaves, and that it leaves them whole.
+    void Expect_Old_Or_New(int error, int new_pupils) {
+        const Database_Beside database(installation.Database_Path);
+        EXPECT_EQ(database.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+        EXPECT_EQ(database.Value(Count).toInt(), error == 0 ? new_pupils : 12);
+        EXPECT_EQ(QDir(QFileInfo(installation.Database_Path).path()).entryList({u"*.part"_s, u"*-journal"_s}),
+                  QStringList());
+        EXPECT_EQ(Archives().filter(u"before_load"_s).size(), error == 0 ? 1 : 0);
+    }
+};
+
+} // namespace
+
+TEST_F(Rows_Of_Faults, FlippedBitsAreFoundOrHarmless) {
+    const QString place = working.Folder() + u"/in use"_s;
+    QDir().mkpath(place);
+    installation.Database_Path = place + u"/Mevo05Data.mdb"_s;
+    const QByteArray sound = Bytes_Of(archive.Path());
+    std::mt19937 random(5); // NOLINT: the same files in every run
+    std::uniform_int_distribution<qsizetype> anywhere(0, sound.size() - 1);
+    std::uniform_int_distribution<qsizetype> in_the_header(0, 99);
+    int refused = 0;
+    constexpr int files = 300;
+    for (int file = 0; file < files; ++file) {
+        QByteArray bytes = sound;
+        for (int flip = 0; flip <= file % 8; ++flip) {
+            const qsizetype byte = file % 3 == 0 ? in_the_header(random) : anywhere(random);
+            bytes[byte] = static_cast<char>(bytes[byte] ^ (1 << (flip % 8)));
+        }
+        SCOPED_TRACE(file);
+        const QString hostile = archive.Folder() + u"/hostile.mdb"_s;
+        Write_Bytes(hostile, bytes);
+        Put_Working_Database_Back();
+        Open();
+        const int error = Error_Of_Loading(hostile);
+        refused += error != 0;
+        const Database_Beside database(installation.Database_Path);
+        ASSERT_EQ(database.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+        ASSERT_TRUE(error == 0 || Bytes_Of(installation.Database_Path) == Bytes_Of(working.Path()));
+    }
+    EXPECT_GT(refused, files / 4);
+    EXPECT_LT(refused, files);
+    RecordProperty("refused", refused);
+}
+
+TEST_F(Rows_Of_Faults, AFileCutOffAnywhereNeverReplacesTheWorkingDatabase) {
+    const QByteArray sound = Bytes_Of(archive.Path());
+    const QByteArray before = Bytes_Of(working.Path());
+    const QString cut = archive.Folder() + u"/cut.mdb"_s;
+    Open();
+    for (qsizetype length = 0; length < sound.size(); length += sound.size() / 120) {
+        SCOPED_TRACE(length);
+        Write_Bytes(cut, sound.left(length));
+        EXPECT_NE(Error_Of_Loading(cut), 0);
+        ASSERT_EQ(Bytes_Of(working.Path()), before);
+    }
+}
+
+TEST_F(Rows_Of_Faults, ADiskThatFillsUpAnywhereLeavesTheOldOrTheNewDatabase) {
+    const int size = static_cast<int>(QFileInfo(archive.Path()).size() / 1024);
+    const Small_Disk disk(size * 8);
+    if (!disk.Is_There()) GTEST_SKIP() << "no right to mount a small disk";
+    installation.Database_Path = disk.Folder() + u"/Mevo05Data.mdb"_s;
+    installation.Archive_Folder = disk.Folder() + u"/archives"_s;
+    QDir().mkpath(installation.Archive_Folder);
+    Open();
+    int failed = 0;
+    int steps = 0;
+    for (int free = 0; free < size * 5; free += size / 12, ++steps) {
+        SCOPED_TRACE(free);
+        QFile::remove(disk.Folder() + u"/ballast"_s);
+        Put_Working_Database_Back();
+        disk.Fill_Up_To(free);
+        const int error = Error_Of_Loading(archive.Path());
+        EXPECT_TRUE(error == 0 || error == basics::errors::Disk_Full) << error;
+        failed += error != 0;
+        Expect_Old_Or_New(error, 30);
+    }
+    EXPECT_GT(failed, steps / 5);
+    EXPECT_LT(failed, steps);
+    RecordProperty("failed", failed);
+}
+
+TEST_F(Rows_Of_Faults, AQuotaAtAnyLengthLeavesTheOldOrTheNewDatabase) {
+    if (!Bounded_Files(1024 * 1024 * 1024).Is_There()) GTEST_SKIP() << "no bound for the size of files";
+    const QString place = working.Folder() + u"/in use"_s;
+    QDir().mkpath(place);
+    installation.Database_Path = place + u"/Mevo05Data.mdb"_s;
+    const qint64 size = QFileInfo(archive.Path()).size();
+    int failed = 0;
+    int steps = 0;
+    for (qint64 bound = 0; bound < size * 3 / 2; bound += size / 40, ++steps) {
+        SCOPED_TRACE(bound);
+        Put_Working_Database_Back();
+        Open();
+        int error = 0;
+        {
+            const Bounded_Files quota(bound);
+            error = Error_Of_Loading(archive.Path());
+        }
+        EXPECT_TRUE(error == 0 || error == basics::errors::Disk_Full) << error;
+        failed += error != 0;
+        Expect_Old_Or_New(error, 30);
+    }
+    EXPECT_GT(failed, steps / 5);
+    EXPECT_LT(failed, steps);
+}

@@ -1,0 +1,223 @@
+#include "shell/archiving_fixture.h"
+#include "support/narrow_places.h"
+
+using namespace test_support;
+
+// ---- what other hands may have put into a file
+
+namespace {
+
+struct Hostile {
+    const char* name;
+    std::function<void(const QString&)> make; // at that path
+};
+
+QByteArray Sample_Bytes() {
+    static const QByteArray bytes = Bytes_Of(Sample_File(30).Path());
+    return bytes;
+}
+
+void Write_Zeros(const QString& file) {
+    QFile opened(file);
+    ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(opened.resize(qint64(2) * 1024 * 1024 * 1024));
+}
+
+const Hostile What_Nothing_Can_Be_Made_Of[] = {
+    {"empty", [](const QString& file) { Write_Bytes(file, ""); }},
+    {"a text", [](const QString& file) { Write_Bytes(file, "Surname,Forename\n"); }},
+    {"a folder", [](const QString& file) { QDir().mkpath(file); }},
+    {"Jet",
+     [](const QString& file) {
+         Write_Bytes(file, QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'));
+     }},
+    {"2 GB of zeros", Write_Zeros},
+    {"a header and nothing behind", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(100)); }},
+    {"cut off in a page", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(9000)); }},
+    {"without pupils",
+     [](const QString& file) {
+         Write_Bytes(file, Sample_Bytes());
+         Database_Beside(file).Run({u"DROP TABLE Mevo_Pupils"_s});
+     }},
+};
+
+// It opens, and only a check of the whole file finds the fault.
+const Hostile What_A_Load_Must_Find[] = {
+    {"its last page lost", [](const QString& file) { Write_Bytes(file, Sample_Bytes().chopped(4096)); }},
+    {"a page of zeros",
+     [](const QString& file) {
+         QByteArray bytes = Sample_Bytes();
+         bytes.replace(bytes.size() / 2 / 4096 * 4096, 4096, QByteArray(4096, '\0'));
+         Write_Bytes(file, bytes);
+     }},
+    {"without a customer",
+     [](const QString& file) {
+         Write_Bytes(file, Sample_Bytes());
+         Database_Beside(file).Run({u"DROP TABLE Customer_Details"_s});
+     }},
+};
+
+class Hostile_Files : public Archiving {
+protected:
+    void Expect_Refused_By_Load(const Hostile& hostile) {
+        SCOPED_TRACE(hostile.name);
+        const QString file = Made(hostile);
+        const QByteArray before = Bytes_Of(working.Path());
+        Open();
+        EXPECT_NE(Error_Of_Loading(file), 0);
+        EXPECT_EQ(Bytes_Of(working.Path()), before);
+        EXPECT_EQ(Archives(), QStringList());
+    }
+    void Expect_Refused_By_View(const Hostile& hostile) {
+        SCOPED_TRACE(hostile.name);
+        Open();
+        outside.file_dialogs.answers = {Made(hostile)};
+        EXPECT_THROW(page->HotLabel3_Click(), basics::Run_Time_Error);
+        EXPECT_FALSE(installation.Viewing_Mode);
+        installation = working.Installed();
+    }
+
+private:
+    QString Made(const Hostile& hostile) {
+        const QString file = archive.Folder() + u"/hostile %1.mdb"_s.arg(++made);
+        hostile.make(file);
+        return file;
+    }
+    int made = 0;
+};
+
+} // namespace
+
+TEST_F(Hostile_Files, ALoadRefusesThemAndKeepsTheWorkingDatabase) {
+    for (const Hostile& hostile : What_Nothing_Can_Be_Made_Of)
+        Expect_Refused_By_Load(hostile);
+    for (const Hostile& hostile : What_A_Load_Must_Find)
+        Expect_Refused_By_Load(hostile);
+}
+
+TEST_F(Hostile_Files, AViewRefusesWhatItCantRead) {
+    for (const Hostile& hostile : What_Nothing_Can_Be_Made_Of)
+        Expect_Refused_By_View(hostile);
+}
+
+// The program runs none of it: in the archive, in the copy, and in what it writes to either.
+TEST_F(Hostile_Files, StatementsInAFileNeverRun) {
+    for (const QString& table : {u"Customer_Details"_s, u"Mevo_Pupils"_s})
+        archive.Run(
+            u"CREATE TRIGGER spoil_%1 AFTER UPDATE ON %1 BEGIN DELETE FROM Mevo_Pupils; END"_s.arg(table));
+    archive.Run(u"CREATE VIEW Mevo_Sneak AS SELECT * FROM Mevo_Pupils"_s);
+    Open();
+    View(archive.Path());
+    Press(u"HotLabel6"_s, {Answer::Ok});
+    Load(archive.Path());
+    EXPECT_EQ(Password_In(archive.Path()), u"secret"_s);
+    EXPECT_EQ(archive.Value(Count), u"30"_s);
+    EXPECT_EQ(Working(Count), u"30"_s);
+}
+
+// ---- places that can't be written
+
+namespace {
+
+class Narrow_Places : public Archiving {
+protected:
+    Narrow_Places() { Give_Everybody(working.Folder(), Everything); }
+
+    // The rights of everybody to a folder or file.
+    static constexpr auto Reading = QFileDevice::Permissions(0x5555);
+    static constexpr auto Everything = QFileDevice::Permissions(0x7777);
+    static void Give_Everybody(const QString& file, QFileDevice::Permissions rights) {
+        QFile::setPermissions(file, rights);
+    }
+    void Share_The_Files() {
+        Give_Everybody(archive.Folder(), Everything);
+        for (const QString& file : {archive.Path(), working.Path(), installation.Archive_Folder})
+            Give_Everybody(file, Everything);
+    }
+    QStringList Beside_The_Working_Database() const {
+        QStringList names = QDir(working.Folder()).entryList(QDir::Files);
+        names.removeOne(u"Mevo05Data.mdb"_s);
+        names.removeOne(u"Mevo05EmptyDatabase.mdb"_s);
+        return names;
+    }
+    void Expect_Whole(const QString& file, const QString& pupils) const {
+        const Database_Beside database(file);
+        EXPECT_EQ(database.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+        EXPECT_EQ(database.Value(Count), pupils);
+    }
+};
+
+} // namespace
+
+TEST_F(Narrow_Places, AReadOnlyFolderHasItsMessageAndNoArchive) {
+    Share_The_Files();
+    Give_Everybody(installation.Archive_Folder, Reading);
+    const Plain_Account account;
+    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+    Open();
+    Save(In_Archives(u"mine.mdb"_s));
+    EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
+    EXPECT_EQ(Archives(), QStringList());
+}
+
+TEST_F(Narrow_Places, AReadOnlyArchiveIsntReplaced) {
+    const QByteArray before = Bytes_Of(archive.Path());
+    Share_The_Files();
+    Give_Everybody(archive.Path(), Reading);
+    const Plain_Account account;
+    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+    Open();
+    Save(archive.Path());
+    EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
+    EXPECT_EQ(Bytes_Of(archive.Path()), before);
+}
+
+TEST_F(Narrow_Places, AWorkingDatabaseThatMayNotBeWrittenStays) {
+    const QByteArray before = Bytes_Of(working.Path());
+    Share_The_Files();
+    for (const QString& locked : {working.Path(), working.Folder()}) {
+        SCOPED_TRACE(locked.toStdString());
+        Give_Everybody(locked, Reading);
+        {
+            const Plain_Account account;
+            if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+            Open();
+            EXPECT_EQ(Error_Of_Loading(archive.Path()), basics::errors::Permission_Denied);
+        }
+        Give_Everybody(locked, Everything);
+        EXPECT_EQ(Bytes_Of(working.Path()), before);
+        EXPECT_EQ(Beside_The_Working_Database(), QStringList());
+        EXPECT_EQ(Archives(), QStringList());
+    }
+}
+
+TEST_F(Narrow_Places, WhatAReadOnlyArchiveFolderCantKeepIsKeptBesideTheDatabase) {
+    Share_The_Files();
+    Give_Everybody(installation.Archive_Folder, Reading);
+    const Plain_Account account;
+    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+    Open();
+    EXPECT_EQ(Error_Of_Loading(archive.Path()), 0);
+    Expect_Whole(working.Path(), u"30"_s);
+    ASSERT_EQ(Beside_The_Working_Database(), QStringList{u"Mevo05_before_load_2026-06-15_10-30-00.mdb"_s});
+    Expect_Whole(working.Folder() + u'/' + Beside_The_Working_Database().first(), u"12"_s);
+}
+
+TEST_F(Narrow_Places, AFullDiskIsToldAndTakesNothing) {
+    const Small_Disk disk(4096);
+    if (!disk.Is_There()) GTEST_SKIP() << "no right to mount a small disk";
+    installation.Archive_Folder = disk.Folder();
+    const QByteArray before = Bytes_Of(working.Path());
+    disk.Fill_Up_To(100);
+    Open();
+    Save(In_Archives(u"mine.mdb"_s));
+    EXPECT_EQ(Last_Box().style, Box_Style::Plain);
+    EXPECT_EQ(Last_Box().text, u"An error has occured (Archiving) Error # 61) Description (Disk full)"_s);
+    EXPECT_EQ(Archives(), QStringList{u"ballast"_s});
+    EXPECT_EQ(Bytes_Of(working.Path()), before);
+
+    disk.Fill_Up_To(4000);
+    disk.Allow_Reading_Only();
+    Save(In_Archives(u"mine.mdb"_s));
+    EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// Places that refuse to be written, made of what the system offers. Where it offers nothing, a test says so
+// and is skipped.
+namespace test_support {
+
+// A disk of its own, of that many kilobytes. Only an account that may mount has one.
+class Small_Disk {
+public:
+    explicit Small_Disk(int kilobytes);
+    ~Small_Disk();
+    Small_Disk(const Small_Disk&) = delete;
+    Small_Disk& operator=(const Small_Disk&) = delete;
+
+    bool Is_There() const { return !folder.isEmpty(); }
+    const QString& Folder() const { return folder; }
+    void Fill_Up_To(int free_kilobytes) const;
+    void Allow_Reading_Only() const;
+
+private:
+    QString folder;
+};
+
+// Bounds how long files may become that this process writes, as a quota does.
+class Bounded_Files {
+public:
+    explicit Bounded_Files(qint64 bytes);
+    ~Bounded_Files();
+    Bounded_Files(const Bounded_Files&) = delete;
+    Bounded_Files& operator=(const Bounded_Files&) = delete;
+
+    bool Is_There() const { return there; }
+
+private:
+    bool there = false;
+};
+
+// Works as an account that owns nothing, where the process may change to one; an account without special
+// rights stays what it is.
+class Plain_Account {
+public:
+    Plain_Account();
+    ~Plain_Account();
+    Plain_Account(const Plain_Account&) = delete;
+    Plain_Account& operator=(const Plain_Account&) = delete;
+
+    bool Is_There() const { return there; } // files' rights bind it
+
+private:
+    bool there = false;
+    bool changed = false;
+};
+
+} // namespace test_support
