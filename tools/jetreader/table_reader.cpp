@@ -1,5 +1,7 @@
 #include "jetreader/table_reader.h"
 
+#include "jetreader/text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -250,8 +252,10 @@ void Table_Reader::Write_Number(const MdbColumn& column, const std::uint8_t* byt
     }
 }
 
+// The later version's texts are taken apart here: the library puts question marks for rare characters.
 std::string Table_Reader::Text_Of(const std::uint8_t* bytes, std::size_t size) const {
     if (size == 0) return {};
+    if (!IS_JET3(file)) return Utf_8(Code_Units(bytes, size));
     constexpr std::size_t most_for_a_byte = 3; // a character of an eight-bit set in UTF-8
     std::string text(size * most_for_a_byte + 4, '\0');
     const int length =
