@@ -1,7 +1,7 @@
-#include "platform/basics/run_time_error.h"
 #include "platform/database/connection.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/recordset.h"
+#include "support/error_number.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
 
@@ -11,19 +11,10 @@
 
 using namespace Qt::StringLiterals;
 using namespace database;
+using test_support::Error_Number;
 using test_support::Sample_File;
 
 namespace {
-
-template<class Work>
-int Error_Number(Work work) {
-    try {
-        work();
-    } catch (const basics::Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
 
 class Database : public testing::Test {
 protected:

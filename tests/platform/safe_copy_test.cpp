@@ -1,8 +1,8 @@
 #include "platform/database/safe_copy.h"
 
-#include "platform/basics/run_time_error.h"
 #include "platform/database/connection.h"
 #include "platform/database/engine_errors.h"
+#include "support/error_number.h"
 #include "support/files.h"
 #include "support/other_workstation.h"
 #include "support/printing.h"
@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSet>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -17,16 +18,6 @@ using namespace database;
 using namespace test_support;
 
 namespace {
-
-template<class Work>
-int Error_Number(Work work) {
-    try {
-        work();
-    } catch (const basics::Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
 
 class Safe_Copy : public testing::Test {
 protected:
@@ -105,6 +96,24 @@ TEST_F(Safe_Copy, AWriterIsWaitedForUntilTheTimeIsUp) {
     writer.Commit_After(300);
     copies.Copy(working.Path(), Archive());
     EXPECT_EQ(Database_Beside(Archive()).Value(u"SELECT max(Surname) FROM Mevo_Pupils"_s), u"Written"_s);
+}
+
+// Large enough that a transaction can begin and end between two pieces of the copy.
+TEST_F(Safe_Copy, NoCopyIsTornWhileAWriterIsAtWork) {
+    const Sample_File school(2500);
+    Other_Workstation writer(school.Path());
+    writer.Run(u"UPDATE Mevo_Pupils SET Surname = 'Round 0'"_s);
+    writer.Rename_All_For_Ever();
+    copies.timeout_seconds = 15;
+    QSet<QString> rounds;
+    for (int copy = 0; copy < 12; ++copy) {
+        copies.Copy(school.Path(), Archive(u"%1.mdb"_s.arg(copy)));
+        const Database_Beside archive(Archive(u"%1.mdb"_s.arg(copy)));
+        EXPECT_EQ(archive.Value(u"SELECT count(DISTINCT Surname) FROM Mevo_Pupils"_s), u"1"_s);
+        EXPECT_EQ(archive.Value(u"PRAGMA quick_check"_s), u"ok"_s);
+        rounds.insert(archive.Value(u"SELECT min(Surname) FROM Mevo_Pupils"_s));
+    }
+    EXPECT_GT(rounds.size(), 3); // it did write meanwhile
 }
 
 // A stray journal is taken for that of whatever file comes to stand under the name.

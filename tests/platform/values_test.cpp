@@ -3,6 +3,7 @@
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/value.h"
+#include "support/error_number.h"
 #include "support/printing.h"
 
 #include <QDir>
@@ -12,16 +13,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace basics;
-
-template<class Work>
-static int Error_Number(Work work) {
-    try {
-        work();
-    } catch (const Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
+using test_support::Error_Number;
 
 TEST(NumberText, TwoDecimalsRoundTheDecimalValueAwayFromZero) {
     const std::pair<double, QString> cases[] = {

@@ -213,7 +213,7 @@ TEST_F(Delete_Page, ADatabaseOutOfReachIsARunTimeError) {
     Click(u"HotLabel3"_s);
     Wants(Answer::Yes);
     sample.Move_Away();
-    EXPECT_NE(Error_Of([this] { form->HotLabel2_Click(); }), 0);
+    EXPECT_NE(test_support::Error_Number([this] { form->HotLabel2_Click(); }), 0);
 }
 
 // ---- the orders of the statements: a table that is missing ends the work there, without a word
@@ -393,7 +393,8 @@ TEST_F(Delete_Page, AnApostropheInAGroupBreaksItsStatements) {
     EXPECT_EQ(Caption(Group_Button), u"Disband Group"_s);
     EXPECT_EQ(form->DeletePupilsInGroup(ohara), 0); // silent
     Wants(Answer::Yes);
-    EXPECT_NE(Error_Of([this] { form->Delete_Group_Action(); }), 0); // not silent: nothing handles it
+    EXPECT_NE(test_support::Error_Number([this] { form->Delete_Group_Action(); }),
+              0); // not silent: nothing handles it
     EXPECT_EQ(Changed(), QStringList{});
 }
 
@@ -401,7 +402,7 @@ TEST_F(Delete_Page, NoNameOfAGroupCarriesASecondStatement) {
     const QString hostile = u"x'; DROP TABLE Mevo_Pupils; --"_s;
     Open();
     EXPECT_EQ(form->DeletePupilsInGroup(hostile), 0);
-    EXPECT_NE(Error_Of([&] { form->DeleteGroup(hostile); }), 0);
+    EXPECT_NE(test_support::Error_Number([&] { form->DeleteGroup(hostile); }), 0);
     bool result = true;
     form->DeletePupil(hostile, result);
     EXPECT_FALSE(result);
@@ -412,7 +413,7 @@ TEST_F(Delete_Page, MoreGroupsThanTheListHoldsAreAnError) {
     sample.Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 96) "
                "INSERT INTO Mevo_Groups (Group_Name) SELECT 'G' || i FROM n"_s);
     form = std::make_unique<Form9>(outside.platform, navigator, Data(), counts);
-    EXPECT_EQ(Error_Of([this] { form->Load(); }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(test_support::Error_Number([this] { form->Load(); }), basics::errors::Subscript_Out_Of_Range);
 }
 
 // ---- around it

@@ -127,7 +127,7 @@ TEST_F(Fine_Tuning_Page, ADateOfBirthOutsideTheListsIsARunTimeError) {
         Set(u"Khan"_s, u"DOB = "_s + stored);
         Open();
         Combo(u"Combo1"_s).setCurrentIndex(Item_Of(Code_Of(u"Khan"_s)));
-        EXPECT_EQ(Error_Of([this] { form->Combo1_Click(); }), number);
+        EXPECT_EQ(test_support::Error_Number([this] { form->Combo1_Click(); }), number);
     }
 }
 
@@ -171,9 +171,10 @@ TEST_F(Fine_Tuning_Page, MorePupilsThanTheListHoldsAreAnError) {
         u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2489) "
         "INSERT INTO Mevo_Pupils (StudentCode, Surname, DOB) SELECT 'P' || i, 'Pupil', '01/01/2018' FROM n"_s);
     Load();
-    EXPECT_EQ(Error_Of([this] { form->Timer1_Timer(); }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }),
+              basics::errors::Subscript_Out_Of_Range);
     sample.Run(u"DELETE FROM Mevo_Pupils WHERE StudentCode = 'P1'"_s);
-    EXPECT_EQ(Error_Of([this] { form->Timer1_Timer(); }), 0);
+    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }), 0);
     EXPECT_EQ(Combo(u"Combo1"_s).count(), 2500);
 }
 
@@ -277,8 +278,9 @@ TEST_F(Fine_Tuning_Page, APupilWhoHasGoneIsARunTimeError) {
     Choose_Pupil(u"Khan"_s);
     sample.Run(u"DELETE FROM Mevo_Pupils WHERE Surname = 'Khan'"_s);
     const int place = Combo(u"Combo1"_s).ListIndex() + 1;
-    EXPECT_EQ(Error_Of([&] { form->Save_Personal_Details(place); }), 3021);
-    EXPECT_EQ(Error_Of([&] { form->Save_Retest_Flags(place); }), 0); // nothing marked, nothing written
+    EXPECT_EQ(test_support::Error_Number([&] { form->Save_Personal_Details(place); }), 3021);
+    EXPECT_EQ(test_support::Error_Number([&] { form->Save_Retest_Flags(place); }),
+              0); // nothing marked, nothing written
 }
 
 // ---- retesting

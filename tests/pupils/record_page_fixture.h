@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/basics/run_time_error.h"
 #include "pupils/pupil_records.h"
 #include "pupils/table_changes.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
 #include "support/controls.h"
+#include "support/error_number.h"
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
 
@@ -75,16 +75,5 @@ protected:
     shell::Page* page = nullptr;
     Table_Rows seen;
 };
-
-// The number of the run-time error that the work raises; 0 for none.
-template<class Work>
-int Error_Of(Work work) {
-    try {
-        work();
-    } catch (const basics::Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
 
 } // namespace pupils

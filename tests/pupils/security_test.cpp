@@ -105,13 +105,15 @@ TEST_F(Security_Page, MoreThanTheListsHoldIsAnError) {
     sample.Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 96) "
                "INSERT INTO Mevo_Groups (Group_Name) SELECT 'G' || i FROM n"_s);
     Load();
-    EXPECT_EQ(Error_Of([this] { form->Timer1_Timer(); }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }),
+              basics::errors::Subscript_Out_Of_Range);
     sample.Run(u"DELETE FROM Mevo_Groups WHERE Group_Name LIKE 'G%'"_s);
     sample.Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2489) "
                "INSERT INTO Mevo_Pupils (StudentCode, Surname) SELECT 'P' || i, 'Pupil' FROM n"_s);
-    EXPECT_EQ(Error_Of([this] { form->Timer1_Timer(); }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }),
+              basics::errors::Subscript_Out_Of_Range);
     sample.Run(u"DELETE FROM Mevo_Pupils WHERE StudentCode = 'P1'"_s);
-    EXPECT_EQ(Error_Of([this] { form->Timer1_Timer(); }), 0);
+    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }), 0);
     EXPECT_EQ(Grid().rowCount(), 2500);
 }
 
@@ -230,7 +232,7 @@ TEST_F(Security_Page, APupilWhoHasGoneIsARunTimeError) {
     Choose_Pupil(u"Khan"_s);
     sample.Run(u"DELETE FROM Mevo_Pupils WHERE Surname = 'Khan'"_s);
     Type(u"Text2"_s, u"fox"_s);
-    EXPECT_EQ(Error_Of([this] { form->Update_Pupil_Settings(); }), 3021);
+    EXPECT_EQ(test_support::Error_Number([this] { form->Update_Pupil_Settings(); }), 3021);
 }
 
 // ---- a group's settings
@@ -300,7 +302,7 @@ TEST_F(Security_Page, AnApostropheInTheGroupEndsItsUpdate) {
     Open();
     Choose(u"Combo2"_s, Hara);
     outside.boxes.Will_Answer(Answer::Ignore);
-    EXPECT_NE(Error_Of([this] { form->Update_Group_Settings(); }), 0);
+    EXPECT_NE(test_support::Error_Number([this] { form->Update_Group_Settings(); }), 0);
     EXPECT_EQ(outside.boxes.Titles(), QStringList{u"Error Information: ado_Open"_s});
     EXPECT_EQ(Changed(), QStringList{});
 }

@@ -34,6 +34,7 @@ const Hostile What_Nothing_Can_Be_Made_Of[] = {
     {"2 GB of zeros", Write_Zeros},
     {"a header and nothing behind", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(100)); }},
     {"cut off in a page", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(9000)); }},
+    {"its last page lost", [](const QString& file) { Write_Bytes(file, Sample_Bytes().chopped(4096)); }},
     {"without pupils",
      [](const QString& file) {
          Write_Bytes(file, Sample_Bytes());
@@ -41,14 +42,23 @@ const Hostile What_Nothing_Can_Be_Made_Of[] = {
      }},
 };
 
-// It opens, and only a check of the whole file finds the fault.
+// They open, and only a look at the whole file finds the fault.
 const Hostile What_A_Load_Must_Find[] = {
-    {"its last page lost", [](const QString& file) { Write_Bytes(file, Sample_Bytes().chopped(4096)); }},
     {"a page of zeros",
      [](const QString& file) {
          QByteArray bytes = Sample_Bytes();
-         bytes.replace(bytes.size() / 2 / 4096 * 4096, 4096, QByteArray(4096, '\0'));
          Write_Bytes(file, bytes);
+         const qsizetype page =
+             Database_Beside(file)
+                 .Value(u"SELECT rootpage FROM sqlite_master WHERE name = 'Yoon_TimeNorms'"_s)
+                 .toInt();
+         Write_Bytes(file, bytes.replace((page - 1) * 4096, 4096, QByteArray(4096, '\0')));
+     }},
+    {"pages that nothing owns",
+     [](const QString& file) {
+         Write_Bytes(file, Sample_Bytes());
+         Database_Beside(file).Run({u"PRAGMA writable_schema = ON"_s,
+                                    u"DELETE FROM sqlite_master WHERE name = 'Yoon_TimeNorms'"_s});
      }},
     {"without a customer",
      [](const QString& file) {
@@ -201,6 +211,22 @@ TEST_F(Narrow_Places, WhatAReadOnlyArchiveFolderCantKeepIsKeptBesideTheDatabase)
     Expect_Whole(working.Path(), u"30"_s);
     ASSERT_EQ(Beside_The_Working_Database(), QStringList{u"Mevo05_before_load_2026-06-15_10-30-00.mdb"_s});
     Expect_Whole(working.Folder() + u'/' + Beside_The_Working_Database().first(), u"12"_s);
+}
+
+// There is room for every file but the journal of the database that is to be replaced.
+TEST_F(Narrow_Places, ATransactionThatFindsNoRoomIsTakenBack) {
+    const Sample_File as_large(12);
+    as_large.Run(u"UPDATE Mevo_Pupils SET Surname = 'Other'"_s);
+    const QByteArray before = Bytes_Of(working.Path());
+    Open();
+    {
+        const Bounded_Files quota(before.size() + 100);
+        if (!quota.Is_There()) GTEST_SKIP() << "no bound for the size of files";
+        EXPECT_EQ(Error_Of_Loading(as_large.Path()), basics::errors::Disk_Full);
+    }
+    EXPECT_TRUE(Bytes_Of(working.Path()) == before);
+    EXPECT_EQ(Beside_The_Working_Database(), QStringList());
+    EXPECT_EQ(Archives(), QStringList());
 }
 
 TEST_F(Narrow_Places, AFullDiskIsToldAndTakesNothing) {

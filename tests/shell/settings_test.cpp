@@ -47,6 +47,14 @@ protected:
         outside.boxes.Will_Answer(Answer::Yes);
         Click(page, u"HotLabel2"_s);
     }
+    void Change_By(const QString& first_entry, const QString& second_entry) {
+        Open();
+        Will_Type(first_entry);
+        Will_Type(second_entry);
+        outside.boxes.Will_Answer(Answer::Yes);
+        outside.boxes.Will_Answer(Answer::Ok);
+        Click(page, u"HotLabel2"_s);
+    }
     QString Stored() const {
         return sample.Value(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name = 'MEVO'"_s);
     }
@@ -115,13 +123,8 @@ TEST_F(Settings, TheHelpTellsWhereThePlayerIs) {
 }
 
 TEST_F(Settings, TwoEqualEntriesBecomeThePassword) {
-    Open();
     sample.Run(u"INSERT INTO Customer_Details (Product_Name, Admin_Password) VALUES ('OTHER', 'theirs')"_s);
-    Will_Type(u"O'Hara \"9\""_s);
-    Will_Type(u"O'Hara \"9\""_s);
-    outside.boxes.Will_Answer(Answer::Yes);
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(page, u"HotLabel2"_s);
+    Change_By(u"O'Hara \"9\""_s, u"O'Hara \"9\""_s);
     EXPECT_EQ(outside.boxes.shown[0].style, Box_Style::Yes_No);
     EXPECT_EQ(outside.boxes.shown[0].title, u"Change admin password"_s);
     EXPECT_EQ(outside.boxes.shown[0].text, u"Do you wish to change your administrator's password ?"_s);
@@ -137,22 +140,12 @@ TEST_F(Settings, TwoEqualEntriesBecomeThePassword) {
 }
 
 TEST_F(Settings, AnEmptyPasswordIsTaken) {
-    Open();
-    Will_Type(u""_s);
-    Will_Type(u""_s);
-    outside.boxes.Will_Answer(Answer::Yes);
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(page, u"HotLabel2"_s);
+    Change_By(u""_s, u""_s);
     EXPECT_EQ(Stored(), u""_s);
 }
 
 TEST_F(Settings, EntriesThatDifferOnlyInCaseChangeNothing) {
-    Open();
-    Will_Type(u"secret"_s);
-    Will_Type(u"Secret"_s);
-    outside.boxes.Will_Answer(Answer::Yes);
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(page, u"HotLabel2"_s);
+    Change_By(u"secret"_s, u"Secret"_s);
     EXPECT_EQ(outside.boxes.shown[1].style, Box_Style::Information);
     EXPECT_EQ(outside.boxes.shown[1].title, u"Error"_s);
     EXPECT_EQ(outside.boxes.shown[1].text, u"Cannot change password."_s);

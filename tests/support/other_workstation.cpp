@@ -80,6 +80,10 @@ void Other_Workstation::Commit_After(int milliseconds) {
     Tell(u"COMMIT"_s);
 }
 
+void Other_Workstation::Rename_All_For_Ever() {
+    Tell(u"rename"_s);
+}
+
 void Other_Workstation::Leave_Abruptly() {
     if (process.state() == QProcess::NotRunning) return;
     process.kill();

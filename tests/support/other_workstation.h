@@ -28,6 +28,7 @@ public:
     void Run(const QString& sql);        // and waits until it is done; throws if it fails
     void Hold_Exclusively();             // has written the surname "Written", and keeps all others out
     void Commit_After(int milliseconds); // doesn't wait
+    void Rename_All_For_Ever();          // all pupils alike in each transaction; doesn't wait
     void Leave_Abruptly();               // killed: what it hasn't committed lies in the file and its journal
 
 private:

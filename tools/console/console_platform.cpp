@@ -2,6 +2,7 @@
 
 #include "console/error_line.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/windows_services.h"
 
 namespace console {
 
@@ -105,16 +106,6 @@ public:
     void Put(const desktop::Page_Copy&) override {}
 };
 
-class No_Registry final : public desktop::Registry {
-public:
-    int Create_Key(const QString&, int, quintptr&) override { return Not_Found; }
-    int Query_Value(quintptr, const QString&, int&, QByteArray&) override { return Not_Found; }
-    void Close_Key(quintptr) override {}
-
-private:
-    static constexpr int Not_Found = 2;
-};
-
 class No_Dialogs final : public desktop::Modal_Dialogs {
 public:
     void Show(QDialog&) override {}
@@ -140,7 +131,7 @@ struct Console_Platform::Bodies {
     No_Random random;
     No_Printers printers;
     No_Clipboard clipboard;
-    No_Registry registry;
+    desktop::No_Registry registry;
     desktop::Platform ports{boxes,  pointer,  clock,     sound,   documents,    processes,
                             ini,    files,    folders,   dialogs, file_dialogs, input_box,
                             random, printers, clipboard, registry};

@@ -3,15 +3,10 @@
 #include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/hardening.h"
+#include "platform/database/system_failure.h"
 
 #include <algorithm>
 #include <sqlite3.h>
-
-#ifdef _WIN32
-#include <windows.h>
-#else
-#include <cerrno>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -23,16 +18,6 @@ constexpr sqlite3_int64 Piece = 1024 * 1024;
 
 int End_If_Too_Long(void* since) {
     return static_cast<QElapsedTimer*>(since)->hasExpired(Longest_Statement_Ms) ? 1 : 0;
-}
-
-// The engine knows a full disk, but takes a used-up quota and a bounded file size for a device that fails.
-bool Was_Out_Of_Room() {
-#ifdef _WIN32
-    const DWORD code = GetLastError();
-    return code == ERROR_DISK_FULL || code == ERROR_HANDLE_DISK_FULL;
-#else
-    return errno == ENOSPC || errno == EDQUOT || errno == EFBIG;
-#endif
 }
 
 bool Is_Damage(int result) {
@@ -68,7 +53,9 @@ File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds
 File_Engine::~File_Engine() = default;
 
 void File_Engine::Raise(int result) const {
-    const bool out_of_room = Was_Out_Of_Room(); // asked first: whatever follows may change the answer
+    // The engine knows a full disk, but takes a used-up quota and a bounded file size for a device that
+    // fails.
+    const bool out_of_room = Number_Of_Last_Failure() == basics::errors::Disk_Full;
     const int kind = result & 0xff;
     if (kind == SQLITE_FULL || (kind == SQLITE_IOERR && out_of_room))
         basics::Raise(basics::errors::Disk_Full);

@@ -1,6 +1,7 @@
 #include "platform/database/new_file.h"
 
 #include "platform/basics/run_time_error.h"
+#include "platform/database/system_failure.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -11,7 +12,6 @@
 #include <io.h>
 #include <windows.h>
 #else
-#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -22,29 +22,10 @@ using namespace Qt::StringLiterals;
 namespace database {
 namespace {
 
-namespace errors = basics::errors;
-
 const QString Ending = u".part"_s;
 constexpr int Left_Behind_After_Days = 1;
 
 #ifdef _WIN32
-
-int Number_Of_Last_Failure() {
-    switch (GetLastError()) {
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-        return errors::Disk_Full;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_WRITE_PROTECT:
-        return errors::Permission_Denied;
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_FILE_NOT_FOUND:
-        return errors::Path_Not_Found;
-    default:
-        return errors::Device_Error;
-    }
-}
 
 bool Sync(const QFile& file) {
     return _commit(file.handle()) == 0;
@@ -53,7 +34,7 @@ bool Sync(const QFile& file) {
 bool Rename_Over(const QString& from, const QString& to) {
     return MoveFileExW(reinterpret_cast<const wchar_t*>(from.utf16()),
                        reinterpret_cast<const wchar_t*>(to.utf16()),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
 bool Rename_Unless_Taken(const QString& from, const QString& to) {
@@ -67,26 +48,6 @@ bool Was_Taken() {
 }
 
 #else
-
-int Number_Of_Last_Failure() {
-    switch (errno) {
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return errors::Disk_Full;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-    case ETXTBSY:
-        return errors::Permission_Denied;
-    case ENOENT:
-    case ENOTDIR:
-        return errors::Path_Not_Found;
-    default:
-        return errors::Device_Error;
-    }
-}
 
 bool Sync(const QFile& file) {
     return fsync(file.handle()) == 0;

@@ -73,20 +73,6 @@ int System_Folder(int number, QString& path) {
     return 0;
 }
 
-namespace {
-
-class No_Registry final : public Registry {
-public:
-    int Create_Key(const QString&, int, quintptr&) override { return Not_Found; }
-    int Query_Value(quintptr, const QString&, int&, QByteArray&) override { return Not_Found; }
-    void Close_Key(quintptr) override {}
-
-private:
-    static constexpr int Not_Found = 2;
-};
-
-} // namespace
-
 std::unique_ptr<Registry> Make_System_Registry() {
     return std::make_unique<No_Registry>();
 }

@@ -15,7 +15,18 @@ QString System_Short_Path(const QString& path);
 // Sets the path of a folder that the system keeps and gives 0; another result if it has none such.
 int System_Folder(int number, QString& path);
 
-// The registry; one without any keys where the system has none.
+// A registry without any keys.
+class No_Registry final : public Registry {
+public:
+    int Create_Key(const QString&, int, quintptr&) override { return Not_Found; }
+    int Query_Value(quintptr, const QString&, int&, QByteArray&) override { return Not_Found; }
+    void Close_Key(quintptr) override {}
+
+private:
+    static constexpr int Not_Found = 2;
+};
+
+// The registry; an empty one where the system has none.
 std::unique_ptr<Registry> Make_System_Registry();
 
 } // namespace desktop

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace database {
+
+// The run-time error for the last call of the system that failed, to be asked directly behind it: 61 where
+// there was no room, 70 where the account may not, 76 where a folder is missing, 57 for the rest.
+int Number_Of_Last_Failure();
+
+} // namespace database
