@@ -3,7 +3,6 @@
 #include "conversion/refusal.h"
 
 #include <QDir>
-#include <QFile>
 #include <QHash>
 #include <QtEndian>
 #include <gtest/gtest.h>
@@ -78,18 +77,6 @@ QByteArray With_Header_Changed(QByteArray file, qsizetype at, const QByteArray& 
 
 QString Test_Data(const QString& name) {
     return QStringLiteral(MEVO_TEST_DATA) + u'/' + name;
-}
-
-QByteArray Bytes_Of(const QString& name) {
-    QFile file(name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-    return file.readAll();
-}
-
-void Write_Bytes(const QString& name, const QByteArray& bytes) {
-    QFile file(name);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
-    EXPECT_EQ(file.write(bytes), bytes.size());
 }
 
 QByteArray Stored_Text(const QString& text) {

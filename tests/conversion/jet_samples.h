@@ -1,6 +1,7 @@
 #pragma once
 
 #include "conversion/convert.h"
+#include "support/files.h"
 
 #include <QByteArray>
 #include <QString>
@@ -10,8 +11,6 @@ namespace test_support {
 
 // The genuine files that the tests have, and what can be made of them.
 QString Test_Data(const QString& name);
-QByteArray Bytes_Of(const QString& file);
-void Write_Bytes(const QString& file, const QByteArray& bytes);
 
 QByteArray Stored_Text(const QString& text); // two bytes a character
 

@@ -39,7 +39,7 @@ bool Rename_Over(const QString& from, const QString& to) {
 
 bool Rename_Unless_Taken(const QString& from, const QString& to) {
     return MoveFileExW(reinterpret_cast<const wchar_t*>(from.utf16()),
-                       reinterpret_cast<const wchar_t*>(to.utf16()), MOVEFILE_WRITE_THROUGH);
+                       reinterpret_cast<const wchar_t*>(to.utf16()), MOVEFILE_WRITE_THROUGH) != 0;
 }
 
 bool Was_Taken() {
