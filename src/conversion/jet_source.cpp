@@ -125,9 +125,15 @@ private:
     QElapsedTimer since_watched;
 };
 
+QString Take_Name(Told& told) {
+    const QString name = told.Take_Text(Longest_Name);
+    if (name.isEmpty() || name.contains(QChar(u'\0'))) Refuse_As_Unreadable();
+    return name;
+}
+
 Source_Column Take_Column(Told& told) {
     Source_Column column;
-    column.name = told.Take_Text(Longest_Name);
+    column.name = Take_Name(told);
     column.type = told.Take<Column_Type>();
     column.size = told.Take<quint32>();
     switch (column.type) {
@@ -142,7 +148,7 @@ Source_Column Take_Column(Told& told) {
 
 Source_Table Take_Table(Told& told) {
     Source_Table table;
-    table.name = told.Take_Text(Longest_Name);
+    table.name = Take_Name(told);
     table.rows = told.Take<quint32>();
     const int columns = told.Take<quint16>();
     if (columns == 0 || columns > jet_stream::Most_Columns) Refuse_As_Unreadable();

@@ -76,7 +76,7 @@ QStringList Key_Of(const Source_Table& source, const foundation::Table* known) {
 bool Holds_Centiles_By_Raw_Score(const QString& table) {
     const QList<foundation::Test_Tables>& tests = foundation::Tests_In_Order();
     return std::any_of(tests.begin(), tests.end(), [&](const foundation::Test_Tables& test) {
-        return table.compare(test.norms, Qt::CaseInsensitive) == 0;
+        return !test.norms.isEmpty() && table.compare(test.norms, Qt::CaseInsensitive) == 0;
     });
 }
 

@@ -200,6 +200,18 @@ void No_Columns(Stream& stream) {
     Finish(stream, 0);
 }
 
+void No_Name(Stream& stream) {
+    Start(stream, 1, 0);
+    Table(stream, "", 0, Pupil);
+    Finish(stream, 0);
+}
+
+void No_Column_Name(Stream& stream) {
+    Start(stream, 1, 0);
+    Table(stream, "Mevo_Pupils", 0, {{"StudentCode"}, {""}});
+    Finish(stream, 0);
+}
+
 void Impossible_Date(Stream& stream) {
     Start(stream, 1, 1);
     Table(stream, "Mevo_Pupils", 1, {{"DOB", Column_Type::Date, 8}});
@@ -244,6 +256,8 @@ int main() {
         {"no such value", No_Such_Value},
         {"no such key", No_Such_Key},
         {"no columns", No_Columns},
+        {"no name", No_Name},
+        {"no column name", No_Column_Name},
         {"impossible date", Impossible_Date},
         {"two tables of a name", Two_Tables_Of_A_Name},
         {"noise", Noise},

@@ -35,9 +35,10 @@ protected:
 } // namespace
 
 TEST_F(Odd_Reader, IsNeverBelieved) {
-    for (const char* way : {"endless", "silent", "crashing", "one row less", "one row more", "without an end",
-                            "long claim", "no such value", "no such key", "no columns", "impossible date",
-                            "two tables of a name", "noise", "nothing"}) {
+    for (const char* way :
+         {"endless", "silent", "crashing", "one row less", "one row more", "without an end", "long claim",
+          "no such value", "no such key", "no columns", "no name", "no column name", "impossible date",
+          "two tables of a name", "noise", "nothing"}) {
         SCOPED_TRACE(way);
         EXPECT_FALSE(Refused(way).isEmpty());
         EXPECT_EQ(folder.Names(), QStringList{u"source.mdb"_s});
