@@ -16,8 +16,9 @@ struct Table_Comparison {
 };
 
 // Compares the tables that it is handed with those of a database, value by value. A row is looked up by its
-// key, or by its place where it has none. Values are equal as the program reads them: a number is equal to
-// its text, a date to any text that means that day and time. NULL is equal to nothing else.
+// key, or where it has none by the place that a conversion gives it. Values are equal as the program reads
+// them: a number is equal to its text, a date to any text that means that day and time. NULL is equal to
+// nothing else.
 class Comparison final : public Source_Visitor {
 public:
     explicit Comparison(const QString& database);
@@ -37,11 +38,14 @@ private:
     bool Has_Table(const QString& name);
     bool Has_Same_Columns();
     void Prepare_Rows();
+    void Compare(const Source_Row& row);
     QString Row_Name(const Source_Row& row) const;
 
     Engine engine;
     Source_Table source;
     qsizetype looked_up_by = -1;     // place of a column; -1: rows are compared by their place
+    qsizetype ordered_by = -1;       // place of the column that the database's rows rise by
+    QList<Source_Row> waiting;       // of such a table, until they can be put in that order
     std::unique_ptr<Statement> rows; // gives the row to compare with; none where the table can't be compared
     QList<Table_Comparison> tables;
     QStringList examples;

@@ -99,8 +99,10 @@ private:
         while (process.bytesAvailable() == 0) {
             Watch();
             if (process.waitForReadyRead(Watcher_Interval_Ms)) break;
-            if (process.state() == QProcess::NotRunning && process.bytesAvailable() == 0)
+            if (process.state() == QProcess::NotRunning && process.bytesAvailable() == 0) {
+                Watch(); // an interrupt from a terminal ends the reader, too, and isn't the file's fault
                 Refuse_As_Unreadable();
+            }
             if (silence.hasExpired(longest_silence_ms)) Refuse_As_Unreadable();
         }
         const QByteArray more = process.readAllStandardOutput();

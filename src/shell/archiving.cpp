@@ -87,7 +87,7 @@ void Form60::Lay_Out() {
     progress->hide(); // nothing drives it: a copy is over before it could move
     conversion_bar = new QProgressBar(Frame1);
     conversion_bar->setObjectName(u"pbrConversion"_s);
-    conversion_bar->setAccessibleName(u"Conversion"_s);
+    conversion_bar->setAccessibleName(u"Progress of the conversion"_s);
     conversion_bar->setFormat(u"Please wait...converting archive"_s);
     conversion_bar->setGeometry(progress->geometry());
     conversion_bar->hide();

@@ -4,8 +4,12 @@
 #include "support/printing.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
+#include <QTest>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -110,7 +114,7 @@ TEST_F(Convert_Command, ChecksValueByValue) {
          u"Mevo_Pupils: the database has no column Password"_s},
         {u"ALTER TABLE Mevo_Pupils ADD Extra TEXT"_s, u"Mevo_Pupils: the source has no column Extra"_s},
         {u"UPDATE Karrel_Norms SET rowid = 99 WHERE rowid = 1"_s,
-         u"Karrel_Norms: the rows don't rise by Raw Score"_s},
+         u"Karrel_Norms: row 1, Raw Score: 0 in the source, 1 in the database"_s},
     };
     for (const auto& [change, told] : changes) {
         SCOPED_TRACE(change.toStdString());
@@ -164,6 +168,32 @@ TEST_F(Convert_Command, InterruptedItLeavesNothing) {
     EXPECT_TRUE(Is_One_Line(outcome.errors, u"Interrupted"_s));
     EXPECT_EQ(folder.Names(), QStringList{u"school.mdb"_s});
 }
+
+#ifndef _WIN32
+// The real process, with a reader that never ends its file.
+TEST_F(Convert_Command, SignalsEndItCleanly) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        QDir(folder.Place(u"."_s)).mkdir(u"bin"_s);
+        const QString converter = folder.Place(u"bin/mevo-convert"_s);
+        QFile::copy(QCoreApplication::applicationDirPath() + u"/mevo-convert"_s, converter);
+        QFile::copy(QStringLiteral(MEVO_ODD_JET_READER), folder.Place(u"bin/mevo-jet-reader"_s));
+        QProcess process;
+        process.setEnvironment(QProcess::systemEnvironment() + QStringList{u"MEVO_ODD_READER=silent"_s});
+        process.start(converter, {source, target});
+        ASSERT_TRUE(process.waitForStarted());
+        const auto has_begun = [&] { return folder.Names().filter(u".part"_s).size() == 1; };
+        for (int wait = 0; wait < 100 && !has_begun(); ++wait)
+            QTest::qWait(50);
+        ASSERT_TRUE(has_begun());
+        kill(static_cast<pid_t>(process.processId()), signal);
+        ASSERT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process.exitCode(), 2);
+        EXPECT_TRUE(Is_One_Line(QString::fromUtf8(process.readAllStandardError()), u"Interrupted"_s));
+        EXPECT_EQ(folder.Names(), (QStringList{u"bin"_s, u"school.mdb"_s}));
+    }
+}
+#endif
 
 TEST_F(Convert_Command, WrongUseIsOneLine) {
     for (const QStringList& arguments : {QStringList{},

@@ -96,6 +96,20 @@ void Shuffled_Norms(Stream& stream) {
     Finish(stream, 3);
 }
 
+void Norms_As_Texts(Stream& stream) {
+    Start(stream, 1, 4);
+    Table(stream, "Karrel_Norms", 4, {{"Raw Score"}, {"Age 4 Centile"}});
+    for (const char* score : {"10", "2", "1"}) {
+        stream.Put_Record(Record::Row);
+        Text(stream, score);
+        Text(stream, score);
+    }
+    stream.Put_Record(Record::Row);
+    stream.Put(Value_Tag::Null);
+    stream.Put(Value_Tag::Null);
+    Finish(stream, 4);
+}
+
 void All_Types(Stream& stream) {
     Start(stream, 1, 2);
     Table(stream, "A school's \"own\" table", 2,
@@ -244,6 +258,7 @@ int main() {
     const std::map<std::string, std::function<void(Stream&)>> ways = {
         {"twins", Twins},
         {"shuffled norms", Shuffled_Norms},
+        {"norms as texts", Norms_As_Texts},
         {"all types", All_Types},
         {"other types", Other_Types},
         {"endless", Endless},

@@ -1,5 +1,6 @@
 #include "conversion/jet_file.h"
 #include "conversion/jet_samples.h"
+#include "support/narrow_places.h"
 #include "support/printing.h"
 
 #include <QDir>
@@ -101,6 +102,27 @@ TEST(Refusals, ATargetThatMayNotBeWritten) {
     }
     EXPECT_EQ(Bytes_Of(folder.Place(u"taken.mdb"_s)), "something of the user's");
     EXPECT_EQ(Bytes_Of(source), bytes);
+}
+
+TEST(Refusals, ADiskWithoutRoom) {
+    const Small_Disk disk(512);
+    if (!disk.Is_There()) GTEST_SKIP() << "this account may not mount a disk";
+    for (const int free_kilobytes : {0, 8, 100, 250}) {
+        SCOPED_TRACE(free_kilobytes);
+        disk.Fill_Up_To(free_kilobytes);
+        const QStringList before = QDir(disk.Folder()).entryList(QDir::Files);
+        const QString why = Why_Refused(Test_Data(u"jet4-data.mdb"_s), disk.Folder() + u"/target.mdb"_s);
+        EXPECT_TRUE(why.contains(u"full"_s)) << why.toStdString();
+        EXPECT_EQ(QDir(disk.Folder()).entryList(QDir::Files), before);
+    }
+}
+
+TEST(Refusals, AFolderThatMayNotBeWritten) {
+    const Conversion_Folder folder;
+    const Plain_Account account;
+    if (!account.Is_There()) GTEST_SKIP() << "this account may write everywhere";
+    const QString why = Why_Refused(Test_Data(u"jet4-data.mdb"_s), u"/target.mdb"_s);
+    EXPECT_TRUE(why.contains(u"can't be written: Permission denied"_s)) << why.toStdString();
 }
 
 TEST(Refusals, OnlyGenuineFilesCountAsSuch) {
