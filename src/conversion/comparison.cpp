@@ -159,19 +159,24 @@ bool Comparison::Has_Same_Columns() {
     return only_here.isEmpty();
 }
 
+bool Comparison::Can_Be_Looked_Up(const Source_Column& column, const QString& table) {
+    using jet_stream::Column_Type;
+    if (column.type != Column_Type::Text && column.type != Column_Type::Number) return false;
+    return engine.Number(u"SELECT count(*) = count(DISTINCT %1) FROM %2"_s.arg(Quoted(column.name), table)) ==
+           1;
+}
+
 void Comparison::Prepare_Rows() {
     QStringList names;
     for (const Source_Column& column : std::as_const(source.columns))
         names.append(Quoted(column.name));
     const Target_Table target = Target_Of(source);
     ordered_by = names.indexOf(Quoted(target.order_by));
-    const QString by = target.key.size() == 1 ? target.key.first() : QString();
     const QString table = Quoted(source.name);
-    const bool is_unique =
-        !by.isEmpty() &&
-        engine.Number(u"SELECT count(*) = count(DISTINCT %1) FROM %2"_s.arg(Quoted(by), table)) == 1;
-    looked_up_by = is_unique ? names.indexOf(Quoted(by)) : -1;
-    const QString which = is_unique ? u"WHERE %1 = ? COLLATE BINARY"_s.arg(Quoted(by)) : u"ORDER BY rowid"_s;
+    looked_up_by = target.key.size() == 1 ? names.indexOf(Quoted(target.key.first())) : -1;
+    if (looked_up_by >= 0 && !Can_Be_Looked_Up(source.columns[looked_up_by], table)) looked_up_by = -1;
+    const QString which =
+        looked_up_by >= 0 ? u"WHERE %1 = ? COLLATE BINARY"_s.arg(names[looked_up_by]) : u"ORDER BY rowid"_s;
     rows =
         std::make_unique<Statement>(engine, u"SELECT %1 FROM %2 %3"_s.arg(names.join(u", "_s), table, which));
 }
@@ -205,8 +210,10 @@ void Comparison::Compare(const Source_Row& row) {
         const Source_Value& key = row[looked_up_by];
         if (key.tag == Value_Tag::Text)
             rows->Bind_Text(1, key.bytes);
+        else if (key.tag == Value_Tag::Whole)
+            rows->Bind(1, key.whole); // as a double it would be another text in a column of texts
         else
-            rows->Bind(1, As_Double(key)); // whole ones are equal to it, too
+            rows->Bind(1, As_Double(key));
     }
     if (!rows->Step()) return Note(Row_Name(row) + u" isn't in the database"_s);
     for (int column = 0; column < row.size(); ++column) {

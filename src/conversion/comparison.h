@@ -37,6 +37,7 @@ private:
     void Note(const QString& what);
     bool Has_Table(const QString& name);
     bool Has_Same_Columns();
+    bool Can_Be_Looked_Up(const Source_Column& column, const QString& table);
     void Prepare_Rows();
     void Compare(const Source_Row& row);
     QString Row_Name(const Source_Row& row) const;

@@ -134,6 +134,17 @@ void All_Types(Stream& stream) {
     Finish(stream, 2);
 }
 
+void Numbered_Pupils(Stream& stream) {
+    Start(stream, 1, 2);
+    Table(stream, "Mevo_Pupils", 2, {{"StudentCode", Column_Type::Number, 4}, {"DOB", Column_Type::Date, 8}});
+    for (const int code : {12, 7}) {
+        stream.Put_Record(Record::Row);
+        Whole(stream, code);
+        Real(stream, Value_Tag::Date, code);
+    }
+    Finish(stream, 2);
+}
+
 // The program's columns, in types that a school may have given them.
 void Other_Types(Stream& stream) {
     Start(stream, 1, 1);
@@ -260,6 +271,7 @@ int main() {
         {"shuffled norms", Shuffled_Norms},
         {"norms as texts", Norms_As_Texts},
         {"all types", All_Types},
+        {"numbered pupils", Numbered_Pupils},
         {"other types", Other_Types},
         {"endless", Endless},
         {"silent", Silent},

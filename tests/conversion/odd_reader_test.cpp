@@ -108,7 +108,8 @@ TEST_F(Odd_Reader, KnownColumnsTakeTheProgramsTypesAndKeepTheirSpelling) {
 
 // Both directions of what a column makes of a value count as equal; a changed one doesn't.
 TEST_F(Odd_Reader, ComparingAllowsForTheTypesOfTheTarget) {
-    for (const char* way : {"twins", "shuffled norms", "norms as texts", "all types", "other types"}) {
+    for (const char* way :
+         {"twins", "shuffled norms", "norms as texts", "all types", "numbered pupils", "other types"}) {
         SCOPED_TRACE(way);
         target = folder.Place(QString::fromLatin1(way));
         Converted(way);
