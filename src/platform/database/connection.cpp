@@ -2,6 +2,7 @@
 
 #include "platform/basics/dates.h"
 #include "platform/basics/native_path.h"
+#include "platform/database/busy_waiting.h"
 #include "platform/database/collation.h"
 #include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
@@ -22,7 +23,8 @@ using basics::Value;
 constexpr int Longest_Query_Ms = 60'000;
 
 struct Connection::Watch {
-    QElapsedTimer since;
+    QElapsedTimer since; // the running query's start
+    Busy_Waiting waiting;
 };
 
 namespace {
@@ -137,7 +139,7 @@ void Connection::Open() {
     try {
         if (result != SQLITE_OK) Raise_Engine_Error(engine, result);
         sqlite3_extended_result_codes(engine, 1);
-        sqlite3_busy_timeout(engine, ConnectionTimeout * 1000);
+        watch->waiting.Install(engine, ConnectionTimeout);
         sqlite3_progress_handler(engine, 10'000, End_If_Too_Long, &watch->since);
         Harden(engine);
         if (in_wal_mode) Run(u"PRAGMA journal_mode = DELETE"_s);

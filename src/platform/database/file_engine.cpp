@@ -40,7 +40,7 @@ File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds
     engine.reset(opened);
     if (result != SQLITE_OK) Raise(result);
     sqlite3_extended_result_codes(opened, 1);
-    sqlite3_busy_timeout(opened, timeout_seconds * 1000);
+    waiting.Install(opened, timeout_seconds);
     since.start();
     sqlite3_progress_handler(opened, 10'000, End_If_Too_Long, &since);
     Harden(opened);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/basics/run_time_error.h"
+#include "platform/database/busy_waiting.h"
 
 #include <QElapsedTimer>
 #include <QString>
@@ -49,8 +50,9 @@ private:
     struct Closer {
         void operator()(sqlite3* engine) const;
     };
-    std::unique_ptr<sqlite3, Closer> engine;
     QElapsedTimer since; // the running statement's start
+    Busy_Waiting waiting;
+    std::unique_ptr<sqlite3, Closer> engine;
 };
 
 // Replaces everything that is in the database `target` by what is in `source`, in one transaction of the

@@ -44,7 +44,7 @@ void Require_Sound(const QString& file, const QStringList& tables) {
     const QStringList found = engine.Run("PRAGMA integrity_check");
     if (found != QStringList{u"ok"_s})
         Raise_Engine_Error(errors::Engine_Failure,
-                           u"The database file is damaged ("_s + found.value(0) + u")."_s);
+                           u"The database file is damaged ("_s + found.value(0).simplified() + u")."_s);
     const QStringList names = engine.Run("SELECT name FROM sqlite_master WHERE type = 'table'");
     for (const QString& table : tables)
         if (!names.contains(table, Qt::CaseInsensitive))
