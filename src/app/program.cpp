@@ -70,7 +70,8 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Settings:
         return std::make_unique<shell::Form20>(platform, navigator, installation);
     case Page_Id::Archiving:
-        return std::make_unique<shell::Form60>(platform, navigator, installation, counts, copies);
+        return std::make_unique<shell::Form60>(platform, navigator, installation, counts, copies,
+                                               older_files);
     }
     return nullptr;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "conversion/older_files.h"
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
 #include "foundation/start_up.h"
@@ -34,6 +35,7 @@ private:
     foundation::Installation installation;
     shell::Menu_Counts counts;
     database::Safe_Copies copies;
+    conversion::Jet_Files older_files;
     scoring::Scoring_Data scores;
     foundation::Access_Holder scoring_holder;
     scoring::Scoring scoring;

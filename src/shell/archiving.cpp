@@ -1,10 +1,13 @@
 #include "shell/archiving.h"
 
+#include "conversion/refusal.h"
 #include "foundation/database_version.h"
+#include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 
 #include <QProgressBar>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -42,11 +45,12 @@ private:
 // ---- the page
 
 Form60::Form60(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
-               Menu_Counts& counts, database::File_Copies& copies)
+               Menu_Counts& counts, database::File_Copies& copies, conversion::Older_Files& older_files)
     : Page(platform, navigator, Frame_Size),
       installation(installation),
       counts(counts),
       copies(copies),
+      older_files(older_files),
       holder(platform),
       Timer1(new QTimer(this)) {
     setObjectName(u"Form60"_s);
@@ -81,6 +85,12 @@ void Form60::Lay_Out() {
     progress->setFormat(u"Please wait...saving archive"_s);
     progress->setGeometry(Left + Column_Width + 16, 283, 280, 28);
     progress->hide(); // nothing drives it: a copy is over before it could move
+    conversion_bar = new QProgressBar(Frame1);
+    conversion_bar->setObjectName(u"pbrConversion"_s);
+    conversion_bar->setAccessibleName(u"Progress of the conversion"_s);
+    conversion_bar->setFormat(u"Please wait...converting archive"_s);
+    conversion_bar->setGeometry(progress->geometry());
+    conversion_bar->hide();
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 277, 140, 40},
                               [this] { HotLabel1_Click(); });
 }
@@ -140,9 +150,46 @@ desktop::File_Question Form60::File_Dialog(const QString& title, const QString& 
     return {title, u"MS Access 2000 (*.mdb)"_s, installation.Archive_Folder, file_name, u"mdb"_s};
 }
 
-QString Form60::Chosen_Archive(const QString& title) const {
+QString Form60::Chosen_Archive(const QString& title) {
     const QString answer = platform.file_dialogs.Open_File(File_Dialog(title, No_Choice));
-    return answer == No_Choice ? u""_s : answer;
+    if (answer == No_Choice) return u""_s;
+    return older_files.Is_One(basics::Native_Path(answer)) ? Converted_Copy(answer) : answer;
+}
+
+// ---- archives of the older format
+
+QString Form60::Converted_Copy(const QString& file) {
+    const QString title = u"Older file format"_s;
+    const Answer answer = platform.boxes.Ask(
+        Box_Style::Yes_No_Information, title,
+        u"This archive was saved in the older Access format. Do you wish to make a converted copy beside it and go on with that?"_s);
+    if (answer != Answer::Yes) return {};
+    const QString copy = conversion::Converted_Name(file);
+    QString why_not;
+    {
+        const Busy_Pointer busy(platform);
+        try {
+            older_files.Convert(basics::Native_Path(file), basics::Native_Path(copy),
+                                [this](const conversion::Progress& progress) { Show_Progress(progress); });
+        } catch (const conversion::Refusal& refusal) {
+            why_not = refusal.Why();
+        }
+        conversion_bar->hide();
+    }
+    if (why_not.isEmpty()) return copy;
+    platform.boxes.Ask(Box_Style::Critical, title,
+                       u"The archive "_s + file + u" can't be converted.\r"_s + why_not);
+    return {};
+}
+
+// Painted at once: the page's events wait until the copy is made.
+void Form60::Show_Progress(const conversion::Progress& progress) {
+    constexpr int steps = 1000;
+    const qint64 of_rows = std::max<qint64>(progress.of_rows, 1);
+    conversion_bar->setRange(0, steps);
+    conversion_bar->setValue(static_cast<int>(progress.rows * steps / of_rows));
+    conversion_bar->show();
+    conversion_bar->repaint();
 }
 
 // ---- saving

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "conversion/older_files.h"
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
 #include "platform/database/safe_copy.h"
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page.h"
+
+class QProgressBar;
 
 namespace shell {
 
@@ -17,7 +20,7 @@ class Form60 final : public Page {
     Q_OBJECT
 public:
     Form60(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
-           Menu_Counts& counts, database::File_Copies& copies);
+           Menu_Counts& counts, database::File_Copies& copies, conversion::Older_Files& older_files);
 
     void Load() override;
     void Refresh_Archive_Page(); // recounts the pupils and sets the page
@@ -40,7 +43,10 @@ private:
     void Lay_Out();
     void Tell_Helps();
     desktop::File_Question File_Dialog(const QString& title, const QString& file_name) const;
-    QString Chosen_Archive(const QString& title) const; // empty if none was chosen
+    // Empty if none was chosen. For a file of the older format it is the converted copy, once there is one.
+    QString Chosen_Archive(const QString& title);
+    QString Converted_Copy(const QString& file);
+    void Show_Progress(const conversion::Progress& progress);
     void Save_As(const QString& file);
     bool Confirmed(const QString& title, Wrong_Password wrong);
     bool Password_Accepted(Wrong_Password wrong);
@@ -51,11 +57,13 @@ private:
     foundation::Installation& installation;
     Menu_Counts& counts;
     database::File_Copies& copies;
+    conversion::Older_Files& older_files;
     foundation::Access_Holder holder;
     QString suggested_file_name;           // of the Save dialog
     QString Alternative_Connection_String; // leads to a file other than the one in use
 
     QTimer* Timer1;
+    QProgressBar* conversion_bar;
     QLabel *Label1, *Label13;
     HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6;
 };

@@ -1,5 +1,6 @@
 #include "foundation/start_up.h"
 
+#include "conversion/jet_samples.h"
 #include "foundation/database_version.h"
 #include "platform/basics/run_time_error.h"
 #include "support/printing.h"
@@ -136,6 +137,18 @@ TEST_F(Start_Up_On_A_Database, WithoutAProductRowNoPasswordCanMatch) {
 TEST_F(Start_Up_On_A_Database, AMissingFileIsTheRunTimesError) {
     sample.Move_Away();
     EXPECT_THROW(Start(), basics::Run_Time_Error);
+}
+
+TEST_F(Start_Up_On_A_Database, AFileOfTheOlderFormatIsAnErrorThatNamesTheConverter) {
+    Write_Bytes(sample.Path(), Bytes_Of(Test_Data(u"jet4-data.mdb"_s)));
+    try {
+        Start();
+        ADD_FAILURE() << "no error";
+    } catch (const basics::Run_Time_Error& error) {
+        EXPECT_TRUE(error.Description.contains(u"older Access (Jet) format"_s));
+        EXPECT_TRUE(error.Description.contains(u"mevo-convert"_s)) << error.what();
+    }
+    EXPECT_EQ(Bytes_Of(sample.Path()), Bytes_Of(Test_Data(u"jet4-data.mdb"_s)));
 }
 
 TEST_F(Start_Up_On_A_Database, AnOlderFileIsBroughtUpInPlace) {

@@ -27,10 +27,6 @@ const Hostile What_Nothing_Can_Be_Made_Of[] = {
     {"empty", [](const QString& file) { Write_Bytes(file, ""); }},
     {"a text", [](const QString& file) { Write_Bytes(file, "Surname,Forename\n"); }},
     {"a folder", [](const QString& file) { QDir().mkpath(file); }},
-    {"Jet",
-     [](const QString& file) {
-         Write_Bytes(file, QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'));
-     }},
     {"2 GB of zeros", Write_Zeros},
     {"a header and nothing behind", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(100)); }},
     {"cut off in a page", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(9000)); }},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "conversion/older_files.h"
 #include "platform/basics/run_time_error.h"
 #include "sampledb/sample_data.h"
 #include "shell/archiving.h"
@@ -42,6 +43,22 @@ private:
     database::Safe_Copies real;
 };
 
+// Converts as the program does, and tells what the page shows while it works.
+class Older_Files_Seen final : public conversion::Older_Files {
+public:
+    bool Is_One(const QString& file) override { return real.Is_One(file); }
+    void Convert(const QString& file, const QString& copy, const conversion::Watcher& watcher) override {
+        real.Convert(file, copy, [&](const conversion::Progress& progress) {
+            watcher(progress);
+            if (meanwhile) meanwhile(progress);
+        });
+    }
+    std::function<void(const conversion::Progress&)> meanwhile;
+
+private:
+    conversion::Jet_Files real;
+};
+
 class Archiving : public testing::Test {
 protected:
     Archiving() : installation(working.Installed()) {
@@ -57,7 +74,8 @@ protected:
     }
 
     void Open() {
-        page = std::make_unique<Form60>(outside.platform, navigator, installation, counts, copies);
+        page =
+            std::make_unique<Form60>(outside.platform, navigator, installation, counts, copies, older_files);
         page->Load();
         page->resize(1366, 768);
         page->show();
@@ -120,6 +138,7 @@ protected:
     foundation::Installation installation;
     Menu_Counts counts;
     Copies_That_May_Fail copies;
+    Older_Files_Seen older_files;
     std::unique_ptr<Form60> page;
 };
 

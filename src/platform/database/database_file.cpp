@@ -41,7 +41,7 @@ void Refuse_What_Is_No_Database(const QString& file) {
         Raise_Engine_Error(
             errors::Engine_Failure,
             u"The file '"_s + file +
-                u"' was saved in the older Access (Jet) format, which must be converted before it can be used."_s);
+                u"' was saved in the older Access (Jet) format, which must be converted before it can be used. The program mevo-convert does that."_s);
     Raise_Engine_Error(errors::Engine_Failure, u"Unrecognized database format '"_s + file + u"'."_s);
 }
 

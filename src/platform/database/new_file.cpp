@@ -37,6 +37,16 @@ bool Rename_Over(const QString& from, const QString& to) {
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
+bool Rename_Unless_Taken(const QString& from, const QString& to) {
+    return MoveFileExW(reinterpret_cast<const wchar_t*>(from.utf16()),
+                       reinterpret_cast<const wchar_t*>(to.utf16()), MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+bool Was_Taken() {
+    const DWORD code = GetLastError();
+    return code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS;
+}
+
 #else
 
 bool Sync(const QFile& file) {
@@ -56,6 +66,27 @@ bool Rename_Over(const QString& from, const QString& to) {
         return false;
     Sync_Folder(QFileInfo(to).absolutePath());
     return true;
+}
+
+// A second name and the end of the first: unlike a rename, that never takes another file's place. Some file
+// systems have no second names; there only a moment lies between looking and renaming.
+bool Rename_Unless_Taken(const QString& from, const QString& to) {
+    const QByteArray first = QFile::encodeName(from);
+    const QByteArray second = QFile::encodeName(to);
+    if (link(first.constData(), second.constData()) == 0) {
+        unlink(first.constData());
+        Sync_Folder(QFileInfo(to).absolutePath());
+        return true;
+    }
+    if (errno == EEXIST || QFileInfo::exists(to)) {
+        errno = EEXIST;
+        return false;
+    }
+    return Rename_Over(from, to);
+}
+
+bool Was_Taken() {
+    return errno == EEXIST;
 }
 
 #endif
@@ -102,6 +133,12 @@ void New_File::Flush_And_Close() {
 void New_File::Move_To_Its_Place() {
     if (!Rename_Over(path, place)) Raise_Last_Failure();
     moved = true;
+}
+
+bool New_File::Move_Unless_Taken() {
+    moved = Rename_Unless_Taken(path, place);
+    if (!moved && !Was_Taken()) Raise_Last_Failure();
+    return moved;
 }
 
 } // namespace database

@@ -23,6 +23,8 @@ public:
     void Flush_And_Close(); // what was written is on the disk when this returns
     // Renames it over whatever stands at its place; on the disk as well when this returns.
     void Move_To_Its_Place();
+    // The same where nothing stands there. False, and nothing has changed, where something does.
+    bool Move_Unless_Taken();
 
 private:
     QString place;

@@ -1,0 +1,81 @@
+// mevo-jet-reader FILE: writes all user tables of a Jet database to the standard output, in the records of
+// conversion/jet_stream.h. The library that reads the file can be brought down by a damaged one, so it has
+// this process to itself.
+
+#include "jetreader/limits.h"
+#include "jetreader/table_reader.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+using conversion::jet_stream::Record;
+using jet_reader::Damage;
+using jet_reader::Stream;
+using jet_reader::Table_Reader;
+
+namespace {
+
+struct Closer {
+    void operator()(MdbHandle* file) const { mdb_close(file); }
+};
+
+std::vector<MdbCatalogEntry*> User_Tables(MdbHandle* file) {
+    const GPtrArray* catalog = mdb_read_catalog(file, MDB_TABLE);
+    if (!catalog) throw Damage("the list of its tables can't be read");
+    std::vector<MdbCatalogEntry*> tables;
+    for (unsigned i = 0; i < catalog->len; ++i) {
+        auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalog, i));
+        if (mdb_is_user_table(entry)) tables.push_back(entry);
+    }
+    if (tables.empty()) throw Damage("the list of its tables is empty");
+    return tables;
+}
+
+void Write_All(const char* path, Stream& stream) {
+    const std::uint64_t size = std::filesystem::file_size(path);
+    jet_reader::Limit_This_Process(size);
+    const std::unique_ptr<MdbHandle, Closer> file(mdb_open(path, MDB_NOFLAGS));
+    if (!file) throw Damage("its first page can't be read");
+    const std::vector<MdbCatalogEntry*> tables = User_Tables(file.get());
+    std::uint64_t rows = 0;
+    for (MdbCatalogEntry* entry : tables)
+        rows += Table_Reader(file.get(), entry, size).Rows_Promised();
+
+    stream.Put_Record(Record::Start);
+    stream.Put(conversion::jet_stream::Version);
+    stream.Put(static_cast<std::uint32_t>(tables.size()));
+    stream.Put(rows);
+    for (MdbCatalogEntry* entry : tables)
+        Table_Reader(file.get(), entry, size).Write_To(stream);
+    stream.Put_Record(Record::End);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fputs("Usage: mevo-jet-reader FILE\n", stderr);
+        return 2;
+    }
+#ifdef _WIN32
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
+    Stream stream;
+    int status = 0;
+    try {
+        Write_All(argv[1], stream);
+    } catch (const std::exception& fault) {
+        stream.Put_Record(Record::Fault);
+        stream.Put_Text(fault.what());
+        status = 2;
+    }
+    stream.Flush();
+    return status;
+}
