@@ -180,6 +180,7 @@ void Pupil_Maker::Run_All_Statements(QStringList& fields) {
     if (fields.size() < place::Count) basics::Raise(basics::errors::Subscript_Out_Of_Range);
     database::Connection connection;
     connection.ConnectionString = installation.Connection_String;
+    connection.Keep_In(kept);
     connection.Open();
     Generate_StudentCode(fields[place::Surname], fields[place::Forename]);
     if (fields[place::Group].isEmpty()) fields[place::Group] = Default_Group;

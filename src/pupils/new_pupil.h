@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/installation.h"
+#include "platform/database/kept_engine.h"
 #include "platform/desktop/ports.h"
 
 #include <QString>
@@ -46,6 +47,7 @@ private:
 
     desktop::Platform& platform;
     const foundation::Installation& installation;
+    database::Kept_Engine kept; // for the next pupil of the same import
 };
 
 } // namespace pupils
