@@ -35,6 +35,9 @@ public:
     // Closes and releases both; harmless when they are closed already.
     void ado_Close();
 
+    // Closes at once what is kept of the file for the next query: before the file is copied or replaced.
+    void Let_Go() { kept.Let_Go(); }
+
     // The open recordset. Error 91 if Ignore left none.
     database::Recordset& Rows();
     basics::Value Field(const QString& name) { return Rows().Fields(name).Value(); }

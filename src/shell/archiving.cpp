@@ -225,6 +225,7 @@ void Form60::HotLabel2_Click() {
 void Form60::Save_As(const QString& file) {
     {
         const Busy_Pointer busy(platform);
+        holder.Let_Go();
         copies.Copy(installation.Database_Path, file);
     }
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
@@ -257,6 +258,7 @@ bool Form60::Password_Accepted(Wrong_Password wrong) {
 
 void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
     const Busy_Pointer busy(platform);
+    holder.Let_Go();
     copies.Replace({source,
                     installation.Database_Path,
                     {u"Mevo_Pupils"_s, u"Customer_Details"_s},
