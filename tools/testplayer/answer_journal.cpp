@@ -21,7 +21,7 @@ void Answer_Journal::Fail() const {
 void Answer_Journal::Add(const Stored_Answers& stored) {
     const QStringList fields{stored.when.toString(Qt::ISODateWithMs), stored.code,
                              foundation::Tests_In_Order()[stored.test].status, stored.digest};
-    const QByteArray line = fields.join(u' ').toUtf8() + '\n';
+    const QByteArray line = fields.join(u'\t').toUtf8() + '\n';
     if (file.write(line) != line.size() || !database::Is_On_The_Disk(file)) Fail();
 }
 
@@ -33,7 +33,7 @@ QList<Stored_Answers> Answer_Journal::Read(const QString& name) {
     QByteArrayList lines = file.readAll().split('\n');
     lines.removeLast(); // what stands behind the last line end
     for (const QByteArray& line : std::as_const(lines)) {
-        const QStringList fields = QString::fromUtf8(line).split(u' ');
+        const QStringList fields = QString::fromUtf8(line).split(u'\t');
         if (fields.size() != 4) throw Play_Fault(u"Not a line of a log: "_s + QString::fromUtf8(line));
         entries.append({fields[1], static_cast<int>(tests.indexOf(fields[2])),
                         QDateTime::fromString(fields[0], Qt::ISODateWithMs), fields[3]});
