@@ -85,7 +85,10 @@ static void Delete(Desk& desk) {
                        desk.counts);
     desk.Answer_With({Answer::Yes});
     desk.Show(page);
-    page.Select_All_Rows(true);
+    constexpr int pupils = 15;
+    auto& list = Control<pupils::List_View>(page, u"ListView1"_s);
+    for (int i = 0; i < pupils; ++i)
+        list.topLevelItem(i)->setSelected(true);
     Click(page, u"HotLabel2"_s);
 }
 

@@ -25,7 +25,8 @@ namespace {
 
 constexpr int Old_Pupils = 60;
 constexpr int Archived_Pupils = 90;
-constexpr int Class_Size = 20;
+constexpr int Class_Size = 10;
+constexpr int Deleted_Pupils = 15; // by the program under test
 constexpr int Played_Pupils = 10;
 const QString Integrity = u"PRAGMA integrity_check"_s;
 
@@ -78,6 +79,7 @@ public:
         Write_Bytes(folder.filePath(u"class.txt"_s), lines);
         played = Old_Codes().first(Played_Pupils);
         before = Content(working, working, played);
+        target_before = Target();
     }
 
     // Lets the act run to its end, or kills it so many microseconds after it has begun. Gives how long it
@@ -122,6 +124,7 @@ public:
         EXPECT_NO_THROW(foundation::Database_Is_Version_51(installation)); // takes back what was half written
         for (const QString& file : Databases())
             EXPECT_EQ(Database_Beside(file).Value(Integrity), u"ok"_s) << file.toStdString();
+        changed = Target() != target_before;
         Expect_The_Rows_Of_The_Player();
         if (act == "import"_L1) return Expect_Imported();
         if (act == "delete"_L1) return Expect_Deleted();
@@ -134,7 +137,8 @@ public:
         }
     }
     QString What_Is_There() const { return Content(working, Shape(), played); }
-    bool Has_Changed() const { return What_Is_There() != before; }
+    // Whether the file that the act is to change was changed.
+    bool Has_Changed() const { return changed; }
     qsizetype Rows_Played() const { return log.size(); }
 
 private:
@@ -164,6 +168,10 @@ private:
         return Sample_File(Old_Pupils).Column(u"SELECT StudentCode FROM Mevo_Pupils ORDER BY rowid"_s);
     }
     static QString Imported(int i) { return u"%1imported"_s.arg(QChar(u'A' + i)); }
+    QString Target() const {
+        const QString& file = act == "archive"_L1 ? mine : working;
+        return Content(file, file, played);
+    }
     QString Shape() const { return act == "convert"_L1 ? Older_School() : Old_School(); }
 
     QStringList Kept() const {
@@ -236,7 +244,7 @@ private:
             if (!there) gone.append(code);
         }
         EXPECT_LE(left_in_part, Is_Done() ? 0 : 1);
-        EXPECT_TRUE(!Is_Done() || gone.size() == Old_Pupils);
+        EXPECT_TRUE(!Is_Done() || gone.size() == Deleted_Pupils);
         EXPECT_EQ(Content(working, working, gone + played), Content(Old_School(), working, gone + played));
     }
 
@@ -250,6 +258,8 @@ private:
     QString journal = folder.filePath(u"journal"_s);
     QStringList played;
     QString before;
+    QString target_before;
+    bool changed = false;
     QByteArray output;
     QList<test_player::Stored_Answers> log;
     QString player_told;
@@ -259,7 +269,7 @@ struct Whole_Act {
     qint64 took_us = 0;
     QString content;
     int killed_within = 0;
-    int killed_before_a_change = 0;
+    int killed_after_a_change = 0;
 };
 
 } // namespace
@@ -283,14 +293,14 @@ TEST(Killed_Program, LosesNothingThatWasCommitted) {
         SCOPED_TRACE(act.toStdString() + ", killed after " + std::to_string(moment) + " us");
         Killed_Act run(act);
         run.Let_Act(moment);
-        whole[act].killed_within += !run.Is_Done();
-        whole[act].killed_before_a_change += !run.Is_Done() && !run.Has_Changed();
         run.Expect_Nothing_Lost(whole[act].content);
+        whole[act].killed_within += !run.Is_Done();
+        whole[act].killed_after_a_change += !run.Is_Done() && run.Has_Changed();
         rows += run.Rows_Played();
     }
     std::cout << kills << " kills, " << rows << " rows of answers committed meanwhile\n";
     for (const QString& act : Acts())
         std::cout << act.toStdString() << ": takes " << whole[act].took_us / 1000 << " ms, killed within "
-                  << whole[act].killed_within << " times, of these " << whole[act].killed_before_a_change
-                  << " with the old content" << std::endl;
+                  << whole[act].killed_within << " times, " << whole[act].killed_after_a_change
+                  << " of them after a first change" << std::endl;
 }
