@@ -3,10 +3,15 @@
 #include "conversion/jet_samples.h"
 #include "foundation/database_version.h"
 #include "platform/basics/run_time_error.h"
+#include "support/error_number.h"
+#include "support/files.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
 
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -111,6 +116,16 @@ protected:
         form.Load();
         form.Timer1_Timer(u"C:\\Mevo"_s);
     }
+    void Expect_Refused() {
+        const QByteArray before = Bytes_Of(sample.Path());
+        try {
+            Start();
+            ADD_FAILURE() << "it starts";
+        } catch (const basics::Run_Time_Error& error) {
+            EXPECT_GT(error.Description.size(), 8);
+        }
+        EXPECT_EQ(Bytes_Of(sample.Path()), before);
+    }
     Sample_File sample;
 };
 
@@ -149,6 +164,50 @@ TEST_F(Start_Up_On_A_Database, AFileOfTheOlderFormatIsAnErrorThatNamesTheConvert
         EXPECT_TRUE(error.Description.contains(u"mevo-convert"_s)) << error.what();
     }
     EXPECT_EQ(Bytes_Of(sample.Path()), Bytes_Of(Test_Data(u"jet4-data.mdb"_s)));
+}
+
+// Whatever lies under the database's name: an error that says so, soon, and the file as it was.
+TEST_F(Start_Up_On_A_Database, WhatIsNoDatabaseOfTheSuiteIsARunTimeErrorAndStaysAsItIs) {
+    const QByteArray sound = Bytes_Of(sample.Path());
+    const QString view = u"CREATE VIEW Mevo_Pupils AS SELECT * FROM Hidden"_s;
+    const QString trigger =
+        u"CREATE TRIGGER spoil INSTEAD OF UPDATE ON Mevo_Pupils BEGIN DELETE FROM Hidden; END"_s;
+    const std::pair<QByteArray, QStringList> cases[] = {
+        {"", {}},
+        {"Surname,Forename\n", {}},
+        {QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'), {}},
+        {sound.left(9000), {}},
+        {sound, {u"DROP TABLE Mevo_Pupils"_s}},
+        {sound, {u"ALTER TABLE Mevo_Pupils RENAME TO Hidden"_s, view, trigger}},
+    };
+    for (const auto& [bytes, statements] : cases) {
+        SCOPED_TRACE(bytes.left(20).toStdString() + statements.value(0).toStdString());
+        Write_Bytes(sample.Path(), bytes);
+        for (const QString& statement : statements)
+            sample.Run(statement);
+        Expect_Refused();
+    }
+    sample.Move_Away();
+    QDir().mkdir(sample.Path());
+    EXPECT_NE(Error_Number([this] { Start(); }), 0);
+}
+
+TEST_F(Start_Up_On_A_Database, TwoGigabytesOfZerosAreRefusedAtOnce) {
+    constexpr qint64 two_gigabytes = qint64(2) * 1024 * 1024 * 1024;
+    Write_Bytes(sample.Path(), "");
+    ASSERT_TRUE(QFile::resize(sample.Path(), two_gigabytes));
+    QElapsedTimer took;
+    took.start();
+    EXPECT_NE(Error_Number([this] { Start(); }), 0);
+    EXPECT_LT(took.elapsed(), 5000);
+    EXPECT_EQ(QFileInfo(sample.Path()).size(), two_gigabytes);
+}
+
+TEST_F(Start_Up_On_A_Database, AFileWithoutCustomersIsPutToTheUser) {
+    sample.Run(u"DROP TABLE Customer_Details"_s);
+    outside.boxes.Will_Answer(Answer::Abort);
+    EXPECT_THROW(Start(), Program_Ended);
+    EXPECT_TRUE(outside.boxes.shown.last().text.contains(u"Customer_Details"_s));
 }
 
 TEST_F(Start_Up_On_A_Database, AnOlderFileIsBroughtUpInPlace) {

@@ -36,6 +36,14 @@ const Hostile What_Nothing_Can_Be_Made_Of[] = {
          Write_Bytes(file, Sample_Bytes());
          Database_Beside(file).Run({u"DROP TABLE Mevo_Pupils"_s});
      }},
+    {"a view in the pupils' place",
+     [](const QString& file) {
+         Write_Bytes(file, Sample_Bytes());
+         Database_Beside(file).Run({u"ALTER TABLE Mevo_Pupils RENAME TO Hidden"_s,
+                                    u"CREATE VIEW Mevo_Pupils AS SELECT * FROM Hidden"_s,
+                                    u"CREATE TRIGGER spoil INSTEAD OF UPDATE ON Mevo_Pupils BEGIN "
+                                    "DELETE FROM Hidden; END"_s});
+     }},
 };
 
 // They open, and only a look at the whole file finds the fault.

@@ -19,6 +19,8 @@ namespace {
         u"Can't write %1: %2"_s.arg(QDir::toNativeSeparators(file), reason).toStdString());
 }
 
+} // namespace
+
 int Bind(sqlite3_stmt* statement, int place, const QVariant& value) {
     if (!value.isValid()) return sqlite3_bind_null(statement, place);
     if (value.typeId() == QMetaType::QString) {
@@ -28,8 +30,6 @@ int Bind(sqlite3_stmt* statement, int place, const QVariant& value) {
     if (value.typeId() == QMetaType::Double) return sqlite3_bind_double(statement, place, value.toDouble());
     return sqlite3_bind_int64(statement, place, value.toLongLong());
 }
-
-} // namespace
 
 Memory_Database::Memory_Database() {
     const int result = sqlite3_open(":memory:", &database);

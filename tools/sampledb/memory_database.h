@@ -9,6 +9,9 @@ struct sqlite3_stmt;
 
 namespace sample_data {
 
+// Gives a statement's place holder, counted from 1, a value; an invalid one is NULL. The engine's result.
+int Bind(sqlite3_stmt* statement, int place, const QVariant& value);
+
 // A database built in memory and written to disk in one piece: no journal ever stands beside the
 // file, and a failure leaves an older file of the same name as it was.
 class Memory_Database {

@@ -185,11 +185,6 @@ QString Date_Text(QDate date, Date_Form form) {
     return date.toString(u"dd/MM/yyyy"_s);
 }
 
-int Completed_Months(QDate from, QDate to) {
-    const int boundaries = (to.year() - from.year()) * 12 + to.month() - from.month();
-    return to.day() < from.day() ? boundaries - 1 : boundaries;
-}
-
 QDate School_Day(QDate day) {
     const int past_friday = day.dayOfWeek() - Qt::Friday;
     return past_friday > 0 ? day.addDays(3 - past_friday) : day;
@@ -320,6 +315,11 @@ private:
 };
 
 } // namespace
+
+int Completed_Months(QDate from, QDate to) {
+    const int boundaries = (to.year() - from.year()) * 12 + to.month() - from.month();
+    return to.day() < from.day() ? boundaries - 1 : boundaries;
+}
 
 void Fill_Pupils(Memory_Database& database, int count, const QStringList& groups, quint32 seed) {
     Random random(seed);

@@ -27,10 +27,6 @@ constexpr int Left_Behind_After_Days = 1;
 
 #ifdef _WIN32
 
-bool Sync(const QFile& file) {
-    return _commit(file.handle()) == 0;
-}
-
 bool Rename_Over(const QString& from, const QString& to) {
     return MoveFileExW(reinterpret_cast<const wchar_t*>(from.utf16()),
                        reinterpret_cast<const wchar_t*>(to.utf16()),
@@ -48,10 +44,6 @@ bool Was_Taken() {
 }
 
 #else
-
-bool Sync(const QFile& file) {
-    return fsync(file.handle()) == 0;
-}
 
 // A rename is in the folder, which is written out by itself. Some shares can't; their servers do it.
 void Sync_Folder(const QString& folder) {
@@ -104,6 +96,14 @@ void Remove_What_Was_Left_Behind(const QFileInfo& place) {
 
 } // namespace
 
+bool Is_On_The_Disk(const QFile& file) {
+#ifdef _WIN32
+    return _commit(file.handle()) == 0;
+#else
+    return fsync(file.handle()) == 0;
+#endif
+}
+
 New_File::New_File(const QString& place) : place(place) {
     Remove_What_Was_Left_Behind(QFileInfo(place));
     // Another machine may have a process of the same number at work in the same folder.
@@ -126,7 +126,7 @@ void New_File::Write(const QByteArray& bytes) {
 }
 
 void New_File::Flush_And_Close() {
-    if (!Sync(file)) Raise_Last_Failure();
+    if (!Is_On_The_Disk(file)) Raise_Last_Failure();
     file.close();
 }
 

@@ -5,6 +5,9 @@
 
 namespace database {
 
+// Waits until what was written to an open file is on the disk; false if that failed.
+bool Is_On_The_Disk(const QFile& file);
+
 // A file that is written beside the place where it is to stand, and disappears again unless it is put there.
 //
 // Failures are run-time errors: 61 where there is no room, 70 where the account may not write, 76 where the

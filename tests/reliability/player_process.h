@@ -1,0 +1,39 @@
+#pragma once
+
+#include "testplayer/answer_journal.h"
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+namespace test_support {
+
+// A number from the environment, for runs of another length.
+int Number_From_Environment(const char* name, int otherwise);
+
+// A test player at work in a process of its own, with a log of what it committed.
+class Player_Process {
+public:
+    Player_Process(const QString& database, const QStringList& codes, int rate, const QString& journal);
+    ~Player_Process();
+    Player_Process(const Player_Process&) = delete;
+    Player_Process& operator=(const Player_Process&) = delete;
+
+    bool Is_Playing() const { return process.state() == QProcess::Running; }
+    void Stop(); // at its next pause
+    // What it said while it played and as it stopped; its exit status.
+    QString Told() { return QString::fromUtf8(process.readAll()).simplified(); }
+    int Status() const { return process.exitCode(); }
+
+    const QStringList& Codes() const { return codes; }
+    QList<test_player::Stored_Answers> Committed() const {
+        return test_player::Answer_Journal::Read(journal);
+    }
+
+private:
+    QStringList codes;
+    QString journal;
+    QProcess process;
+};
+
+} // namespace test_support

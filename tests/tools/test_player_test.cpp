@@ -1,0 +1,132 @@
+#include "testplayer/answer_journal.h"
+#include "testplayer/command_line.h"
+
+#include "foundation/schema.h"
+#include "support/files.h"
+#include "support/other_workstation.h"
+#include "support/printing.h"
+#include "support/sample_file.h"
+#include "support/written_answers.h"
+
+#include <QElapsedTimer>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace test_support;
+
+namespace test_player {
+namespace {
+
+class Player : public testing::Test {
+protected:
+    struct Outcome {
+        int status;
+        QString output;
+        QString error;
+    };
+    Outcome Play(const QStringList& arguments) {
+        Outcome outcome;
+        QTextStream output(&outcome.output);
+        QTextStream errors(&outcome.error);
+        outcome.status = Run_Command(QStringList{u"mevo-testplayer"_s} + arguments, pause, output, errors);
+        return outcome;
+    }
+    QList<Stored_Answers> Journal() const { return Answer_Journal::Read(journal); }
+    void Forget_All_Tests() const {
+        for (const QString& status : foundation::Status_Columns())
+            sample.Run(u"UPDATE Mevo_Pupils SET %1 = 0, %1_age = 0, %1_date = NULL"_s.arg(status));
+    }
+
+    Sample_File sample;
+    QString journal = sample.Folder() + u"/journal"_s;
+    QList<int> pauses;
+    Pause pause = [this](int milliseconds) {
+        pauses.append(milliseconds);
+        return true;
+    };
+};
+
+} // namespace
+
+TEST_F(Player, StoresEveryTestOfEveryPupilWithStatusAgeAndDate) {
+    Forget_All_Tests();
+    const int sittings = 12 * 9;
+    const Outcome outcome = Play({sample.Path(), u"--all"_s, u"--rate"_s, u"20"_s, u"--count"_s,
+                                  QString::number(sittings), u"--journal"_s, journal});
+    EXPECT_EQ(outcome.status, 0) << outcome.error.toStdString();
+    EXPECT_EQ(outcome.output, u"108 rows committed\n"_s);
+    EXPECT_EQ(pauses, QList<int>(sittings - 1, 50));
+    const Answers_In_A_File found = Read_Answers(sample.Path());
+    ASSERT_EQ(Journal().size(), sittings);
+    for (const Stored_Answers& stored : Journal())
+        EXPECT_EQ(found.value({stored.code, stored.test}), Cell_Of(stored)) << stored.code.toStdString();
+    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Yoon_age BETWEEN 48 AND 200"_s), u"12"_s);
+}
+
+TEST_F(Player, ALogGoesOnAndLosesOnlyALineThatWasCutOff) {
+    for (int i = 0; i < 2; ++i)
+        Play({sample.Path(), u"--all"_s, u"--count"_s, u"3"_s, u"--journal"_s, journal});
+    EXPECT_EQ(Journal().size(), 6);
+    Write_Bytes(journal, Bytes_Of(journal).chopped(5));
+    EXPECT_EQ(Journal().size(), 5);
+}
+
+TEST_F(Player, PassesOverADeletedPupilAndStopsWhenNoneIsLeft) {
+    const QStringList codes = sample.Column(u"SELECT StudentCode FROM Mevo_Pupils LIMIT 2"_s);
+    pause = [&](int) {
+        for (const QString& code : Journal().size() == 1 ? codes.first(1) : codes)
+            sample.Run(u"DELETE FROM Mevo_Pupils WHERE StudentCode = '%1'"_s.arg(code));
+        return true;
+    };
+    const Outcome outcome = Play(QStringList{sample.Path(), u"--journal"_s, journal, u"--code"_s} + codes);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, u"2 rows committed\n"_s);
+    EXPECT_EQ(outcome.error, u"mevo-testplayer: None of the pupils is left\n"_s);
+}
+
+TEST_F(Player, WaitsForAFileInUseAndEndsAtAPause) {
+    pause = [](int) { return false; };
+    Other_Workstation other(sample.Path());
+    other.Hold_Exclusively();
+    constexpr int held_ms = 400;
+    other.Commit_After(held_ms);
+    QElapsedTimer took;
+    took.start();
+    EXPECT_EQ(Play({sample.Path(), u"--all"_s}).output, u"1 rows committed\n"_s);
+    EXPECT_GE(took.elapsed(), held_ms / 2);
+}
+
+TEST_F(Player, AFaultIsOneLineAndTouchesNothing) {
+    const QString text = sample.Folder() + u"/text"_s;
+    Write_Bytes(text, "Surname,Forename\n");
+    const QByteArray before = Bytes_Of(sample.Path());
+    struct Case {
+        QStringList arguments;
+        const char* told; // a part of the line
+    };
+    const Case cases[] = {
+        {{}, "Usage"},
+        {{sample.Path()}, "Usage"},
+        {{sample.Path(), u"--all"_s, u"--code"_s, u"A"_s}, "Usage"},
+        {{sample.Path(), u"A"_s, u"--all"_s}, "Usage"},
+        {{sample.Path(), u"--code"_s, u"NOBODY"_s}, "No pupil has the code NOBODY"},
+        {{sample.Path(), u"--all"_s, u"--rate"_s, u"0"_s}, "--rate"},
+        {{sample.Path(), u"--all"_s, u"--rate"_s, u"nan"_s}, "--rate"},
+        {{sample.Path(), u"--all"_s, u"--count"_s, u"0"_s}, "--count"},
+        {{sample.Path(), u"--all"_s, u"--journal"_s, sample.Folder()}, "Can't write"},
+        {{sample.Folder(), u"--all"_s}, "folder"},
+        {{sample.Folder() + u"/nothing"_s, u"--all"_s}, "Could not find file"},
+        {{text, u"--all"_s}, "Unrecognized database format"},
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(tried.told);
+        const Outcome outcome = Play(tried.arguments);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.output, u""_s);
+        EXPECT_EQ(outcome.error.count(u'\n'), 1);
+        EXPECT_TRUE(outcome.error.contains(QString::fromLatin1(tried.told))) << outcome.error.toStdString();
+    }
+    EXPECT_EQ(Bytes_Of(sample.Path()), before);
+}
+
+} // namespace test_player
