@@ -2,6 +2,7 @@
 // working database, the template, archives/archive.mdb and class.txt. "ready" on the output tells that the
 // act begins, "stored N" that N pupils of an import are stored, "done" that the act is over.
 
+#include "conversion/older_files.h"
 #include "foundation/database_version.h"
 #include "pupils/delete_page.h"
 #include "pupils/import_page.h"
@@ -26,6 +27,7 @@ struct Desk {
     foundation::Installation installation;
     shell::Menu_Counts counts;
     database::Safe_Copies copies;
+    conversion::Jet_Files older_files;
     scoring::Pupil_Lists lists;
     pupils::Pupil_Records records;
 
@@ -44,7 +46,8 @@ struct Desk {
 } // namespace
 
 static void Press_In_Archiving(Desk& desk, const QString& button, const QStringList& file) {
-    shell::Form60 page(desk.outside.platform, desk.navigator, desk.installation, desk.counts, desk.copies);
+    shell::Form60 page(desk.outside.platform, desk.navigator, desk.installation, desk.counts, desk.copies,
+                       desk.older_files);
     desk.outside.file_dialogs.answers = file;
     desk.outside.input_box.answers = {u"secret"_s};
     desk.Show(page);
