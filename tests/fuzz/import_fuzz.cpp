@@ -80,12 +80,23 @@ sqlite3* Open_Engine() {
     return engine;
 }
 
-// Whatever was spliced in, the engine sees the one statement that was meant, or refuses it.
-void Require_One_Statement(const QString& jet, sqlite3* engine) {
-    QByteArray sql;
+// Empty if the translator refuses it.
+template<class Jet>
+QByteArray Translated(const Jet& jet) {
     try {
-        sql = database::Translate_Jet(jet).sql.toUtf8();
+        return database::Translate_Jet(jet).sql.toUtf8();
     } catch (const basics::Run_Time_Error&) {
+        return {};
+    }
+}
+
+// Whatever was spliced in, the engine sees the one statement that was meant, or refuses it. It is run with
+// its texts lifted out, which must change nothing but that.
+void Require_One_Statement(const QString& jet, sqlite3* engine) {
+    const database::Lifted_Statement lifted = database::Lift_Texts(jet);
+    const QByteArray sql = Translated(lifted);
+    Require(sql.isEmpty() == Translated(jet).isEmpty(), "lifting texts changes what is refused");
+    if (sql.isEmpty()) {
         ++Reached_So_Far().refused;
         return;
     }
@@ -96,6 +107,8 @@ void Require_One_Statement(const QString& jet, sqlite3* engine) {
         Require(behind == sql.constData() + sql.size(), "something stands behind the statement");
         const QByteArray word = QByteArray(sqlite3_sql(statement)).left(6);
         Require(word == "INSERT" || word == "UPDATE", "another statement than the one meant");
+        Require(sqlite3_bind_parameter_count(statement) == static_cast<int>(lifted.texts.size()),
+                "a text without its place, or a place without its text");
         ++Reached_So_Far().whole;
     } else {
         ++Reached_So_Far().faulty;
