@@ -2,6 +2,7 @@
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/windows_services.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -163,6 +164,7 @@ public:
         content->setData(u"image/svg+xml"_s, page.svg);
         content->setImageData(page.picture);
         QApplication::clipboard()->setMimeData(content);
+        Add_Metafile_To_Clipboard(page.wmf);
     }
 };
 

@@ -1,8 +1,10 @@
 #include "platform/desktop/windows_services.h"
 
 #ifdef _WIN32
-#include <shlobj.h>
 #include <windows.h>
+
+#include <ole2.h>
+#include <shlobj.h>
 #else
 #include "platform/basics/native_path.h"
 
@@ -60,6 +62,43 @@ std::unique_ptr<Registry> Make_System_Registry() {
     return std::make_unique<Windows_Registry>();
 }
 
+// The header of a placeable metafile, which the system's own format doesn't have: its frame and its unit.
+struct Placeable_Frame {
+    static constexpr int Size = 22;
+    int width; // hundredths of a millimetre
+    int height;
+
+    explicit Placeable_Frame(const QByteArray& wmf) {
+        const auto word = [&wmf](int at) {
+            return static_cast<short>(static_cast<unsigned char>(wmf[at]) |
+                                      static_cast<unsigned char>(wmf[at + 1]) << 8);
+        };
+        constexpr int hundredths_an_inch = 2540;
+        const int units_an_inch = word(14);
+        width = MulDiv(word(10) - word(6), hundredths_an_inch, units_an_inch);
+        height = MulDiv(word(12) - word(8), hundredths_an_inch, units_an_inch);
+    }
+};
+
+void Add_Metafile_To_Clipboard(const QByteArray& wmf) {
+    if (wmf.size() <= Placeable_Frame::Size) return;
+    const Placeable_Frame frame(wmf);
+    METAFILEPICT picture{};
+    picture.mm = MM_ANISOTROPIC;
+    picture.xExt = frame.width;
+    picture.yExt = frame.height;
+    HENHMETAFILE metafile = SetWinMetaFileBits(
+        static_cast<UINT>(wmf.size() - Placeable_Frame::Size),
+        reinterpret_cast<const BYTE*>(wmf.constData() + Placeable_Frame::Size), nullptr, &picture);
+    if (!metafile) return;
+    OleFlushClipboard(); // what the toolkit only promised lies there now, and can be added to
+    const bool opened = OpenClipboard(nullptr);
+    // From here on it is the clipboard's. The older picture format the system makes of it by itself.
+    const bool added = opened && SetClipboardData(CF_ENHMETAFILE, metafile);
+    if (opened) CloseClipboard();
+    if (!added) DeleteEnhMetaFile(metafile);
+}
+
 #else
 
 QString System_Short_Path(const QString& path) {
@@ -75,6 +114,9 @@ int System_Folder(int number, QString& path) {
 
 std::unique_ptr<Registry> Make_System_Registry() {
     return std::make_unique<No_Registry>();
+}
+
+void Add_Metafile_To_Clipboard(const QByteArray&) {
 }
 
 #endif

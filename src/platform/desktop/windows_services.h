@@ -2,6 +2,7 @@
 
 #include "platform/desktop/ports.h"
 
+#include <QByteArray>
 #include <QString>
 #include <memory>
 
@@ -14,6 +15,10 @@ QString System_Short_Path(const QString& path);
 
 // Sets the path of a folder that the system keeps and gives 0; another result if it has none such.
 int System_Folder(int number, QString& path);
+
+// Adds a placeable metafile to what lies on the clipboard in the system's own format, the one that its word
+// processors paste. Where the system has none, the MIME types beside it serve, and this does nothing.
+void Add_Metafile_To_Clipboard(const QByteArray& wmf);
 
 // A registry without any keys.
 class No_Registry final : public Registry {
