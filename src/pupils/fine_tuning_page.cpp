@@ -34,19 +34,8 @@ void Form15::Timer1_Timer() {
 }
 
 void Form15::Load_All_Students() {
-    holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s,
-                    u"Optimistic"_s);
-    qint16 count = 0;
-    holder.ado_RSCount(count);
-    Combo1->Clear();
-    for (int p = 1; p <= count; ++p) {
-        Take_Pupil(p);
-        Combo1->AddItem(Pupil_Entry(p, {installation, pupils, records}));
-        holder.Rows().MoveNext();
-    }
-    holder.ado_Close();
-    pupils.Pupils_Listed = count;
-    if (count == 0)
+    List_All_Pupils(holder, {installation, pupils, records}, *Combo1, [this](int p) { Take_Pupil(p); });
+    if (pupils.Pupils_Listed == 0)
         Label7->setText(u"No reports are available as yet"_s);
     else
         Combo1->Set_ListIndex(0);

@@ -97,6 +97,22 @@ void Grey_What_Is_Disabled(QWidget* surface) {
             .arg(Disabled_Ground.name(), Faint_Edge.name(), Quiet_Text.name()));
 }
 
+void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,
+                     const std::function<void(int p)>& take) {
+    holder.ado_Open(data.installation.Connection_String,
+                    u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s, u"Optimistic"_s);
+    qint16 count = 0;
+    holder.ado_RSCount(count);
+    box.Clear();
+    for (int p = 1; p <= count; ++p) {
+        take(p);
+        box.AddItem(Pupil_Entry(p, data));
+        holder.Rows().MoveNext();
+    }
+    holder.ado_Close();
+    data.pupils.Pupils_Listed = count;
+}
+
 void Select_First(shell::Click_Combo* combo) {
     if (combo->count() > 0) combo->Set_ListIndex(0);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pupils/pupil_records.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/help_line.h"
 
@@ -7,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <functional>
 
 namespace pupils {
 
@@ -38,6 +40,11 @@ shell::Help_Line* Help_In(QLabel* label, QObject* owner);
 
 // Lets entries and lists on the surface look disabled while they are.
 void Grey_What_Is_Disabled(QWidget* surface);
+
+// Reads all pupils by their names into the lists and the box to choose from. `take` fills what the page needs
+// of the row at hand at place p.
+void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,
+                     const std::function<void(int p)>& take);
 
 // Selects the first item; a list without items is left alone.
 void Select_First(shell::Click_Combo* combo);

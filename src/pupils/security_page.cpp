@@ -35,19 +35,8 @@ void Form2::Timer1_Timer() {
 }
 
 void Form2::Load_Everyone_Afresh() {
-    holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s,
-                    u"Optimistic"_s);
-    qint16 count = 0;
-    holder.ado_RSCount(count);
-    Combo1->Clear();
-    for (int p = 1; p <= count; ++p) {
-        Take_Pupil(p);
-        Combo1->AddItem(Pupil_Entry(p, {installation, pupils, records}));
-        holder.Rows().MoveNext();
-    }
-    holder.ado_Close();
-    pupils.Pupils_Listed = count;
-    Label3->setText(QString::number(count));
+    List_All_Pupils(holder, {installation, pupils, records}, *Combo1, [this](int p) { Take_Pupil(p); });
+    Label3->setText(QString::number(pupils.Pupils_Listed));
     Populate_SpreadSheet(pupils.Pupils_Listed);
     Fill_Group_Combos();
     Fill_Groups(1);
