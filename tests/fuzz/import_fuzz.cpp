@@ -81,10 +81,9 @@ sqlite3* Open_Engine() {
 }
 
 // Empty if the translator refuses it.
-template<class Jet>
-QByteArray Translated(const Jet& jet) {
+QByteArray Translated(const database::Lifted_Statement& statement) {
     try {
-        return database::Translate_Jet(jet).sql.toUtf8();
+        return database::Translate_Jet(statement).sql.toUtf8();
     } catch (const basics::Run_Time_Error&) {
         return {};
     }
@@ -95,7 +94,7 @@ QByteArray Translated(const Jet& jet) {
 void Require_One_Statement(const QString& jet, sqlite3* engine) {
     const database::Lifted_Statement lifted = database::Lift_Texts(jet);
     const QByteArray sql = Translated(lifted);
-    Require(sql.isEmpty() == Translated(jet).isEmpty(), "lifting texts changes what is refused");
+    Require(sql.isEmpty() == Translated({jet, {}, false}).isEmpty(), "lifting texts changes what is refused");
     if (sql.isEmpty()) {
         ++Reached_So_Far().refused;
         return;

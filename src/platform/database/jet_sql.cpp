@@ -313,7 +313,8 @@ Lifted_Statement Lift_Texts(const QString& jet) {
     return lifted;
 }
 
-static Translated_Statement Translated(Tokens tokens) {
+Translated_Statement Translate_Jet(const Lifted_Statement& lifted) {
+    Tokens tokens = Tokens_Of(lifted.shape, lifted.is_lifted ? Marks::Stand_For_Texts : Marks::Refused);
     Drop_The_End_Mark(tokens);
     Join_Texts(tokens);
     Limit_Texts(tokens);
@@ -325,14 +326,6 @@ static Translated_Statement Translated(Tokens tokens) {
         statement.with_row_identity = u"SELECT rowid , "_s + Joined(tokens.sliced(1));
     }
     return statement;
-}
-
-Translated_Statement Translate_Jet(const QString& jet) {
-    return Translated(Tokens_Of(jet, Marks::Refused));
-}
-
-Translated_Statement Translate_Jet(const Lifted_Statement& lifted) {
-    return Translated(Tokens_Of(lifted.shape, lifted.is_lifted ? Marks::Stand_For_Texts : Marks::Refused));
 }
 
 } // namespace database

@@ -37,7 +37,6 @@ Lifted_Statement Lift_Texts(const QString& jet);
 // none. A statement with anything behind its end is refused, as the dialect knows one at a time: so no
 // spliced value can bring a second statement with it.
 // Throws basics::Run_Time_Error (errors::Syntax).
-Translated_Statement Translate_Jet(const QString& jet);
 Translated_Statement Translate_Jet(const Lifted_Statement& lifted);
 
 } // namespace database
