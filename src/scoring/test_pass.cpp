@@ -43,8 +43,8 @@ void Read_Items(const Test_Entry& test, const Item_Columns& names, Item_Range ra
     for (int i = range.First; i <= range.Last; ++i)
         for (const Field_To_Read& field : fields) {
             Value& item = field.kept[i];
-            item = row.Value_Of(field.columns.at(static_cast<std::size_t>(i) - 1));
-            if (field.null_reads_as_empty) item = item.Text_Or_Empty();
+            row.Read(field.columns.at(static_cast<std::size_t>(i) - 1), item);
+            if (field.null_reads_as_empty && !item.Is_Text()) item = item.Text_Or_Empty();
         }
 }
 

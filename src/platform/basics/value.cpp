@@ -10,6 +10,23 @@ using namespace Qt::StringLiterals;
 
 namespace basics {
 
+// Nearly all that is stored are a few plain letters and digits, each of which is one character.
+static bool Copy_Plain(const char* utf8, qsizetype size, QChar* characters) {
+    for (qsizetype i = 0; i < size; ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if (byte > 0x7F) return false;
+        characters[i] = QLatin1Char(static_cast<char>(byte));
+    }
+    return true;
+}
+
+void Value::Set_Text(const char* utf8, qsizetype size) {
+    auto* text = std::get_if<QString>(&content);
+    if (!text) text = &content.emplace<QString>();
+    text->resize(size);
+    if (!Copy_Plain(utf8, size, text->data())) *text = QString::fromUtf8(utf8, size);
+}
+
 bool Value::Is_Number() const {
     return std::holds_alternative<qint64>(content) || std::holds_alternative<double>(content);
 }

@@ -19,8 +19,12 @@ public:
     Value(QString text) : content(std::move(text)) {}
     Value(QDateTime date) : content(std::move(date)) {}
 
+    // Becomes this text, in the room of the one that it was where it can: an item is read over and over.
+    void Set_Text(const char* utf8, qsizetype size);
+
     bool Is_Empty() const { return std::holds_alternative<std::monostate>(content); }
     bool Is_Number() const;
+    bool Is_Text() const { return std::holds_alternative<QString>(content); }
     bool Is_Date() const { return std::holds_alternative<QDateTime>(content); }
 
     QString As_Text() const;       // a number in the plain form, a date as dd/mm/yyyy

@@ -115,7 +115,8 @@ Engine::Engine(const QString& connection_string, int timeout_seconds) : connecti
     if (in_wal_mode) Run(u"PRAGMA journal_mode = DELETE"_s);
     Run(u"PRAGMA synchronous = FULL"_s);
     Run(u"PRAGMA cell_size_check = ON"_s);
-    Install_Text_Order(opened); // reads the schema as well: what is no database shows here
+    Run(u"PRAGMA cache_size = -16384"_s); // KiB: a school's file as a whole, given back with the engine
+    Install_Text_Order(opened);           // reads the schema as well: what is no database shows here
     sqlite3_set_authorizer(opened, Allow_Plain_Statements, nullptr);
 }
 

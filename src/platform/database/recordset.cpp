@@ -88,11 +88,14 @@ int Recordset::Column_Of(const QString& name) const {
     return found == shape->columns.cend() ? -1 : *found - first_column;
 }
 
-Value Recordset::Value_Of(int column) const {
+void Recordset::Read(int column, Value& into) const {
     if (column < 0 || column >= Field_Count()) Raise_Object_Error(errors::No_Such_Field, This_Object);
-    if (adding || !assigned.empty()) return Value_At(column);
+    if (adding || !assigned.empty()) {
+        into = Value_At(column);
+        return;
+    }
     Require_Row();
-    return Stored_Value(column);
+    Read_Stored(column, into);
 }
 
 Field Recordset::Fields(const QString& name) {
@@ -139,14 +142,18 @@ Value Recordset::Value_At(int column) const {
         if (kept->first == column) return kept->second;
     if (adding) return {};
     Require_Row();
-    return Stored_Value(column);
+    Value value;
+    Read_Stored(column, value);
+    return value;
 }
 
-Value Recordset::Stored_Value(int column) const {
-    if (!written.empty())
-        if (const auto found = written.find({current, column}); found != written.end()) return found->second;
+void Recordset::Read_Stored(int column, Value& into) const {
+    if (const auto found = written.find({current, column}); found != written.end()) {
+        into = found->second;
+        return;
+    }
     const int place = column + first_column;
-    return rows->Value_At(current, place, shape->is_date[static_cast<std::size_t>(place)]);
+    rows->Read(current, place, shape->is_date[static_cast<std::size_t>(place)], into);
 }
 
 void Recordset::Assign(int column, const Value& value) {
@@ -183,7 +190,7 @@ void Recordset::Update_Row() {
         set.append(Quoted(Name_Of(column)) + u" = ?"_s);
         values.push_back(value);
     }
-    values.push_back(rows->Value_At(current, 0, false));
+    rows->Read(current, 0, false, values.emplace_back());
     const int affected =
         connection->Opened()
             .Run(u"UPDATE "_s + table + u" SET "_s + set.join(u", "_s) + u" WHERE rowid = ?"_s, values)

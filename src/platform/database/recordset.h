@@ -52,7 +52,9 @@ public:
     // Which column has this name, without regard to case; -1 if none. Holds for all recordsets of the same
     // shape, so that who reads many rows looks it up once.
     int Column_Of(const QString& name) const;
-    basics::Value Value_Of(int column) const; // in the current row; a column that isn't there is error 3265
+    // The column's value in the current row, put where the caller keeps it; a column that isn't there is
+    // error 3265.
+    void Read(int column, basics::Value& into) const;
     const std::shared_ptr<const Row_Shape>& Shape() const { return shape; }
     Field Fields(const QString& name); // without regard to case
     Field Fields(int column);          // from 0
@@ -69,7 +71,7 @@ private:
     void Require_Row() const;
     const QString& Name_Of(int column) const { return shape->names[column + first_column]; }
     basics::Value Value_At(int column) const;
-    basics::Value Stored_Value(int column) const;
+    void Read_Stored(int column, basics::Value& into) const;
     void Assign(int column, const basics::Value& value);
     void Forget_Assignments();
     void Insert_Row();

@@ -68,33 +68,22 @@ static Value Date_Value(const QString& text) {
     return text;
 }
 
-// Nearly all that is stored are a few plain letters and digits, each of which is one character.
-static QString Text_Of(const char* bytes, int size) {
-    if (size == 0) return u""_s;
-    QString text(size, Qt::Uninitialized);
-    QChar* character = text.data();
-    for (int i = 0; i < size; ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        if (byte > 0x7F) return QString::fromUtf8(bytes, size);
-        character[i] = QLatin1Char(static_cast<char>(byte));
-    }
-    return text;
-}
-
-Value Row_Store::Value_At(std::size_t row, int column, bool is_date) const {
+void Row_Store::Read(std::size_t row, int column, bool is_date, Value& into) const {
     const Cell& cell = cells[row * width + static_cast<std::size_t>(column)];
     switch (cell.kind) {
     case Kind::Empty:
-        return {};
-    case Kind::Whole:
-        return cell.whole;
-    case Kind::Number:
-        return cell.number;
-    case Kind::Text:
+        into = {};
         break;
+    case Kind::Whole:
+        into = cell.whole;
+        break;
+    case Kind::Number:
+        into = cell.number;
+        break;
+    case Kind::Text:
+        into.Set_Text(texts.data() + cell.start, cell.size);
+        if (is_date) into = Date_Value(into.As_Text());
     }
-    QString text = Text_Of(texts.data() + cell.start, cell.size);
-    return is_date ? Date_Value(text) : Value(std::move(text));
 }
 
 } // namespace database

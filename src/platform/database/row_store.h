@@ -31,7 +31,7 @@ public:
     void Clear(); // keeps its room
 
     std::size_t Row_Count() const { return rows; }
-    basics::Value Value_At(std::size_t row, int column, bool is_date) const;
+    void Read(std::size_t row, int column, bool is_date, basics::Value& into) const;
 
 private:
     enum class Kind : quint8 { Empty, Whole, Number, Text };
