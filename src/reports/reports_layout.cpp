@@ -32,7 +32,7 @@ Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_
       norms(data.scores.norms),
       scoring(data.scoring),
       state(data.state),
-      holder(platform) {
+      holder(data.scoring.holder) {
     setObjectName(u"Form30"_s);
     Lay_Out();
     Tell_Helps();

@@ -9,6 +9,7 @@
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
 
+#include <QElapsedTimer>
 #include <array>
 
 namespace reports {
@@ -108,7 +109,7 @@ private:
     scoring::Norm_Tables& norms;
     scoring::Scoring& scoring;
     Report_State& state;
-    foundation::Access_Holder holder;
+    foundation::Access_Holder& holder; // that of scoring: the file is opened once for a choice
 
     Profile_Chart* Picture2;
     shell::Click_Combo* Combo1;
@@ -125,6 +126,7 @@ private:
     shell::HotLabel* Label7;   // the help line, and the way back from a table
     QWidget *Key, *Time_Key;   // what the bars' colours mean; its second half is shown with the time bars
     QFrame* Shape11;
+    QElapsedTimer strip_painted;
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
     shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon;
 };
