@@ -1,5 +1,6 @@
 #include "import_bench.h"
 
+#include "answering.h"
 #include "foundation/installation.h"
 #include "measuring.h"
 #include "nowhere.h"
@@ -20,24 +21,6 @@ namespace {
 
 constexpr int In_A_Class = 100;
 constexpr double Most_Times_The_Plain = 1.3;
-
-class Yes_To_All final : public desktop::Message_Boxes {
-public:
-    desktop::Answer Ask(desktop::Box_Style style, const QString&, const QString& text) override {
-        if (style != desktop::Box_Style::Yes_No_Question) throw std::runtime_error(text.toStdString());
-        return desktop::Answer::Yes;
-    }
-};
-
-class One_File final : public desktop::File_Dialogs {
-public:
-    explicit One_File(QString file) : file(std::move(file)) {}
-    QString Open_File(const desktop::File_Question&) override { return file; }
-    QString Save_File(const desktop::File_Question&) override { return file; }
-
-private:
-    QString file;
-};
 
 // Three letters that no other pupil's surname begins with, so that no two codes can be the same.
 QString Own_Letters(int i) {
@@ -111,10 +94,7 @@ void Import_A_School(benchmark::State& state, desktop::Platform& ports) {
     const Two_Schools schools;
     Yes_To_All boxes;
     One_File file_dialogs(schools.List_File());
-    desktop::Platform platform{boxes,           ports.pointer,   ports.clock,     ports.sound,
-                               ports.documents, ports.processes, ports.ini,       ports.files,
-                               ports.folders,   ports.dialogs,   file_dialogs,    ports.input_box,
-                               ports.random,    ports.printers,  ports.clipboard, ports.registry};
+    desktop::Platform platform = Answered(ports, boxes, file_dialogs);
     foundation::Installation installation;
     Nowhere nowhere;
     pupils::Form42 page(platform, nowhere, installation);

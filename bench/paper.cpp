@@ -115,13 +115,8 @@ void Write_Sheets(benchmark::State& state, Full_School& school) {
 } // namespace
 
 void Register_Paper(Full_School& school) {
-    using benchmark::RegisterBenchmark;
-    benchmark::internal::Benchmark* all[] = {
-        RegisterBenchmark("batch_report/record", Record_Sheets, std::ref(school)),
-        RegisterBenchmark("batch_report/pdf", Write_Sheets, std::ref(school)),
-    };
-    for (auto* one : all)
-        one->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->MinTime(1);
+    school.Register("batch_report/record", Record_Sheets)->MinTime(1);
+    school.Register("batch_report/pdf", Write_Sheets)->MinTime(1);
 }
 
 } // namespace bench

@@ -59,9 +59,7 @@ void Score_Cohort(benchmark::State& state, Full_School& school) {
 } // namespace
 
 void Register_Scores(Full_School& school) {
-    benchmark::RegisterBenchmark("score_cohort", Score_Cohort, std::ref(school))
-        ->Unit(benchmark::kMillisecond)
-        ->MeasureProcessCPUTime()
+    school.Register("score_cohort", Score_Cohort)
         ->Iterations(20); // fixed, so that the slow comparison at its end is made once
 }
 

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/desktop/ports.h"
+
+#include <stdexcept>
+
+namespace bench {
+
+// Nobody sits before the screen: questions are answered, news is taken, and what is wrong ends the run.
+class Yes_To_All final : public desktop::Message_Boxes {
+public:
+    desktop::Answer Ask(desktop::Box_Style style, const QString&, const QString& text) override {
+        using desktop::Box_Style;
+        if (style == Box_Style::Yes_No_Question) return desktop::Answer::Yes;
+        if (style == Box_Style::Plain || style == Box_Style::Information) return desktop::Answer::Ok;
+        throw std::runtime_error(text.toStdString());
+    }
+};
+
+class One_File final : public desktop::File_Dialogs {
+public:
+    explicit One_File(QString file) : file(std::move(file)) {}
+    QString Open_File(const desktop::File_Question&) override { return file; }
+    QString Save_File(const desktop::File_Question&) override { return file; }
+
+private:
+    QString file;
+};
+
+// The same ports, but for these two.
+inline desktop::Platform Answered(desktop::Platform& ports, desktop::Message_Boxes& boxes,
+                                  desktop::File_Dialogs& file_dialogs) {
+    return {boxes,        ports.pointer,  ports.clock,     ports.sound,   ports.documents, ports.processes,
+            ports.ini,    ports.files,    ports.folders,   ports.dialogs, file_dialogs,    ports.input_box,
+            ports.random, ports.printers, ports.clipboard, ports.registry};
+}
+
+} // namespace bench

@@ -1,0 +1,86 @@
+// What touches every pupil's row, or the file as a whole.
+
+#include "answering.h"
+#include "conversion/older_files.h"
+#include "full_school.h"
+#include "measuring.h"
+#include "plain_writing.h"
+#include "platform/database/safe_copy.h"
+#include "pupils/security_page.h"
+#include "shell/archiving.h"
+
+#include <QApplication>
+#include <QFile>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace bench {
+namespace {
+
+// A group's settings pushed to all pupils, who are its members; the list is read and shown anew after it.
+void Update_A_Group(benchmark::State& state, Full_School& school) {
+    Plain_Writer writer(school.installation.Current_Database_Path);
+    writer.Run(u"UPDATE Mevo_Pupils SET Group_Class = (SELECT Group_Name FROM Mevo_Groups)"_s);
+    scoring::Pupil_Lists lists;
+    pupils::Pupil_Records records;
+    const auto page = school.Make<pupils::Form2>(pupils::Record_Data{school.installation, lists, records});
+    page->Load();
+    Take_Timers_From(*page);
+    page->show();
+    page->Timer1_Timer();
+    QApplication::processEvents();
+    Measure_Beside(
+        state,
+        [&] {
+            page->Update_Group_Settings();
+            QApplication::processEvents();
+        },
+        [&] {
+            writer.Run(u"UPDATE Mevo_Groups SET Show_On_List = 1, Dob_as_pw = 0 WHERE Group_Name = "
+                       "(SELECT Group_Name FROM Mevo_Groups)"_s);
+            writer.Run(u"UPDATE Mevo_Pupils SET show_name = 1, dob_as_pw = 0 WHERE group_class = "
+                       "(SELECT Group_Name FROM Mevo_Groups)"_s);
+            school.Read(u"SELECT * FROM Mevo_Pupils"_s);
+        },
+        Wall_Ms);
+}
+
+// The same bytes copied without a look at what they are, and as safely brought to the disk.
+void Copy_Plainly(const QString& source, const QString& target) {
+    QFile from(source);
+    QFile to(target);
+    if (!from.open(QIODevice::ReadOnly) || !to.open(QIODevice::WriteOnly))
+        throw std::runtime_error("can't copy " + source.toStdString());
+    to.write(from.readAll());
+    to.flush();
+    fsync(to.handle());
+}
+
+void Archive_The_File(benchmark::State& state, Full_School& school) {
+    const QTemporaryDir folder;
+    One_File file_dialogs(folder.filePath(u"archive.mdb"_s));
+    Yes_To_All boxes;
+    desktop::Platform platform = Answered(school.platform, boxes, file_dialogs);
+    database::Safe_Copies copies;
+    conversion::Jet_Files older_files;
+    Nowhere nowhere;
+    shell::Form60 page(platform, nowhere, school.installation, school.counts, copies, older_files);
+    page.Load();
+    Measure_Beside(
+        state, [&] { page.HotLabel2_Click(); },
+        [&] { Copy_Plainly(school.installation.Database_Path, folder.filePath(u"plain.mdb"_s)); }, Wall_Ms,
+        [&] { QFile::remove(folder.filePath(u"archive.mdb"_s)); });
+    if (QFileInfo(folder.filePath(u"archive.mdb"_s)).size() !=
+        QFileInfo(school.installation.Database_Path).size())
+        throw std::runtime_error("no whole archive was made");
+}
+
+} // namespace
+
+void Register_Whole_File(Full_School& school) {
+    school.Register("update_a_group", Update_A_Group);
+    school.Register("archive", Archive_The_File);
+}
+
+} // namespace bench
