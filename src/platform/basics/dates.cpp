@@ -14,7 +14,22 @@ static int Full_Year(const QString& year) {
     return number < Two_Digit_Year_Pivot ? 2000 + number : 1900 + number;
 }
 
+// Nearly all dates stand as dd/mm/yyyy, and a page that lists a school reads ten of them a pupil.
+static QDate Usual_Date(const QString& text) {
+    constexpr QStringView form = u"00/00/0000";
+    if (text.size() != form.size()) return {};
+    for (qsizetype i = 0; i < form.size(); ++i) {
+        const bool is_digit = text[i] >= u'0' && text[i] <= u'9';
+        if (form[i] == u'0' ? !is_digit : text[i] != form[i]) return {};
+    }
+    const auto number = [&text](qsizetype at, qsizetype digits) {
+        return QStringView(text).sliced(at, digits).toInt();
+    };
+    return {number(6, 4), number(3, 2), number(0, 2)};
+}
+
 std::optional<QDateTime> Stored_Date(const QString& text) {
+    if (const QDate usual = Usual_Date(text); usual.isValid()) return QDateTime(usual, QTime(0, 0), Qt::UTC);
     static const QRegularExpression day_first(
         uR"(^\s*(\d{1,2})[/.\-](\d{1,2})[/.\-](\d{4}|\d{2})(?:[ T](\d{1,2}:\d{2}(?::\d{2})?).*)?\s*$)"_s);
     static const QRegularExpression year_first(
@@ -36,8 +51,22 @@ std::optional<QDateTime> Stored_Date(const QString& text) {
     return QDateTime(date, of_day.isValid() ? of_day : QTime(0, 0), Qt::UTC);
 }
 
+// Written by hand for the same reason as it is read by hand.
+static QString Day_Text(QDate date) {
+    QString text = u"00/00/0000"_s;
+    QChar* characters = text.data();
+    const auto put = [characters](int number, int last) {
+        for (int at = last; number > 0; number /= 10, --at)
+            characters[at] = QChar(u'0' + number % 10);
+    };
+    put(date.day(), 1);
+    put(date.month(), 4);
+    put(date.year(), 9);
+    return text;
+}
+
 QString Date_Text(const QDateTime& date) {
-    const QString day = date.toString(u"dd/MM/yyyy"_s);
+    const QString day = Day_Text(date.date());
     return date.time() == QTime(0, 0) ? day : day + date.toString(u" HH:mm:ss"_s);
 }
 

@@ -10,7 +10,7 @@ namespace basics {
 // are 1930 to 1999), also with "-" or "." between, and yyyy-mm-dd, each with or without a time of day.
 std::optional<QDateTime> Stored_Date(const QString& text);
 
-// A date as text: dd/mm/yyyy, with the time of day behind it unless it is midnight.
+// A date of the years 1 to 9999 as text: dd/mm/yyyy, with the time of day behind it unless it is midnight.
 QString Date_Text(const QDateTime& date);
 
 } // namespace basics

@@ -84,8 +84,8 @@ int Recordset::Field_Count() const {
 
 int Recordset::Column_Of(const QString& name) const {
     Require_Open();
-    const auto found = shape->columns.constFind(name.toLower());
-    return found == shape->columns.cend() ? -1 : *found - first_column;
+    const auto found = shape->columns.find(name);
+    return found == shape->columns.end() ? -1 : found->second - first_column;
 }
 
 void Recordset::Read(int column, Value& into) const {

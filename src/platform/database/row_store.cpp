@@ -17,12 +17,19 @@ static bool Is_Date_Column(const char* declared_type, const QString& name) {
     return name.compare("DOB"_L1, Qt::CaseInsensitive) == 0 || name.endsWith("_date"_L1, Qt::CaseInsensitive);
 }
 
+std::size_t Any_Case_Hash::operator()(const QString& name) const {
+    std::size_t hash = 0;
+    for (const QChar c : name)
+        hash = hash * 31 + c.toCaseFolded().unicode();
+    return hash;
+}
+
 Row_Shape::Row_Shape(sqlite3_stmt* statement) {
     const int count = sqlite3_column_count(statement);
     for (int column = 0; column < count; ++column) {
         const QString name = QString::fromUtf8(sqlite3_column_name(statement, column));
         names.append(name);
-        columns.insert(name.toLower(), column);
+        columns[name] = column;
         is_date.push_back(Is_Date_Column(sqlite3_column_decltype(statement, column), name));
     }
 }

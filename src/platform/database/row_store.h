@@ -2,22 +2,32 @@
 
 #include "platform/basics/value.h"
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 struct sqlite3_stmt;
 
 namespace database {
 
+// Names of columns are the same in any case.
+struct Any_Case_Hash {
+    std::size_t operator()(const QString& name) const;
+};
+struct Any_Case_Equal {
+    bool operator()(const QString& left, const QString& right) const {
+        return left.compare(right, Qt::CaseInsensitive) == 0;
+    }
+};
+
 // What is alike in all rows of a statement: told once when it is prepared, shared by all that read it.
 struct Row_Shape {
     explicit Row_Shape(sqlite3_stmt* statement);
 
     QStringList names;
-    QHash<QString, int> columns; // by the name in lower case; the last of that name counts
+    std::unordered_map<QString, int, Any_Case_Hash, Any_Case_Equal> columns; // the last of a name counts
     std::vector<bool> is_date;
 
     int Column_Count() const { return static_cast<int>(names.size()); }
