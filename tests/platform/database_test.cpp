@@ -5,7 +5,9 @@
 #include "support/printing.h"
 #include "support/sample_file.h"
 
+#include <QCollator>
 #include <QFile>
+#include <QRandomGenerator>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -147,6 +149,33 @@ TEST_F(Database, SortsAccentsInTheirPlace) {
     for (; !rows.Eof(); rows.MoveNext())
         order.append(rows.Fields(0).Value().As_Text());
     EXPECT_EQ(order, (QStringList{u"edge"_s, u"Élan"_s, u"Ember"_s, u"Łuk"_s, u"Mia"_s, u"Zoe"_s}));
+}
+
+// Plain letters go a shorter way than names with anything else in them; both must lead to one order.
+TEST_F(Database, SortsPlainAndOtherNamesAsTheLanguageDoes) {
+    QRandomGenerator random(1);
+    const QString characters = u"abcAEeéZz -'"_s;
+    QString rows_to_add;
+    for (int i = 0; i < 400; ++i) {
+        QString name;
+        while (name.size() < 1 + i % 5)
+            name += characters[random.bounded(static_cast<int>(characters.size()))];
+        rows_to_add += u"('%1')%2"_s.arg(name.replace(u"'"_s, u"''"_s), i < 399 ? u","_s : u""_s);
+    }
+    sample.Run(u"DROP TABLE Mevo_Groups"_s);
+    sample.Run(u"CREATE TABLE Mevo_Groups (Group_Name)"_s);
+    sample.Run(u"INSERT INTO Mevo_Groups (Group_Name) VALUES "_s + rows_to_add);
+    Open();
+    Query(u"SELECT Group_Name FROM Mevo_Groups ORDER BY Group_Name"_s);
+    QCollator english(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    english.setCaseSensitivity(Qt::CaseInsensitive);
+    QString before;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const QString name = rows.Fields(0).Value().As_Text();
+        EXPECT_LE(english.compare(before, name), 0) << qPrintable(before + u" before "_s + name);
+        before = name;
+    }
+    EXPECT_FALSE(before.isEmpty());
 }
 
 // Other programs index text by the plain order. Searched by ours, such an index would hide rows.

@@ -5,8 +5,10 @@
 
 #include <QCollator>
 #include <QLocale>
+#include <algorithm>
 #include <memory>
 #include <sqlite3.h>
+#include <string_view>
 
 namespace database {
 namespace {
@@ -26,11 +28,22 @@ private:
     std::unique_ptr<QCollator> collator;
 };
 
-int Compare_Texts(void* comparer, int left_size, const void* left, int right_size, const void* right) {
-    const auto text = [](const void* bytes, int size) {
-        return QString::fromUtf8(static_cast<const char*>(bytes), size);
-    };
-    return static_cast<Text_Comparer*>(comparer)->Compare(text(left, left_size), text(right, right_size));
+bool Is_Letter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool Are_Letters(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), Is_Letter);
+}
+
+int Compare_Texts(void* comparer, int left_size, const void* left_bytes, int right_size,
+                  const void* right_bytes) {
+    const std::string_view left(static_cast<const char*>(left_bytes), static_cast<std::size_t>(left_size));
+    const std::string_view right(static_cast<const char*>(right_bytes), static_cast<std::size_t>(right_size));
+    // Most names are plain letters, for which the collator's order is the alphabet's.
+    if (Are_Letters(left) && Are_Letters(right))
+        return qstrnicmp(left.data(), left_size, right.data(), right_size);
+    return static_cast<Text_Comparer*>(comparer)->Compare(QString::fromUtf8(left), QString::fromUtf8(right));
 }
 
 void Delete_Comparer(void* comparer) {
