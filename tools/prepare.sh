@@ -4,10 +4,10 @@ as_root() {
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-# Installs what packages.txt names and this machine lacks.
+# install_packages [LIST]: installs what packages.txt, or another such list, names and this machine lacks.
 install_packages() {
     local wanted missing=()
-    wanted=$(sed 's/#.*//' packages.txt)
+    wanted=$(sed 's/#.*//' "${1:-packages.txt}")
     for package in $wanted; do
         dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
     done
