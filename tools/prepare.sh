@@ -18,10 +18,8 @@ install_packages() {
     fi
 }
 
-# build PRESET [TARGET...]: configures a preset of CMakePresets.json and builds the targets, or all. Sources that
-# were compiled before come from the cache, whatever folder they were compiled in.
+# build PRESET [TARGET...]: configures a preset of CMakePresets.json and builds the targets, or all.
 build() {
-    export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
     cmake --preset "$1"
     cmake --build --preset "$1" ${2:+--target "${@:2}"}
 }
