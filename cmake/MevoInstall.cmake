@@ -45,7 +45,6 @@ set(contact "Quend Research <mevo@quend-research.example>")
 string(TIMESTAMP day "%a, %d %b %Y 00:00:00 +0000" UTC)
 file(WRITE ${made}/changelog.Debian
     "mevo (${PROJECT_VERSION}-1) stable; urgency=medium\n\n  * Packaged from the sources of this version.\n\n -- ${contact}  ${day}\n")
-find_program(GZIP_PROGRAM gzip)
 foreach(program IN LISTS programs)
     configure_file(packaging/man/${program}.1 ${made}/${program}.1 COPYONLY)
     execute_process(COMMAND gzip -9nf ${made}/${program}.1 COMMAND_ERROR_IS_FATAL ANY)
