@@ -17,6 +17,11 @@ if(MEVO_SANITIZE)
     target_compile_options(mevo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(mevo_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(MEVO_COVERAGE)
+    # Counters that no two threads or processes spoil for each other.
+    target_compile_options(mevo_options INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(mevo_options INTERFACE --coverage)
+endif()
 
 # Notes which folders a folder may include: its own, and those of what it links. The test `layers` reads it.
 function(mevo_note_layer name)

@@ -4,10 +4,10 @@ as_root() {
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-# Installs what packages.txt names and this machine lacks.
+# install_packages [LIST]: installs what packages.txt, or another such list, names and this machine lacks.
 install_packages() {
     local wanted missing=()
-    wanted=$(sed 's/#.*//' packages.txt)
+    wanted=$(sed 's/#.*//' "${1:-packages.txt}")
     for package in $wanted; do
         dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
     done
@@ -18,10 +18,8 @@ install_packages() {
     fi
 }
 
-# build PRESET [TARGET...]: configures a preset of CMakePresets.json and builds the targets, or all. Sources that
-# were compiled before come from the cache, whatever folder they were compiled in.
+# build PRESET [TARGET...]: configures a preset of CMakePresets.json and builds the targets, or all.
 build() {
-    export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
     cmake --preset "$1"
     cmake --build --preset "$1" ${2:+--target "${@:2}"}
 }

@@ -3,10 +3,16 @@
 #include "shell/conventions/theme.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QScreen>
+
+using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // The entry in the menu of applications, whose icon the windows get too.
+    QGuiApplication::setDesktopFileName(u"mevo"_s);
+    QApplication::setWindowIcon(QIcon::fromTheme(u"mevo"_s));
     // Between two pages there is a moment without a window.
     QApplication::setQuitOnLastWindowClosed(false);
     shell::Apply_Theme(application);

@@ -437,11 +437,7 @@ TEST_F(Delete_Page, HelpFollowsThePointer) {
     Point_At(*form, u"HotLabel1"_s);
     QApplication::sendEvent(List().viewport(), &move);
     EXPECT_TRUE(Caption(u"Label1"_s).startsWith(u"Pless Ctrl"_s));
-}
-
-TEST_F(Delete_Page, TheMenuIsTheWayBack) {
-    Open();
-    Click(u"HotLabel1"_s);
+    Click(u"HotLabel1"_s); // the way back
     EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
 }
 

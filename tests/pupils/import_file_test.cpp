@@ -163,34 +163,11 @@ TEST(Format_Import_Date, ReadsTheUsualBritishFormsDayFirst) {
 }
 
 TEST(Format_Import_Date, RefusesWhatIsNoDate) {
-    for (const QString& text : {u""_s,
-                                u" "_s,
-                                u"31/02/2003"_s,
-                                u"29/02/2003"_s,
-                                u"29/2/1900"_s,
-                                u"31 Apr 2003"_s,
-                                u"0/1/2003"_s,
-                                u"1/0/2003"_s,
-                                u"3/14/2003"_s,
-                                u"32/1/2003"_s,
-                                u"1/13/2003"_s,
-                                u"1/2/203"_s,
-                                u"1/2/20031"_s,
-                                u"1/2"_s,
-                                u"12"_s,
-                                u"1/2-2003"_s,
-                                u"1 Foo 2003"_s,
-                                u"1 Febr 2003"_s,
-                                u"Feb 2003"_s,
-                                u"2003-02-30"_s,
-                                u"20030201"_s,
-                                u"1/2/2003x"_s,
-                                u"1/2/2003 25:00"_s,
-                                u"01/02/0000"_s,
-                                u"١/٢/٢٠٠٣"_s,
-                                u"1/2/2003\n"_s,
-                                QString(100'000, u'1'),
-                                u"now"_s}) {
+    const QString no_dates =
+        u"| |31/02/2003|29/02/2003|29/2/1900|31 Apr 2003|0/1/2003|1/0/2003|3/14/2003|32/1/2003|1/13/2003|"
+        "1/2/203|1/2/20031|1/2|12|1/2-2003|1 Foo 2003|1 Febr 2003|Feb 2003|2003-02-30|20030201|1/2/2003x|"
+        "1/2/2003 25:00|01/02/0000|١/٢/٢٠٠٣|1/2/2003\n|now"_s;
+    for (const QString& text : no_dates.split(u'|') + QStringList{QString(100'000, u'1')}) {
         EXPECT_FALSE(Is_Import_Date(text)) << text.left(40).toStdString();
         EXPECT_EQ(Format_Import_Date(text), text);
     }

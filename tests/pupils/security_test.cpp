@@ -528,11 +528,7 @@ TEST_F(Security_Page, HelpFollowsThePointerAndSparesThePanels) {
     QApplication::sendEvent(&frame5, &move);
     EXPECT_EQ(Caption(u"Label8"_s),
               u"An individual's own settings override any Group/Class global settings."_s);
-}
-
-TEST_F(Security_Page, TheMenuIsTheWayBack) {
-    Open();
-    Click(u"HotLabel1"_s);
+    Click(u"HotLabel1"_s); // the way back
     EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
 }
 
