@@ -89,6 +89,7 @@ void Form9::Tell_Helps() {
         "Press Ctrl key and click on a highlighted name to remove it from the deletion list"_s;
     for (QWidget* surface : {static_cast<QWidget*>(ListView1), ListView1->viewport()})
         help->Tell(surface, how_to_choose);
+    help->Follow_Focus(*this);
 }
 
 } // namespace pupils

@@ -82,6 +82,7 @@ void Form42::Tell_Helps() {
     help->Tell(
         PreviewImport,
         u"Preview allows you to do a dry run and check that the import file is in the correct format."_s);
+    help->Follow_Focus(*this);
 }
 
 } // namespace pupils

@@ -38,9 +38,6 @@ QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent
 // The help line that speaks through the label.
 shell::Help_Line* Help_In(QLabel* label, QObject* owner);
 
-// Lets entries and lists on the surface look disabled while they are.
-void Grey_What_Is_Disabled(QWidget* surface);
-
 // Reads all pupils by their names into the lists and the box to choose from. `take` fills what the page needs
 // of the row at hand at place p.
 void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,

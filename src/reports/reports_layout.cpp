@@ -38,10 +38,12 @@ Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_
     Tell_Helps();
 }
 
-static QFrame* Make_Patch(const QString& name, const QColor& colour, const QRect& place, QWidget* parent) {
+// A piece that the style sheet colours by its kind.
+static QFrame* Make_Patch(const QString& name, const char* kind, const QVariant& value, const QRect& place,
+                          QWidget* parent) {
     auto* patch = new QFrame(parent);
     patch->setObjectName(name);
-    patch->setStyleSheet(u"background: %1; border-radius: 2px;"_s.arg(colour.name()));
+    patch->setProperty(kind, value);
     patch->setGeometry(place);
     return patch;
 }
@@ -58,9 +60,9 @@ void Form30::Lay_Out() {
     Label17 = Make_Label(u"Label17"_s, u""_s, Text_Role::Quiet, below.adjusted(below.width() - 80, 0, 0, 0));
     Label17->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     const QRect track(Left, 644, Whole_Progress, 4);
-    Make_Patch(u"Shape11_track"_s, shell::colours::Faint_Edge, track, Frame1);
+    Make_Patch(u"Shape11_track"_s, "progress", u"track"_s, track, Frame1);
     Shape11 =
-        Make_Patch(u"Shape11"_s, shell::colours::Accent, {track.topLeft(), QSize(1, track.height())}, Frame1);
+        Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {track.topLeft(), QSize(1, track.height())}, Frame1);
 }
 
 static QGroupBox* Make_Group(const QString& caption, const QRect& place, QWidget* parent) {
@@ -184,11 +186,14 @@ void Form30::Lay_Out_Chart() {
 
     for (std::size_t i = 0; i < BtnEnh.size(); ++i) {
         const int t = static_cast<int>(i) + 1;
-        const int left = chart + Profile_Chart::Column_Left(t) - 8;
-        BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, {left, 450, 80, 52},
+        // Each under its bars; Pindo, which has none, apart from them.
+        const QRect place = t == scoring::test_index::Pindo
+                                ? QRect(Right, 450, Right_Width, 52)
+                                : QRect(chart + Profile_Chart::Column_Left(t) - 8, 450, 80, 52);
+        BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, place,
                                   [this, t] { Test_Button_Click(t); });
-        Shape10[i] =
-            Make_Patch(u"Shape10(%1)"_s.arg(i), shell::colours::Focus, {left + 8, 505, 64, 4}, Frame1);
+        Shape10[i] = Make_Patch(u"Shape10(%1)"_s.arg(i), "marker", true,
+                                {place.x() + 8, 505, place.width() - 16, 4}, Frame1);
         Shape10[i]->hide();
     }
     Lay_Out_Key({chart, 517});
@@ -212,11 +217,12 @@ void Form30::Lay_Out_Tables() {
         return made;
     };
     const QString answers = u"The pupil's answers, item by item"_s;
-    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 34,
-                      10 * 34 + 6, {104, 52, 58, 54, 62, 76, 90, 92, 86, 84});
-    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {104, 160, 170, 100, 100, 106});
+    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 39,
+                      Chart_Height, {112, 54, 68, 58, 66, 62, 72, 76, 96, 92});
+    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * 39); // its heading has two lines
+    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {112, 164, 164, 100, 100, 104});
     fpSpread2plus =
-        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {74, 140, 80, 100, 110, 102, 66, 62});
+        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {88, 138, 86, 102, 118, 84, 72, 58});
     for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
         shell::On(closing, &grid::fpSpread::Double_Click, this, platform, [this, closing] {
             closing->hide();
@@ -227,15 +233,15 @@ void Form30::Lay_Out_Tables() {
 void Form30::Lay_Out_Key(const QPoint& corner) {
     Key = new QWidget(Frame1);
     Key->setGeometry({corner, QSize(220, 22)});
-    const auto entry = [this](const QColor& colour, const QString& caption, int left) {
+    const auto entry = [this](Measure measure, const QString& caption, int left) {
         auto* part = new QWidget(Key);
         part->setGeometry(left, 0, 110, 22);
-        Make_Patch(u"Key_patch"_s, colour, {0, 4, 14, 14}, part);
+        Make_Bar(u"Key_patch"_s, measure, part)->setGeometry(0, 3, 16, 16);
         Make_Label(u"Key_label"_s, caption, Text_Role::Quiet, {22, 0, 84, 22}, part);
         return part;
     };
-    entry(shell::colours::Accuracy_Bar, u"Accuracy"_s, 0);
-    Time_Key = entry(shell::colours::Time_Bar, u"Time"_s, 110);
+    entry(Measure::Accuracy, u"Accuracy"_s, 0);
+    Time_Key = entry(Measure::Time, u"Time"_s, 110);
 }
 
 void Form30::Lay_Out_Right_Panel() {
@@ -254,7 +260,7 @@ void Form30::Lay_Out_Right_Panel() {
 }
 
 void Form30::Tell_Helps() {
-    auto* help = new shell::Help_Line(this, [this](const QString& text) { Label7->Set_Caption(text); });
+    auto* help = new shell::Help_Line(this, [this](const QString& text) { Show_In_Label7(text); });
     help->Tell(HotLabel1, u"Return to the Mevo main menu"_s);
     help->Tell(HotLabel2, u"Show or hide the bars showing time scores (higher scores are faster)"_s);
     help->Tell(HotLabel3,
@@ -282,6 +288,9 @@ void Form30::Tell_Helps() {
     for (std::size_t i = 0; i < std::size(names); ++i)
         help->Tell(BtnEnh[i], detailed.arg(names[i]));
     help->Tell(BtnEnh[8], u"Detailed data for Pindo (colour discrimination) test"_s);
+    help->Stands_For(Picture2->Image12, {Picture2->Row(scoring::test_index::Tolvens)});
+    help->Stands_For(Picture2->Image13, {Picture2->Row(scoring::test_index::Bliks_Friends)});
+    help->Follow_Focus(*this);
 }
 
 } // namespace reports

@@ -26,7 +26,7 @@ const QList<Progress_Column>& Columns() {
     constexpr int mark = 76;
     static const QList<Progress_Column> columns{
         {u"User ID"_s, {}, 168},
-        {u"Names"_s, {}, 226},
+        {u"Names"_s, {}, 222},
         {u"DOB"_s, {}, 98},
         {u"Tolvens"_s, u"Tolvens"_s, mark},
         {u"Friends"_s, u"BliksFriends"_s, mark},
