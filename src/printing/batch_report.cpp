@@ -174,6 +174,7 @@ QRadioButton* Form92::Make_Option(const QString& name, const QString& caption, c
     auto* option = new QRadioButton(caption, parent);
     option->setObjectName(name);
     option->setGeometry(place);
+    option->setAccessibleDescription(parent->accessibleDescription());
     shell::On(option, &QRadioButton::clicked, this, platform, [this] { Option_Click(); });
     return option;
 }
@@ -197,8 +198,10 @@ void Form92::Lay_Out_List() {
     cboGroupFilter = new shell::Click_Combo(u"cboGroupFilter"_s, frame);
     cboGroupFilter->setGeometry(12, 50, 266, 34);
     cboGroupFilter->setAccessibleName(u"Group Filter"_s);
+    cboGroupFilter->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
     lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 94, 266, 346}, frame);
+    lstPupils->setAccessibleDescription(u"The space bar selects a pupil for the report, or takes him out."_s);
     lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
     shell::On(lstPupils, &QListWidget::itemSelectionChanged, this, platform, [this] { lstPupils_Click(); });
 }
@@ -240,6 +243,7 @@ void Form92::Lay_Out_Options() {
     Option1 = Make_Option(u"Option1"_s, u"Grey"_s, first, Frame5);
     Option2 = Make_Option(u"Option2"_s, u"White"_s, second, Frame5);
     QGroupBox* labels = Make_Frame(u"Frame3"_s, u"Student label"_s, {Right, Top + 256, Right_Width, 66});
+    labels->setAccessibleDescription(u"What stands over each profile."_s);
     Option5 = Make_Option(u"Option5"_s, u"Name"_s, first, labels);
     Option6 = Make_Option(u"Option6"_s, u"User ID"_s, second, labels);
 }

@@ -36,6 +36,7 @@ void Form15::Lay_Out() {
     QLabel* label12 =
         Make_Label(u"Label12"_s, u"Select individual"_s, Text_Role::Heading, {Left, 66, 140, Row_Height});
     Combo1 = Make_Combo(u"Combo1"_s, label12->text(), {Left + 146, 66, 414, Row_Height}, Frame1);
+    Combo1->setAccessibleDescription(u"The pupil whose details and tests the page shows."_s);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
     Lay_Out_Personal_Details();
     Lay_Out_Retesting();

@@ -40,6 +40,7 @@ void Form2::Lay_Out() {
     Spread1 = new grid::fpSpread(u"Spread1"_s, 6, grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setGeometry(Left, 90, Left_Width, 340);
     Spread1->setAccessibleName(caption);
+    Spread1->setAccessibleDescription(u"One row for each pupil."_s);
     int column = 0;
     for (const int width : {128, 178, 92, 138, 136, 86})
         Spread1->Set_ColWidth(++column, width);

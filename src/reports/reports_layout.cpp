@@ -55,6 +55,7 @@ void Form30::Lay_Out() {
     Label7 = Make_HotLabel(
         u"Label7"_s, u""_s, {Chart_Corner.x(), 552, Profile_Chart::Size.width(), 52},
         [this] { Label7_Click(); }, HotLabel::Look::Strip);
+    Show_In_Label7(u""_s);
     const QRect below(Chart_Corner.x(), 612, Profile_Chart::Size.width(), 22);
     Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, below.adjusted(0, 0, -80, 0));
     Label17 = Make_Label(u"Label17"_s, u""_s, Text_Role::Quiet, below.adjusted(below.width() - 80, 0, 0, 0));
@@ -100,6 +101,7 @@ void Form30::Lay_Out_Left_Panel() {
     Combo1 = new shell::Click_Combo(u"Combo1"_s, Frame1);
     Combo1->setGeometry(Left, 98, Left_Width, 36);
     Combo1->setAccessibleName(u"Pupils"_s);
+    Combo1->setAccessibleDescription(u"The pupil whose results the page shows."_s);
     Combo1->setMaxVisibleItems(24);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
 
@@ -182,6 +184,8 @@ void Form30::Lay_Out_Chart() {
     Image2->show();
 
     Picture2 = new Profile_Chart(u"Picture2"_s, Frame1);
+    Picture2->setAccessibleDescription(
+        u"The pupil's scores by test; the arrow keys go from one to the next."_s);
     Picture2->move(Chart_Corner);
 
     for (std::size_t i = 0; i < BtnEnh.size(); ++i) {
@@ -207,6 +211,7 @@ void Form30::Lay_Out_Tables() {
                                        int row_height, int height, std::initializer_list<int> widths) {
         auto* made = new grid::fpSpread(name, static_cast<int>(widths.size()), rows, Frame1);
         made->setAccessibleName(described);
+        made->setAccessibleDescription(u"The first row has the headings."_s);
         made->setGeometry(QRect(corner, QSize(764, height)));
         made->verticalHeader()->setDefaultSectionSize(row_height);
         int column = 1;

@@ -329,7 +329,10 @@ void Form30::ShowWhite_Click() {
 // The line is on the way of the keys only while it leads somewhere.
 void Form30::Show_In_Label7(const QString& text) {
     Label7->Set_Caption(text);
-    Label7->setFocusPolicy(text == Way_Back ? Qt::StrongFocus : Qt::NoFocus);
+    const bool leads_back = text == Way_Back;
+    Label7->setFocusPolicy(leads_back ? Qt::StrongFocus : Qt::NoFocus);
+    Label7->setAccessibleName(leads_back ? text : u"Help"_s);
+    Label7->setAccessibleDescription(leads_back ? u"Back from the table to the chart."_s : text);
 }
 
 void Form30::Hide_Any_Tables() {

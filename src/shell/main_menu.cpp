@@ -50,6 +50,8 @@ void Form77::Lay_Out() {
     HotLabel2 = entry(u"HotLabel2", u"Import from file"_s, u"import"_s, 1, 1, going_to(Page_Id::Import));
     HotLabel3 = entry(u"HotLabel3", u"Delete individuals"_s, u"delete"_s, 1, 2, going_to(Page_Id::Delete));
     HotLabel14 = entry(u"HotLabel14", u"Security"_s, u"security"_s, 2, 0, going_to(Page_Id::Security));
+    // The help line has no text for it; a screen reader has.
+    HotLabel14->setAccessibleDescription(u"Arrange groups, and how each pupil logs in."_s);
     HotLabel8 = entry(u"HotLabel8", u"Archiving"_s, u"archiving"_s, 2, 1, going_to(Page_Id::Archiving));
     HotLabel6 = entry(u"HotLabel6", u"Settings"_s, u"settings"_s, 2, 2, on_top(Page_Id::Settings));
 

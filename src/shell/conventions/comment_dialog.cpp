@@ -45,6 +45,9 @@ Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
         button->setMinimumSize(96, 36);
         buttons->addWidget(button);
     }
+    ok->setAccessibleDescription(u"Takes the comment over."_s);
+    undo->setAccessibleDescription(u"Brings back the comment as it was."_s);
+    clear->setAccessibleDescription(u"Empties the field."_s);
     Give_Mnemonics(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);

@@ -42,6 +42,8 @@ Form3::Form3(desktop::Platform& platform, Password_Question& question)
         button->setMinimumSize(96, 36);
         buttons->addWidget(button);
     }
+    ok->setAccessibleDescription(u"Takes what was typed."_s);
+    quit->setAccessibleDescription(u"Leaves without an answer."_s);
     Give_Mnemonics(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
