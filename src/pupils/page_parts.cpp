@@ -2,6 +2,8 @@
 
 #include "shell/conventions/theme.h"
 
+#include <QButtonGroup>
+
 using namespace Qt::StringLiterals;
 
 namespace pupils {
@@ -43,8 +45,14 @@ static QRadioButton* Make_Option(const QString& name, const QString& caption, co
 
 Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QString& question,
                    const QPoint& corner, QWidget* parent) {
-    return {Make_Option(yes_name, u"Yes"_s, question, corner, parent),
-            Make_Option(no_name, u"No"_s, question, corner + QPoint(76, 0), parent)};
+    const Yes_No pair{Make_Option(yes_name, u"Yes"_s, question, corner, parent),
+                      Make_Option(no_name, u"No"_s, question, corner + QPoint(76, 0), parent)};
+    // Without a group of their own they would be one with those of the panels inside their parent, and take
+    // these off the Tab key's way.
+    auto* group = new QButtonGroup(parent);
+    group->addButton(pair.yes);
+    group->addButton(pair.no);
+    return pair;
 }
 
 QLabel* Make_Number(const QString& name, const QRect& place, QWidget* parent) {

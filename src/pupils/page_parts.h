@@ -23,7 +23,7 @@ struct Yes_No {
     void Set(bool value) const { (value ? yes : no)->setChecked(true); }
 };
 
-// The two stand side by side from the corner on. They alone may be option buttons of their parent's.
+// The two stand side by side from the corner on.
 Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QString& question,
                    const QPoint& corner, QWidget* parent);
 

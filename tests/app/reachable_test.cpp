@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QSet>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -75,10 +76,17 @@ void Expect_Tab_Goes_Round(QWidget& surface) {
         reached.append(QApplication::focusWidget());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     } while (QApplication::focusWidget() != first && reached.size() <= stops.size());
+    // Of options that exclude one another Tab meets one; the arrow keys lead to the other.
+    for (const auto* option : surface.findChildren<QRadioButton*>()) {
+        const auto beside =
+            option->parent()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+        EXPECT_TRUE(
+            !option->isVisible() || !option->isEnabled() ||
+            std::any_of(beside.begin(), beside.end(), [&](auto* each) { return reached.contains(each); }))
+            << Name_Of(option).toStdString() << " isn't on the way of Tab";
+    }
     for (const QWidget* stop : stops) {
-        // Of options that exclude one another Tab meets the chosen one; the arrow keys lead to the others.
-        const auto* option = qobject_cast<const QRadioButton*>(stop);
-        if (option && !option->isChecked()) continue;
+        if (qobject_cast<const QRadioButton*>(stop)) continue;
         EXPECT_EQ(reached.count(stop), 1) << Name_Of(stop).toStdString() << " isn't on the way of Tab";
     }
 }
