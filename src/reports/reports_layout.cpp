@@ -224,10 +224,12 @@ void Form30::Lay_Out_Tables() {
     const QString answers = u"The pupil's answers, item by item"_s;
     fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 39,
                       Chart_Height, {112, 54, 68, 58, 66, 62, 72, 76, 96, 92});
-    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * 39); // its heading has two lines
     fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {112, 164, 164, 100, 100, 104});
     fpSpread2plus =
-        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {88, 138, 86, 102, 118, 84, 72, 58});
+        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {79, 124, 92, 100, 112, 100, 72, 67});
+    // Headings of two lines.
+    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * 39);
+    fpSpread2plus->verticalHeader()->resizeSection(0, 42);
     for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
         shell::On(closing, &grid::fpSpread::Double_Click, this, platform, [this, closing] {
             closing->hide();
