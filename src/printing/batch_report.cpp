@@ -3,7 +3,6 @@
 #include "printing/batch_list.h"
 
 #include <QCoreApplication>
-#include <QMouseEvent>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -146,39 +145,12 @@ QString Form92::Document_Name() const {
 
 // ---- controls
 
-namespace {
-
-// A frame's help: its own text where the pointer is over the frame itself. Moves that a control in it leaves
-// over reach the frame as well, and would hide what that control has told.
-class Frame_Help final : public QObject {
-public:
-    Frame_Help(QWidget* frame, const QString& text, QLabel* line) : QObject(frame), text(text), line(line) {
-        frame->setMouseTracking(true);
-        frame->installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::MouseMove) return false;
-        const auto* frame = static_cast<QWidget*>(watched);
-        if (!frame->childAt(static_cast<QMouseEvent*>(event)->position().toPoint())) line->setText(text);
-        return false;
-    }
-
-private:
-    QString text;
-    QLabel* line;
-};
-
-} // namespace
-
 static QListWidget* Make_List(const QString& name, const QString& told, const QRect& place, QWidget* parent) {
     auto* list = new QListWidget(parent);
     list->setObjectName(name);
     list->setAccessibleName(told);
     list->setGeometry(place);
     list->setUniformItemSizes(true); // there may be 2000
-    list->setStyleSheet(u"QListWidget::item { padding: 3px 4px; }"_s);
     return list;
 }
 
@@ -202,6 +174,7 @@ QRadioButton* Form92::Make_Option(const QString& name, const QString& caption, c
     auto* option = new QRadioButton(caption, parent);
     option->setObjectName(name);
     option->setGeometry(place);
+    option->setAccessibleDescription(parent->accessibleDescription());
     shell::On(option, &QRadioButton::clicked, this, platform, [this] { Option_Click(); });
     return option;
 }
@@ -225,8 +198,10 @@ void Form92::Lay_Out_List() {
     cboGroupFilter = new shell::Click_Combo(u"cboGroupFilter"_s, frame);
     cboGroupFilter->setGeometry(12, 50, 266, 34);
     cboGroupFilter->setAccessibleName(u"Group Filter"_s);
+    cboGroupFilter->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
     lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 94, 266, 346}, frame);
+    lstPupils->setAccessibleDescription(u"The space bar selects a pupil for the report, or takes him out."_s);
     lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
     shell::On(lstPupils, &QListWidget::itemSelectionChanged, this, platform, [this] { lstPupils_Click(); });
 }
@@ -268,6 +243,7 @@ void Form92::Lay_Out_Options() {
     Option1 = Make_Option(u"Option1"_s, u"Grey"_s, first, Frame5);
     Option2 = Make_Option(u"Option2"_s, u"White"_s, second, Frame5);
     QGroupBox* labels = Make_Frame(u"Frame3"_s, u"Student label"_s, {Right, Top + 256, Right_Width, 66});
+    labels->setAccessibleDescription(u"What stands over each profile."_s);
     Option5 = Make_Option(u"Option5"_s, u"Name"_s, first, labels);
     Option6 = Make_Option(u"Option6"_s, u"User ID"_s, second, labels);
 }
@@ -288,11 +264,11 @@ void Form92::Tell_Helps() {
     help->Tell(HotLabel8, u"Clear (unselect) all names from the batch list."_s);
     help->Tell(HotLabel9,
                u"Create a printout for all pupils whose names are highlighted in the batch list."_s);
-    new Frame_Help(Frame2, u"Select the page of miniature profiles you wish to view"_s, Label2);
-    new Frame_Help(Frame5,
-                   u"Tip: Change background to white if report printouts appear too dark or indistinct."_s,
-                   Label2);
-    new Frame_Help(Frame8, u"Tip: Double click on the report to zoom in further."_s, Label2);
+    help->Tell(Frame2, u"Select the page of miniature profiles you wish to view"_s);
+    help->Tell(Frame5,
+               u"Tip: Change background to white if report printouts appear too dark or indistinct."_s);
+    help->Tell(Frame8, u"Tip: Double click on the report to zoom in further."_s);
+    help->Follow_Focus(*this);
 }
 
 } // namespace printing

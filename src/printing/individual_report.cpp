@@ -127,6 +127,7 @@ void Form94::Tell_Helps() {
         u"You can enlarge or shrink the view in the Print Preview window which shows what the printout will look like when it has been printed."_s;
     help->Tell(Preview, previewing);
     help->Tell(Preview->viewport(), previewing);
+    help->Follow_Focus(*this);
 }
 
 } // namespace printing

@@ -24,6 +24,7 @@ Report_Page::Report_Page(desktop::Platform& platform, shell::Navigator& navigato
 void Report_Page::Make_Preview(const QRect& place) {
     Preview = new preview::Preview_Window(ViewPro1, platform.printers, platform.clipboard, Frame1);
     Preview->setObjectName(u"ViewPro1"_s);
+    Preview->setProperty("preview", true);
     Preview->setGeometry(place);
 }
 

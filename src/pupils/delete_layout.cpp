@@ -68,12 +68,14 @@ void Form9::Lay_Out_Group_Deletion() {
     QGroupBox* frame2 = Make_Panel(u"Frame2"_s, u"Group deletion"_s, {Right, 290, Right_Width, 196}, Frame1);
     Make_Label(u"Label20"_s, u"Choose a Group below:"_s, Text_Role::Body, {16, 30, 298, 24}, frame2);
     Combo1 = Make_Combo(u"Combo1"_s, u"Group"_s, {16, 58, 298, 36}, frame2);
+    Combo1->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
     Make_Label(u"Label9"_s, u"Number of individuals:"_s, Text_Role::Body, {16, 102, 220, 28}, frame2);
     Label7 = Make_Number(u"Label7"_s, {244, 102, 70, 28}, frame2);
     HotLabel5 = Make_HotLabel(
         u"HotLabel5"_s, u"Delete all from group"_s, {16, 140, 298, 40}, [this] { Delete_Group_Action(); },
         shell::HotLabel::Look::Command, frame2);
+    HotLabel5->setAccessibleDescription(u"Deletes the pupils of the chosen group, once you have agreed."_s);
 }
 
 void Form9::Tell_Helps() {
@@ -89,6 +91,7 @@ void Form9::Tell_Helps() {
         "Press Ctrl key and click on a highlighted name to remove it from the deletion list"_s;
     for (QWidget* surface : {static_cast<QWidget*>(ListView1), ListView1->viewport()})
         help->Tell(surface, how_to_choose);
+    help->Follow_Focus(*this);
 }
 
 } // namespace pupils

@@ -36,8 +36,8 @@ void Form15::Lay_Out() {
     QLabel* label12 =
         Make_Label(u"Label12"_s, u"Select individual"_s, Text_Role::Heading, {Left, 66, 140, Row_Height});
     Combo1 = Make_Combo(u"Combo1"_s, label12->text(), {Left + 146, 66, 414, Row_Height}, Frame1);
+    Combo1->setAccessibleDescription(u"The pupil whose details and tests the page shows."_s);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
-    Grey_What_Is_Disabled(Frame1);
     Lay_Out_Personal_Details();
     Lay_Out_Retesting();
     Lay_Out_Legend();
@@ -105,9 +105,7 @@ void Form15::Lay_Out_Retesting() {
     Shape1 = new QFrame(Frame1);
     Shape1->setObjectName(u"Shape1"_s);
     Shape1->setGeometry(box.adjusted(0, 8, 0, 0));
-    Shape1->setStyleSheet(
-        u"QFrame#Shape1 { background: %1; border: 1px solid %2; border-radius: 8px; }"_s.arg(
-            shell::colours::Disabled_Ground.name(), shell::colours::Edge.name()));
+    Shape1->setProperty("panel", true);
 
     Frame4 = Make_Panel(u"Frame4"_s, u"Allow selective retesting"_s,
                         {box.x() + 16, box.y() + 20, box.width() - 32, 290}, Frame1);
@@ -177,6 +175,9 @@ void Form15::Tell_Helps() {
     help->Tell(Label8, u"Edit the date of birth using the three drop down lists"_s);
     help->Tell(Text3, u"Enter your last name(s) in the upper box"_s);
     help->Tell(Text4, u"Enter your first name(s) in the second box down"_s);
+    help->Stands_For(Label1, {sex->Combo5});
+    help->Stands_For(Label8, {birth->Combo2, birth->Combo3, birth->Combo4});
+    help->Follow_Focus(*this);
 }
 
 } // namespace pupils

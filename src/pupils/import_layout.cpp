@@ -32,6 +32,7 @@ void Form42::Lay_Out() {
                                   [this] { PreviewImport_Click(); });
     Text1 = Make_Entry(u"Text1"_s, u"File to import"_s, {Left + 162, row, 530, height}, Frame1);
     Text1->setReadOnly(true);
+    Text1->setAccessibleDescription(u"The file that was previewed last."_s);
     HotLabel3 = Make_HotLabel(u"HotLabel3"_s, u"Import all "_s, {Left + 704, row, 136, height},
                               [this] { HotLabel3_Click(); });
     HotLabel4 = Make_HotLabel(u"HotLabel4"_s, u"Print out"_s, {Left + 852, row, 136, height},
@@ -60,6 +61,7 @@ void Form42::Lay_Out_Grid() {
     Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(std::size(columns)),
                                  grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setAccessibleName(u"Preview of the individuals to import"_s);
+    Spread1->setAccessibleDescription(u"One row for each line of the file."_s);
     Spread1->setGeometry(Left, 162, Whole_Width, 380);
     int number = 0;
     for (const Column& column : columns) {
@@ -82,6 +84,7 @@ void Form42::Tell_Helps() {
     help->Tell(
         PreviewImport,
         u"Preview allows you to do a dry run and check that the import file is in the correct format."_s);
+    help->Follow_Focus(*this);
 }
 
 } // namespace pupils

@@ -1,20 +1,8 @@
 #include "pupils/list_view.h"
 
-#include "shell/conventions/theme.h"
-
 #include <QHeaderView>
 
-using namespace Qt::StringLiterals;
-
 namespace pupils {
-
-static QString Look() {
-    using namespace shell::colours;
-    return u"QTreeWidget { border: 1px solid %1; } QTreeWidget::item { padding: 5px 0; } "
-           "QTreeWidget::item:selected { background: %2; color: white; } "
-           "QHeaderView::section { background: %3; border: none; border-right: 1px solid %1; "
-           "padding: 6px 5px; font-weight: 600; }"_s.arg(Edge.name(), Accent.name(), Hover_Ground.name());
-}
 
 List_View::List_View(const QString& name, QWidget* parent) : QTreeWidget(parent) {
     setObjectName(name);
@@ -25,7 +13,6 @@ List_View::List_View(const QString& name, QWidget* parent) : QTreeWidget(parent)
     setAllColumnsShowFocus(true);
     setTabKeyNavigation(false);
     header()->setSectionsMovable(false);
-    setStyleSheet(Look());
 }
 
 void List_View::Clear() {

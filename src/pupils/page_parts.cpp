@@ -2,8 +2,7 @@
 
 #include "shell/conventions/theme.h"
 
-#include <QAbstractScrollArea>
-#include <QMouseEvent>
+#include <QButtonGroup>
 
 using namespace Qt::StringLiterals;
 
@@ -46,8 +45,14 @@ static QRadioButton* Make_Option(const QString& name, const QString& caption, co
 
 Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QString& question,
                    const QPoint& corner, QWidget* parent) {
-    return {Make_Option(yes_name, u"Yes"_s, question, corner, parent),
-            Make_Option(no_name, u"No"_s, question, corner + QPoint(76, 0), parent)};
+    const Yes_No pair{Make_Option(yes_name, u"Yes"_s, question, corner, parent),
+                      Make_Option(no_name, u"No"_s, question, corner + QPoint(76, 0), parent)};
+    // Without a group of their own they would be one with those of the panels inside their parent, and take
+    // these off the Tab key's way.
+    auto* group = new QButtonGroup(parent);
+    group->addButton(pair.yes);
+    group->addButton(pair.no);
+    return pair;
 }
 
 QLabel* Make_Number(const QString& name, const QRect& place, QWidget* parent) {
@@ -65,36 +70,11 @@ QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent
     return label;
 }
 
-namespace {
-
-// A move over a control comes to its panel as well, when the control has no use for it; it isn't the panel's.
-class Panel_Help_Line final : public shell::Help_Line {
-public:
-    using Help_Line::Help_Line;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        const bool over_a_control =
-            event->type() == QEvent::MouseMove && !qobject_cast<QAbstractScrollArea*>(watched) &&
-            static_cast<QWidget*>(watched)->childAt(static_cast<QMouseEvent*>(event)->pos());
-        return !over_a_control && Help_Line::eventFilter(watched, event);
-    }
-};
-
-} // namespace
-
 shell::Help_Line* Help_In(QLabel* label, QObject* owner) {
-    return new Panel_Help_Line(owner, [label](const QString& text) {
+    return new shell::Help_Line(owner, [label](const QString& text) {
         QString lines = text;
         label->setText(lines.replace(u'\r', u'\n')); // a label breaks its lines at line feeds only
     });
-}
-
-void Grey_What_Is_Disabled(QWidget* surface) {
-    using namespace shell::colours;
-    surface->setStyleSheet(
-        u"QLineEdit:disabled { background: %1; border-color: %2; color: %3; } QComboBox:disabled { color: %3; }"_s
-            .arg(Disabled_Ground.name(), Faint_Edge.name(), Quiet_Text.name()));
 }
 
 void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,

@@ -23,7 +23,7 @@ struct Yes_No {
     void Set(bool value) const { (value ? yes : no)->setChecked(true); }
 };
 
-// The two stand side by side from the corner on. They alone may be option buttons of their parent's.
+// The two stand side by side from the corner on.
 Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QString& question,
                    const QPoint& corner, QWidget* parent);
 
@@ -37,9 +37,6 @@ QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent
 
 // The help line that speaks through the label.
 shell::Help_Line* Help_In(QLabel* label, QObject* owner);
-
-// Lets entries and lists on the surface look disabled while they are.
-void Grey_What_Is_Disabled(QWidget* surface);
 
 // Reads all pupils by their names into the lists and the box to choose from. `take` fills what the page needs
 // of the row at hand at place p.

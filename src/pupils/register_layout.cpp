@@ -33,10 +33,10 @@ void Form10::Lay_Out() {
     Label5 = Make_Help_Label(u"Label5"_s, {Left, 476, Whole_Width, 64}, Frame1);
 }
 
-static QFrame* Make_Shape(const QString& name, const QString& style, const QRect& place, QWidget* parent) {
+static QFrame* Make_Shape(const QString& name, const QString& part, const QRect& place, QWidget* parent) {
     auto* shape = new QFrame(parent);
     shape->setObjectName(name);
-    shape->setStyleSheet(style);
+    shape->setProperty("progress", part);
     shape->setGeometry(place);
     shape->hide();
     return shape;
@@ -82,13 +82,8 @@ void Form10::Lay_Out_Details() {
 
     // 4320 by 255 twips, and a fill that starts 15 wide.
     const QRect outline(entry_left, 306, 288, 17);
-    Shape1 = Make_Shape(u"Shape1"_s,
-                        u"background: %1; border: 1px solid %2; border-radius: 3px;"_s.arg(
-                            shell::colours::Card.name(), shell::colours::Edge.name()),
-                        outline, details);
-    Shape2 =
-        Make_Shape(u"Shape2"_s, u"background: %1; border-radius: 3px;"_s.arg(shell::colours::Accent.name()),
-                   {outline.topLeft(), QSize(1, outline.height())}, details);
+    Shape1 = Make_Shape(u"Shape1"_s, u"outline"_s, outline, details);
+    Shape2 = Make_Shape(u"Shape2"_s, u"fill"_s, {outline.topLeft(), QSize(1, outline.height())}, details);
 }
 
 void Form10::Lay_Out_Session() {
@@ -132,6 +127,8 @@ void Form10::Tell_Helps() {
     help->Tell(Label8, u"Create the pupil's date of birth using the three drop down lists"_s);
     help->Tell(Text3, u"Enter your last name(s) in the upper box"_s);
     help->Tell(Text4, u"Enter your first name(s) in the second box down"_s);
+    help->Stands_For(Label8, {birth->Combo2, birth->Combo3, birth->Combo4});
+    help->Follow_Focus(*this);
 }
 
 } // namespace pupils

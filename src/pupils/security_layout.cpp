@@ -40,13 +40,13 @@ void Form2::Lay_Out() {
     Spread1 = new grid::fpSpread(u"Spread1"_s, 6, grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setGeometry(Left, 90, Left_Width, 340);
     Spread1->setAccessibleName(caption);
+    Spread1->setAccessibleDescription(u"One row for each pupil."_s);
     int column = 0;
-    for (const int width : {128, 184, 92, 140, 128, 86})
+    for (const int width : {128, 178, 92, 138, 136, 86})
         Spread1->Set_ColWidth(++column, width);
     for (const int words : {2, 4, 5})
         Spread1->Set_Left_Aligned(words);
 
-    Grey_What_Is_Disabled(Frame1);
     Lay_Out_Individual();
     Lay_Out_Group_Settings();
     Lay_Out_Group_Names();
@@ -191,6 +191,16 @@ void Form2::Tell_Helps() {
                u"updated for ALL individuals who are allocated to the group "_s +
                Combo2->currentText() + u'.';
     });
+    const auto stands_for = [&](const char16_t* caption, std::initializer_list<QWidget*> controls) {
+        help->Stands_For(findChild<QWidget*>(QString::fromUtf16(caption)), controls);
+    };
+    stands_for(u"Label1", {Show_Group.yes, Show_Group.no});
+    stands_for(u"Label4", {Combo3});
+    stands_for(u"Label5", {Text2});
+    stands_for(u"Label6", {Text3});
+    stands_for(u"Label10", {Combo2});
+    stands_for(u"Label15", {Group_Uses_Dob.yes, Group_Uses_Dob.no});
+    help->Follow_Focus(*this);
 }
 
 } // namespace pupils

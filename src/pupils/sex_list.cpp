@@ -9,6 +9,7 @@ namespace pupils {
 Sex_List::Sex_List(QWidget* page, QWidget* parent, desktop::Platform& platform)
     : QObject(page), Combo5(new shell::Click_Combo(u"Combo5"_s, parent)), Text5(new QLineEdit(parent)) {
     Combo5->setAccessibleName(u"Gender"_s);
+    Combo5->setAccessibleDescription(u"Male or female."_s);
     Text5->setObjectName(u"Text5"_s);
     Text5->setFocusProxy(Combo5);
     Text5->hide();

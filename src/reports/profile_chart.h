@@ -20,6 +20,29 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
+enum class Measure { Accuracy, Time };
+
+// A bar, or a piece of one for the key. Those of times are hatched, so that nobody needs to tell red from
+// blue.
+QFrame* Make_Bar(const QString& name, Measure measure, QWidget* parent);
+
+// A test's column as the keyboard and a screen reader meet it: an item of a list, in words. One of the eight
+// is on the way of the Tab key; the arrow keys lead to the others.
+class Chart_Row final : public QWidget {
+    Q_OBJECT
+public:
+    Chart_Row(const QString& name, QWidget* parent);
+    void Tell(const QString& words) { setAccessibleName(words); }
+
+Q_SIGNALS:
+    void Left_By(int key);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+};
+
 // The chart's ground with its bars, all of them controls of their own: Shape1 to Shape8 for accuracy,
 // Shape12(0) to Shape12(7) for time, Image12 and Image13 the marks of the first two tests.
 // t is the test, from 1 to 8.
@@ -43,15 +66,17 @@ public:
     Terminated_Mark* Image13;
 
     static void Place(QFrame* bar, const Bar& place);
-    // Tells a screen reader what the chart shows.
-    void Describe(const QString& text) { setAccessibleDescription(text); }
+    Chart_Row* Row(int t) const { return rows[static_cast<std::size_t>(t)]; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void Move_From(int t, int key);
+
     std::array<QFrame*, 9> accuracy{};
     std::array<QFrame*, 9> time{};
+    std::array<Chart_Row*, 9> rows{};
     QPixmap ground;
 };
 

@@ -38,10 +38,12 @@ Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_
     Tell_Helps();
 }
 
-static QFrame* Make_Patch(const QString& name, const QColor& colour, const QRect& place, QWidget* parent) {
+// A piece that the style sheet colours by its kind.
+static QFrame* Make_Patch(const QString& name, const char* kind, const QVariant& value, const QRect& place,
+                          QWidget* parent) {
     auto* patch = new QFrame(parent);
     patch->setObjectName(name);
-    patch->setStyleSheet(u"background: %1; border-radius: 2px;"_s.arg(colour.name()));
+    patch->setProperty(kind, value);
     patch->setGeometry(place);
     return patch;
 }
@@ -53,14 +55,15 @@ void Form30::Lay_Out() {
     Label7 = Make_HotLabel(
         u"Label7"_s, u""_s, {Chart_Corner.x(), 552, Profile_Chart::Size.width(), 52},
         [this] { Label7_Click(); }, HotLabel::Look::Strip);
+    Show_In_Label7(u""_s);
     const QRect below(Chart_Corner.x(), 612, Profile_Chart::Size.width(), 22);
     Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, below.adjusted(0, 0, -80, 0));
     Label17 = Make_Label(u"Label17"_s, u""_s, Text_Role::Quiet, below.adjusted(below.width() - 80, 0, 0, 0));
     Label17->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     const QRect track(Left, 644, Whole_Progress, 4);
-    Make_Patch(u"Shape11_track"_s, shell::colours::Faint_Edge, track, Frame1);
+    Make_Patch(u"Shape11_track"_s, "progress", u"track"_s, track, Frame1);
     Shape11 =
-        Make_Patch(u"Shape11"_s, shell::colours::Accent, {track.topLeft(), QSize(1, track.height())}, Frame1);
+        Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {track.topLeft(), QSize(1, track.height())}, Frame1);
 }
 
 static QGroupBox* Make_Group(const QString& caption, const QRect& place, QWidget* parent) {
@@ -98,6 +101,7 @@ void Form30::Lay_Out_Left_Panel() {
     Combo1 = new shell::Click_Combo(u"Combo1"_s, Frame1);
     Combo1->setGeometry(Left, 98, Left_Width, 36);
     Combo1->setAccessibleName(u"Pupils"_s);
+    Combo1->setAccessibleDescription(u"The pupil whose results the page shows."_s);
     Combo1->setMaxVisibleItems(24);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
 
@@ -180,15 +184,20 @@ void Form30::Lay_Out_Chart() {
     Image2->show();
 
     Picture2 = new Profile_Chart(u"Picture2"_s, Frame1);
+    Picture2->setAccessibleDescription(
+        u"The pupil's scores by test; the arrow keys go from one to the next."_s);
     Picture2->move(Chart_Corner);
 
     for (std::size_t i = 0; i < BtnEnh.size(); ++i) {
         const int t = static_cast<int>(i) + 1;
-        const int left = chart + Profile_Chart::Column_Left(t) - 8;
-        BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, {left, 450, 80, 52},
+        // Each under its bars; Pindo, which has none, apart from them.
+        const QRect place = t == scoring::test_index::Pindo
+                                ? QRect(Right, 450, Right_Width, 52)
+                                : QRect(chart + Profile_Chart::Column_Left(t) - 8, 450, 80, 52);
+        BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, place,
                                   [this, t] { Test_Button_Click(t); });
-        Shape10[i] =
-            Make_Patch(u"Shape10(%1)"_s.arg(i), shell::colours::Focus, {left + 8, 505, 64, 4}, Frame1);
+        Shape10[i] = Make_Patch(u"Shape10(%1)"_s.arg(i), "marker", true,
+                                {place.x() + 8, 505, place.width() - 16, 4}, Frame1);
         Shape10[i]->hide();
     }
     Lay_Out_Key({chart, 517});
@@ -202,6 +211,7 @@ void Form30::Lay_Out_Tables() {
                                        int row_height, int height, std::initializer_list<int> widths) {
         auto* made = new grid::fpSpread(name, static_cast<int>(widths.size()), rows, Frame1);
         made->setAccessibleName(described);
+        made->setAccessibleDescription(u"The first row has the headings."_s);
         made->setGeometry(QRect(corner, QSize(764, height)));
         made->verticalHeader()->setDefaultSectionSize(row_height);
         int column = 1;
@@ -212,11 +222,14 @@ void Form30::Lay_Out_Tables() {
         return made;
     };
     const QString answers = u"The pupil's answers, item by item"_s;
-    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 34,
-                      10 * 34 + 6, {104, 52, 58, 54, 62, 76, 90, 92, 86, 84});
-    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {104, 160, 170, 100, 100, 106});
+    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 39,
+                      Chart_Height, {112, 54, 68, 58, 66, 62, 72, 76, 96, 92});
+    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {112, 164, 164, 100, 100, 104});
     fpSpread2plus =
-        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {74, 140, 80, 100, 110, 102, 66, 62});
+        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {79, 124, 92, 100, 112, 100, 72, 67});
+    // Headings of two lines.
+    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * 39);
+    fpSpread2plus->verticalHeader()->resizeSection(0, 42);
     for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
         shell::On(closing, &grid::fpSpread::Double_Click, this, platform, [this, closing] {
             closing->hide();
@@ -227,15 +240,15 @@ void Form30::Lay_Out_Tables() {
 void Form30::Lay_Out_Key(const QPoint& corner) {
     Key = new QWidget(Frame1);
     Key->setGeometry({corner, QSize(220, 22)});
-    const auto entry = [this](const QColor& colour, const QString& caption, int left) {
+    const auto entry = [this](Measure measure, const QString& caption, int left) {
         auto* part = new QWidget(Key);
         part->setGeometry(left, 0, 110, 22);
-        Make_Patch(u"Key_patch"_s, colour, {0, 4, 14, 14}, part);
+        Make_Bar(u"Key_patch"_s, measure, part)->setGeometry(0, 3, 16, 16);
         Make_Label(u"Key_label"_s, caption, Text_Role::Quiet, {22, 0, 84, 22}, part);
         return part;
     };
-    entry(shell::colours::Accuracy_Bar, u"Accuracy"_s, 0);
-    Time_Key = entry(shell::colours::Time_Bar, u"Time"_s, 110);
+    entry(Measure::Accuracy, u"Accuracy"_s, 0);
+    Time_Key = entry(Measure::Time, u"Time"_s, 110);
 }
 
 void Form30::Lay_Out_Right_Panel() {
@@ -254,7 +267,7 @@ void Form30::Lay_Out_Right_Panel() {
 }
 
 void Form30::Tell_Helps() {
-    auto* help = new shell::Help_Line(this, [this](const QString& text) { Label7->Set_Caption(text); });
+    auto* help = new shell::Help_Line(this, [this](const QString& text) { Show_In_Label7(text); });
     help->Tell(HotLabel1, u"Return to the Mevo main menu"_s);
     help->Tell(HotLabel2, u"Show or hide the bars showing time scores (higher scores are faster)"_s);
     help->Tell(HotLabel3,
@@ -282,6 +295,9 @@ void Form30::Tell_Helps() {
     for (std::size_t i = 0; i < std::size(names); ++i)
         help->Tell(BtnEnh[i], detailed.arg(names[i]));
     help->Tell(BtnEnh[8], u"Detailed data for Pindo (colour discrimination) test"_s);
+    help->Stands_For(Picture2->Image12, {Picture2->Row(scoring::test_index::Tolvens)});
+    help->Stands_For(Picture2->Image13, {Picture2->Row(scoring::test_index::Bliks_Friends)});
+    help->Follow_Focus(*this);
 }
 
 } // namespace reports

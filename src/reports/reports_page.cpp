@@ -60,7 +60,7 @@ void Form30::Load_Students() {
     if (pupils.Pupils_Listed > 0)
         Combo1->Set_ListIndex(0);
     else
-        Label7->Set_Caption(u"No reports are available as yet"_s);
+        Show_In_Label7(u"No reports are available as yet"_s);
 }
 
 // ---- choosing a pupil
@@ -108,7 +108,7 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     scoring::Fill_SummaryTable_With_Ages(p, pupils, state.summary);
     Show_Summary_Cells();
     Load_Comment(p, pupils, installation, holder, state.comment);
-    Describe_Chart(p);
+    Describe_Chart();
     Show_Progress_Width(1);
 }
 
@@ -298,6 +298,7 @@ void Form30::ShowCentiles_Click() {
     Show_Centile_Bars(Raw_Centiles());
     if (state.Show_Time_Bars) Show_Time_Centile_Bars(Time_Centiles());
     TerminatedTests(); // the marks stand on the bars, wherever these went
+    Describe_Chart();
 }
 
 void Form30::ShowZScores_Click() {
@@ -305,6 +306,7 @@ void Form30::ShowZScores_Click() {
     Show_ZScore_Bars(Raw_Centiles());
     if (state.Show_Time_Bars) Show_Time_ZScore_Bars(Time_Centiles());
     TerminatedTests();
+    Describe_Chart();
 }
 
 void Form30::Change_Background(const QString& ground) {
@@ -323,6 +325,15 @@ void Form30::ShowWhite_Click() {
 }
 
 // ---- chart and tables
+
+// The line is on the way of the keys only while it leads somewhere.
+void Form30::Show_In_Label7(const QString& text) {
+    Label7->Set_Caption(text);
+    const bool leads_back = text == Way_Back;
+    Label7->setFocusPolicy(leads_back ? Qt::StrongFocus : Qt::NoFocus);
+    Label7->setAccessibleName(leads_back ? text : u"Help"_s);
+    Label7->setAccessibleDescription(leads_back ? u"Back from the table to the chart."_s : text);
+}
 
 void Form30::Hide_Any_Tables() {
     for (grid::fpSpread* table : {fpSpread1, fpSpread2, fpSpread2plus})
@@ -374,18 +385,38 @@ void Form30::Show_Summary_Cells() {
             fpSpread1->Set_Text(column, row, state.summary(row, column));
 }
 
+QString Form30::Words_For(int t) const {
+    const bool z = state.Chart_Mode == "Z"_L1;
+    const int p = state.Current_Pupil;
+    const auto cell = [this, t](int number) {
+        return state.summary(scoring::Summary_Row(t), number).simplified();
+    };
+    QString words = scoring::Test_At(t).Test_Name + u": "_s;
+    if (pupils.Test_Status[t][p] == 0) return words + u"not taken"_s;
+    namespace column = scoring::summary_column;
+    const QString score = cell(z ? column::ZScore : column::Centile);
+    words += score.isEmpty() ? u"no score for this age"_s : (z ? u"z-score "_s : u"centile "_s) + score;
+    if (const QString age = cell(column::Test_Age); !age.isEmpty()) words += u", age at test "_s + age;
+    if (const QString time = cell(z ? column::Time_ZScore : column::Time_Centile);
+        state.Show_Time_Bars && !time.isEmpty())
+        words += (z ? u", time z-score "_s : u", time centile "_s) + time;
+    return words + (Is_Terminated(t) ? u", terminated"_s : QString());
+}
+
+bool Form30::Is_Terminated(int t) const {
+    return (t == scoring::test_index::Tolvens && scoring.scores.Tolvens_Terminated) ||
+           (t == scoring::test_index::Bliks_Friends && scoring.scores.Friends_Terminated);
+}
+
 // What the bars show, in words, for a reader who doesn't see them.
-void Form30::Describe_Chart(int p) {
-    QStringList rows;
+void Form30::Describe_Chart() {
     for (int t = 1; t <= 8; ++t) {
-        const QString name = scoring::Test_At(t).Test_Name;
-        if (pupils.Test_Status[t][p] == 0)
-            rows.append(name + u": not taken"_s);
-        else
-            rows.append(name + u": centile "_s +
-                        state.summary(scoring::Summary_Row(t), scoring::summary_column::Centile));
+        Picture2->Row(t)->Tell(Words_For(t));
+        const Terminated_Mark* mark =
+            t == scoring::test_index::Tolvens ? Picture2->Image12 : Picture2->Image13;
+        Picture2->Row(t)->setAccessibleDescription(Is_Terminated(t) ? mark->accessibleDescription()
+                                                                    : QString());
     }
-    Picture2->Describe(rows.join(u"; "_s));
 }
 
 // ---- entries
@@ -398,6 +429,7 @@ void Form30::HotLabel2_Click() {
     Toggle_Show_TimeBars(state.Current_Pupil);
     Show_Time_Flag();
     TerminatedTests();
+    Describe_Chart();
 }
 
 void Form30::HotLabel3_Click() {
@@ -432,7 +464,7 @@ void Form30::Label7_Click() {
     Hide_All_Objects();
     Show_8_Buttons();
     Show_Chart(true);
-    Label7->Set_Caption(u""_s);
+    Show_In_Label7(u""_s);
 }
 
 void Form30::PrintIcon_Click() {
@@ -488,7 +520,7 @@ void Form30::Open_Detail_Table(int t) {
     Show_Chart(false);
     Offer_Printing(true);
     // One entry's text differs; so with that table the line doesn't lead back.
-    Label7->Set_Caption(t == scoring::test_index::Yoon ? u"Detailed data for the Ostrel test"_s : Way_Back);
+    Show_In_Label7(t == scoring::test_index::Yoon ? u"Detailed data for the Ostrel test"_s : Way_Back);
 }
 
 bool Form30::Is_Done(int t) const {
@@ -524,7 +556,7 @@ void Form30::HotLabel7_Click() {
     Label3->setText(u"Test Summary for "_s + state.Pupil_Name);
     fpSpread1->show();
     Offer_Printing(true);
-    Label7->Set_Caption(Way_Back);
+    Show_In_Label7(Way_Back);
 }
 
 } // namespace reports

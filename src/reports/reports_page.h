@@ -98,7 +98,10 @@ private:
     void Offer_Printing(bool offered); // PrintIcon and its caption
     bool Is_Done(int t) const;
     void Show_Summary_Cells();
-    void Describe_Chart(int p);
+    void Describe_Chart();
+    QString Words_For(int t) const; // a row of the chart
+    bool Is_Terminated(int t) const;
+    void Show_In_Label7(const QString& text);
     void Show_Progress_Width(int width);
     scoring::Progress_Strip Progress();
     Eight_Centiles Raw_Centiles() const;

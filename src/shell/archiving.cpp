@@ -80,8 +80,12 @@ void Form60::Lay_Out() {
     HotLabel5 = entry(u"HotLabel5"_s, u"Start a clean database (destructively)"_s, 1, 1,
                       [this] { HotLabel5_Click(); });
 
+    for (HotLabel* destructive : {HotLabel4, HotLabel5})
+        destructive->Set_Icon(u"caution"_s);
+
     auto* progress = new QProgressBar(Frame1);
     progress->setObjectName(u"pbrProgressBar"_s);
+    progress->setAccessibleName(u"Progress of the archiving"_s);
     progress->setFormat(u"Please wait...saving archive"_s);
     progress->setGeometry(Left + Column_Width + 16, 283, 280, 28);
     progress->hide(); // nothing drives it: a copy is over before it could move

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-constexpr QSize Frame_Size{1000, 640};
+constexpr QSize Frame_Size{1000, 632};
 
 Form77::Form77(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
                Menu_Counts& counts)
@@ -27,46 +27,56 @@ void Form77::Lay_Out() {
     Label6->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Label5 = Make_Label(u"Label5"_s, u"Viewing Mode in use"_s, Text_Role::Badge, {760, 66, 200, 34});
     Label5->setAlignment(Qt::AlignCenter);
-    Label4 = Make_Label(u"Label4"_s, u""_s, Text_Role::Notice, {40, 344, 920, 34});
+    Label4 = Make_Label(u"Label4"_s, u""_s, Text_Role::Notice, {40, 334, 920, 36});
     Label4->hide();
 
     // Three columns: the results, the pupils, the database. The order down and across is the tab order.
-    const auto entry = [this](const char16_t* name, const QString& caption, int column, int row,
-                              std::function<void()> click) {
-        const QRect place(40 + column * 312, 128 + row * 70, 296, 58);
+    const auto entry = [this](const char16_t* name, const QString& caption, const QString& icon, int column,
+                              int row, std::function<void()> click) {
+        const QRect place(40 + column * 312, 122 + row * 68, 296, 58);
         HotLabel* made =
             Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click), HotLabel::Look::Entry);
-        made->setAccessibleName(caption);
+        made->Set_Icon(icon);
         return made;
     };
     const auto going_to = [this](Page_Id page) { return [this, page] { navigator.Go_To(page); }; };
     const auto on_top = [this](Page_Id page) { return [this, page] { navigator.Open_On_Top(page); }; };
-    HotLabel1 = entry(u"HotLabel1", u"Reports"_s, 0, 0, going_to(Page_Id::Reports));
-    HotLabel7 = entry(u"HotLabel7", u"Testing progress"_s, 0, 1, on_top(Page_Id::Testing_Progress));
-    HotLabel5 = entry(u"HotLabel5", u"Fine tuning"_s, 0, 2, going_to(Page_Id::Fine_Tuning));
-    HotLabel4 = entry(u"HotLabel4", u"Register individuals"_s, 1, 0, going_to(Page_Id::Register));
-    HotLabel2 = entry(u"HotLabel2", u"Import from file"_s, 1, 1, going_to(Page_Id::Import));
-    HotLabel3 = entry(u"HotLabel3", u"Delete individuals"_s, 1, 2, going_to(Page_Id::Delete));
-    HotLabel14 = entry(u"HotLabel14", u"Security"_s, 2, 0, going_to(Page_Id::Security));
-    HotLabel8 = entry(u"HotLabel8", u"Archiving"_s, 2, 1, going_to(Page_Id::Archiving));
-    HotLabel6 = entry(u"HotLabel6", u"Settings"_s, 2, 2, on_top(Page_Id::Settings));
+    HotLabel1 = entry(u"HotLabel1", u"Reports"_s, u"reports"_s, 0, 0, going_to(Page_Id::Reports));
+    HotLabel7 =
+        entry(u"HotLabel7", u"Testing progress"_s, u"progress"_s, 0, 1, on_top(Page_Id::Testing_Progress));
+    HotLabel5 = entry(u"HotLabel5", u"Fine tuning"_s, u"tuning"_s, 0, 2, going_to(Page_Id::Fine_Tuning));
+    HotLabel4 =
+        entry(u"HotLabel4", u"Register individuals"_s, u"register"_s, 1, 0, going_to(Page_Id::Register));
+    HotLabel2 = entry(u"HotLabel2", u"Import from file"_s, u"import"_s, 1, 1, going_to(Page_Id::Import));
+    HotLabel3 = entry(u"HotLabel3", u"Delete individuals"_s, u"delete"_s, 1, 2, going_to(Page_Id::Delete));
+    HotLabel14 = entry(u"HotLabel14", u"Security"_s, u"security"_s, 2, 0, going_to(Page_Id::Security));
+    // The help line has no text for it; a screen reader has.
+    HotLabel14->setAccessibleDescription(u"Arrange groups, and how each pupil logs in."_s);
+    HotLabel8 = entry(u"HotLabel8", u"Archiving"_s, u"archiving"_s, 2, 1, going_to(Page_Id::Archiving));
+    HotLabel6 = entry(u"HotLabel6", u"Settings"_s, u"settings"_s, 2, 2, on_top(Page_Id::Settings));
 
     auto* frame2 = new QGroupBox(u"Documentation"_s, Frame1);
     frame2->setObjectName(u"Frame2"_s);
-    frame2->setGeometry(40, 388, 608, 100);
+    frame2->setGeometry(40, 380, 608, 104);
     HotLabel11 = Make_HotLabel(
-        u"HotLabel11"_s, u"Teacher's Manual (htm)"_s, {16, 34, 280, 48}, [this] { HotLabel11_Click(); },
+        u"HotLabel11"_s, u"Teacher's Manual (htm)"_s, {16, 34, 280, 54}, [this] { HotLabel11_Click(); },
         HotLabel::Look::Entry, frame2);
     HotLabel12 = Make_HotLabel(
-        u"HotLabel12"_s, u"Software Guide (htm)"_s, {312, 34, 280, 48}, [this] { HotLabel12_Click(); },
+        u"HotLabel12"_s, u"Software Guide (htm)"_s, {312, 34, 280, 54}, [this] { HotLabel12_Click(); },
         HotLabel::Look::Entry, frame2);
-    HotLabel13 =
-        Make_HotLabel(u"HotLabel13"_s, u"Quit"_s, {664, 422, 296, 48}, [this] { HotLabel13_Click(); });
+    HotLabel13 = Make_HotLabel(
+        u"HotLabel13"_s, u"Quit"_s, {664, 414, 296, 54}, [this] { HotLabel13_Click(); },
+        HotLabel::Look::Entry);
+    for (HotLabel* manual : {HotLabel11, HotLabel12})
+        manual->Set_Icon(u"manual"_s);
+    HotLabel13->Set_Icon(u"quit"_s);
 }
 
 void Form77::Tell_Helps() {
-    const auto [label, help] = Make_Help(u"Label3"_s, {40, 524, 920, 76});
+    const auto [label, help] = Make_Help(u"Label3"_s, {40, 516, 920, 76});
     Label3 = label;
+    for (QLabel* told : {Label3, Label5})
+        told->setFocusPolicy(Qt::TabFocus); // they have a text to tell
     help->Clear_Over(this);
     help->Clear_Over(Frame1);
     help->Tell(Label3, [this] {

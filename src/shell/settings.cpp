@@ -31,7 +31,9 @@ void Form20::Lay_Out() {
         auto* frame = new QGroupBox(caption, Frame1);
         frame->setObjectName(frame_name);
         frame->setGeometry(place);
-        return Make_Label(name, u""_s, Text_Role::Heading, {16, 34, place.width() - 32, 34}, frame);
+        QLabel* shown = Make_Label(name, u""_s, Text_Role::Fact, {10, 36, place.width() - 20, 36}, frame);
+        shown->setFocusPolicy(Qt::TabFocus); // it has a text to tell
+        return shown;
     };
     lblVersion =
         framed(u"Frame2"_s, u"Software version"_s, u"lblVersion"_s, {Left, 88, Whole_Width / 2 - 8, 84});

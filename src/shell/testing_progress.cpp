@@ -26,7 +26,7 @@ const QList<Progress_Column>& Columns() {
     constexpr int mark = 76;
     static const QList<Progress_Column> columns{
         {u"User ID"_s, {}, 168},
-        {u"Names"_s, {}, 226},
+        {u"Names"_s, {}, 222},
         {u"DOB"_s, {}, 98},
         {u"Tolvens"_s, u"Tolvens"_s, mark},
         {u"Friends"_s, u"BliksFriends"_s, mark},
@@ -79,6 +79,7 @@ void Form14::Lay_Out() {
     Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(Columns().size()),
                                  grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setAccessibleName(windowTitle());
+    Spread1->setAccessibleDescription(u"One row for each pupil, one column for each test."_s);
     Spread1->setGeometry(Left, 100, Whole_Width, 488);
     Spread1->verticalHeader()->setDefaultSectionSize(28);
     Spread1->setWordWrap(false); // a row is one line high: what doesn't fit ends in an ellipsis
@@ -90,11 +91,15 @@ void Form14::Lay_Out() {
 
     constexpr QSize button{150, 42};
     constexpr int top = 604;
-    Make_HotLabel(u"HotLabel2"_s, u"Print out"_s,
-                  {QPoint(Left + Whole_Width - 2 * button.width() - 12, top), button},
-                  [this] { HotLabel2_Click(); });
-    Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {QPoint(Left + Whole_Width - button.width(), top), button},
-                  [this] { HotLabel1_Click(); });
+    HotLabel* print = Make_HotLabel(u"HotLabel2"_s, u"Print out"_s,
+                                    {QPoint(Left + Whole_Width - 2 * button.width() - 12, top), button},
+                                    [this] { HotLabel2_Click(); });
+    HotLabel* menu =
+        Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {QPoint(Left + Whole_Width - button.width(), top), button},
+                      [this] { HotLabel1_Click(); });
+    // The page has no help line; a screen reader is told all the same.
+    print->setAccessibleDescription(u"Prints the chart."_s);
+    menu->setAccessibleDescription(u"Return to Main Menu"_s);
 }
 
 void Form14::Load() {

@@ -35,7 +35,10 @@ void Click(const QWidget& page, const QString& name) {
 }
 
 void Point_At(const QWidget& page, const QString& name) {
-    QWidget& control = Control(page, name);
+    Point_At(Control(page, name));
+}
+
+void Point_At(QWidget& control) {
     const QPointF middle = QRectF(control.rect()).center();
     QMouseEvent move(QEvent::MouseMove, middle, control.mapToGlobal(middle), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);

@@ -29,6 +29,7 @@ bool Shown(const QWidget& page, const QString& name);      // whether it shows w
 bool Enabled(const QWidget& page, const QString& name);
 void Click(const QWidget& page, const QString& name);
 void Point_At(const QWidget& page, const QString& name); // moves the pointer over it
+void Point_At(QWidget& control);
 
 // Lets queued events and timers run until the condition holds, or five seconds have gone.
 bool Wait_Until(const std::function<bool()>& condition);

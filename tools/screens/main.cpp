@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize Common_Screen{1366, 768};
+constexpr QSize Smallest_Screen{1280, 720};
 
 // The entry that leads to a page, and the page's name. Each page's HotLabel1 leads back.
 using Way = std::pair<QString, QString>;
@@ -120,7 +120,7 @@ public:
     Walk(shell::Page_Host& window, Pictures& pictures) : window(window), pictures(pictures) {}
 
     void Through_All_Pages() {
-        window.resize(Common_Screen);
+        window.resize(Smallest_Screen);
         window.show();
         Wait_For(u"Form77"_s);
         Point_At(u"HotLabel1"_s);
@@ -130,7 +130,7 @@ public:
         Require([this] { return Combo().count() > 0; }, u"the pupil list stayed empty"_s);
         Choose_A_Pupil_With_Marks();
         Through_The_Charts();
-        for (const QString& button : {u"BtnEnh11"_s, u"BtnEnh17"_s, u"BtnEnh19"_s}) {
+        for (const QString& button : {u"BtnEnh11"_s, u"BtnEnh17"_s, u"BtnEnh18"_s, u"BtnEnh19"_s}) {
             Click(button);
             pictures.Take(window, u"reports_detail_"_s + button);
         }

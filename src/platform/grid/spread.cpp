@@ -53,9 +53,6 @@ fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
     if (columns > 0) Set_Left_Aligned(1);
     horizontalHeader()->hide();
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setStyleSheet(
-        u"QHeaderView::section { background: %1; border: none; border-right: 1px solid #D0D8E0; padding: 6px 5px; }"_s
-            .arg(Heading_Ground.name()));
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(34);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -3,6 +3,7 @@
 #include "platform/preview/page_copy.h"
 #include "platform/preview/painters.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -39,11 +40,18 @@ QString Words_On(const Drawing& sheet) {
     return texts.join(u' ');
 }
 
+// To a screen reader it is a document, whose words its description has.
+QAccessibleInterface* Interface_Of(const QString&, QObject* object) {
+    auto* window = qobject_cast<Preview_Window*>(object);
+    return window ? new QAccessibleWidget(window, QAccessible::Document) : nullptr;
+}
+
 } // namespace
 
 Preview_Window::Preview_Window(ViewPro& document, desktop::Printers& printers, desktop::Clipboard& clipboard,
                                QWidget* parent)
     : QAbstractScrollArea(parent), document(document), printers(printers), clipboard(clipboard) {
+    QAccessible::installFactory(Interface_Of);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(u"Print preview"_s);
     viewport()->setCursor(Qt::OpenHandCursor);

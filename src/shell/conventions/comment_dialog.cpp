@@ -26,7 +26,8 @@ Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
         Text_Role::Body, this);
     label1->setWordWrap(true);
     Text1->setObjectName(u"Text1"_s);
-    Text1->setAccessibleName(label1->text());
+    Text1->setAccessibleName(u"Comment"_s);
+    Text1->setAccessibleDescription(label1->text());
     Text1->setTabChangesFocus(true);
     HotLabel2_Click();
     as_shown = Text1->toPlainText();
@@ -44,6 +45,10 @@ Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
         button->setMinimumSize(96, 36);
         buttons->addWidget(button);
     }
+    ok->setAccessibleDescription(u"Takes the comment over."_s);
+    undo->setAccessibleDescription(u"Brings back the comment as it was."_s);
+    clear->setAccessibleDescription(u"Empties the field."_s);
+    Give_Mnemonics(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
     column->setSpacing(12);

@@ -1,6 +1,8 @@
 #include "shell/conventions/help_line.h"
 
+#include <QAbstractScrollArea>
 #include <QFocusEvent>
+#include <QLabel>
 #include <QMouseEvent>
 
 using namespace Qt::StringLiterals;
@@ -11,9 +13,12 @@ void Help_Line::Tell(QWidget* control, const QString& text) {
     Tell(control, [text] { return text; });
 }
 
-void Help_Line::Tell(QWidget* control, std::function<QString()> text) {
+void Help_Line::Tell(QWidget* control, Text text) {
     control->setMouseTracking(true);
     control->installEventFilter(this);
+    control->setAccessibleDescription(text());
+    if (auto* label = qobject_cast<QLabel*>(control); label && label->buddy())
+        captions.insert(label->buddy(), label);
     texts.insert(control, std::move(text));
 }
 
@@ -23,6 +28,34 @@ void Help_Line::Clear_Over(QWidget* surface) {
     surfaces.append(surface);
 }
 
+void Help_Line::Stands_For(QWidget* told, std::initializer_list<QWidget*> controls) {
+    for (QWidget* control : controls) {
+        captions.insert(control, told);
+        control->installEventFilter(this);
+    }
+    if (auto* label = qobject_cast<QLabel*>(told)) label->setBuddy(*controls.begin());
+}
+
+const Help_Line::Text* Help_Line::Text_For(QWidget* control) const {
+    const auto own = texts.constFind(control);
+    if (own != texts.cend()) return &*own;
+    QWidget* caption = captions.value(control);
+    if (const auto told = texts.constFind(caption); told != texts.cend() && !caption->isHidden())
+        return &*told;
+    for (QObject* around = control->parent(); around; around = around->parent())
+        if (const auto told = texts.constFind(around); told != texts.cend()) return &*told;
+    return nullptr;
+}
+
+void Help_Line::Follow_Focus(QWidget& page) {
+    for (auto* control : page.findChildren<QWidget*>()) {
+        const Text* text = control->focusPolicy() == Qt::NoFocus ? nullptr : Text_For(control);
+        if (!text || texts.contains(control)) continue;
+        control->installEventFilter(this);
+        if (control->accessibleDescription().isEmpty()) control->setAccessibleDescription((*text)());
+    }
+}
+
 static bool By_Keyboard(const QEvent* event) {
     if (event->type() != QEvent::FocusIn) return false;
     const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
@@ -30,14 +63,25 @@ static bool By_Keyboard(const QEvent* event) {
            reason == Qt::ShortcutFocusReason;
 }
 
+void Help_Line::Show_For(QWidget* control, const Text& text) {
+    const QString now = text();
+    if (texts.contains(control)) control->setAccessibleDescription(now);
+    show(now);
+}
+
 bool Help_Line::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::MouseMove && !By_Keyboard(event)) return false;
-    if (const auto told = texts.constFind(watched); told != texts.cend()) {
-        show((*told)());
+    auto* control = static_cast<QWidget*>(watched);
+    if (By_Keyboard(event)) {
+        if (const Text* text = Text_For(control)) Show_For(control, *text);
     } else if (event->type() == QEvent::MouseMove) {
-        // A move that a control left over reaches the surface too, at the control's place.
-        auto* surface = static_cast<QWidget*>(watched);
-        if (surfaces.contains(surface) && !surface->childAt(static_cast<QMouseEvent*>(event)->pos()))
+        // A move that a control left over reaches what it stands on too, at the control's place. It isn't
+        // meant for that.
+        if (!qobject_cast<QAbstractScrollArea*>(control) &&
+            control->childAt(static_cast<QMouseEvent*>(event)->pos()))
+            return false;
+        if (const auto told = texts.constFind(watched); told != texts.cend())
+            Show_For(control, *told);
+        else if (surfaces.contains(control))
             show(u""_s);
     }
     return false;

@@ -1,22 +1,64 @@
 #include "shell/conventions/hot_label.h"
 
+#include "shell/conventions/look.h"
 #include "shell/conventions/theme.h"
 
+#include <QFile>
+#include <QHash>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QSet>
+#include <QSvgRenderer>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace shell {
 
 constexpr int Side_Margin = 16;
+constexpr int Icon_Side = 24;
+constexpr int Entry_Font = 16; // pixels
 constexpr qreal Corner = 6;
 
 HotLabel::HotLabel(const QString& name, const QString& caption, QWidget* parent, Look look)
     : QAbstractButton(parent), look(look) {
     setObjectName(name);
-    setText(caption);
-    setFocusPolicy(Qt::StrongFocus);
+    Set_Caption(caption);
+    setFocusPolicy(look == Look::Strip ? Qt::NoFocus : Qt::StrongFocus);
     setMouseTracking(true);
     setCursor(Qt::PointingHandCursor);
+}
+
+void HotLabel::Set_Caption(const QString& caption) {
+    setText(caption); // takes the shortcut away
+    Set_Mnemonic(mnemonic);
+}
+
+void HotLabel::Set_Icon(const QString& name) {
+    QFile file(u":/theme/icons/"_s + name + u".svg"_s);
+    icon = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    update();
+}
+
+static bool Begins_A_Word(const QString& caption, qsizetype place) {
+    return place == 0 || caption[place - 1] == u' ';
+}
+
+qsizetype HotLabel::Mnemonic_Place() const {
+    if (mnemonic.isNull()) return -1;
+    const QString caption = text();
+    const qsizetype first = caption.indexOf(mnemonic, 0, Qt::CaseInsensitive);
+    for (qsizetype place = first; place >= 0;
+         place = caption.indexOf(mnemonic, place + 1, Qt::CaseInsensitive))
+        if (Begins_A_Word(caption, place)) return place;
+    return first;
+}
+
+void HotLabel::Set_Mnemonic(QChar letter) {
+    mnemonic = letter;
+    const int key = letter.toUpper().unicode();
+    setShortcut(Mnemonic_Place() < 0 ? QKeySequence() : QKeySequence(Qt::ALT | static_cast<Qt::Key>(key)));
+    update();
 }
 
 QSize HotLabel::sizeHint() const {
@@ -33,7 +75,7 @@ struct Colours {
 
 Colours Colours_Of(const HotLabel& label, HotLabel::Look look) {
     const bool strip = look == HotLabel::Look::Strip;
-    if (!label.isEnabled()) return {colours::Disabled_Ground, colours::Faint_Edge, colours::Disabled_Text};
+    if (!label.isEnabled()) return {colours::Disabled_Ground, colours::Edge, colours::Disabled_Text};
     if (label.isDown()) return {colours::Pressed_Ground, colours::Accent, colours::Accent_Dark};
     if (label.isChecked()) return {colours::Accent, colours::Accent_Dark, Qt::white};
     if (strip) return {colours::Hover_Ground, colours::Hover_Ground, colours::Text};
@@ -47,25 +89,42 @@ void HotLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const Colours chosen = Colours_Of(*this, look);
-    const QRectF box = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    painter.setPen(QPen(chosen.edge, 1));
+    const qreal inset = hasFocus() ? 4.5 : 0.5; // the mark of the focus stands around it
+    const qreal corner = hasFocus() ? Corner - 3 : Corner;
+    // What can't be used is told apart by its dashed edge as well as by its colour.
+    painter.setPen(QPen(chosen.edge, 1, isEnabled() ? Qt::SolidLine : Qt::DashLine));
     painter.setBrush(chosen.ground);
-    painter.drawRoundedRect(box, Corner, Corner);
-    if (hasFocus()) {
-        painter.setPen(QPen(colours::Focus, 2));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(box, Corner, Corner);
-    }
-    // A chosen one of two is told apart by its weight as well as by its colour.
-    QFont font = this->font();
-    font.setBold(isChecked());
-    painter.setFont(font);
-    painter.setPen(chosen.text);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), corner, corner);
+    if (hasFocus()) shell::Look::Draw_Focus(painter, rect(), Corner);
+    Draw_Caption(painter, chosen.text);
+}
+
+// The caption as told: an ampersand in it is one.
+static QString With_Mnemonic(QString caption, qsizetype place) {
+    const qsizetype before = place < 0 ? 0 : caption.left(place).count(u'&');
+    caption.replace(u"&"_s, u"&&"_s);
+    if (place >= 0) caption.insert(place + before, u'&');
+    return caption;
+}
+
+void HotLabel::Draw_Caption(QPainter& painter, const QColor& ink) const {
     const bool centred = look == Look::Command;
-    const int margin = centred ? 8 : Side_Margin;
-    painter.drawText(rect().adjusted(margin, 0, -margin, 0),
-                     (centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap,
-                     text());
+    QFont font = this->font();
+    if (look == Look::Entry) font.setPixelSize(Entry_Font);
+    font.setBold(isChecked()); // a chosen one of two is told apart by its weight as well
+    painter.setFont(font);
+    painter.setPen(ink);
+    QRect room = rect().adjusted(centred ? 6 : Side_Margin, 0, centred ? -6 : -Side_Margin, 0);
+    if (!icon.isEmpty()) {
+        QByteArray drawing = icon;
+        QSvgRenderer(drawing.replace("#000000", ink.name().toUtf8()))
+            .render(&painter, QRectF(room.left(), (height() - Icon_Side) / 2.0, Icon_Side, Icon_Side));
+        room.setLeft(room.left() + Icon_Side + Side_Margin);
+    }
+    painter.drawText(room,
+                     (centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap |
+                         Qt::TextShowMnemonic,
+                     With_Mnemonic(text(), Mnemonic_Place()));
 }
 
 void HotLabel::enterEvent(QEnterEvent* event) {
@@ -84,6 +143,73 @@ void HotLabel::keyPressEvent(QKeyEvent* event) {
         click();
     else
         QAbstractButton::keyPressEvent(event);
+}
+
+// ---- mnemonics
+
+namespace {
+
+// A caption's letters, those that begin a word first.
+QString Letters_To_Offer(const QString& caption) {
+    QString initials, others;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        const QChar letter = caption[i].toUpper();
+        if (letter < u'A' || letter > u'Z') continue;
+        (Begins_A_Word(caption, i) ? initials : others).append(letter);
+    }
+    return initials + others;
+}
+
+// Who has which letter. An entry may take one that another has if that one finds another letter for itself.
+class Letters {
+public:
+    void Give_Initials(const QList<HotLabel*>& labels) {
+        for (HotLabel* label : labels)
+            if (const QString offered = Letters_To_Offer(label->Caption());
+                !offered.isEmpty() && !holders.contains(offered[0]))
+                Hold(offered[0], label);
+    }
+    void Find_For(HotLabel* label) {
+        tried.clear();
+        if (!holders.values().contains(label)) Take(label);
+    }
+    QHash<QChar, HotLabel*> holders;
+
+private:
+    bool Take(HotLabel* label) {
+        const QString offered = Letters_To_Offer(label->Caption());
+        for (const QChar letter : offered)
+            if (!holders.contains(letter)) return Hold(letter, label);
+        for (const QChar letter : offered) {
+            if (tried.contains(letter)) continue;
+            tried.insert(letter);
+            if (Take(holders[letter])) return Hold(letter, label);
+        }
+        return false;
+    }
+    bool Hold(QChar letter, HotLabel* label) {
+        holders[letter] = label;
+        return true;
+    }
+
+    QSet<QChar> tried;
+};
+
+} // namespace
+
+void Give_Mnemonics(QWidget& surface) {
+    QList<HotLabel*> labels = surface.findChildren<HotLabel*>();
+    labels.removeIf([](const HotLabel* label) { return label->focusPolicy() == Qt::NoFocus; });
+    // The shorter a caption, the fewer letters it has to choose from.
+    std::stable_sort(labels.begin(), labels.end(), [](const HotLabel* one, const HotLabel* other) {
+        return one->Caption().size() < other->Caption().size();
+    });
+    Letters letters;
+    letters.Give_Initials(labels);
+    for (HotLabel* label : labels)
+        letters.Find_For(label);
+    for (auto held = letters.holders.cbegin(); held != letters.holders.cend(); ++held)
+        held.value()->Set_Mnemonic(held.key());
 }
 
 } // namespace shell

@@ -15,7 +15,12 @@ public:
     HotLabel(const QString& name, const QString& caption, QWidget* parent, Look look = Look::Command);
 
     QString Caption() const { return text(); }
-    void Set_Caption(const QString& caption) { setText(caption); }
+    void Set_Caption(const QString& caption);
+    // A line drawing of the theme, left of an entry's caption and in its ink.
+    void Set_Icon(const QString& icon);
+    // The letter of the caption that clicks it together with Alt; it is underlined. A caption without it has
+    // none.
+    void Set_Mnemonic(QChar letter);
     QSize sizeHint() const override;
 
 protected:
@@ -25,7 +30,15 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void Draw_Caption(QPainter& painter, const QColor& ink) const;
+    qsizetype Mnemonic_Place() const;
+
     Look look;
+    QByteArray icon; // an SVG whose lines are black
+    QChar mnemonic;
 };
+
+// Gives the commands and entries of a page or dialog letters of their own, as far as the captions have them.
+void Give_Mnemonics(QWidget& surface);
 
 } // namespace shell

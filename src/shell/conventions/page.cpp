@@ -22,6 +22,11 @@ void Page::resizeEvent(QResizeEvent* event) {
     Frame1->move(Centred(size(), Frame1->size()).toPoint());
 }
 
+void Page::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Give_Mnemonics(*this);
+}
+
 void Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
     auto* timer = new QTimer(this);
     timer->setObjectName(timer_name);

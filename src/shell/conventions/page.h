@@ -53,6 +53,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override; // gives the entries their letters
 
     // Runs `work` once, after the page has had time to paint.
     void Once_Painted(const QString& timer_name, std::function<void()> work);

@@ -35,7 +35,7 @@ void Page_Host::Open_On_Top(Page_Id page) {
 void Page_Host::Close_Page() {
     Later([this] {
         Drop_Top();
-        if (Page* beneath = Current()) beneath->show();
+        Show_Again();
     });
 }
 
@@ -48,20 +48,30 @@ void Page_Host::Drop_Top() {
 }
 
 void Page_Host::Show_New(Page_Id id) {
-    if (Page* beneath = Current()) beneath->hide();
+    if (Page* beneath = Current()) {
+        pages.back().focus = beneath->focusWidget();
+        beneath->hide();
+    }
     std::unique_ptr<Page> page = factory(id, *this);
     page->setParent(this);
     page->setGeometry(rect());
     page->Load();
-    pages.push_back(std::move(page));
+    pages.push_back({std::move(page), {}});
     Current()->show();
     Current()->setFocus();
 }
 
+// The keys go on where they were when the page above was opened.
+void Page_Host::Show_Again() {
+    if (pages.empty()) return;
+    Current()->show();
+    (pages.back().focus ? pages.back().focus.data() : Current())->setFocus();
+}
+
 void Page_Host::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    for (const auto& page : pages)
-        page->setGeometry(rect());
+    for (const Loaded& loaded : pages)
+        loaded.page->setGeometry(rect());
 }
 
 // The window's own close button leaves the program without starting the suite's shell.

@@ -2,6 +2,7 @@
 
 #include "shell/conventions/page.h"
 
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -23,7 +24,7 @@ public:
     void Close_Page() override;
     void Unload_All() override;
 
-    Page* Current() const { return pages.empty() ? nullptr : pages.back().get(); }
+    Page* Current() const { return pages.empty() ? nullptr : pages.back().page.get(); }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -32,11 +33,16 @@ protected:
 private:
     void Later(std::function<void()> act);
     void Show_New(Page_Id page);
+    void Show_Again();
     void Drop_Top();
 
     desktop::Platform& platform;
     Page_Factory factory;
-    std::vector<std::unique_ptr<Page>> pages; // the topmost last
+    struct Loaded {
+        std::unique_ptr<Page> page;
+        QPointer<QWidget> focus; // where the keys went when another page came on top
+    };
+    std::vector<Loaded> pages; // the topmost last
 };
 
 } // namespace shell

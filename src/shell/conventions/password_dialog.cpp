@@ -27,6 +27,7 @@ Form3::Form3(desktop::Platform& platform, Password_Question& question)
     Text1->setObjectName(u"Text1"_s);
     Text1->setEchoMode(QLineEdit::Password);
     Text1->setAccessibleName(question.Password_Prompt);
+    Text1->setAccessibleDescription(question.Password_Hint);
     auto* ok = new HotLabel(u"HotLabel1"_s, u"OK"_s, this);
     auto* quit = new HotLabel(u"HotLabel3"_s, u"Quit"_s, this);
     On(ok, &HotLabel::clicked, this, platform, [this] { HotLabel1_Click(); });
@@ -41,6 +42,9 @@ Form3::Form3(desktop::Platform& platform, Password_Question& question)
         button->setMinimumSize(96, 36);
         buttons->addWidget(button);
     }
+    ok->setAccessibleDescription(u"Takes what was typed."_s);
+    quit->setAccessibleDescription(u"Leaves without an answer."_s);
+    Give_Mnemonics(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
     column->setSpacing(12);

@@ -1,10 +1,11 @@
 #include "shell/conventions/theme.h"
 
+#include "shell/conventions/look.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
 #include <QPalette>
-#include <QStyleFactory>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +31,8 @@ static QString Role_Name(Text_Role role) {
         return u"badge"_s;
     case Text_Role::Heading:
         return u"heading"_s;
+    case Text_Role::Fact:
+        return u"fact"_s;
     case Text_Role::Body:
         break;
     }
@@ -49,18 +52,21 @@ static QString Style_Sheet() {
         {u"@faint"_s, colours::Faint_Edge},
         {u"@accent"_s, colours::Accent},
         {u"@hover"_s, colours::Hover_Ground},
+        {u"@pressed"_s, colours::Pressed_Ground},
+        {u"@heading"_s, colours::Heading_Ground},
+        {u"@disabled-ground"_s, colours::Disabled_Ground},
+        {u"@disabled-text"_s, colours::Disabled_Text},
         {u"@focus"_s, colours::Focus},
         {u"@notice-ground"_s, colours::Notice_Ground},
         {u"@notice-text"_s, colours::Notice_Text},
     };
-    // The longer names first, since one may begin another.
-    for (auto name = std::rbegin(names); name != std::rend(names); ++name)
-        sheet.replace(name->first, name->second.name());
+    for (const auto& [name, colour] : names)
+        sheet.replace(name + u';', colour.name() + u';'); // whole names only, as one may begin another
     return sheet;
 }
 
 void Apply_Theme(QApplication& application) {
-    application.setStyle(QStyleFactory::create(u"Fusion"_s)); // the same on every system
+    application.setStyle(new Look);
     QFont font = application.font();
     font.setFamilies({u"Segoe UI"_s, u"Liberation Sans"_s, u"Arial"_s});
     font.setPixelSize(14);
@@ -75,6 +81,10 @@ void Apply_Theme(QApplication& application) {
     palette.setColor(QPalette::ButtonText, colours::Text);
     palette.setColor(QPalette::Highlight, colours::Accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, colours::Quiet_Text);
+    for (const QPalette::ColorRole text : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, text, colours::Disabled_Text);
+    palette.setColor(QPalette::Disabled, QPalette::Base, colours::Disabled_Ground);
     application.setPalette(palette);
     application.setStyleSheet(Style_Sheet());
 }

@@ -1,0 +1,168 @@
+#include "shell/conventions/look.h"
+
+#include "shell/conventions/theme.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleFactory>
+#include <QStyleOptionComboBox>
+
+using namespace Qt::StringLiterals;
+
+namespace shell {
+namespace {
+
+constexpr int Cell_Margin = 5; // pixels at the sides of a text in a list or table
+constexpr int Indicator_Side = 18;
+constexpr qreal Corner = 6;
+
+struct Inks {
+    QColor ground;
+    QColor edge;
+    QColor mark;
+};
+
+Inks Inks_Of(const QStyleOption& option) {
+    if (!option.state.testFlag(QStyle::State_Enabled))
+        return {colours::Disabled_Ground, colours::Edge, colours::Disabled_Text};
+    const bool pointed_at = option.state.testFlag(QStyle::State_MouseOver);
+    return {pointed_at ? colours::Hover_Ground : colours::Card, pointed_at ? colours::Accent : colours::Edge,
+            colours::Accent};
+}
+
+void Draw_Tick_Box(QPainter& painter, const QStyleOption& option) {
+    const Inks inks = Inks_Of(option);
+    const QRectF box = QRectF(option.rect).adjusted(1, 1, -1, -1);
+    painter.setPen(QPen(inks.edge, 1.5));
+    painter.setBrush(inks.ground);
+    painter.drawRoundedRect(box, 3, 3);
+    if (!option.state.testFlag(QStyle::State_On)) return;
+    painter.setPen(QPen(inks.mark, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const auto at = [&box](qreal x, qreal y) {
+        return box.topLeft() + QPointF(x * box.width(), y * box.height());
+    };
+    painter.drawPolyline(QPolygonF{at(0.22, 0.52), at(0.43, 0.73), at(0.79, 0.28)});
+}
+
+void Draw_Option_Dot(QPainter& painter, const QStyleOption& option) {
+    const Inks inks = Inks_Of(option);
+    const QRectF ring = QRectF(option.rect).adjusted(1, 1, -1, -1);
+    painter.setPen(QPen(inks.edge, 1.5));
+    painter.setBrush(inks.ground);
+    painter.drawEllipse(ring);
+    if (!option.state.testFlag(QStyle::State_On)) return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(inks.mark);
+    painter.drawEllipse(ring.center(), ring.width() * 0.28, ring.height() * 0.28);
+}
+
+// An arrow that tells of a list which opens downwards.
+void Draw_Chevron(QPainter& painter, const QPointF& centre, const QColor& ink) {
+    painter.setPen(QPen(ink, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(
+        QPolygonF{centre + QPointF(-4.5, -2.2), centre + QPointF(0, 2.3), centre + QPointF(4.5, -2.2)});
+}
+
+void Draw_Combo(QPainter& painter, const QStyleOptionComplex& option) {
+    const Inks inks = Inks_Of(option);
+    const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    painter.setPen(QPen(enabled ? inks.edge : colours::Faint_Edge, 1));
+    painter.setBrush(inks.ground);
+    painter.drawRoundedRect(box, Corner, Corner);
+    Draw_Chevron(painter, {box.right() - 16, box.center().y()},
+                 enabled ? colours::Quiet_Text : colours::Disabled_Text);
+    if (option.state.testFlag(QStyle::State_HasFocus)) Look::Draw_Focus(painter, option.rect, Corner);
+}
+
+} // namespace
+
+Look::Look() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) { // the same on every system
+}
+
+// A white line goes with it, so that it stands out from a chosen entry's ground as well.
+void Look::Draw_Focus(QPainter& painter, const QRectF& place, qreal corner) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colours::Card, 1));
+    painter.drawRoundedRect(place.adjusted(2.5, 2.5, -2.5, -2.5), corner - 1, corner - 1);
+    painter.setPen(QPen(colours::Focus, 2));
+    painter.drawRoundedRect(place.adjusted(1, 1, -1, -1), corner, corner);
+}
+
+int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    switch (metric) {
+    case PM_FocusFrameHMargin:
+        return Cell_Margin;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return Indicator_Side;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int Look::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                    QStyleHintReturn* data) const {
+    if (hint == SH_ComboBox_Popup) return 0; // a list beneath the field, not one that covers it
+    return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+void Look::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                         const QWidget* widget) const {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    switch (element) {
+    case PE_FrameFocusRect:
+        Draw_Focus(*painter, option->rect, 4);
+        break;
+    case PE_IndicatorCheckBox:
+        Draw_Tick_Box(*painter, *option);
+        break;
+    case PE_IndicatorRadioButton:
+        Draw_Option_Dot(*painter, *option);
+        break;
+    default:
+        painter->setRenderHint(QPainter::Antialiasing, false);
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+    painter->restore();
+}
+
+void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                              const QWidget* widget) const {
+    if (control != CC_ComboBox) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    Draw_Combo(*painter, *option);
+    painter->restore();
+}
+
+// A box or option has its mark of the focus around the whole of it, and room for that at the left.
+QRect Look::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+    constexpr int room = 4;
+    const QRect usual = QProxyStyle::subElementRect(element, option, widget);
+    switch (element) {
+    case SE_CheckBoxIndicator:
+    case SE_RadioButtonIndicator:
+        return usual.translated(room, 0);
+    case SE_CheckBoxContents:
+    case SE_RadioButtonContents:
+        return usual.adjusted(room, 0, 0, 0);
+    case SE_CheckBoxFocusRect:
+    case SE_RadioButtonFocusRect:
+        return option->rect;
+    default:
+        return usual;
+    }
+}
+
+QRect Look::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                           const QWidget* widget) const {
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField) return option->rect.adjusted(6, 1, -26, -1);
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+} // namespace shell

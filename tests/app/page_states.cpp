@@ -1,0 +1,172 @@
+#include "app/page_states.h"
+
+#include "app/running_program.h"
+#include "shell/conventions/click_combo.h"
+#include "shell/conventions/theme.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace test_support {
+namespace {
+
+constexpr char Class_List[] = "Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n"
+                              "Brook - Lane,Mohammed,M,1 Feb 2019,,robin\r\n\r\n"
+                              "O'Connell,Chloe,F,2018-11-30,Nightingales,\r\n";
+
+// A file is named without its folder, whose name differs from run to run.
+class In_Folder {
+public:
+    explicit In_Folder(const QString& folder) { QDir::setCurrent(folder); }
+    ~In_Folder() { QDir::setCurrent(before); }
+    In_Folder(const In_Folder&) = delete;
+    In_Folder& operator=(const In_Folder&) = delete;
+
+private:
+    QString before = QDir::currentPath();
+};
+
+// What is clicked on a page, and the state that this leads to.
+struct Step {
+    QStringList clicks;
+    QString state;
+};
+
+struct Visit {
+    QString entry; // of the Main menu
+    QString form;
+    QString state;
+    QList<Step> steps;
+};
+
+class Tour {
+public:
+    Tour(int pupils, const Look_At& look) : school(pupils), look(look) { school.Start(); }
+
+    void Show(const QString& state) {
+        QApplication::processEvents();
+        look(state, school.program.Window());
+    }
+    void Click_All(const QStringList& names) {
+        for (const QString& name : names)
+            Click(school.Page(), name);
+    }
+    void Go(const QString& entry, const QString& form) {
+        Click(school.Page(), entry);
+        school.Follow_To(form);
+    }
+    void Pay(const Visit& visit) {
+        Go(visit.entry, visit.form);
+        Show(visit.state);
+        for (const Step& step : visit.steps) {
+            Click_All(step.clicks);
+            Show(step.state);
+        }
+    }
+    void Meet_Dialog(const QString& state) {
+        school.outside.dialogs.Will_Do([this, state](QDialog& dialog) {
+            dialog.show();
+            QApplication::processEvents();
+            look(state, dialog);
+            dialog.reject();
+        });
+    }
+    // The first pupil of the list one of whose tests was ended early.
+    void Choose_A_Pupil_With_Marks() {
+        auto& pupils = Control<shell::Click_Combo>(school.Page(), u"Combo1"_s);
+        for (int place = 0; place < pupils.count(); ++place) {
+            pupils.Set_ListIndex(place);
+            if (Shown(school.Page(), u"Image12"_s) || Shown(school.Page(), u"Image13"_s)) return;
+        }
+        throw std::runtime_error("no pupil has a mark");
+    }
+
+    Running_Program school;
+
+private:
+    const Look_At& look;
+};
+
+void Reports(Tour& tour) {
+    tour.Go(u"HotLabel1"_s, u"Form30"_s);
+    tour.Choose_A_Pupil_With_Marks();
+    tour.Show(u"reports_centiles"_s);
+    const Step steps[] = {{{u"ShowZScores"_s, u"HotLabel2"_s}, u"reports_zscores_times"_s},
+                          {{u"ShowWhite"_s}, u"reports_zscores_white"_s},
+                          {{u"BtnEnh11"_s}, u"reports_answers"_s},
+                          {{u"BtnEnh18"_s}, u"reports_wide_answers"_s},
+                          {{u"HotLabel7"_s}, u"reports_summary"_s}};
+    for (const Step& step : steps) {
+        tour.Click_All(step.clicks);
+        tour.Show(step.state);
+    }
+    tour.Meet_Dialog(u"comment"_s);
+    tour.Click_All({u"HotLabel3"_s, u"HotLabel5"_s});
+    tour.Go(u"HotLabel4"_s, u"Form94"_s);
+    tour.Show(u"individual_report"_s);
+    tour.Go(u"HotLabel1"_s, u"Form30"_s);
+    tour.Go(u"HotLabel6"_s, u"Form92"_s);
+    tour.Click_All({u"HotLabel7"_s, u"HotLabel9"_s});
+    tour.Show(u"batch_report"_s);
+    tour.Go(u"HotLabel1"_s, u"Form30"_s);
+    tour.Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+void Other_Pages(Tour& tour) {
+    tour.school.outside.file_dialogs.answers = {u"class list.txt"_s};
+    const Visit visits[] = {
+        {u"HotLabel7"_s, u"Form14"_s, u"testing_progress"_s, {}},
+        {u"HotLabel4"_s, u"Form10"_s, u"register"_s, {}},
+        {u"HotLabel2"_s, u"Form42"_s, u"import"_s, {{{u"PreviewImport"_s}, u"import_previewed"_s}}},
+        {u"HotLabel5"_s,
+         u"Form15"_s,
+         u"fine_tuning"_s,
+         {{{u"HotLabel4"_s, u"HotLabel5"_s, u"Image1(0)"_s, u"Image1(1)"_s}, u"fine_tuning_editing"_s}}},
+        {u"HotLabel3"_s, u"Form9"_s, u"delete"_s, {{{u"HotLabel3"_s}, u"delete_selected"_s}}},
+        {u"HotLabel14"_s, u"Form2"_s, u"security"_s, {}},
+        {u"HotLabel6"_s, u"Form20"_s, u"settings"_s, {}},
+    };
+    for (const Visit& visit : visits) {
+        tour.Pay(visit);
+        if (visit.form == "Form20"_L1) {
+            tour.school.outside.boxes.Will_Answer(desktop::Answer::Yes);
+            tour.Meet_Dialog(u"password"_s);
+            tour.Click_All({u"HotLabel2"_s});
+        }
+        tour.Go(u"HotLabel1"_s, u"Form77"_s);
+    }
+}
+
+void Archive_In_View(Tour& tour) {
+    const Sample_File archive(3);
+    tour.Pay({u"HotLabel8"_s, u"Form60"_s, u"archiving"_s, {}});
+    tour.school.outside.file_dialogs.answers = {archive.Path()};
+    tour.school.outside.boxes.Will_Answer(desktop::Answer::Ok);
+    tour.Click_All({u"HotLabel3"_s});
+    tour.Show(u"archiving_in_view"_s);
+    tour.Go(u"HotLabel1"_s, u"Form77"_s);
+    tour.Show(u"main_menu_in_view"_s);
+}
+
+} // namespace
+
+void Go_Through_All_Pages(const Look_At& look) {
+    shell::Apply_Theme(*qApp);
+    {
+        Tour empty(0, look);
+        empty.Show(u"main_menu_no_pupils"_s);
+    }
+    Tour tour(12, look);
+    const In_Folder there(tour.school.sample.Folder());
+    QFile list(u"class list.txt"_s);
+    if (!list.open(QIODevice::WriteOnly) || list.write(Class_List) < 0)
+        throw std::runtime_error("can't write the class list");
+    list.close();
+    tour.Show(u"main_menu"_s);
+    Reports(tour);
+    Other_Pages(tour);
+    Archive_In_View(tour);
+}
+
+} // namespace test_support

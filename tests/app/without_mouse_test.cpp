@@ -1,0 +1,293 @@
+// A day's work with the keyboard alone: no mouse event, and no handler called from here.
+
+#include "app/running_program.h"
+#include "shell/conventions/click_combo.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace test_support;
+using desktop::Answer;
+
+namespace {
+
+class Without_A_Mouse : public testing::Test, public Running_Program {
+protected:
+    ~Without_A_Mouse() override { outside.boxes.Expect_All_Asked(); }
+
+    void Open_Program() {
+        Start();
+        program.Window().activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&program.Window()));
+    }
+
+    static QString Focused() {
+        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    }
+    void Press(Qt::Key key, int times = 1, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        for (; times > 0; --times)
+            QTest::keyClick(QApplication::focusWidget(), key, with);
+    }
+    void Type(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    // By the Tab key, as often as it takes to come round once.
+    void Tab_To(const QString& name) {
+        for (int stops = 0; stops < 60; ++stops) {
+            Press(Qt::Key_Tab);
+            if (Focused() == name) return;
+        }
+        throw std::runtime_error("Tab doesn't lead to " + name.toStdString());
+    }
+    void Tab_And_Press(const QString& name, Qt::Key key = Qt::Key_Return) {
+        Tab_To(name);
+        Press(key);
+    }
+    // The letter that is underlined in a caption, with Alt.
+    void By_Letter(const QString& name) {
+        const QKeySequence letter = Control<QAbstractButton>(Page(), name).shortcut();
+        ASSERT_FALSE(letter.isEmpty()) << name.toStdString();
+        Press(letter[0].key(), 1, letter[0].keyboardModifiers());
+        QTest::qWait(150); // a button that is clicked by its letter goes down and up
+    }
+    void Go(const QString& entry, const QString& form) {
+        By_Letter(entry);
+        Follow_To(form);
+    }
+    void Expect_Stored(const QString& sql, const QString& value) { EXPECT_EQ(sample.Value(sql), value); }
+    // Whatever the dialog is about.
+    void Type_Into_Dialog(const QString& text, Qt::Key ended_by) {
+        outside.dialogs.Will_Do([this, text, ended_by](QDialog& dialog) {
+            dialog.show();
+            dialog.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            Type(text);
+            Press(ended_by);
+            EXPECT_FALSE(dialog.isVisible());
+            program.Window().activateWindow(); // no window manager does it here
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&program.Window()));
+        });
+    }
+
+    void Register_A_Pupil();
+    void Import_A_Class();
+    void Correct_A_Name_And_Allow_A_Retest();
+    void Arrange_A_Group();
+    void Read_A_Profile();
+    void Look_At_The_Print_Preview();
+    void Save_And_View_An_Archive();
+    void Change_The_Password();
+    void Look_At_The_Progress();
+    void Delete_A_Pupil();
+};
+
+void Without_A_Mouse::Register_A_Pupil() {
+    Go(u"HotLabel4"_s, u"Form10"_s);
+    EXPECT_EQ(Focused(), u"Text3"_s);
+    Type(u"Newton"_s);
+    Press(Qt::Key_Return);
+    Type(u"Isla"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Focused(), u"Combo2"_s);
+    Press(Qt::Key_Down, 4); // the 5th
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Down); // of February
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_End);
+    Press(Qt::Key_Up, 5); // 2020
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Down); // female
+    Press(Qt::Key_Tab);
+    outside.boxes.Will_Answer(Answer::Yes);
+    Press(Qt::Key_Space);
+    Expect_Stored(u"SELECT Forename || Sex || DOB FROM Mevo_Pupils WHERE Surname = 'Newton'"_s,
+                  u"IslaF05/02/2020"_s);
+    Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+void Without_A_Mouse::Import_A_Class() {
+    const QString file = sample.Folder() + u"/class.txt"_s;
+    QFile list(file);
+    ASSERT_TRUE(list.open(QIODevice::WriteOnly));
+    list.write("Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n");
+    list.close();
+    outside.file_dialogs.answers = {file};
+    Go(u"HotLabel2"_s, u"Form42"_s);
+    Tab_And_Press(u"PreviewImport"_s);
+    outside.boxes.Will_Answer(Answer::Yes);
+    Tab_And_Press(u"HotLabel3"_s, Qt::Key_Space);
+    Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Pupils WHERE Surname = 'Ashdown'"_s, u"1"_s);
+    Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+void Without_A_Mouse::Correct_A_Name_And_Allow_A_Retest() {
+    const QString done = u"SELECT Tolvens FROM Mevo_Pupils WHERE StudentCode = "_s;
+    Go(u"HotLabel5"_s, u"Form15"_s);
+    Tab_To(u"Combo1"_s);
+    auto& pupils = Control<shell::Click_Combo>(Page(), u"Combo1"_s);
+    const auto code = [&] { return u'\'' + Control<QLineEdit>(Page(), u"Text1"_s).text() + u'\''; };
+    while (sample.Value(done + code()) != "1"_L1 && pupils.currentIndex() < pupils.count() - 1)
+        Press(Qt::Key_Down);
+    const QString chosen = code();
+    ASSERT_EQ(sample.Value(done + chosen), u"1"_s);
+    Tab_And_Press(u"HotLabel5"_s);
+    Tab_And_Press(u"Image1(0)"_s, Qt::Key_Space);
+    Tab_And_Press(u"HotLabel7"_s);
+    Expect_Stored(done + chosen, u"0"_s);
+    Tab_And_Press(u"HotLabel4"_s);
+    EXPECT_EQ(Focused(), u"Text3"_s);
+    Press(Qt::Key_Tab);
+    Type(u"Renamed"_s); // in place of what was selected
+    Tab_And_Press(u"HotLabel2"_s);
+    Expect_Stored(u"SELECT Forename FROM Mevo_Pupils WHERE StudentCode = "_s + chosen, u"Renamed"_s);
+    Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+void Without_A_Mouse::Arrange_A_Group() {
+    Go(u"HotLabel14"_s, u"Form2"_s);
+    Tab_To(u"Text4"_s);
+    Type(u"Willow"_s);
+    outside.boxes.Will_Answer(Answer::Ok);
+    Tab_And_Press(u"HotLabel3"_s);
+    Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Groups WHERE group_name = 'Willow'"_s, u"1"_s);
+    Tab_To(u"Combo2"_s);
+    Type(u"Willow"_s);
+    auto& yes = Control<QRadioButton>(Page(), u"Option5"_s);
+    auto& no = Control<QRadioButton>(Page(), u"Option6"_s);
+    Press(Qt::Key_Tab);
+    ASSERT_EQ(Focused(), u"Option5"_s);
+    Press(Qt::Key_Space);
+    EXPECT_TRUE(yes.isChecked());
+    Press(Qt::Key_Right);
+    EXPECT_TRUE(no.isChecked());
+    Press(Qt::Key_Left);
+    Tab_And_Press(u"HotLabel6"_s);
+    Expect_Stored(u"SELECT Dob_as_pw FROM Mevo_Groups WHERE group_name = 'Willow'"_s, u"1"_s);
+    Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+void Without_A_Mouse::Read_A_Profile() {
+    Tab_To(u"Combo1"_s);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Control<shell::Click_Combo>(Page(), u"Combo1"_s).ListIndex(), 1);
+    By_Letter(u"ShowZScores"_s);
+    By_Letter(u"HotLabel2"_s);
+    Tab_To(u"Row1"_s);
+    QStringList heard;
+    for (int t = 1; t <= 8; ++t) {
+        heard.append(
+            QAccessible::queryAccessibleInterface(QApplication::focusWidget())->text(QAccessible::Name));
+        Press(Qt::Key_Right);
+    }
+    EXPECT_EQ(heard.removeDuplicates(), 0);
+    const QRegularExpression form(
+        u"^[A-Z][a-z ]+: (not taken|z-score -?[0-9.]+, age at test [0-9]+ y [0-9]+ m, time z-score -?[0-9.]+(, terminated)?)$"_s);
+    for (const QString& row : heard)
+        EXPECT_TRUE(form.match(row).hasMatch()) << row.toStdString();
+    Tab_And_Press(u"HotLabel7"_s);
+    EXPECT_TRUE(Shown(Page(), u"fpSpread1"_s));
+    Tab_And_Press(u"PrintIcon"_s);
+    EXPECT_EQ(outside.printers.printed.size(), 1);
+    Tab_And_Press(u"HotLabel5"_s, Qt::Key_Space);
+    EXPECT_TRUE(Shown(Page(), u"Picture2"_s));
+    Type_Into_Dialog(u"not kept"_s, Qt::Key_Escape);
+    Tab_And_Press(u"HotLabel3"_s);
+}
+
+void Without_A_Mouse::Look_At_The_Print_Preview() {
+    Tab_And_Press(u"HotLabel4"_s);
+    Follow_To(u"Form94"_s);
+    Tab_And_Press(u"Check1"_s, Qt::Key_Space);
+    EXPECT_FALSE(Control<QCheckBox>(Page(), u"Check1"_s).isChecked());
+    Tab_To(u"ViewPro1"_s);
+    Press(Qt::Key_Plus);
+    By_Letter(u"HotLabel2"_s);
+    EXPECT_EQ(outside.printers.printed.last(), u"Mevo individual report"_s);
+    Go(u"HotLabel1"_s, u"Form30"_s);
+    EXPECT_EQ(Focused(), u"HotLabel4"_s) << "the keys go on where they were";
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Space);
+    Follow_To(u"Form92"_s);
+    Tab_To(u"lstPupils"_s);
+    Press(Qt::Key_Space);
+    Tab_And_Press(u"HotLabel9"_s);
+    EXPECT_EQ(Caption(Page(), u"Label5"_s), u"There are 1 pupils on 1 pages."_s);
+    Go(u"HotLabel1"_s, u"Form30"_s);
+}
+
+void Without_A_Mouse::Save_And_View_An_Archive() {
+    const QString archive = sample.Folder() + u"/kept.mdb"_s;
+    outside.file_dialogs.answers = {archive, archive};
+    for (int box = 0; box < 3; ++box)
+        outside.boxes.Will_Answer(Answer::Ok);
+    Go(u"HotLabel8"_s, u"Form60"_s);
+    Tab_And_Press(u"HotLabel2"_s);
+    EXPECT_TRUE(QFile::exists(archive));
+    Tab_And_Press(u"HotLabel3"_s);
+    EXPECT_TRUE(program.Installed().Viewing_Mode);
+    Tab_And_Press(u"HotLabel6"_s);
+    EXPECT_FALSE(program.Installed().Viewing_Mode);
+    Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+void Without_A_Mouse::Change_The_Password() {
+    Tab_And_Press(u"HotLabel6"_s);
+    Follow_To(u"Form20"_s);
+    outside.boxes.Will_Answer(Answer::Yes);
+    outside.boxes.Will_Answer(Answer::Ok);
+    for (int entry = 0; entry < 2; ++entry)
+        Type_Into_Dialog(u"by hand"_s, Qt::Key_Return);
+    Tab_And_Press(u"HotLabel2"_s);
+    Expect_Stored(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name = 'MEVO'"_s, u"by hand"_s);
+    Go(u"HotLabel1"_s, u"Form77"_s);
+    EXPECT_EQ(Focused(), u"HotLabel6"_s);
+}
+
+void Without_A_Mouse::Look_At_The_Progress() {
+    Go(u"HotLabel7"_s, u"Form14"_s);
+    Tab_To(u"Spread1"_s);
+    Press(Qt::Key_Down, 3);
+    outside.boxes.Will_Answer(Answer::Ok);
+    By_Letter(u"HotLabel2"_s);
+    Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+void Without_A_Mouse::Delete_A_Pupil() {
+    const int before = sample.Value(u"SELECT COUNT(*) FROM Mevo_Pupils"_s).toInt();
+    Go(u"HotLabel3"_s, u"Form9"_s);
+    Tab_To(u"ListView1"_s);
+    Type(u"Newton"_s); // leads to the line that begins so, and selects it
+    EXPECT_EQ(Caption(Page(), u"Label5"_s), u"1"_s);
+    outside.boxes.Will_Answer(Answer::Yes);
+    Tab_And_Press(u"HotLabel2"_s);
+    Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Pupils WHERE Surname = 'Newton'"_s, u"0"_s);
+    Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Pupils"_s, QString::number(before - 1));
+    Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
+} // namespace
+
+TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
+    Open_Program();
+    Register_A_Pupil();
+    Import_A_Class();
+    Correct_A_Name_And_Allow_A_Retest();
+    Arrange_A_Group();
+    Tab_And_Press(u"HotLabel1"_s);
+    Follow_To(u"Form30"_s);
+    Read_A_Profile();
+    Look_At_The_Print_Preview();
+    Go(u"HotLabel1"_s, u"Form77"_s);
+    Save_And_View_An_Archive();
+    Change_The_Password();
+    Look_At_The_Progress();
+    Delete_A_Pupil();
+    Tab_To(u"HotLabel13"_s);
+    EXPECT_THROW(Press(Qt::Key_Return), Program_Ended);
+    ASSERT_EQ(outside.processes.started.size(), 1);
+    EXPECT_TRUE(outside.processes.started.first().endsWith(u"\\MevoV51Shell.exe 417"_s));
+}
