@@ -130,10 +130,12 @@ void Expect_Same_Help(QWidget& surface) {
     };
     for (QWidget* stop : Stops(surface)) {
         if (stop == line) continue;
+        QString described = stop->accessibleDescription();
         const QString to_pointer = told([&] { Point_At(*stop); });
         surface.setFocus();
         const QString to_keys = told([&] { stop->setFocus(Qt::TabFocusReason); });
         if (to_pointer.isEmpty()) continue;
+        EXPECT_EQ(described.replace(u'\r', u'\n'), to_pointer) << Name_Of(stop).toStdString();
         EXPECT_EQ(to_keys, to_pointer) << Name_Of(stop).toStdString();
     }
 }

@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
@@ -49,10 +50,12 @@ protected:
     }
     // The letter that is underlined in a caption, with Alt.
     void By_Letter(const QString& name) {
-        const QKeySequence letter = Control<QAbstractButton>(Page(), name).shortcut();
+        const QPointer<QAbstractButton> button = &Control<QAbstractButton>(Page(), name);
+        const QKeySequence letter = button->shortcut();
         ASSERT_FALSE(letter.isEmpty()) << name.toStdString();
         Press(letter[0].key(), 1, letter[0].keyboardModifiers());
-        QTest::qWait(150); // a button that is clicked by its letter goes down and up
+        // A button that is clicked by its letter goes down, and acts as it comes up.
+        EXPECT_TRUE(Wait_Until([&] { return !button || !button->isDown(); })) << name.toStdString();
     }
     void Go(const QString& entry, const QString& form) {
         By_Letter(entry);

@@ -63,16 +63,20 @@ static bool By_Keyboard(const QEvent* event) {
            reason == Qt::ShortcutFocusReason;
 }
 
-void Help_Line::Show_For(QWidget* control, const Text& text) {
-    const QString now = text();
-    if (texts.contains(control)) control->setAccessibleDescription(now);
-    show(now);
+// A text may depend on what has happened since.
+void Help_Line::Describe(QObject* control) const {
+    if (const auto told = texts.constFind(control); told != texts.cend())
+        static_cast<QWidget*>(control)->setAccessibleDescription((*told)());
 }
 
 bool Help_Line::eventFilter(QObject* watched, QEvent* event) {
     auto* control = static_cast<QWidget*>(watched);
-    if (By_Keyboard(event)) {
-        if (const Text* text = Text_For(control)) Show_For(control, *text);
+    if (event->type() == QEvent::Show) {
+        Describe(control);
+    } else if (By_Keyboard(event)) {
+        for (auto told = texts.keyBegin(); told != texts.keyEnd(); ++told)
+            Describe(*told);
+        if (const Text* text = Text_For(control)) show((*text)());
     } else if (event->type() == QEvent::MouseMove) {
         // A move that a control left over reaches what it stands on too, at the control's place. It isn't
         // meant for that.
@@ -80,7 +84,7 @@ bool Help_Line::eventFilter(QObject* watched, QEvent* event) {
             control->childAt(static_cast<QMouseEvent*>(event)->pos()))
             return false;
         if (const auto told = texts.constFind(watched); told != texts.cend())
-            Show_For(control, *told);
+            show((*told)());
         else if (surfaces.contains(control))
             show(u""_s);
     }

@@ -32,7 +32,7 @@ protected:
 
 private:
     const Text* Text_For(QWidget* control) const;
-    void Show_For(QWidget* control, const Text& text);
+    void Describe(QObject* control) const;
 
     Show show;
     QHash<QObject*, Text> texts;
