@@ -14,6 +14,7 @@ constexpr int Left = 24;
 constexpr int Whole_Width = 1192;
 constexpr int Panels_Top = 116;
 constexpr int Panels_Height = 424;
+constexpr int Caption_Height = 20; // of a panel, above its frame
 constexpr int Row_Height = 36;
 constexpr QSize Button_Size{168, 40};
 constexpr int Button_Step = 180; // from one button of a row to the next
@@ -104,11 +105,11 @@ void Form15::Lay_Out_Retesting() {
     const QRect box(608, Panels_Top, 608, Panels_Height);
     Shape1 = new QFrame(Frame1);
     Shape1->setObjectName(u"Shape1"_s);
-    Shape1->setGeometry(box.adjusted(0, 8, 0, 0));
+    Shape1->setGeometry(box.adjusted(0, Caption_Height, 0, 0)); // level with the frame of the other panel
     Shape1->setProperty("panel", true);
 
     Frame4 = Make_Panel(u"Frame4"_s, u"Allow selective retesting"_s,
-                        {box.x() + 16, box.y() + 20, box.width() - 32, 290}, Frame1);
+                        {box.x() + 16, box.y() + 24, box.width() - 32, 290}, Frame1);
     const QString captions[Tests] = {
         u"Tolvens"_s, u"Blik's Friends"_s, u"Karrel"_s, u"Blik's Letters"_s, u"Blik's Letter Names"_s,
         u"Drell"_s,   u"Mirvel"_s,         u"Yoon"_s,   u"Pindo"_s};
@@ -135,7 +136,7 @@ void Form15::Lay_Out_Retesting() {
 void Form15::Lay_Out_Legend() {
     constexpr int side = 32;
     constexpr int step = 190;
-    Frame5 = Make_Panel(u"Frame5"_s, u"Legend"_s, {624, Panels_Top + 324, 576, 88}, Frame1);
+    Frame5 = Make_Panel(u"Frame5"_s, u"Legend"_s, {624, Panels_Top + 322, 576, 88}, Frame1);
     const auto entry = [&](const QString& picture_name, const QString& label_name, Test_State state, int i) {
         auto* picture = new QLabel(Frame5);
         picture->setObjectName(picture_name);
