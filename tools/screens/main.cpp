@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QDialog>
 #include <QDir>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTest>
@@ -162,9 +163,15 @@ private:
         pictures.Take(window, form);
         for (const QString& clicked : visit.clicks)
             Click(clicked);
+        if (form == "Form42"_L1) Name_A_Schools_Folder();
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
         Click(u"HotLabel1"_s);
         Wait_For(u"Form77"_s);
+    }
+
+    // The class list lies in a folder of this machine that has another name each time.
+    void Name_A_Schools_Folder() {
+        static_cast<QLineEdit&>(Control(u"Text1"_s)).setText(u"/home/school/class list.txt"_s);
     }
 
     void Through_The_Charts() {
