@@ -2,6 +2,7 @@
 
 #include "app/running_program.h"
 #include "shell/conventions/click_combo.h"
+#include "shell/main_menu.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -86,6 +87,7 @@ protected:
     void Change_The_Password();
     void Look_At_The_Progress();
     void Delete_A_Pupil();
+    void Expect_Quit_At(Qt::Key key);
 };
 
 void Without_A_Mouse::Register_A_Pupil() {
@@ -272,6 +274,18 @@ void Without_A_Mouse::Delete_A_Pupil() {
     Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
+// The end of the process is thrown here, which mustn't pass through the toolkit's handling of keys: it
+// wouldn't tidy up.
+void Without_A_Mouse::Expect_Quit_At(Qt::Key key) {
+    auto& quit = Control<QAbstractButton>(Page(), u"HotLabel13"_s);
+    bool chosen = false;
+    QObject::disconnect(&quit, &QAbstractButton::clicked, nullptr, nullptr);
+    QObject::connect(&quit, &QAbstractButton::clicked, &quit, [&chosen] { chosen = true; });
+    Press(key);
+    EXPECT_TRUE(chosen);
+    EXPECT_THROW(static_cast<shell::Form77&>(Page()).HotLabel13_Click(), Program_Ended);
+}
+
 } // namespace
 
 TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
@@ -290,7 +304,7 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
     Look_At_The_Progress();
     Delete_A_Pupil();
     Tab_To(u"HotLabel13"_s);
-    EXPECT_THROW(Press(Qt::Key_Return), Program_Ended);
+    Expect_Quit_At(Qt::Key_Return);
     ASSERT_EQ(outside.processes.started.size(), 1);
     EXPECT_TRUE(outside.processes.started.first().endsWith(u"\\MevoV51Shell.exe 417"_s));
 }
