@@ -107,12 +107,17 @@ void Form30::Lay_Out_Left_Panel() {
 
     QGroupBox* scales = Make_Group(u"Scoring type"_s, {Left, 146, Left_Width, 102}, Frame1);
     subtitle(u"Label4"_s, u"Scales"_s, scales);
+    // A choice of pupil runs these handlers too, and describes the chart itself once it has all scores.
+    const auto choose_scale = [this](void (Form30::*chosen)()) {
+        (this->*chosen)();
+        Describe_Chart();
+    };
     ShowCentiles = Make_HotLabel(
-        u"ShowCentiles"_s, u"Centiles"_s, first, [this] { ShowCentiles_Click(); }, HotLabel::Look::Command,
-        scales);
+        u"ShowCentiles"_s, u"Centiles"_s, first,
+        [choose_scale] { choose_scale(&Form30::ShowCentiles_Click); }, HotLabel::Look::Command, scales);
     ShowZScores = Make_HotLabel(
-        u"ShowZScores"_s, u"Z-Scores"_s, second, [this] { ShowZScores_Click(); }, HotLabel::Look::Command,
-        scales);
+        u"ShowZScores"_s, u"Z-Scores"_s, second, [choose_scale] { choose_scale(&Form30::ShowZScores_Click); },
+        HotLabel::Look::Command, scales);
     Pair(ShowCentiles, ShowZScores, this);
 
     QGroupBox* shading = Make_Group(u"Graph shading"_s, {Left, 258, Left_Width, 102}, Frame1);

@@ -298,7 +298,6 @@ void Form30::ShowCentiles_Click() {
     Show_Centile_Bars(Raw_Centiles());
     if (state.Show_Time_Bars) Show_Time_Centile_Bars(Time_Centiles());
     TerminatedTests(); // the marks stand on the bars, wherever these went
-    Describe_Chart();
 }
 
 void Form30::ShowZScores_Click() {
@@ -306,7 +305,6 @@ void Form30::ShowZScores_Click() {
     Show_ZScore_Bars(Raw_Centiles());
     if (state.Show_Time_Bars) Show_Time_ZScore_Bars(Time_Centiles());
     TerminatedTests();
-    Describe_Chart();
 }
 
 void Form30::Change_Background(const QString& ground) {

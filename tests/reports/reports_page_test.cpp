@@ -176,7 +176,7 @@ TEST_F(Reports_Page, TheChartIsAListInWordsOfWhatItShows) {
     page->HotLabel2_Click();
     EXPECT_EQ(row(6),
               u"Drell: centile "_s + Cell(3, 7) + u", age at test 7 y 3 m, time centile "_s + Cell(7, 7));
-    page->ShowZScores_Click();
+    Click(*page, u"ShowZScores"_s);
     EXPECT_EQ(row(6),
               u"Drell: z-score "_s + Cell(5, 7) + u", age at test 7 y 3 m, time z-score "_s + Cell(8, 7));
 }
