@@ -44,7 +44,7 @@ void Form2::Lay_Out() {
     Spread1->setAccessibleName(caption);
     Spread1->setAccessibleDescription(u"One row for each pupil."_s);
     int column = 0;
-    for (const int width : {156, 178, 92, 126, 128, 78})
+    for (const int width : {150, 174, 88, 126, 138, 82})
         Spread1->Set_ColWidth(++column, width);
     for (const int words : {2, 4, 5})
         Spread1->Set_Left_Aligned(words);
@@ -78,21 +78,21 @@ static Yes_No Make_Login_List(const QString& panel_name, const QString& caption,
 
 void Form2::Lay_Out_Individual() {
     QGroupBox* frame5 =
-        Make_Panel(u"Frame5"_s, u"Edit an individual's details"_s, {Right, 16, Right_Width, 310}, Frame1);
+        Make_Panel(u"Frame5"_s, u"Edit an individual's details"_s, {Right, 16, Right_Width, 306}, Frame1);
     const auto caption = [&](const char16_t* name, const QString& text, int top) {
         return Make_Label(QString::fromUtf16(name), text, Text_Role::Body, {Captions_Left, top, 190, 28},
                           frame5);
     };
     Combo1 = Make_Combo(u"Combo1"_s, u"Individual"_s, {16, 30, 368, 34}, frame5);
-    QLabel* label5 = caption(u"Label5", u"Password"_s, 78);
-    Text2 = Make_Entry(u"Text2"_s, label5->text(), {140, 76, 244, 34}, frame5);
-    QLabel* label4 = caption(u"Label4", u"Group/Class"_s, 122);
-    Combo3 = Make_Combo(u"Combo3"_s, label4->text(), {140, 120, 244, 34}, frame5);
-    QLabel* label14 = caption(u"Label14", u"Use D.O.B. as password"_s, 164);
-    Use_Dob = Make_Question(label14, u"Option1"_s, u"Option2"_s, 164, frame5);
+    QLabel* label5 = caption(u"Label5", u"Password"_s, 74);
+    Text2 = Make_Entry(u"Text2"_s, label5->text(), {140, 72, 244, 34}, frame5);
+    QLabel* label4 = caption(u"Label4", u"Group/Class"_s, 114);
+    Combo3 = Make_Combo(u"Combo3"_s, label4->text(), {140, 112, 244, 34}, frame5);
+    QLabel* label14 = caption(u"Label14", u"Use D.O.B. as password"_s, 152);
+    Use_Dob = Make_Question(label14, u"Option1"_s, u"Option2"_s, 152, frame5);
     Show_Pupil = Make_Login_List(u"Frame4"_s, u"Show student in Login List"_s, u"Label12"_s, u"Option7"_s,
-                                 u"Option8"_s, 194, frame5);
-    HotLabel7 = Make_HotLabel(u"HotLabel7"_s, u"Update"_s, {256, 262, 128, 38},
+                                 u"Option8"_s, 188, frame5);
+    HotLabel7 = Make_HotLabel(u"HotLabel7"_s, u"Update"_s, {256, 256, 128, 38},
                               With_Lists(&Form2::Update_Pupil_Settings), HotLabel::Look::Command, frame5);
     Text2->setMaxLength(Longest_Text);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
@@ -105,11 +105,11 @@ void Form2::Lay_Out_Group_Settings() {
     Make_Label(u"Label10"_s, u"Group/Class"_s, Text_Role::Body, {16, 32, 120, 28}, frame6);
     Combo2 = Make_Combo(u"Combo2"_s, u"Group/Class"_s, {140, 30, 244, 34}, frame6);
     QLabel* label15 =
-        Make_Label(u"Label15"_s, u"D.O.B. as password"_s, Text_Role::Body, {16, 74, 190, 28}, frame6);
-    Group_Uses_Dob = Make_Question(label15, u"Option5"_s, u"Option6"_s, 74, frame6);
+        Make_Label(u"Label15"_s, u"D.O.B. as password"_s, Text_Role::Body, {16, 70, 190, 28}, frame6);
+    Group_Uses_Dob = Make_Question(label15, u"Option5"_s, u"Option6"_s, 70, frame6);
     Show_Group = Make_Login_List(u"Frame2"_s, u"Show group in Login List"_s, u"Label1"_s, u"Option3"_s,
-                                 u"Option4"_s, 102, frame6);
-    HotLabel6 = Make_HotLabel(u"HotLabel6"_s, u"Update "_s, {256, 168, 128, 38},
+                                 u"Option4"_s, 104, frame6);
+    HotLabel6 = Make_HotLabel(u"HotLabel6"_s, u"Update "_s, {256, 170, 128, 38},
                               With_Lists(&Form2::Update_Group_Settings), HotLabel::Look::Command, frame6);
     shell::On(Combo2, &shell::Click_Combo::Click, this, platform, [this] { Combo2_Click(); });
 }

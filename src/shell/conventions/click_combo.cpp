@@ -1,5 +1,6 @@
 #include "shell/conventions/click_combo.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QListView>
 
@@ -16,16 +17,17 @@ public:
     }
 
     void keyboardSearch(const QString& key) override {
-        constexpr qint64 one_word_ms = 1500; // between two keys: who looks for digits is slow
+        constexpr int between_digits_ms = 1500; // they are looked for on the keyboard
         if (key.isEmpty()) return;
-        const bool goes_on = since_key.isValid() && since_key.elapsed() < one_word_ms;
+        const bool digit = key.at(0).isDigit();
+        const int interval = digit ? between_digits_ms : QApplication::keyboardInputInterval();
+        const bool goes_on = since_key.isValid() && since_key.elapsed() < interval;
         since_key.start();
         typed = goes_on ? typed + key : key;
         if (goes_on && Choose(typed, 0)) return;
         const bool one_key_again = typed.count(key) == typed.size();
-        const bool another_number = key.at(0).isDigit();
-        if (goes_on && !one_key_again && !another_number) return;
-        if (another_number) typed = key;
+        if (goes_on && !one_key_again && !digit) return;
+        if (digit) typed = key; // of another number
         Choose(key, 1);
     }
 
@@ -57,6 +59,7 @@ private:
 Click_Combo::Click_Combo(const QString& name, QWidget* parent) : QComboBox(parent) {
     setObjectName(name);
     setView(new Items_View(this));
+    view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded); // whatever style was in force so far
     connect(this, &QComboBox::activated, this, [this] { Q_EMIT Click(); });
 }
 
