@@ -192,7 +192,7 @@ TEST_F(Delete_Page, OneOfThreeIsDeselectedAndTwoGo) {
         Ctrl_Click(item);
     Ctrl_Click(7);
     const QStringList chosen{Code(2), Code(12)};
-    QSignalSpy told(&Control<Work_Bar>(*form, u"ProgressBar1"_s), &QProgressBar::valueChanged);
+    QSignalSpy told(&Control<QProgressBar>(*form, u"ProgressBar1"_s), &QProgressBar::valueChanged);
     Wants(Answer::Yes);
     Click(Delete_Button);
     EXPECT_EQ(told.count(), 3); // none, one and both
