@@ -174,10 +174,14 @@ void Form9::HotLabel2_Click() {
     {
         // Carries no statement, but shows a database that is out of reach before anything is deleted.
         const auto connection = Own_Connection(installation);
+        ProgressBar1->Begin(count);
         for (int i = 1; i <= ListView1->Count(); ++i) {
+            if (!ListView1->Is_Selected(i)) continue;
             bool result = false;
-            if (ListView1->Is_Selected(i)) DeletePupil(pupils.Student_Code[i], result);
+            DeletePupil(pupils.Student_Code[i], result);
+            ProgressBar1->Step();
         }
+        ProgressBar1->hide();
     }
     Load_Delete_List(Combo1->ListIndex());
     List_Names();

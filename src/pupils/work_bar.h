@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QProgressBar>
+
+namespace pupils {
+
+// Tells how far work on many pupils has come, and keeps the window painted meanwhile. What the user does
+// waits for the end of the work.
+class Work_Bar final : public QProgressBar {
+public:
+    Work_Bar(const QString& name, const QString& accessible_name, const QRect& place, QWidget* parent);
+
+    void Begin(int steps); // shows the bar, empty
+    void Step();           // one of them is done
+
+private:
+    QElapsedTimer since_painted;
+};
+
+} // namespace pupils
