@@ -129,7 +129,7 @@ TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
 TEST_F(Raw_Tables, TheTargetsPlaceIsNamed) {
     Set(u"Mevo_Yoon_data"_s,
         u"Choices_1 = 'cup,cap', Shown_1 = 'cup', Choices_2 = 'cup,cap', Shown_2 = 'cap', "
-        "Choices_3 = 'cup,cap', Shown_3 = NULL"_s);
+        "Choices_3 = NULL, Shown_3 = NULL"_s);
     Show(8);
     EXPECT_EQ(At(3, 2, Wide), u"Left"_s);
     EXPECT_EQ(At(3, 3, Wide), u"Right"_s);
