@@ -287,15 +287,15 @@ TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
     EXPECT_EQ(sample.Value(stored), u"NULL"_s);
 
     outside.dialogs.Will_Do([](QDialog& dialog) {
-        Control<QPlainTextEdit>(dialog, u"Text1"_s).setPlainText(u"O'Brien's \"best\" – Élan"_s);
+        Control<QPlainTextEdit>(dialog, u"Text1"_s).setPlainText(u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
         Click(dialog, u"HotLabel1"_s);
     });
     page->HotLabel3_Click();
-    EXPECT_EQ(sample.Value(stored), u"O'Brien's \"best\" – Élan"_s);
+    EXPECT_EQ(sample.Value(stored), u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
 
     Combo().Set_ListIndex(0);
     Choose(code);
-    EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan"_s);
+    EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
 }
 
 TEST_F(Reports_Page, InViewingModeCommentsAreLeftAlone) {
