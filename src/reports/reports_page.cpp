@@ -517,7 +517,9 @@ void Form30::Show_Which_Raw_Data(int t, int p) {
     };
     if (t < 1 || t > All_Tests) return;
     const Filler& filler = fillers[t - 1];
+    Set_Detail_Widths(t, *filler.table);
     filler.show(p, *filler.table, scoring);
+    filler.table->Fit_Rows();
     filler.table->raise();
 }
 

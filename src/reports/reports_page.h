@@ -95,6 +95,7 @@ private:
     void Show_Chart(bool shown);
     void Hide_All_Markers();
     void Open_Detail_Table(int t);
+    void Set_Detail_Widths(int t, grid::fpSpread& table);
     void Offer_Printing(bool offered); // PrintIcon and its caption
     bool Is_Done(int t) const;
     void Show_Summary_Cells();

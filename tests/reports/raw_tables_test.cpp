@@ -1,5 +1,7 @@
 #include "reports/reports_page_fixture.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 using namespace test_support;
 
@@ -62,6 +64,7 @@ TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
             EXPECT_EQ(At(tried.label_column, items + 6, tried.grid), u"Popul'n SD"_s);
             EXPECT_TRUE(At(2, items + 5, tried.grid).startsWith(u"Paused:"_s));
             EXPECT_TRUE(Shown(*page, tried.grid));
+            EXPECT_EQ(Control<grid::fpSpread>(*page, tried.grid).horizontalHeader()->length(), 744);
             EXPECT_FALSE(Shown(*page, u"Picture2"_s));
         }
     }
