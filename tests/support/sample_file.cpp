@@ -83,6 +83,42 @@ QString Sample_File::Value(const QString& sql) const {
     return column.first();
 }
 
+void Sample_File::Make_UTF_16() const {
+    Move_Away();
+    sqlite3 *from = nullptr, *to = nullptr;
+    sqlite3_open((path + u".away"_s).toUtf8().constData(), &from);
+    sqlite3_open16(path.utf16(), &to); // what is made by this name takes that encoding
+    const std::unique_ptr<sqlite3, Closer> source(from), target(to);
+    sqlite3_exec(to, "BEGIN", nullptr, nullptr, nullptr);
+    const auto each_row = [](sqlite3* engine, const char* sql, const auto& take) {
+        sqlite3_stmt* rows = nullptr;
+        sqlite3_prepare_v2(engine, sql, -1, &rows, nullptr);
+        while (sqlite3_step(rows) == SQLITE_ROW)
+            take(rows);
+        sqlite3_finalize(rows);
+    };
+    each_row(from,
+             "SELECT sql, 'SELECT * FROM ' || name, 'INSERT INTO ' || name || ' VALUES (?' || "
+             "(SELECT group_concat(',?', '') FROM pragma_table_info(t.name) WHERE cid > 0) || ')' "
+             "FROM sqlite_master AS t WHERE type = 'table'",
+             [&](sqlite3_stmt* table) {
+                 const auto text = [&](int column) {
+                     return reinterpret_cast<const char*>(sqlite3_column_text(table, column));
+                 };
+                 sqlite3_exec(to, text(0), nullptr, nullptr, nullptr);
+                 sqlite3_stmt* insert = nullptr;
+                 sqlite3_prepare_v2(to, text(2), -1, &insert, nullptr);
+                 each_row(from, text(1), [&](sqlite3_stmt* row) {
+                     for (int place = 0; place < sqlite3_column_count(row); ++place)
+                         sqlite3_bind_value(insert, place + 1, sqlite3_column_value(row, place));
+                     sqlite3_step(insert);
+                     sqlite3_reset(insert);
+                 });
+                 sqlite3_finalize(insert);
+             });
+    sqlite3_exec(to, "COMMIT", nullptr, nullptr, nullptr);
+}
+
 void Sample_File::Make_Older() const {
     Run(u"DROP TABLE Mevo_Groups"_s);
     for (const QString& column : {u"Show_Name"_s, u"Group_Class"_s, u"Password"_s, u"Dob_as_pw"_s})

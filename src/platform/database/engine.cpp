@@ -180,6 +180,25 @@ Statement_Result Engine::Run(const QString& sql, const std::vector<Value>& value
     return Run(*Known_Or(sql, [&] { return Prepared(sql, {}); }), values);
 }
 
+void Engine::Rehearse_A_Change() {
+    struct Taken_Back {
+        explicit Taken_Back(sqlite3* engine) : engine(engine) {
+            sqlite3_set_authorizer(engine, nullptr, nullptr);
+        }
+        ~Taken_Back() {
+            sqlite3_exec(engine, "ROLLBACK", nullptr, nullptr, nullptr);
+            sqlite3_set_authorizer(engine, Allow_Plain_Statements, nullptr);
+        }
+        sqlite3* engine;
+    };
+    since.start();
+    const Taken_Back rehearsal(engine.get());
+    // Any number: it is written as far as the journal.
+    const int result =
+        sqlite3_exec(engine.get(), "BEGIN IMMEDIATE; PRAGMA user_version = 1", nullptr, nullptr, nullptr);
+    if (result != SQLITE_OK) Raise_Engine_Error(engine.get(), result);
+}
+
 static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
     if (prepared.rows && prepared.rows.use_count() == 1)
         prepared.rows->Clear();
