@@ -6,6 +6,7 @@
 #include "platform/database/engine_errors.h"
 #include "platform/database/hardening.h"
 #include "platform/database/jet_sql.h"
+#include "platform/database/system_failure.h"
 
 #include <cmath>
 #include <sqlite3.h>
@@ -196,7 +197,10 @@ void Engine::Rehearse_A_Change() {
     // Any number: it is written as far as the journal.
     const int result =
         sqlite3_exec(engine.get(), "BEGIN IMMEDIATE; PRAGMA user_version = 1", nullptr, nullptr, nullptr);
-    if (result != SQLITE_OK) Raise_Engine_Error(engine.get(), result);
+    if (result == SQLITE_OK) return;
+    const bool out_of_room = Number_Of_Last_Failure() == basics::errors::Disk_Full;
+    if ((result & 0xff) == SQLITE_IOERR && out_of_room) basics::Raise(basics::errors::Disk_Full);
+    Raise_Engine_Error(engine.get(), result);
 }
 
 static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
