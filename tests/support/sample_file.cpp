@@ -117,6 +117,7 @@ void Sample_File::Make_UTF_16() const {
                  sqlite3_finalize(insert);
              });
     sqlite3_exec(to, "COMMIT", nullptr, nullptr, nullptr);
+    QFile::remove(path + u".away"_s);
 }
 
 void Sample_File::Make_Older() const {
