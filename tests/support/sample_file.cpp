@@ -1,6 +1,8 @@
 #include "support/sample_file.h"
 
 #include "sampledb/sample_data.h"
+#include "support/files.h"
+#include "support/other_workstation.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -84,40 +86,15 @@ QString Sample_File::Value(const QString& sql) const {
 }
 
 void Sample_File::Make_UTF_16() const {
-    Move_Away();
-    sqlite3 *from = nullptr, *to = nullptr;
-    sqlite3_open((path + u".away"_s).toUtf8().constData(), &from);
-    sqlite3_open16(path.utf16(), &to); // what is made by this name takes that encoding
-    const std::unique_ptr<sqlite3, Closer> source(from), target(to);
-    sqlite3_exec(to, "BEGIN", nullptr, nullptr, nullptr);
-    const auto each_row = [](sqlite3* engine, const char* sql, const auto& take) {
-        sqlite3_stmt* rows = nullptr;
-        sqlite3_prepare_v2(engine, sql, -1, &rows, nullptr);
-        while (sqlite3_step(rows) == SQLITE_ROW)
-            take(rows);
-        sqlite3_finalize(rows);
-    };
-    each_row(from,
-             "SELECT sql, 'SELECT * FROM ' || name, 'INSERT INTO ' || name || ' VALUES (?' || "
-             "(SELECT group_concat(',?', '') FROM pragma_table_info(t.name) WHERE cid > 0) || ')' "
-             "FROM sqlite_master AS t WHERE type = 'table'",
-             [&](sqlite3_stmt* table) {
-                 const auto text = [&](int column) {
-                     return reinterpret_cast<const char*>(sqlite3_column_text(table, column));
-                 };
-                 sqlite3_exec(to, text(0), nullptr, nullptr, nullptr);
-                 sqlite3_stmt* insert = nullptr;
-                 sqlite3_prepare_v2(to, text(2), -1, &insert, nullptr);
-                 each_row(from, text(1), [&](sqlite3_stmt* row) {
-                     for (int place = 0; place < sqlite3_column_count(row); ++place)
-                         sqlite3_bind_value(insert, place + 1, sqlite3_column_value(row, place));
-                     sqlite3_step(insert);
-                     sqlite3_reset(insert);
-                 });
-                 sqlite3_finalize(insert);
-             });
-    sqlite3_exec(to, "COMMIT", nullptr, nullptr, nullptr);
-    QFile::remove(path + u".away"_s);
+    QStringList statements = {u"PRAGMA encoding = 'UTF-16'"_s, u"BEGIN"_s};
+    statements += Column(u"SELECT sql FROM sqlite_master WHERE type = 'table'"_s);
+    for (const QString& table : Column(u"SELECT name FROM sqlite_master WHERE type = 'table'"_s)) {
+        const QString row = Value(u"SELECT group_concat('quote(\"' || name || '\")', '||'',''||') "
+                                  "FROM pragma_table_info('%1')"_s.arg(table));
+        statements += Column(u"SELECT 'INSERT INTO %1 VALUES (' || %2 || ')' FROM %1"_s.arg(table, row));
+    }
+    Write_Bytes(path, {});
+    Database_Beside(path).Run(statements + QStringList{u"COMMIT"_s});
 }
 
 void Sample_File::Make_Older() const {
