@@ -23,6 +23,8 @@ void Refuse_Target(const QString& source, const QString& target, If_There_Is_One
     if (info.exists() && info.canonicalFilePath() == QFileInfo(source).canonicalFilePath())
         throw Refusal(u"It can't be converted into itself."_s);
     if (info.isDir()) throw Refusal(u"The target %1 is a folder."_s.arg(target));
+    if (info.exists() && !info.isFile()) // a pipe or a device, which others may be waiting for
+        throw Refusal(u"The target %1 isn't a file."_s.arg(target));
     if (Is_There(target) && if_there_is_one == If_There_Is_One::Refuse)
         throw Refusal(u"The target %1 is there already."_s.arg(target));
     // A program that finds a journal beside a database plays it back into it.

@@ -114,7 +114,9 @@ double Statement::Real(int column) const {
 }
 
 QByteArray Statement::Bytes(int column) const {
-    const void* bytes = sqlite3_column_blob(handle.get(), column);
+    const bool is_blob = Type(column) == SQLITE_BLOB;
+    const void* bytes =
+        is_blob ? sqlite3_column_blob(handle.get(), column) : sqlite3_column_text(handle.get(), column);
     return {static_cast<const char*>(bytes), sqlite3_column_bytes(handle.get(), column)};
 }
 

@@ -47,7 +47,7 @@ public:
     int Type(int column) const; // SQLITE_NULL and the like
     qint64 Whole(int column) const;
     double Real(int column) const;
-    QByteArray Bytes(int column) const;
+    QByteArray Bytes(int column) const; // UTF-8 of a text, in whatever encoding the file keeps it
 
 private:
     struct Finalizer {

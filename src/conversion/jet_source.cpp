@@ -2,6 +2,7 @@
 
 #include "conversion/jet_file.h"
 #include "conversion/refusal.h"
+#include "foundation/schema.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -219,6 +220,21 @@ void Take_Start(Told& told, Progress& progress) {
     progress.of_rows = static_cast<qint64>(told.Take<quint64>());
 }
 
+QStringList Names_Of(const QList<Source_Column>& columns) {
+    QStringList names;
+    for (const Source_Column& column : columns)
+        names.append(column.name);
+    return names;
+}
+
+void Refuse_What_Lacks_A_Table(const database::Tables& tables) {
+    const QStringList lacking = database::Lacking(tables, foundation::Needed_Tables());
+    if (!lacking.isEmpty())
+        Refuse_As_Damaged(u"it lacks "_s + lacking.first() +
+                          (lacking.size() > 1 ? u" and %1 more"_s.arg(lacking.size() - 1) : QString()) +
+                          u", which each database of the suite has"_s);
+}
+
 } // namespace
 
 Reader_Program Reader_Beside_This_Program() {
@@ -231,6 +247,7 @@ void Read_Jet_File(const QString& file, const Reader_Program& reader, Source_Vis
     Progress progress;
     Told told(file, reader, progress, watcher);
     Take_Start(told, progress);
+    database::Tables tables;
     while (progress.table_number < progress.tables) {
         const auto record = told.Take<Record>();
         if (record == Record::Fault) Refuse_As_Damaged(told.Take_Text(Longest_Name));
@@ -238,11 +255,13 @@ void Read_Jet_File(const QString& file, const Reader_Program& reader, Source_Vis
         const Source_Table table = Take_Table(told);
         ++progress.table_number;
         progress.table = table.name;
+        tables[table.name] = Names_Of(table.columns);
         visitor.Begin_Table(table);
         Take_Rows(told, table, visitor, progress);
         visitor.End_Table();
     }
     if (told.Take<Record>() != Record::End) Refuse_As_Unreadable();
+    Refuse_What_Lacks_A_Table(tables);
     watcher(progress);
 }
 

@@ -7,6 +7,8 @@ namespace foundation {
 namespace {
 
 constexpr QStringView Key_Column = u"StudentCode";
+const QString New_In_51 = u"Mevo_Groups"_s;
+const QString Raw_Score = u"Raw Score"_s;
 
 // The commonest item: three columns told apart by what follows the item's number.
 QList<Item_Part> Answer_Parts(const QString& requested, const QString& chosen, const QString& time) {
@@ -129,7 +131,7 @@ Table Pupils_Table() {
 }
 
 Table Groups_Table() {
-    return {u"Mevo_Groups"_s,
+    return {New_In_51,
             {{u"ID"_s, Column_Kind::Number},
              {u"Group_Name"_s, Column_Kind::Text_50},
              {u"Dob_as_pw"_s, Column_Kind::Number},
@@ -209,10 +211,25 @@ QList<Table> Database_Tables() {
         tables.append(Data_Table(test));
     for (const Test_Tables& test : Tests_In_Order()) {
         if (test.norms.isEmpty()) continue;
-        tables.append(Norm_Table(test.norms, u"Raw Score"_s, u"Age %1 Centile"_s));
+        tables.append(Norm_Table(test.norms, Raw_Score, u"Age %1 Centile"_s));
         tables.append(Norm_Table(test.time_norms, u"Centile"_s, u"Raw score %1"_s));
     }
     return tables;
+}
+
+database::Tables Needed_Tables() {
+    database::Tables needed;
+    for (const Table& table : Database_Tables()) {
+        const QString& first = table.columns.first().name;
+        if (table.name == New_In_51) continue;
+        // The place of its row tells a raw score, whatever its column says.
+        needed[table.name] = first == Raw_Score ? QStringList() : QStringList{first};
+    }
+    return needed;
+}
+
+bool Is_Of_Version_51(const database::Tables& tables) {
+    return tables.contains(New_In_51) && tables[u"Mevo_Pupils"_s].contains("Dob_as_pw"_L1);
 }
 
 QString Declared_Type(const Column& column) {

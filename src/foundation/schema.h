@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/database/file_look.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -61,6 +63,13 @@ QStringList Status_Columns();
 QString Item_Column(const Item_Level& level, int item, const Item_Part& part);
 
 QList<Table> Database_Tables();
+
+// What a file of any version must hold to be a database of the suite: its tables, each with the column by
+// which the program finds rows in it. What version 5.1 brought isn't among them.
+database::Tables Needed_Tables();
+// As an upgrade tells it: the two names must be spelt so.
+bool Is_Of_Version_51(const database::Tables& tables);
+
 QString Declared_Type(const Column& column);
 QString Create_Table_Statement(const Table& table);
 

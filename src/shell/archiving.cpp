@@ -2,6 +2,7 @@
 
 #include "conversion/refusal.h"
 #include "foundation/database_version.h"
+#include "foundation/schema.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
@@ -24,6 +25,7 @@ constexpr int Left = 40;
 constexpr int Column_Width = 452;
 constexpr int Whole_Width = 920;
 
+const QString Product_Row = u"SELECT * FROM Customer_Details WHERE Product_Name = 'MEVO'"_s;
 const QString No_Choice = u"*.mdb"_s; // what an Open dialog's file name is until a file is chosen
 
 // A database in use is waited for, and a file on a share takes its time.
@@ -263,24 +265,37 @@ bool Form60::Password_Accepted(Wrong_Password wrong) {
 void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
     const Busy_Pointer busy(platform);
     holder.Let_Go();
-    copies.Replace({source,
-                    installation.Database_Path,
-                    {u"Mevo_Pupils"_s, u"Customer_Details"_s},
-                    reason,
-                    platform.clock.Now(),
-                    installation.Archive_Folder});
+    copies.Replace({source, installation.Database_Path, foundation::Needed_Tables(), reason,
+                    platform.clock.Now(), installation.Archive_Folder});
+}
+
+// Names that differ only in case are another product's. A file that may not be written needn't be, if it has
+// the password already.
+bool Form60::Lacks_The_Password(database::Recordset& row) const {
+    return row.Fields(u"Product_Name"_s).Value().Text_Or_Empty() == "MEVO"_L1 &&
+           row.Fields(u"Admin_Password"_s).Value() != installation.Admin_Password;
+}
+
+// What would keep an archive from taking the password is met before its content replaces anything.
+void Form60::Require_That_It_Takes_The_Password(const QString& archive) {
+    holder.Let_Go();
+    database::Connection connection;
+    connection.ConnectionString = foundation::Connection_String_For(archive);
+    connection.Open();
+    database::Recordset rows;
+    rows.Source = Product_Row;
+    rows.Set_ActiveConnection(&connection);
+    rows.Open();
+    for (; !rows.Eof(); rows.MoveNext())
+        if (Lacks_The_Password(rows)) return connection.Rehearse_A_Change();
 }
 
 // The file's row of this product takes the password in force.
 void Form60::Hand_On_The_Password(const QString& file) {
     Alternative_Connection_String = foundation::Connection_String_For(file);
-    holder.ado_Open(Alternative_Connection_String,
-                    u"SELECT * FROM Customer_Details WHERE Product_Name = 'MEVO'"_s, u"Optimistic"_s);
+    holder.ado_Open(Alternative_Connection_String, Product_Row, u"Optimistic"_s);
     for (; !holder.Rows().Eof(); holder.Rows().MoveNext()) {
-        // Names that differ only in case are another product's. A file that may not be written needn't be, if
-        // it has the password already.
-        if (holder.Field(u"Product_Name"_s).Text_Or_Empty() != "MEVO"_L1) continue;
-        if (holder.Field(u"Admin_Password"_s) == installation.Admin_Password) continue;
+        if (!Lacks_The_Password(holder.Rows())) continue;
         holder.Rows().Fields(u"Admin_Password"_s).Set_Value(installation.Admin_Password);
         holder.Rows().Update();
     }
@@ -305,6 +320,7 @@ void Form60::HotLabel4_Click() {
 void Form60::Load_Archived_Database() {
     const QString file = Chosen_Archive(u"Load archive"_s);
     if (file.isEmpty()) return;
+    Require_That_It_Takes_The_Password(file);
     Replace_Working_Database(file, u"load"_s);
     // Behind the copy on purpose: the working database keeps the password that the archive had.
     Hand_On_The_Password(file);

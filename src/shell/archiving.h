@@ -52,6 +52,8 @@ private:
     bool Password_Accepted(Wrong_Password wrong);
     void Replace_Working_Database(const QString& source, const QString& reason);
     void Hand_On_The_Password(const QString& file);
+    void Require_That_It_Takes_The_Password(const QString& archive);
+    bool Lacks_The_Password(database::Recordset& row) const;
     bool Working_Database_Is_Of_Version_51();
 
     foundation::Installation& installation;

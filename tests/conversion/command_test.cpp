@@ -170,6 +170,15 @@ TEST_F(Convert_Command, InterruptedItLeavesNothing) {
 }
 
 #ifndef _WIN32
+TEST_F(Convert_Command, ASummaryThatNobodyTakesIsAFailure) {
+    QProcess process;
+    process.setStandardOutputFile(u"/dev/full"_s);
+    process.start(QCoreApplication::applicationDirPath() + u"/mevo-convert"_s, {source, target});
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 2);
+    EXPECT_TRUE(Is_One_Line(QString::fromUtf8(process.readAllStandardError()), u"Can't write"_s));
+}
+
 // The real process, with a reader that never ends its file.
 TEST_F(Convert_Command, SignalsEndItCleanly) {
     for (const int signal : {SIGINT, SIGTERM}) {

@@ -22,12 +22,12 @@ QByteArray Changed(qsizetype at, const QByteArray& by) {
     return bytes.replace(at, by.size(), by);
 }
 
-// One page of rows belongs to no table any more.
-QByteArray With_A_Page_Torn_Out() {
+// The page on which that text stands belongs to no table any more.
+QByteArray Without_The_Page_Of(const QString& text) {
     QByteArray bytes = Working();
     constexpr qsizetype page = 4096;
-    const qsizetype name = bytes.indexOf(Stored_Text(u"GREREN288IXR"_s));
-    return bytes.replace(name / page * page, page, QByteArray(page, '\0'));
+    const qsizetype place = bytes.indexOf(Stored_Text(text));
+    return bytes.replace(place / page * page, page, QByteArray(page, '\0'));
 }
 
 } // namespace
@@ -52,7 +52,8 @@ TEST(Refusals, SayWhatIsWrongAndLeaveNothing) {
         {u"cut within a page"_s, Working().left(600'000), u"cut short"_s},
         {u"cut behind a page"_s, Working().left(100 * 4096), u"damaged"_s},
         {u"last page lost"_s, Working().chopped(60 * 4096), u"damaged"_s},
-        {u"torn page"_s, With_A_Page_Torn_Out(), u"damaged"_s},
+        {u"torn page"_s, Without_The_Page_Of(u"GREREN288IXR"_s), u"damaged"_s},
+        {u"page of the catalogue"_s, Without_The_Page_Of(u"Yoon_TimeNorms"_s), u"list of its tables"_s},
         {u"nothing but a header"_s, Working().left(4096) + QByteArray(50 * 4096, '\0'), u"damaged"_s},
         {u"noise behind the header"_s, Working().left(4096) + QByteArray(50 * 4096, '\xa5'), u"damaged"_s},
     };
@@ -83,12 +84,14 @@ TEST(Refusals, ATargetThatMayNotBeWritten) {
     QDir(folder.Place(u"."_s)).mkdir(u"sub"_s);
     folder.Put(u"taken.mdb"_s, "something of the user's");
     folder.Put(u"open.mdb-journal"_s, "what another program left");
+    QFile::link(u"/dev/null"_s, folder.Place(u"device"_s));
     QFile::link(folder.Place(u"nowhere"_s), folder.Place(u"dangling.mdb"_s));
     const QStringList before = folder.Names();
     const std::pair<QString, QString> cases[] = {
         {u"source.mdb"_s, u"into itself"_s},
         {u"sub/../source.mdb"_s, u"into itself"_s},
         {u"sub"_s, u"is a folder"_s},
+        {u"device"_s, u"isn't a file"_s},
         {u"taken.mdb"_s, u"there already"_s},
         {u"dangling.mdb"_s, u"there already"_s},
         {u"open.mdb"_s, u"open.mdb-journal"_s},

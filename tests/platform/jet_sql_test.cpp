@@ -36,7 +36,7 @@ TEST(JetDialect, JoinsTextsWhereATextStandsInTheSum) {
 TEST(JetDialect, LimitsSizedTextsInDefinitionsOnly) {
     EXPECT_EQ(
         Sql(u"ALTER TABLE Mevo_Pupils ADD [password] TEXT(50)"_s),
-        u"ALTER TABLE Mevo_Pupils ADD [password] TEXT ( 50 ) COLLATE NOCASE CHECK ( length ( [password] ) <= 50 )"_s);
+        u"ALTER TABLE Mevo_Pupils ADD [password] TEXT(50) COLLATE NOCASE CHECK(length([password]) <= 50)"_s);
     EXPECT_EQ(Sql(u"SELECT text(50) FROM t"_s), u"SELECT text ( 50 ) FROM t"_s);
 }
 

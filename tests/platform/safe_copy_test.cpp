@@ -36,7 +36,7 @@ protected:
     Replacement Order(const QString& source) const {
         return {source,
                 working.Path(),
-                {u"Mevo_Pupils"_s, u"Customer_Details"_s},
+                {{u"Mevo_Pupils"_s, {}}, {u"Customer_Details"_s, {}}},
                 u"load"_s,
                 QDateTime(QDate(2026, 11, 21), QTime(10, 15, 30)),
                 working.Folder() + u"\\archives"_s};

@@ -1,3 +1,4 @@
+#include "platform/database/engine_errors.h"
 #include "shell/archiving_fixture.h"
 #include "support/narrow_places.h"
 
@@ -17,6 +18,11 @@ QByteArray Sample_Bytes() {
     return bytes;
 }
 
+void Write_Changed(const QString& file, const QString& change) {
+    Write_Bytes(file, Sample_Bytes());
+    Database_Beside(file).Run({change});
+}
+
 void Write_Zeros(const QString& file) {
     QFile opened(file);
     ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
@@ -31,11 +37,7 @@ const Hostile What_Nothing_Can_Be_Made_Of[] = {
     {"a header and nothing behind", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(100)); }},
     {"cut off in a page", [](const QString& file) { Write_Bytes(file, Sample_Bytes().left(9000)); }},
     {"its last page lost", [](const QString& file) { Write_Bytes(file, Sample_Bytes().chopped(4096)); }},
-    {"without pupils",
-     [](const QString& file) {
-         Write_Bytes(file, Sample_Bytes());
-         Database_Beside(file).Run({u"DROP TABLE Mevo_Pupils"_s});
-     }},
+    {"without pupils", [](const QString& file) { Write_Changed(file, u"DROP TABLE Mevo_Pupils"_s); }},
     {"a view in the pupils' place",
      [](const QString& file) {
          Write_Bytes(file, Sample_Bytes());
@@ -65,9 +67,11 @@ const Hostile What_A_Load_Must_Find[] = {
                                     u"DELETE FROM sqlite_master WHERE name = 'Yoon_TimeNorms'"_s});
      }},
     {"without a customer",
+     [](const QString& file) { Write_Changed(file, u"DROP TABLE Customer_Details"_s); }},
+    {"without norms", [](const QString& file) { Write_Changed(file, u"DROP TABLE Karrel_Norms"_s); }},
+    {"answers of nobody",
      [](const QString& file) {
-         Write_Bytes(file, Sample_Bytes());
-         Database_Beside(file).Run({u"DROP TABLE Customer_Details"_s});
+         Write_Changed(file, u"ALTER TABLE Mevo_Yoon_data RENAME StudentCode TO Code"_s);
      }},
 };
 
@@ -184,6 +188,23 @@ TEST_F(Narrow_Places, AReadOnlyArchiveIsntReplaced) {
     Save(archive.Path());
     EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
     EXPECT_EQ(Bytes_Of(archive.Path()), before);
+}
+
+// It takes the password in force behind its copy, so that it could fail when the working database has gone.
+TEST_F(Narrow_Places, AReadOnlyArchiveIsLoadedOnlyIfItHasThePasswordInForce) {
+    const QByteArray before = Bytes_Of(working.Path());
+    Share_The_Files();
+    const QString in_force = archive.Folder() + u"/in force.mdb"_s;
+    Write_Changed(in_force, u"UPDATE Customer_Details SET Admin_Password = 'secret'"_s);
+    for (const QString& file : {archive.Path(), in_force})
+        Give_Everybody(file, Reading);
+    const Plain_Account account;
+    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+    Open();
+    EXPECT_EQ(Error_Of_Loading(archive.Path()), database::errors::Refused);
+    EXPECT_EQ(Bytes_Of(working.Path()), before);
+    EXPECT_EQ(Archives(), QStringList());
+    EXPECT_EQ(Error_Of_Loading(in_force), 0);
 }
 
 TEST_F(Narrow_Places, AWorkingDatabaseThatMayNotBeWrittenStays) {

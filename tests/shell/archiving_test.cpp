@@ -1,3 +1,4 @@
+#include "foundation/start_up.h"
 #include "shell/archiving_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -188,6 +189,22 @@ TEST_F(Archiving, ThePasswordInForceGoesToTheArchiveAndNotToItsCopy) {
     EXPECT_EQ(archive.Value(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name <> 'MEVO'"_s),
               u"of old"_s);
     EXPECT_EQ(installation.Admin_Password.As_Text(), u"secret"_s); // until the next start
+}
+
+// Other programs of the suite's file may write it so; the password must still pass, at once and at the next
+// start.
+TEST_F(Archiving, AnArchiveWhoseTextsAreInUTF16IsLoadedLikeAnyOther) {
+    archive.Run(u"UPDATE Customer_Details SET Admin_Password = 'Zoë', Institution = 'Élan'"_s);
+    archive.Make_UTF_16();
+    EXPECT_EQ(archive.Value(u"PRAGMA encoding"_s), u"UTF-16le"_s);
+    Open();
+    Load(archive.Path());
+    EXPECT_EQ(Working_Password(), u"Zoë"_s);
+    EXPECT_EQ(Password_In(archive.Path()), u"secret"_s);
+    ASSERT_TRUE(foundation::Read_Customer_Details(outside.platform, installation));
+    EXPECT_EQ(installation.Institution, u"Élan"_s);
+    Press(u"HotLabel5"_s, {Answer::Yes, Answer::Ok}, {u"Zoë"_s});
+    EXPECT_EQ(Working(Count), u"0"_s);
 }
 
 TEST_F(Archiving, ACancelledLoadChangesNothing) {

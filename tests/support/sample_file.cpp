@@ -1,6 +1,8 @@
 #include "support/sample_file.h"
 
 #include "sampledb/sample_data.h"
+#include "support/files.h"
+#include "support/other_workstation.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -81,6 +83,18 @@ QString Sample_File::Value(const QString& sql) const {
     const QStringList column = Column(sql);
     if (column.isEmpty()) throw std::runtime_error("no row: " + sql.toStdString());
     return column.first();
+}
+
+void Sample_File::Make_UTF_16() const {
+    QStringList statements = {u"PRAGMA encoding = 'UTF-16'"_s, u"BEGIN"_s};
+    statements += Column(u"SELECT sql FROM sqlite_master WHERE type = 'table'"_s);
+    for (const QString& table : Column(u"SELECT name FROM sqlite_master WHERE type = 'table'"_s)) {
+        const QString row = Value(u"SELECT group_concat('quote(\"' || name || '\")', '||'',''||') "
+                                  "FROM pragma_table_info('%1')"_s.arg(table));
+        statements += Column(u"SELECT 'INSERT INTO %1 VALUES (' || %2 || ')' FROM %1"_s.arg(table, row));
+    }
+    Write_Bytes(path, {});
+    Database_Beside(path).Run(statements + QStringList{u"COMMIT"_s});
 }
 
 void Sample_File::Make_Older() const {

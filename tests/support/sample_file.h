@@ -23,7 +23,8 @@ public:
     QString Value(const QString& sql) const;      // the first cell as text; "NULL" for none
     QStringList Column(const QString& sql) const; // the first column
 
-    void Make_Older() const; // as before version 5.1: no groups, no logins
+    void Make_UTF_16() const; // the same tables and rows, their texts in another encoding
+    void Make_Older() const;  // as before version 5.1: no groups, no logins
     void Move_Away() const;
     void Put_Back() const;
 

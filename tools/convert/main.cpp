@@ -1,3 +1,4 @@
+#include "console/standard_output.h"
 #include "convert/command_line.h"
 
 #include <QCoreApplication>
@@ -32,7 +33,7 @@ int main(int argc, char** argv) {
     for (const int signal : {SIGINT, SIGTERM})
         std::signal(signal, [](int) { was_interrupted = 1; });
     QFile output;
-    if (!output.open(stdout, QIODevice::WriteOnly)) return convert_command::Failed;
+    if (!console::Opens_Standard_Output(output)) return convert_command::Failed;
     QTextStream errors(stderr);
     return convert_command::Run_Command(application.arguments(),
                                         {output, errors, Somebody_Sits_Before_The_Errors(),

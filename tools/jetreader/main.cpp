@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <vector>
 
 #ifdef _WIN32
@@ -26,13 +27,30 @@ struct Closer {
     void operator()(MdbHandle* file) const { mdb_close(file); }
 };
 
+// The catalogue is a table itself, on the same page in each file, and says how many rows it has. A page of it
+// that is missing would take its tables along without a word.
+unsigned Entries_Promised(MdbHandle* file) {
+    constexpr unsigned long catalogue_page = 2;
+    MdbCatalogEntry entry{};
+    entry.mdb = file;
+    entry.object_type = MDB_TABLE;
+    entry.table_pg = catalogue_page;
+    const std::unique_ptr<MdbTableDef, decltype(&mdb_free_tabledef)> catalogue(mdb_read_table(&entry),
+                                                                               mdb_free_tabledef);
+    return catalogue ? catalogue->num_rows : 0;
+}
+
 std::vector<MdbCatalogEntry*> User_Tables(MdbHandle* file) {
-    const GPtrArray* catalog = mdb_read_catalog(file, MDB_TABLE);
-    if (!catalog) throw Damage("the list of its tables can't be read");
+    const GPtrArray* catalogue = mdb_read_catalog(file, MDB_ANY);
+    if (!catalogue) throw Damage("the list of its tables can't be read");
+    const unsigned promised = Entries_Promised(file);
+    if (catalogue->len != promised)
+        throw Damage("the list of its tables says that it has " + std::to_string(promised) +
+                     " entries, and " + std::to_string(catalogue->len) + " can be read");
     std::vector<MdbCatalogEntry*> tables;
-    for (unsigned i = 0; i < catalog->len; ++i) {
-        auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalog, i));
-        if (mdb_is_user_table(entry)) tables.push_back(entry);
+    for (unsigned i = 0; i < catalogue->len; ++i) {
+        auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalogue, i));
+        if (entry->object_type == MDB_TABLE && mdb_is_user_table(entry)) tables.push_back(entry);
     }
     if (tables.empty()) throw Damage("the list of its tables is empty");
     return tables;

@@ -1,3 +1,4 @@
+#include "console/standard_output.h"
 #include "scores/command_line.h"
 
 #include <QCoreApplication>
@@ -15,7 +16,7 @@ int main(int argc, char** argv) {
 #endif
     const QCoreApplication application(argc, argv);
     QFile output;
-    if (!output.open(stdout, QIODevice::WriteOnly)) return 2;
+    if (!console::Opens_Standard_Output(output)) return 2;
     QTextStream errors(stderr);
     return score_export::Run_Command(application.arguments(), output, errors);
 }

@@ -36,6 +36,9 @@ public:
     // Runs a statement that returns no rows; gives the number of rows it affected.
     int Execute(const QString& sql);
 
+    // Meets the error that a change of the file would meet; changes nothing.
+    void Rehearse_A_Change() { Opened().Rehearse_A_Change(); }
+
     // The tables of the file: rows with one field, Table_Name.
     std::unique_ptr<Recordset> OpenSchema();
 

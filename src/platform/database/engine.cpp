@@ -6,6 +6,7 @@
 #include "platform/database/engine_errors.h"
 #include "platform/database/hardening.h"
 #include "platform/database/jet_sql.h"
+#include "platform/database/system_failure.h"
 
 #include <cmath>
 #include <sqlite3.h>
@@ -178,6 +179,28 @@ Statement_Result Engine::Run_Jet(const QString& jet, bool to_be_written) {
 Statement_Result Engine::Run(const QString& sql, const std::vector<Value>& values) {
     since.start();
     return Run(*Known_Or(sql, [&] { return Prepared(sql, {}); }), values);
+}
+
+void Engine::Rehearse_A_Change() {
+    struct Taken_Back {
+        explicit Taken_Back(sqlite3* engine) : engine(engine) {
+            sqlite3_set_authorizer(engine, nullptr, nullptr);
+        }
+        ~Taken_Back() {
+            sqlite3_exec(engine, "ROLLBACK", nullptr, nullptr, nullptr);
+            sqlite3_set_authorizer(engine, Allow_Plain_Statements, nullptr);
+        }
+        sqlite3* engine;
+    };
+    since.start();
+    const Taken_Back rehearsal(engine.get());
+    // Any number: it is written as far as the journal.
+    const int result =
+        sqlite3_exec(engine.get(), "BEGIN IMMEDIATE; PRAGMA user_version = 1", nullptr, nullptr, nullptr);
+    if (result == SQLITE_OK) return;
+    const bool out_of_room = Number_Of_Last_Failure() == basics::errors::Disk_Full;
+    if ((result & 0xff) == SQLITE_IOERR && out_of_room) basics::Raise(basics::errors::Disk_Full);
+    Raise_Engine_Error(engine.get(), result);
 }
 
 static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {

@@ -53,6 +53,8 @@ public:
     Statement_Result Run_Jet(const QString& jet, bool to_be_written);
     // Runs one statement of the engine's own dialect with values for its place holders.
     Statement_Result Run(const QString& sql, const std::vector<basics::Value>& values = {});
+    // Meets what a change of the file would meet, and changes nothing.
+    void Rehearse_A_Change();
 
 private:
     template<class Prepare>

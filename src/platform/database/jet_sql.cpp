@@ -190,10 +190,10 @@ void Limit_Texts(Tokens& tokens) {
         const bool sized_text = tokens[at].Is("TEXT"_L1) && tokens[at + 1].Is("("_L1) &&
                                 tokens[at + 2].kind == Token::Kind::Number && tokens[at + 3].Is(")"_L1);
         if (!sized_text) continue;
-        const QString limit =
-            u"COLLATE NOCASE CHECK ( length ( %1 ) <= %2 )"_s.arg(tokens[at - 1].text, tokens[at + 2].text);
-        tokens.insert(at + 4, {Token::Kind::Name, limit});
-        at += 4;
+        // In one piece, since the file keeps a type as it is spelt here.
+        tokens[at].text = u"TEXT(%2) COLLATE NOCASE CHECK(length(%1) <= %2)"_s.arg(tokens[at - 1].text,
+                                                                                   tokens[at + 2].text);
+        tokens.remove(at + 1, 3);
     }
 }
 

@@ -53,11 +53,14 @@ void Row_Store::Take_Row(sqlite3_stmt* statement, int columns) {
             cell->number = sqlite3_value_double(value);
             break;
         default: {
-            const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+            // A text isn't taken as it is stored: a file may keep its texts in UTF-16.
+            const bool is_text = sqlite3_value_type(value) == SQLITE_TEXT;
+            const void* bytes =
+                is_text ? sqlite3_column_text(statement, column) : sqlite3_column_blob(statement, column);
             cell->kind = Kind::Text;
-            cell->size = sqlite3_value_bytes(value);
+            cell->size = sqlite3_column_bytes(statement, column);
             cell->start = texts.size();
-            if (bytes) texts.append(bytes, static_cast<std::size_t>(cell->size));
+            if (bytes) texts.append(static_cast<const char*>(bytes), static_cast<std::size_t>(cell->size));
         }
         }
     }

@@ -38,17 +38,12 @@ void Write_Copy(const QString& source, New_File& copy, int timeout_seconds) {
     copy.Flush_And_Close();
 }
 
-void Require_Sound(const QString& file, const QStringList& tables) {
-    File_Engine engine(file, Access::Read_Only, 0);
-    engine.Run("PRAGMA ignore_check_constraints = ON"); // a text that is too long is no damage
-    const QStringList found = engine.Run("PRAGMA integrity_check");
-    if (found != QStringList{u"ok"_s})
-        Raise_Engine_Error(errors::Engine_Failure,
-                           u"The database file is damaged ("_s + found.value(0).simplified() + u")."_s);
-    const QStringList names = engine.Run("SELECT name FROM sqlite_master WHERE type = 'table'");
-    for (const QString& table : tables)
-        if (!names.contains(table, Qt::CaseInsensitive))
-            Raise_Engine_Error(errors::Unknown_Table, u"no such table: "_s + table);
+void Require_Sound(const QString& file, const Tables& tables) {
+    const File_Look look = Look_Into(file);
+    if (!look.damage.isEmpty()) Raise_Engine_Error(errors::Engine_Failure, look.damage);
+    const QString lacking = Lacking(look.tables, tables).value(0);
+    if (lacking.contains(u'.')) Raise_Engine_Error(errors::Unknown_Name, u"no such column: "_s + lacking);
+    if (!lacking.isEmpty()) Raise_Engine_Error(errors::Unknown_Table, u"no such table: "_s + lacking);
 }
 
 void Write_Plain_Copy(const QString& file, New_File& copy) {

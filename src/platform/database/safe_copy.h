@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/database/file_look.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -10,10 +12,10 @@ namespace database {
 struct Replacement {
     QString source;
     QString target;
-    QStringList tables; // that the new database must hold, without regard to case
-    QString reason;     // what replaces it, for the name under which the old database is kept: "load"
-    QDateTime when;     // and when
-    QString keep_in;    // the folder for the old database; where it can't be there, its own folder serves
+    Tables tables;   // that the new database must hold, and which of their columns
+    QString reason;  // what replaces it, for the name under which the old database is kept: "load"
+    QDateTime when;  // and when
+    QString keep_in; // the folder for the old database; where it can't be there, its own folder serves
 };
 
 // Copies whole database files. What fails is a run-time error and leaves the target as it was:
