@@ -1,3 +1,4 @@
+#include "platform/database/engine_errors.h"
 #include "shell/archiving_fixture.h"
 #include "support/narrow_places.h"
 
@@ -184,6 +185,16 @@ TEST_F(Narrow_Places, AReadOnlyArchiveIsntReplaced) {
     Save(archive.Path());
     EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
     EXPECT_EQ(Bytes_Of(archive.Path()), before);
+}
+
+TEST_F(Narrow_Places, AReadOnlyArchiveInWriteAheadModeIsntTakenForABrokenDevice) {
+    archive.Run(u"PRAGMA journal_mode = WAL"_s);
+    Share_The_Files();
+    Give_Everybody(archive.Path(), Reading);
+    const Plain_Account account;
+    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+    Open();
+    EXPECT_EQ(Error_Of_Loading(archive.Path()), database::errors::Engine_Failure);
 }
 
 TEST_F(Narrow_Places, AWorkingDatabaseThatMayNotBeWrittenStays) {

@@ -84,6 +84,32 @@ TEST_F(Archiving, ACancelledOrUnchangedNameSavesNothing) {
     EXPECT_EQ(Archives(), QStringList());
 }
 
+TEST_F(Archiving, NamesOfOtherDatabasesArentTakenForAnArchive) {
+    Open();
+    const QStringList names = {working.Path(), working.Folder() + u"/mevo05DATA.mdb"_s,
+                               working.Folder() + u"/mevo05emptydatabase.mdb"_s,
+                               In_Archives(u"mevo05_before_load_2026-06-15_10-30-00.mdb"_s)};
+    outside.file_dialogs.answers = names;
+    Click(*page, u"HotLabel2"_s);
+    const QStringList& told = outside.file_dialogs.refusals;
+    ASSERT_EQ(told.size(), names.size());
+    for (const auto& [row, reason] : {std::pair(0, u"working database"_s),
+                                      {1, u"working database"_s},
+                                      {2, u"empty database"_s},
+                                      {3, u"kept"_s}})
+        EXPECT_TRUE(told[row].contains(reason)) << told[row].toStdString();
+    EXPECT_EQ(Archives(), QStringList());
+}
+
+TEST_F(Archiving, ASemicolonBelongsToTheFilesName) {
+    Open();
+    Save(In_Archives(u"a;b.mdb"_s));
+    View(In_Archives(u"a;b.mdb"_s));
+    Load(In_Archives(u"a;b.mdb"_s));
+    EXPECT_EQ(copies.spared, QStringList{In_Archives(u"a;b.mdb"_s)}); // in view
+    EXPECT_EQ(Working(Count), u"12"_s);
+}
+
 TEST_F(Archiving, TellsWhyItCantSave) {
     Open();
     const QString read_only =
