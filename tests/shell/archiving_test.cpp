@@ -134,6 +134,9 @@ TEST_F(Archiving, TellsWhyItCantSave) {
         EXPECT_EQ(Last_Box().text, tried.text);
         EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
     }
+    copies.fails_with = 0;
+    Save(In_Archives(QString(300, u'x'))); // the system's own words follow
+    EXPECT_TRUE(Last_Box().text.contains(u"Error # 57) Description (Device I/O error: "_s));
 }
 
 // ---- the question before the two destructive acts
