@@ -150,6 +150,8 @@ TEST_F(Safe_Copy, WhatCantBeDoneHasItsNumber) {
         {working.Path(), working.Folder() + u"/archives"_s, basics::errors::Permission_Denied, "a folder"},
         {working.Folder(), Archive(), errors::Engine_Failure, "from a folder"},
         {working.Path(), working.Folder() + u"/nowhere/a.mdb"_s, basics::errors::Path_Not_Found, "no folder"},
+        {working.Path(), Archive(u"x/"_s.repeated(300)), basics::errors::Device_Error,
+         "too long for the engine"},
     };
     const QByteArray before = Bytes_Of(working.Path());
     for (const auto& tried : cases) {

@@ -21,6 +21,9 @@ void Refuse_Impossible(const QString& source, const QString& target) {
     const QFileInfo from(source);
     const QFileInfo to(target);
     if (!from.exists()) basics::Raise(basics::errors::File_Not_Found);
+    if (Is_Path_Too_Long(target))
+        throw basics::Run_Time_Error(basics::errors::Device_Error, u"Mevo"_s,
+                                     u"Device I/O error: the path is too long for a database"_s);
     if (!to.exists()) return;
     const bool onto_itself = from.canonicalFilePath() == to.canonicalFilePath();
     const bool open_to_us = to.isFile() && to.isReadable() && to.isWritable();
