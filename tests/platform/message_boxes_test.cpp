@@ -104,7 +104,9 @@ TEST(File_Dialogs, WhatIsntTakenIsToldAndTheDialogStays) {
                 told.append(box->text());
                 box->accept();
             });
-            dialog->findChild<QLineEdit*>()->setText(name);
+            auto* typed = dialog->findChild<QLineEdit*>();
+            EXPECT_EQ(typed->text(), u"suggested.mdb"_s);
+            typed->setText(name);
             QMetaObject::invokeMethod(dialog, "accept");
             if (dialog->isVisible()) dialog->reject();
         });

@@ -233,20 +233,31 @@ public:
         : QFileDialog(QApplication::activeWindow(), question.title, basics::Native_Path(question.folder),
                       question.filter),
           question(question),
-          boxes(boxes) {
-        setDefaultSuffix(question.extension);
-        if (!question.file_name.contains(u'*')) selectFile(question.file_name);
+          boxes(boxes) {}
+    QString Show_Until_Taken() {
+        do {
+            refused = false;
+            if (exec() == QDialog::Accepted) return Choice();
+        } while (refused); // a dialog of the system's own has closed all the same
+        return {};
     }
-    QString Choice() const { return QDir::toNativeSeparators(selectedFiles().value(0)); }
 
 protected:
     void accept() override {
         const QString why_not = question.why_not ? question.why_not(Choice()) : QString();
-        if (why_not.isEmpty()) return QFileDialog::accept();
+        refused = !why_not.isEmpty();
+        if (!refused) return QFileDialog::accept();
         boxes.Ask(Box_Style::Exclamation, question.title, why_not);
+    }
+    void reject() override {
+        refused = false;
+        QFileDialog::reject();
     }
 
 private:
+    QString Choice() const { return QDir::toNativeSeparators(selectedFiles().value(0)); }
+
+    bool refused = false;
     const File_Question& question;
     Message_Boxes& boxes;
 };
@@ -267,7 +278,9 @@ private:
         Choosy_File_Dialog dialog(question, boxes);
         dialog.setAcceptMode(mode);
         dialog.setFileMode(files);
-        return dialog.exec() == QDialog::Accepted ? dialog.Choice() : QString();
+        dialog.setDefaultSuffix(question.extension);
+        if (!question.file_name.contains(u'*')) dialog.selectFile(question.file_name);
+        return dialog.Show_Until_Taken();
     }
 
     Message_Boxes& boxes;
