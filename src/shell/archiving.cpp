@@ -6,7 +6,9 @@
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/database/kept_copies.h"
 
+#include <QFileInfo>
 #include <QProgressBar>
 #include <algorithm>
 
@@ -175,7 +177,7 @@ QString Form60::Converted_Copy(const QString& file) {
     {
         const Busy_Pointer busy(platform);
         try {
-            older_files.Convert(basics::Native_Path(file), basics::Native_Path(copy),
+            older_files.Convert(basics::Native_Path(file), basics::Native_Target(copy),
                                 [this](const conversion::Progress& progress) { Show_Progress(progress); });
         } catch (const conversion::Refusal& refusal) {
             why_not = refusal.Why();
@@ -211,8 +213,9 @@ QString Form60::Create_Unique_Filename() const {
 void Form60::HotLabel2_Click() {
     try {
         suggested_file_name = Create_Unique_Filename();
-        const QString answer =
-            platform.file_dialogs.Save_File(File_Dialog(u"Save archive"_s, suggested_file_name));
+        desktop::File_Question question = File_Dialog(u"Save archive"_s, suggested_file_name);
+        question.why_not = [this](const QString& file) { return Why_No_Archive(file); };
+        const QString answer = platform.file_dialogs.Save_File(question);
         if (!answer.isEmpty() && answer != suggested_file_name) Save_As(answer);
     } catch (const basics::Run_Time_Error& error) {
         if (error.Number == basics::errors::Permission_Denied)
@@ -226,6 +229,26 @@ void Form60::HotLabel2_Click() {
                                    basics::Plain_Number(error.Number) + u") Description ("_s +
                                    error.Description + u')');
     }
+}
+
+// Whether two names lead to one file, or would but for their letter case.
+static bool Is_One_Place(const QString& first, const QString& second) {
+    const QFileInfo one(basics::Native_Target(first));
+    const QFileInfo other(basics::Native_Path(second));
+    if (one.exists() && one.canonicalFilePath() == other.canonicalFilePath()) return true;
+    return one.fileName().compare(other.fileName(), Qt::CaseInsensitive) == 0 &&
+           QFileInfo(one.path()).canonicalFilePath() == QFileInfo(other.path()).canonicalFilePath();
+}
+
+QString Form60::Why_No_Archive(const QString& file) const {
+    const QString another = u" Please choose another name for the archive."_s;
+    if (Is_One_Place(file, installation.Database_Path))
+        return u"This is the name of the working database."_s + another;
+    if (Is_One_Place(file, installation.Empty_Database_Path))
+        return u"This is the name of the empty database that a clean start needs."_s + another;
+    if (database::Has_Name_Of_Kept_Copy(file))
+        return u"Names like this one are for the databases that are kept when they are replaced."_s + another;
+    return {};
 }
 
 void Form60::Save_As(const QString& file) {
@@ -265,8 +288,13 @@ bool Form60::Password_Accepted(Wrong_Password wrong) {
 void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
     const Busy_Pointer busy(platform);
     holder.Let_Go();
-    copies.Replace({source, installation.Database_Path, foundation::Needed_Tables(), reason,
-                    platform.clock.Now(), installation.Archive_Folder});
+    copies.Replace({source,
+                    installation.Database_Path,
+                    foundation::Needed_Tables(),
+                    reason,
+                    platform.clock.Now(),
+                    installation.Archive_Folder,
+                    {installation.Current_Database_Path}});
 }
 
 // Names that differ only in case are another product's. A file that may not be written needn't be, if it has

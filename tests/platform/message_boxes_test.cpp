@@ -1,11 +1,14 @@
 #include "platform/desktop/qt_platform.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
@@ -80,6 +83,39 @@ TEST(Message_Boxes, ALongListScrollsAndTheButtonStaysInReach) {
     });
     Ask(Box_Style::Exclamation, line.repeated(3),
         [](QMessageBox& box) { EXPECT_EQ(box.findChild<QScrollArea*>(), nullptr); });
+}
+
+// Also where that file is there already: nobody is asked whether to replace what isn't taken.
+TEST(File_Dialogs, WhatIsntTakenIsToldAndTheDialogStays) {
+    Qt_Platform platform;
+    const QTemporaryDir folder;
+    QFile taken(folder.filePath(u"taken.mdb"_s));
+    ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
+    const auto why_not = [&taken](const QString& file) {
+        return file == taken.fileName() ? u"It is taken."_s : QString();
+    };
+    QStringList told;
+    const auto saved_as = [&](const QString& name) {
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            QTimer::singleShot(0, dialog, [&] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                if (!box) return;
+                told.append(box->text());
+                box->accept();
+            });
+            auto* typed = dialog->findChild<QLineEdit*>();
+            EXPECT_EQ(typed->text(), u"suggested.mdb"_s);
+            typed->setText(name);
+            QMetaObject::invokeMethod(dialog, "accept");
+            if (dialog->isVisible()) dialog->reject();
+        });
+        return platform.Ports().file_dialogs.Save_File(
+            {u"Save"_s, u"All (*.mdb)"_s, folder.path(), u"suggested.mdb"_s, u"mdb"_s, why_not});
+    };
+    EXPECT_EQ(saved_as(u"taken"_s), QString());
+    EXPECT_EQ(told, QStringList{u"It is taken."_s});
+    EXPECT_EQ(saved_as(u"free"_s), folder.filePath(u"free.mdb"_s));
 }
 
 } // namespace desktop

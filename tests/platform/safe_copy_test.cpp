@@ -10,6 +10,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QProcess>
 #include <QSet>
 #include <gtest/gtest.h>
 
@@ -87,6 +89,14 @@ TEST_F(Safe_Copy, ATransactionThatACrashLeftIsTakenBackFirst) {
     EXPECT_EQ(archive.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Surname = 'Torn'"_s), u"0"_s);
 }
 
+TEST_F(Safe_Copy, AnArchiveWhoseNameDiffersInCaseAloneStays) {
+    Write_Bytes(Archive(u"Mine.mdb"_s), "another's");
+    if (QFile::exists(Archive(u"mine.mdb"_s))) GTEST_SKIP() << "no file system that tells case apart";
+    copies.Copy(working.Path(), working.Folder() + u"\\ARCHIVES\\mine.mdb"_s);
+    EXPECT_EQ(Bytes_Of(Archive(u"Mine.mdb"_s)), "another's");
+    EXPECT_EQ(Bytes_Of(Archive(u"mine.mdb"_s)), Bytes_Of(working.Path()));
+}
+
 TEST_F(Safe_Copy, AWriterIsWaitedForUntilTheTimeIsUp) {
     Other_Workstation writer(working.Path());
     writer.Hold_Exclusively();
@@ -135,11 +145,13 @@ TEST_F(Safe_Copy, WhatCantBeDoneHasItsNumber) {
         const char* name;
     } cases[] = {
         {working.Folder() + u"/none.mdb"_s, Archive(), basics::errors::File_Not_Found, "no source"},
-        {working.Path(), working.Folder() + u"\\mevo05DATA.mdb"_s, basics::errors::Permission_Denied,
+        {working.Path(), working.Folder() + u"\\Mevo05Data.mdb"_s, basics::errors::Permission_Denied,
          "onto itself"},
         {working.Path(), working.Folder() + u"/archives"_s, basics::errors::Permission_Denied, "a folder"},
         {working.Folder(), Archive(), errors::Engine_Failure, "from a folder"},
         {working.Path(), working.Folder() + u"/nowhere/a.mdb"_s, basics::errors::Path_Not_Found, "no folder"},
+        {working.Path(), Archive(u"x/"_s.repeated(300)), basics::errors::Device_Error,
+         "too long for the engine"},
     };
     const QByteArray before = Bytes_Of(working.Path());
     for (const auto& tried : cases) {
@@ -265,6 +277,23 @@ TEST_F(Safe_Copy, TenReplacedDatabasesAreKeptAndNothingElseIsTouched) {
     EXPECT_TRUE(kept.contains(u"Mevo05_before_clean_start_2026-09-12_09-00-00_2.mdb"_s));
 }
 
+// The clock fell back, so that the copy just made bears the earliest moment.
+TEST_F(Safe_Copy, TheOldestStaysThatWasJustMadeOrChosenOrIsInView) {
+    Replacement order = Order(other.Path());
+    for (int day = 1; day <= 10; ++day) {
+        order.when = QDateTime(QDate(2026, 9, day), QTime(9, 0));
+        copies.Replace(order);
+    }
+    order.when = order.when.addYears(-1);
+    order.source = Archive(Kept()[0]);
+    order.spared = {Archive(Kept()[1])};
+    QStringList left = Kept();
+    left.removeAt(2);
+    left.prepend(u"Mevo05_before_load_2025-09-10_09-00-00.mdb"_s);
+    copies.Replace(order);
+    EXPECT_EQ(Kept(), left);
+}
+
 TEST_F(Safe_Copy, TheDatabasesFolderKeepsWhatTheArchiveFolderCant) {
     Replacement order = Order(other.Path());
     order.keep_in = working.Folder() + u"/a/b"_s; // is made
@@ -276,15 +305,47 @@ TEST_F(Safe_Copy, TheDatabasesFolderKeepsWhatTheArchiveFolderCant) {
 }
 
 TEST_F(Safe_Copy, WhatAnEndedProcessLeftIsRemovedAfterADay) {
-    const QString old_part = working.Path() + u".77-1.part"_s;
-    const QString new_part = working.Path() + u".78-1.part"_s;
-    for (const QString& part : {old_part, new_part})
+    const QString old_part = Archive(u"mine.mdb.77-1.part"_s); // never to be saved under that name again
+    const QString old_unnamed = Archive(u"mine.77-1.part"_s);
+    const QString new_part = Archive(u"mine.mdb.78-1.part"_s);
+    const QString film = Archive(u"film.77-1.part"_s);
+    for (const QString& part : {old_part, new_part, film})
         Write_Bytes(part, "half");
-    QFile aged(old_part);
-    ASSERT_TRUE(aged.open(QIODevice::ReadWrite));
-    aged.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime);
-    aged.close();
-    copies.Replace(Order(other.Path()));
+    QFile::copy(other.Path(), old_unnamed);
+    for (const QString& old : {old_part, old_unnamed, film}) {
+        QFile aged(old);
+        ASSERT_TRUE(aged.open(QIODevice::ReadWrite));
+        aged.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime);
+    }
+    copies.Copy(working.Path(), Archive());
     EXPECT_FALSE(QFile::exists(old_part));
+    EXPECT_FALSE(QFile::exists(old_unnamed));
     EXPECT_TRUE(QFile::exists(new_part)); // another workstation may be at it
+    EXPECT_TRUE(QFile::exists(film));
+}
+
+// ---- who may use what is made
+
+TEST_F(Safe_Copy, WhatReplacesOrIsMadeBesideIsForTheSamePeople) {
+    constexpr auto theirs =
+        QFileDevice::Permissions(0x6660); // an account's new files are for itself and to read
+    for (const QString& place : {working.Path(), working.Folder() + u"/archives"_s})
+        QProcess::execute(u"chgrp"_s, {u"users"_s, place}); // where the account may
+    QFile::setPermissions(working.Path(), theirs);
+    const uint group = QFileInfo(working.Path()).groupId();
+    const auto expect_theirs = [&](const QString& file, const char* name) {
+        EXPECT_EQ(QFileInfo(file).permissions(), theirs) << name;
+        EXPECT_EQ(QFileInfo(file).groupId(), group) << name;
+    };
+    copies.Copy(working.Path(), Archive());
+    expect_theirs(Archive(), "the first archive");
+    Write_Bytes(working.Path(), "damaged");
+    copies.Replace(Order(other.Path()));
+    expect_theirs(working.Path(), "in a damaged one's place");
+    expect_theirs(Archive(u"Mevo05_before_load_2026-11-21_10-15-30.mdb"_s), "kept");
+    QFile::rename(working.Path(), working.Folder() + u"/Mevo05EmptyDatabase.mdb"_s);
+    copies.Replace(Order(other.Path()));
+    expect_theirs(working.Path(), "in a missing one's place");
+    copies.Copy(other.Path(), Archive(u"second.mdb"_s));
+    expect_theirs(Archive(u"second.mdb"_s), "beside other archives");
 }

@@ -207,6 +207,16 @@ TEST_F(Narrow_Places, AReadOnlyArchiveIsLoadedOnlyIfItHasThePasswordInForce) {
     EXPECT_EQ(Error_Of_Loading(in_force), 0);
 }
 
+TEST_F(Narrow_Places, AReadOnlyArchiveInWriteAheadModeIsntTakenForABrokenDevice) {
+    archive.Run(u"PRAGMA journal_mode = WAL"_s);
+    Share_The_Files();
+    Give_Everybody(archive.Path(), Reading);
+    const Plain_Account account;
+    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+    Open();
+    EXPECT_EQ(Error_Of_Loading(archive.Path()), database::errors::Engine_Failure);
+}
+
 TEST_F(Narrow_Places, AWorkingDatabaseThatMayNotBeWrittenStays) {
     const QByteArray before = Bytes_Of(working.Path());
     Share_The_Files();

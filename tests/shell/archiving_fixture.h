@@ -30,10 +30,12 @@ public:
     }
     void Replace(const database::Replacement& order) override {
         Fail_If_Told();
+        spared = order.spared;
         if (meanwhile) meanwhile();
         real.Replace(order);
     }
     int fails_with = 0;
+    QStringList spared;
     std::function<void()> meanwhile;
 
 private:

@@ -71,18 +71,39 @@ TEST_F(Archiving, SavesTheWorkingDatabaseAndSaysWhere) {
     EXPECT_EQ(Database_Beside(In_Archives(u"mine.mdb"_s)).Value(Count), u"12"_s);
 }
 
-TEST_F(Archiving, SavesTheWorkingDatabaseWhileAnotherIsInView) {
-    Open();
-    View(archive.Path());
-    Save(In_Archives(u"mine.mdb"_s));
-    EXPECT_EQ(Database_Beside(In_Archives(u"mine.mdb"_s)).Value(Count), u"12"_s);
-}
-
 TEST_F(Archiving, ACancelledOrUnchangedNameSavesNothing) {
     Open();
     Save(u""_s, {});
     Save(u"Mevo05_150626_1030.mdb"_s, {}); // a dialog that gives the suggestion back bare
     EXPECT_EQ(Archives(), QStringList());
+}
+
+TEST_F(Archiving, NamesOfOtherDatabasesArentTakenForAnArchive) {
+    Open();
+    const QStringList names = {working.Path(), working.Folder() + u"/mevo05DATA.mdb"_s,
+                               working.Folder() + u"/mevo05emptydatabase.mdb"_s,
+                               In_Archives(u"mevo05_before_load_2026-06-15_10-30-00.mdb"_s)};
+    outside.file_dialogs.answers = names;
+    Click(*page, u"HotLabel2"_s);
+    const QStringList& told = outside.file_dialogs.refusals;
+    ASSERT_EQ(told.size(), names.size());
+    for (const auto& [row, reason] : {std::pair(0, u"working database"_s),
+                                      {1, u"working database"_s},
+                                      {2, u"empty database"_s},
+                                      {3, u"kept"_s}})
+        EXPECT_TRUE(told[row].contains(reason)) << told[row].toStdString();
+    EXPECT_EQ(Archives(), QStringList());
+}
+
+TEST_F(Archiving, SavesTheWorkingDatabaseWhileAnotherIsInViewUnderAnyName) {
+    const QString file = In_Archives(u"a;b.mdb"_s);
+    Open();
+    View(archive.Path());
+    Save(file);
+    View(file);
+    Load(file);
+    EXPECT_EQ(copies.spared, QStringList{file}); // as it is in view
+    EXPECT_EQ(Working(Count), u"12"_s);
 }
 
 TEST_F(Archiving, TellsWhyItCantSave) {
@@ -109,6 +130,9 @@ TEST_F(Archiving, TellsWhyItCantSave) {
         EXPECT_EQ(Last_Box().text, tried.text);
         EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
     }
+    copies.fails_with = 0;
+    Save(In_Archives(QString(300, u'x'))); // the system's own words follow
+    EXPECT_TRUE(Last_Box().text.contains(u"Error # 57) Description (Device I/O error: "_s));
 }
 
 // ---- the question before the two destructive acts

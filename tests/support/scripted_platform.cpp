@@ -66,7 +66,13 @@ void Scripted_Dialogs::Show(QDialog& dialog) {
 
 QString Scripted_File_Dialogs::Next(const desktop::File_Question& question) {
     asked.append(question);
-    return answers.isEmpty() ? QString() : answers.takeFirst();
+    while (!answers.isEmpty()) {
+        const QString answer = answers.takeFirst();
+        const QString why_not = question.why_not && !answer.isEmpty() ? question.why_not(answer) : QString();
+        if (why_not.isEmpty()) return answer;
+        refusals.append(why_not);
+    }
+    return {};
 }
 
 QString Scripted_Input_Box::Ask(const QString& prompt, const QString& title) {

@@ -118,6 +118,7 @@ public:
     QString Open_File(const desktop::File_Question& question) override { return Next(question); }
     QString Save_File(const desktop::File_Question& question) override { return Next(question); }
     QStringList answers;
+    QStringList refusals; // why an answer wasn't taken and the next one was given
     QList<desktop::File_Question> asked;
 
 private:

@@ -13,7 +13,17 @@ QString Native_Path(const QString& path) {
     return QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
 }
 
+QString Native_Target(const QString& path) {
+    return Native_Path(path);
+}
+
 #else
+
+static QString Absolute(const QString& path) {
+    QString slashed = path;
+    slashed.replace(u'\\', u'/');
+    return QDir::cleanPath(QFileInfo(slashed).absoluteFilePath());
+}
 
 static QString Entry_Whatever_Its_Case(const QDir& folder, const QString& name) {
     const QStringList entries =
@@ -24,9 +34,7 @@ static QString Entry_Whatever_Its_Case(const QDir& folder, const QString& name) 
 }
 
 QString Native_Path(const QString& path) {
-    QString slashed = path;
-    slashed.replace(u'\\', u'/');
-    const QString absolute = QDir::cleanPath(QFileInfo(slashed).absoluteFilePath());
+    const QString absolute = Absolute(path);
     if (QFileInfo::exists(absolute)) return absolute;
 
     QString found = u""_s;
@@ -35,6 +43,11 @@ QString Native_Path(const QString& path) {
         found += u'/' + (folder.exists(name) ? name : Entry_Whatever_Its_Case(folder, name));
     }
     return found;
+}
+
+QString Native_Target(const QString& path) {
+    const QFileInfo target(Absolute(path));
+    return QDir(Native_Path(target.path())).filePath(target.fileName());
 }
 
 #endif

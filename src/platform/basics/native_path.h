@@ -9,4 +9,8 @@ namespace basics {
 // A part that doesn't exist stays as it was written.
 QString Native_Path(const QString& path);
 
+// The same for a file that is to be made: its own name keeps its spelling, as another file may differ from it
+// in letter case alone.
+QString Native_Target(const QString& path);
+
 } // namespace basics

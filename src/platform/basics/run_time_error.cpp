@@ -33,8 +33,12 @@ static QString Customary_Description(int number) {
     }
 }
 
+Run_Time_Error Customary_Error(int number) {
+    return {number, u"Mevo"_s, Customary_Description(number)};
+}
+
 void Raise(int number) {
-    throw Run_Time_Error(number, u"Mevo"_s, Customary_Description(number));
+    throw Customary_Error(number);
 }
 
 } // namespace basics

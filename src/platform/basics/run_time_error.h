@@ -41,7 +41,10 @@ inline constexpr int Object_Not_Set = 91;
 inline constexpr int Invalid_Use_Of_Null = 94;
 } // namespace errors
 
-// Throws the run-time error of that number with its customary description.
+// The run-time error of that number with its customary description.
+Run_Time_Error Customary_Error(int number);
+
+// Throws it.
 [[noreturn]] void Raise(int number);
 
 } // namespace basics

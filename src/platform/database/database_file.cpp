@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,11 @@ bool Begins_A_Database(const QByteArray& header) {
 
 } // namespace
 
+bool Is_Path_Too_Long(const QString& file) {
+    constexpr qsizetype of_journal = 8;
+    return file.toUtf8().size() + of_journal > sqlite3_vfs_find(nullptr)->mxPathname;
+}
+
 void Refuse_What_Is_No_Database(const QString& file) {
     const QFileInfo info(file);
     if (!info.exists())
@@ -31,6 +37,9 @@ void Refuse_What_Is_No_Database(const QString& file) {
     if (!info.isFile())
         Raise_Engine_Error(errors::Engine_Failure,
                            u"'"_s + file + u"' is not a database file but a folder."_s);
+    if (Is_Path_Too_Long(file))
+        Raise_Engine_Error(errors::Engine_Failure,
+                           u"The path of '"_s + file + u"' is too long for a database."_s);
     QFile opened(file);
     if (!opened.open(QIODevice::ReadOnly))
         Raise_Engine_Error(errors::Engine_Failure,

@@ -22,13 +22,13 @@ constexpr int Most_Statements_Kept = 100; // an action of the program runs a few
 
 namespace {
 
+// All that stands behind the key, which comes last: a file or folder may have a semicolon in its name.
 QString Data_Source(const QString& connection_string) {
-    for (const QString& part : connection_string.split(u';')) {
-        const qsizetype equals = part.indexOf(u'=');
-        if (equals > 0 && part.left(equals).trimmed().compare("Data Source"_L1, Qt::CaseInsensitive) == 0)
-            return part.mid(equals + 1).trimmed();
-    }
-    Raise_Engine_Error(errors::Engine_Failure, u"No file is named in the connection string."_s);
+    const QString key = u"Data Source="_s;
+    const qsizetype place = connection_string.indexOf(key);
+    if (place < 0)
+        Raise_Engine_Error(errors::Engine_Failure, u"No file is named in the connection string."_s);
+    return connection_string.mid(place + key.size());
 }
 
 // What statements of the program may do. The rest (attaching, settings, transactions, views, triggers,
@@ -113,6 +113,7 @@ Engine::Engine(const QString& connection_string, int timeout_seconds) : connecti
     Set_Timeout(timeout_seconds);
     sqlite3_progress_handler(opened, 10'000, End_If_Too_Long, &since);
     Harden(opened);
+    if (in_wal_mode) Refuse_Log_Of_Read_Only_File(opened);
     if (in_wal_mode) Run(u"PRAGMA journal_mode = DELETE"_s);
     Run(u"PRAGMA synchronous = FULL"_s);
     Run(u"PRAGMA cell_size_check = ON"_s);

@@ -79,6 +79,13 @@ static QString Description_Of(int result, const QString& message) {
     }
 }
 
+void Refuse_Log_Of_Read_Only_File(sqlite3* engine) {
+    if (sqlite3_db_readonly(engine, "main") != 1) return;
+    Raise_Engine_Error(
+        errors::Engine_Failure,
+        u"The database file is read-only and was left in write-ahead mode, which must be ended before it can be used. Allow it to be changed, or use a copy that may be."_s);
+}
+
 void Raise_Engine_Error(sqlite3* engine, int result) {
     const int extended = engine ? sqlite3_extended_errcode(engine) : result;
     const QString message = QString::fromUtf8(engine ? sqlite3_errmsg(engine) : sqlite3_errstr(result));

@@ -32,6 +32,10 @@ inline constexpr int Took_Too_Long = -2147217871;
 // The engine's last error on this handle, as the data layer reports it.
 [[noreturn]] void Raise_Engine_Error(sqlite3* engine, int result);
 
+// Refuses an open file that is written through a log beside it and may not be changed: the log can't be
+// ended, of which the engine would only say that the device failed.
+void Refuse_Log_Of_Read_Only_File(sqlite3* engine);
+
 // An error of the engine with a text of our own.
 [[noreturn]] void Raise_Engine_Error(int number, const QString& description);
 

@@ -47,6 +47,7 @@ File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds
     Run("PRAGMA cell_size_check = ON");
     // Beyond full: a journal's removal is on the disk before a commit is reported.
     Run("PRAGMA synchronous = EXTRA");
+    if (in_wal_mode) Refuse_Log_Of_Read_Only_File(opened);
     if (in_wal_mode && Run("PRAGMA journal_mode = DELETE") != QStringList{u"delete"_s}) Raise(SQLITE_BUSY);
 }
 

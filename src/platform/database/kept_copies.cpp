@@ -1,6 +1,8 @@
 #include "platform/database/kept_copies.h"
 
+#include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/database/file_rights.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -9,12 +11,15 @@
 using namespace Qt::StringLiterals;
 
 namespace database {
+
+using basics::Native_Path;
+
 namespace {
 
 const QString Ending = u".mdb"_s;
 
-QString Name_Of(const QString& reason, const QDateTime& when) {
-    return u"Mevo05_before_"_s + reason + u'_' + when.toString(u"yyyy-MM-dd_HH-mm-ss"_s);
+QString Name_Of(const Replacement& order) {
+    return u"Mevo05_before_"_s + order.reason + u'_' + order.when.toString(u"yyyy-MM-dd_HH-mm-ss"_s);
 }
 
 // The moment in a kept copy's name, with the number that tells two of one second apart; empty for any other
@@ -33,17 +38,30 @@ QString Free_Name(const QString& folder, const QString& name) {
     return file;
 }
 
+// The oldest by their names first.
+QFileInfoList Kept_In(const QDir& folder) {
+    QFileInfoList kept = folder.entryInfoList({u"Mevo05_before_*"_s + Ending}, QDir::Files);
+    kept.removeIf([](const QFileInfo& file) { return Moment_In(file.fileName()).isEmpty(); });
+    std::sort(kept.begin(), kept.end(), [](const QFileInfo& left, const QFileInfo& right) {
+        return Moment_In(left.fileName()) < Moment_In(right.fileName());
+    });
+    return kept;
+}
+
 } // namespace
 
-Kept_Copy::Kept_Copy(const QStringList& folders, const QString& reason, const QDateTime& when,
-                     const Write& write) {
-    for (qsizetype i = 0; i < folders.size(); ++i) {
-        try {
-            Write_In(folders[i], Name_Of(reason, when), write);
-            return;
-        } catch (const basics::Run_Time_Error&) {
-            if (i + 1 == folders.size()) throw;
-        }
+bool Has_Name_Of_Kept_Copy(const QString& file) {
+    const QString name = QFileInfo(file).fileName();
+    return !Moment_In(name.left(1).toUpper() + name.mid(1).toLower()).isEmpty();
+}
+
+Kept_Copy::Kept_Copy(const Replacement& order, const Write& write) {
+    for (const QString& file : order.spared + QStringList{order.source})
+        spared.append(QFileInfo(Native_Path(file)).canonicalFilePath());
+    try {
+        Write_In(Native_Path(order.keep_in), order, write);
+    } catch (const basics::Run_Time_Error&) {
+        Write_In(QFileInfo(Native_Path(order.target)).absolutePath(), order, write);
     }
 }
 
@@ -51,26 +69,31 @@ Kept_Copy::~Kept_Copy() {
     if (!file.isEmpty() && !stays) QFile::remove(file);
 }
 
-void Kept_Copy::Write_In(const QString& folder, const QString& name, const Write& write) {
-    QDir().mkpath(folder); // where it can't, the new file says so
-    const QString place = Free_Name(folder, name);
-    New_File copy(place);
+void Kept_Copy::Write_In(const QString& folder, const Replacement& order, const Write& write) {
+    const QString replaced = Native_Path(order.target);
+    Make_Folder(folder, QFileInfo(replaced).absolutePath()); // where it can't, the new file says so
+    const QString place = Free_Name(folder, Name_Of(order));
+    New_File copy(place, replaced);
     write(copy);
     copy.Flush_And_Close();
     copy.Move_To_Its_Place();
     file = place;
 }
 
+// After a clock fell back, the copy just made bears the earliest moment of all.
+bool Kept_Copy::Is_Spared(const QFileInfo& kept) const {
+    const QString name = kept.canonicalFilePath();
+    return name == QFileInfo(file).canonicalFilePath() || spared.contains(name);
+}
+
 void Kept_Copy::Stay() {
     stays = true;
     if (file.isEmpty()) return;
-    const QDir folder = QFileInfo(file).absoluteDir();
-    QStringList names = folder.entryList({u"Mevo05_before_*"_s + Ending}, QDir::Files);
-    names.removeIf([](const QString& name) { return Moment_In(name).isEmpty(); });
-    std::sort(names.begin(), names.end(),
-              [](const QString& left, const QString& right) { return Moment_In(left) > Moment_In(right); });
-    for (const QString& name : names.mid(Most_Kept_Copies))
-        QFile::remove(folder.filePath(name));
+    QFileInfoList kept = Kept_In(QFileInfo(file).absoluteDir());
+    const qsizetype too_many = kept.size() - Most_Kept_Copies;
+    kept.removeIf([this](const QFileInfo& copy) { return Is_Spared(copy); });
+    for (const QFileInfo& oldest : kept.first(std::clamp<qsizetype>(too_many, 0, kept.size())))
+        QFile::remove(oldest.filePath());
 }
 
 } // namespace database

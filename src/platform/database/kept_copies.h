@@ -1,8 +1,9 @@
 #pragma once
 
 #include "platform/database/new_file.h"
+#include "platform/database/safe_copy.h"
 
-#include <QDateTime>
+#include <QFileInfo>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -14,22 +15,30 @@ namespace database {
 // wrong archive finds its pupils there.
 inline constexpr int Most_Kept_Copies = 10;
 
+// Whether a file has such a name, in any letter case.
+bool Has_Name_Of_Kept_Copy(const QString& file);
+
 // One that is being kept: it stands in its folder, and goes again unless the replacement succeeds.
 class Kept_Copy {
 public:
     using Write = std::function<void(New_File&)>;
-    // Makes a missing folder. The first of the folders that takes the copy serves; the last one's failure is
-    // let through.
-    Kept_Copy(const QStringList& folders, const QString& reason, const QDateTime& when, const Write& write);
+    // Keeps what the order replaces, in the folder that it names, which is made if it is missing, or else
+    // beside what is replaced; the failure there is let through.
+    Kept_Copy(const Replacement& order, const Write& write);
     ~Kept_Copy();
     Kept_Copy(const Kept_Copy&) = delete;
     Kept_Copy& operator=(const Kept_Copy&) = delete;
 
-    void Stay(); // and removes the oldest beyond the number that is kept, where it may
+    // And removes the oldest beyond the number that is kept, where it may; never itself, what the order
+    // spares, or what was just put in the other's place.
+    void Stay();
+
 private:
-    void Write_In(const QString& folder, const QString& name, const Write& write);
+    void Write_In(const QString& folder, const Replacement& order, const Write& write);
+    bool Is_Spared(const QFileInfo& kept) const;
 
     QString file;
+    QStringList spared; // canonical
     bool stays = false;
 };
 

@@ -1,12 +1,14 @@
 #include "platform/database/new_file.h"
 
-#include "platform/basics/run_time_error.h"
+#include "platform/database/database_file.h"
+#include "platform/database/file_rights.h"
 #include "platform/database/system_failure.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #ifdef _WIN32
 #include <io.h>
@@ -84,14 +86,21 @@ bool Was_Taken() {
 #endif
 
 [[noreturn]] void Raise_Last_Failure() {
-    basics::Raise(Number_Of_Last_Failure());
+    throw Last_Failure();
 }
 
-void Remove_What_Was_Left_Behind(const QFileInfo& place) {
+// Whatever it was to be called: the next save has another name, and what was left behind is a whole school.
+bool Was_To_Be_A_Database(const QFileInfo& file) {
+    static const QRegularExpression form(u"(\\.mdb)?\\.\\d+-\\d+\\.part$"_s,
+                                         QRegularExpression::CaseInsensitiveOption);
+    const auto match = form.match(file.fileName());
+    return match.hasMatch() && (match.hasCaptured(1) || Looks_Like_A_Database(file.filePath()));
+}
+
+void Remove_What_Was_Left_Behind(const QDir& folder) {
     const QDateTime oldest = QDateTime::currentDateTime().addDays(-Left_Behind_After_Days);
-    const QString pattern = place.fileName() + u".*-*"_s + Ending;
-    for (const QFileInfo& left : place.absoluteDir().entryInfoList({pattern}, QDir::Files))
-        if (left.lastModified() < oldest) QFile::remove(left.filePath());
+    for (const QFileInfo& left : folder.entryInfoList({u'*' + Ending}, QDir::Files))
+        if (left.lastModified() < oldest && Was_To_Be_A_Database(left)) QFile::remove(left.filePath());
 }
 
 } // namespace
@@ -104,16 +113,26 @@ bool Is_On_The_Disk(const QFile& file) {
 #endif
 }
 
-New_File::New_File(const QString& place) : place(place) {
-    Remove_What_Was_Left_Behind(QFileInfo(place));
+New_File::New_File(const QString& place, const QString& otherwise_like) : place(place) {
+    Remove_What_Was_Left_Behind(QFileInfo(place).absoluteDir());
+    const QString like = Rights_Model(place, otherwise_like);
     // Another machine may have a process of the same number at work in the same folder.
     for (int attempt = 1;; ++attempt) {
         path = u"%1.%2-%3"_s.arg(place).arg(QCoreApplication::applicationPid()).arg(attempt) + Ending;
         file.setFileName(path);
-        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) return;
-        const int number = Number_Of_Last_Failure();
-        if (!QFileInfo::exists(path)) basics::Raise(number);
+        if (Open(like)) return;
+        const basics::Run_Time_Error failure = Last_Failure();
+        if (!QFileInfo::exists(path)) throw failure;
     }
+}
+
+// Nobody else's from its first moment on, until it is known whose it is.
+bool New_File::Open(const QString& like) {
+    constexpr auto how = QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered;
+    if (like.isEmpty()) return file.open(how);
+    if (!file.open(how, QFile::ReadOwner | QFile::WriteOwner)) return false;
+    Take_Rights(file.handle(), like);
+    return true;
 }
 
 New_File::~New_File() {

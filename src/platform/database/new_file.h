@@ -14,9 +14,10 @@ bool Is_On_The_Disk(const QFile& file);
 // folder is missing, 57 for the rest.
 class New_File {
 public:
-    // Makes an empty file of its own name in the folder of `place`, and removes those that a process left
-    // there when it was ended a day ago or more.
-    explicit New_File(const QString& place);
+    // Makes an empty file of its own name in the folder of `place`, for whoever may use what stands at the
+    // place or beside it; else for whoever may use `otherwise_like`. Removes those of any name that a process
+    // left in the folder when it was ended a day ago or more.
+    explicit New_File(const QString& place, const QString& otherwise_like = {});
     ~New_File();
     New_File(const New_File&) = delete;
     New_File& operator=(const New_File&) = delete;
@@ -30,6 +31,8 @@ public:
     bool Move_Unless_Taken();
 
 private:
+    bool Open(const QString& like);
+
     QString place;
     QString path;
     QFile file;

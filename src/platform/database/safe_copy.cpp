@@ -21,6 +21,9 @@ void Refuse_Impossible(const QString& source, const QString& target) {
     const QFileInfo from(source);
     const QFileInfo to(target);
     if (!from.exists()) basics::Raise(basics::errors::File_Not_Found);
+    if (Is_Path_Too_Long(target))
+        throw basics::Run_Time_Error(basics::errors::Device_Error, u"Mevo"_s,
+                                     u"Device I/O error: the path is too long for a database"_s);
     if (!to.exists()) return;
     const bool onto_itself = from.canonicalFilePath() == to.canonicalFilePath();
     const bool open_to_us = to.isFile() && to.isReadable() && to.isWritable();
@@ -110,9 +113,9 @@ void Put_In_Place(New_File& fresh, const QString& target, const Keep& keep, int 
 
 void Safe_Copies::Copy(const QString& source, const QString& target) {
     const QString from = Native_Path(source);
-    const QString to = Native_Path(target);
+    const QString to = basics::Native_Target(target);
     Refuse_Impossible(from, to);
-    New_File copy(to);
+    New_File copy(to, from);
     Write_Copy(from, copy, timeout_seconds);
     const Keep nothing = [](const Kept_Copy::Write&) { return nullptr; };
     Put_In_Place(copy, to, nothing, timeout_seconds);
@@ -122,12 +125,11 @@ void Safe_Copies::Replace(const Replacement& order) {
     const QString from = Native_Path(order.source);
     const QString to = Native_Path(order.target);
     Refuse_Impossible(from, to);
-    New_File copy(to);
+    New_File copy(to, from);
     Write_Copy(from, copy, timeout_seconds);
     Require_Sound(copy.Path(), order.tables);
-    const QStringList folders{Native_Path(order.keep_in), QFileInfo(to).absolutePath()};
-    const Keep keep = [&](const Kept_Copy::Write& write) {
-        return std::make_unique<Kept_Copy>(folders, order.reason, order.when, write);
+    const Keep keep = [&order](const Kept_Copy::Write& write) {
+        return std::make_unique<Kept_Copy>(order, write);
     };
     Put_In_Place(copy, to, keep, timeout_seconds);
 }

@@ -16,6 +16,7 @@ struct Replacement {
     QString reason;  // what replaces it, for the name under which the old database is kept: "load"
     QDateTime when;  // and when
     QString keep_in; // the folder for the old database; where it can't be there, its own folder serves
+    QStringList spared = {}; // kept databases that stay though they are the oldest: one in view
 };
 
 // Copies whole database files. What fails is a run-time error and leaves the target as it was:
@@ -26,11 +27,13 @@ class File_Copies {
 public:
     virtual ~File_Copies() = default;
 
-    // Copies the source as it is between two transactions of those who write it.
+    // Copies the source as it is between two transactions of those who write it. A new target keeps its
+    // spelling.
     virtual void Copy(const QString& source, const QString& target) = 0;
 
     // Puts a copy of the source in the target's place, having kept the target as it was up to then beside the
-    // archives. The source must be sound and hold the tables; the newest ten of the kept are left.
+    // archives. The source must be sound and hold the tables; the newest ten of the kept are left, and the
+    // source if it is one of them.
     virtual void Replace(const Replacement& order) = 0;
 };
 

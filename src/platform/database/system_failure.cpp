@@ -1,6 +1,6 @@
 #include "platform/database/system_failure.h"
 
-#include "platform/basics/run_time_error.h"
+#include <system_error>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -8,11 +8,17 @@
 #include <cerrno>
 #endif
 
+using namespace Qt::StringLiterals;
+
 namespace database {
 
 namespace errors = basics::errors;
 
 #ifdef _WIN32
+
+static int Code_Of_Last_Failure() {
+    return static_cast<int>(GetLastError());
+}
 
 int Number_Of_Last_Failure() {
     switch (GetLastError()) {
@@ -32,6 +38,10 @@ int Number_Of_Last_Failure() {
 }
 
 #else
+
+static int Code_Of_Last_Failure() {
+    return errno;
+}
 
 int Number_Of_Last_Failure() {
     switch (errno) {
@@ -54,5 +64,14 @@ int Number_Of_Last_Failure() {
 }
 
 #endif
+
+basics::Run_Time_Error Last_Failure() {
+    const int code = Code_Of_Last_Failure();
+    const int number = Number_Of_Last_Failure();
+    const basics::Run_Time_Error customary = basics::Customary_Error(number);
+    if (number != errors::Device_Error) return customary;
+    const QString reason = QString::fromStdString(std::system_category().message(code));
+    return {number, customary.Source, customary.Description + u": "_s + reason};
+}
 
 } // namespace database

@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QString>
 #include <cstdlib>
+#include <functional>
 
 class QDialog;
 
@@ -111,12 +112,15 @@ struct File_Question {
     QString folder;
     QString file_name;
     QString extension; // added to a name without one, no dot
+    // Why the file chosen isn't taken; empty if it is. None takes all.
+    std::function<QString(const QString& file)> why_not = {};
 };
 
 class File_Dialogs {
 public:
     virtual ~File_Dialogs() = default;
-    // The full name chosen; empty if the dialog was cancelled.
+    // The full name chosen; empty if the dialog was cancelled. A file that isn't taken is told why, and the
+    // dialog stays.
     virtual QString Open_File(const File_Question& question) = 0;
     virtual QString Save_File(const File_Question& question) = 0;
 };

@@ -226,27 +226,64 @@ public:
     void Show(QDialog& dialog) override { dialog.exec(); }
 };
 
-class Qt_File_Dialogs final : public File_Dialogs {
+// Looks at the choice before the toolkit asks whether a file may be replaced.
+class Choosy_File_Dialog final : public QFileDialog {
 public:
-    QString Open_File(const File_Question& question) override {
-        return Show(question, QFileDialog::AcceptOpen);
+    Choosy_File_Dialog(const File_Question& question, Message_Boxes& boxes)
+        : QFileDialog(QApplication::activeWindow(), question.title, basics::Native_Path(question.folder),
+                      question.filter),
+          question(question),
+          boxes(boxes) {}
+    QString Show_Until_Taken() {
+        do {
+            refused = false;
+            if (exec() == QDialog::Accepted) return Choice();
+        } while (refused); // a dialog of the system's own has closed all the same
+        return {};
     }
-    QString Save_File(const File_Question& question) override {
-        return Show(question, QFileDialog::AcceptSave);
+
+protected:
+    void accept() override {
+        const QString why_not = question.why_not ? question.why_not(Choice()) : QString();
+        refused = !why_not.isEmpty();
+        if (!refused) return QFileDialog::accept();
+        boxes.Ask(Box_Style::Exclamation, question.title, why_not);
+    }
+    void reject() override {
+        refused = false;
+        QFileDialog::reject();
     }
 
 private:
-    static QString Show(const File_Question& question, QFileDialog::AcceptMode mode) {
-        QFileDialog dialog(QApplication::activeWindow(), question.title, basics::Native_Path(question.folder),
-                           question.filter);
+    QString Choice() const { return QDir::toNativeSeparators(selectedFiles().value(0)); }
+
+    bool refused = false;
+    const File_Question& question;
+    Message_Boxes& boxes;
+};
+
+class Qt_File_Dialogs final : public File_Dialogs {
+public:
+    explicit Qt_File_Dialogs(Message_Boxes& boxes) : boxes(boxes) {}
+
+    QString Open_File(const File_Question& question) override {
+        return Show(question, QFileDialog::AcceptOpen, QFileDialog::ExistingFile);
+    }
+    QString Save_File(const File_Question& question) override {
+        return Show(question, QFileDialog::AcceptSave, QFileDialog::AnyFile);
+    }
+
+private:
+    QString Show(const File_Question& question, QFileDialog::AcceptMode mode, QFileDialog::FileMode files) {
+        Choosy_File_Dialog dialog(question, boxes);
         dialog.setAcceptMode(mode);
-        dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
-                                                           : QFileDialog::AnyFile);
+        dialog.setFileMode(files);
         dialog.setDefaultSuffix(question.extension);
         if (!question.file_name.contains(u'*')) dialog.selectFile(question.file_name);
-        return dialog.exec() == QDialog::Accepted ? QDir::toNativeSeparators(dialog.selectedFiles().value(0))
-                                                  : QString();
+        return dialog.Show_Until_Taken();
     }
+
+    Message_Boxes& boxes;
 };
 
 class Qt_Input_Box final : public Input_Box {
@@ -282,7 +319,7 @@ struct Qt_Platform::Bodies {
     Disk_Files files;
     System_Folders folders;
     Qt_Modal_Dialogs dialogs;
-    Qt_File_Dialogs file_dialogs;
+    Qt_File_Dialogs file_dialogs{boxes};
     Qt_Input_Box input_box;
     Seeded_Random random;
     std::unique_ptr<Printers> printers = Make_Qt_Printers();
