@@ -6,7 +6,6 @@
 #include "pupils/import_file.h"
 #include "pupils/pupil_fields.h"
 
-#include <QCoreApplication>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -150,7 +149,7 @@ void Form42::Stay_Alive(QElapsedTimer& since_painted) {
     constexpr int frame_ms = 40;
     if (since_painted.elapsed() < frame_ms) return;
     ProgressBar1->setUpdatesEnabled(true);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    shell::Paint_Meanwhile(platform);
     ProgressBar1->setUpdatesEnabled(false);
     since_painted.start();
 }

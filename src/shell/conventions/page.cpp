@@ -17,6 +17,10 @@ QPointF Page::Centred(const QSize& screen, const QSize& frame) {
     return {(screen.width() - frame.width()) / 2.0, (screen.height() - frame.height()) / 2.0};
 }
 
+void Page::Leave() {
+    if (auto* button = findChild<HotLabel*>(Leaving_Button())) button->click();
+}
+
 void Page::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     Frame1->move(Centred(size(), Frame1->size()).toPoint());
@@ -31,7 +35,12 @@ void Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
     auto* timer = new QTimer(this);
     timer->setObjectName(timer_name);
     timer->setSingleShot(true);
-    On(timer, &QTimer::timeout, this, platform, std::move(work));
+    connect(timer, &QTimer::timeout, this, [this, timer, work = std::move(work)] {
+        if (Is_Idle(platform, *this))
+            Guarded(platform, work, window());
+        else
+            timer->start(); // a box is open, say
+    });
     timer->start(platform.clock.Timer_Interval(Deferred_Ms));
 }
 
