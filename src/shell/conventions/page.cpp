@@ -1,11 +1,14 @@
 #include "shell/conventions/page.h"
 
+#include "shell/conventions/button_access.h"
+
 using namespace Qt::StringLiterals;
 
 namespace shell {
 
 Page::Page(desktop::Platform& platform, Navigator& navigator, const QSize& frame_size)
     : platform(platform), navigator(navigator), Frame1(new QFrame(this)) {
+    Install_Button_Access();
     setProperty("page", true);
     setAttribute(Qt::WA_StyledBackground);
     Frame1->setObjectName(u"Frame1"_s);

@@ -51,6 +51,9 @@ public:
     // Presses the button that leads away from the page.
     void Leave();
 
+    // Whether a button of the page takes a press at this moment.
+    bool Takes_Press(const QAbstractButton& button) const { return Takes_Event(platform, &button, this); }
+
     // The page's left and top for Frame1 on a screen of that size: may be negative on a small one.
     static QPointF Centred(const QSize& screen, const QSize& frame);
 
