@@ -41,7 +41,7 @@ void Paint_Meanwhile(desktop::Platform& platform) {
 
 bool Behind_A_Box(const QWidget& control) {
     const QWidget* box = QApplication::activeModalWidget();
-    return box && box != control.window();
+    return box && box != control.window() && control.window()->isVisible();
 }
 
 bool Is_Idle(const desktop::Platform& platform, const QWidget& control) {
