@@ -56,10 +56,16 @@ static QString Code_In(const QString& entry) {
     return entry.mid(entry.indexOf(divider) + divider.size());
 }
 
+// A name without a value leaves the entry empty, and so the code: place 0, which holds no pupil, would match
+// it.
+static qint16 Place_Of(const QString& code, const scoring::Pupil_Lists& pupils) {
+    return code.isEmpty() ? qint16(-1) : FindInArray(pupils.Student_Code, code);
+}
+
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils) {
     QList<qint16> places;
     for (const QString& entry : entries)
-        places.append(FindInArray(pupils.Student_Code, Code_In(entry)));
+        places.append(Place_Of(Code_In(entry), pupils));
     return places;
 }
 

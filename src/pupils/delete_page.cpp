@@ -182,10 +182,13 @@ void Form9::HotLabel2_Click() {
     {
         // Carries no statement, but shows a database that is out of reach before anything is deleted.
         const auto connection = Own_Connection(installation);
+        ProgressBar1->Begin(count);
         for (const QString& code : codes) {
             bool result = false;
             DeletePupil(code, result);
+            ProgressBar1->Step();
         }
+        ProgressBar1->hide();
     }
     Load_Delete_List(Combo1->ListIndex());
     List_Names();

@@ -96,9 +96,9 @@ void Form15::Lay_Out_Personal_Details() {
     };
     HotLabel4 = button(u"HotLabel4"_s, u"Edit details"_s, 0, [this] { Enable_Personal_Edit(); });
     HotLabel2 =
-        button(u"HotLabel2"_s, u"Save changes"_s, 1, [this] { Save_Personal_Details(Current_Pupil); });
+        button(u"HotLabel2"_s, u"Save changes"_s, 1, For_Current_Pupil(&Form15::Save_Personal_Details));
     HotLabel3 =
-        button(u"HotLabel3"_s, u"Undo changes"_s, 2, [this] { Undo_Personal_Details(Current_Pupil); });
+        button(u"HotLabel3"_s, u"Undo changes"_s, 2, For_Current_Pupil(&Form15::Undo_Personal_Details));
 }
 
 void Form15::Lay_Out_Retesting() {
@@ -128,8 +128,8 @@ void Form15::Lay_Out_Retesting() {
         return Make_HotLabel(name, text, {QPoint(16 + 184 * i, 234), QSize(176, 40)}, std::move(click),
                              HotLabel::Look::Command, Frame4);
     };
-    HotLabel5 = button(u"HotLabel5"_s, u"Edit details"_s, 0, [this] { Begin_Retest_Edit(Current_Pupil); });
-    HotLabel7 = button(u"HotLabel7"_s, u"Save changes"_s, 1, [this] { Save_Retest_Flags(Current_Pupil); });
+    HotLabel5 = button(u"HotLabel5"_s, u"Edit details"_s, 0, For_Current_Pupil(&Form15::Begin_Retest_Edit));
+    HotLabel7 = button(u"HotLabel7"_s, u"Save changes"_s, 1, For_Current_Pupil(&Form15::Save_Retest_Flags));
     HotLabel6 = button(u"HotLabel6"_s, u"Undo changes"_s, 2, [this] { HotLabel6_Click(); });
 }
 

@@ -114,20 +114,31 @@ static std::optional<Birth_Numbers> Read_By_Position(const QString& date) {
 }
 
 // A pupil without a date of birth, or with a text that is none, leaves the lists where they start, so that a
-// date can be chosen.
+// date can be chosen. Until one is, the stored text stays theirs.
 void Form15::Set_Date_Combos(int index) {
     constexpr int pivot = 30; // doesn't move
     birth->Populate_Date_List(Longest_Month, 1);
     birth->Populate_Months_List();
     Populate_Year_List();
     const auto date = Read_By_Position(pupils.Pupil_DOB_List[index]);
-    if (!date) return;
+    if (!date) {
+        birth->Text2->setText(pupils.Pupil_DOB_List[index]);
+        return;
+    }
     Choose_Item(birth->Combo2, date->day - 1);
     Choose_Item(birth->Combo3, date->month - 1);
     Choose_Item(birth->Combo4, date->year + (date->year < pivot ? 2000 : 1900) - First_Year);
+    // February was chosen in the usual year, which took the 29th away.
+    if (date->day == 29 && date->month == 2 && birth->Combo2->count() == 29) birth->Combo2->Set_ListIndex(28);
 }
 
 // ---- personal details
+
+std::function<void()> Form15::For_Current_Pupil(void (Form15::*work)(int index)) {
+    return [this, work] {
+        if (Current_Pupil > 0) (this->*work)(Current_Pupil);
+    };
+}
 
 void Form15::Set_Personal_Enabled(bool enabled) {
     for (QWidget* control : std::initializer_list<QWidget*>{Text3, Text4, sex->Combo5, HotLabel3, HotLabel2})
@@ -136,6 +147,7 @@ void Form15::Set_Personal_Enabled(bool enabled) {
 }
 
 void Form15::Enable_Personal_Edit() {
+    if (Current_Pupil == 0) return;
     Set_Personal_Enabled(true);
     Text3->setFocus();
 }
@@ -148,7 +160,8 @@ void Form15::Save_Personal_Details(int index) {
     database::Recordset& row = holder.Rows();
     row.Fields(u"Surname"_s).Set_Value(Normalise_Hyphen(Text3->text()));
     row.Fields(u"Forename"_s).Set_Value(Text4->text());
-    row.Fields(u"DOB"_s).Set_Value(birth->Text2->text());
+    const QString born = birth->Text2->text();
+    if (!born.isEmpty()) row.Fields(u"DOB"_s).Set_Value(born); // none stored and none chosen: stays as it is
     row.Fields(u"Sex"_s).Set_Value(sex->Text5->text());
     row.Update();
     holder.ado_Close();

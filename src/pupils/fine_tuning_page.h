@@ -62,6 +62,8 @@ private:
     void Order_By_Enter();
     void Tell_Helps();
     void Take_Pupil(int p);
+    // Does nothing before a pupil is shown, as in the second in which the list is still to be loaded.
+    std::function<void()> For_Current_Pupil(void (Form15::*work)(int index));
     void Set_Personal_Enabled(bool enabled);
     void Set_Retest_Buttons_Enabled(bool enabled);
     void Show_Retest_Panels(bool shown);

@@ -41,11 +41,8 @@ void Form42::Lay_Out() {
                               [this] { HotLabel1_Click(); });
     Offer_Import(false);
     Lay_Out_Grid();
-    ProgressBar1 = new QProgressBar(Frame1);
-    ProgressBar1->setObjectName(u"ProgressBar1"_s);
-    ProgressBar1->setAccessibleName(u"Progress of the import"_s);
-    ProgressBar1->setGeometry(Left, 552, Whole_Width, 20);
-    ProgressBar1->hide();
+    ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,
+                                {Left, 552, Whole_Width, 20}, Frame1);
     Label3 = Make_Help_Label(u"Label3"_s, {Left, 582, Whole_Width, 58}, Frame1);
 }
 
@@ -56,14 +53,14 @@ void Form42::Lay_Out_Grid() {
     };
     const Column columns[] = {
         {u"Surname"_s, 200}, {u"Forename(s)"_s, 200},   {u"Gender"_s, 80},    {u"Date of Birth"_s, 120},
-        {u"User ID"_s, 160}, {u"Group / Class"_s, 190}, {u"Password"_s, 170},
+        {u"User ID"_s, 158}, {u"Group / Class"_s, 190}, {u"Password"_s, 170},
     };
     Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(std::size(columns)),
                                  grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setAccessibleName(u"Preview of the individuals to import"_s);
     Spread1->setAccessibleDescription(u"One row for each line of the file."_s);
     Spread1->setGeometry(Left, 162, Whole_Width, 380);
-    int number = 0;
+    int number = 0; // together they leave room for the bar beside the rows
     for (const Column& column : columns) {
         Spread1->Set_Text(++number, 0, column.heading);
         Spread1->Set_ColWidth(number, column.width);

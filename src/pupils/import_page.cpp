@@ -114,23 +114,14 @@ void Form42::HotLabel3_Click() {
 }
 
 void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
-    ProgressBar1->setMaximum(line_count);
-    ProgressBar1->show();
-    ProgressBar1->setValue(0);
+    ProgressBar1->Begin(line_count);
     Import_Pass pass;
     {
         const Working_Pointer working(platform);
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
-        ProgressBar1->setUpdatesEnabled(false);
-        const auto painted_again = qScopeGuard([this] { ProgressBar1->setUpdatesEnabled(true); });
-        QElapsedTimer since_painted;
-        since_painted.start();
         Walk_Import_Text(text, pass,
                          {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },
-                          [&] {
-                              ProgressBar1->setValue(ProgressBar1->value() + 1);
-                              Stay_Alive(since_painted);
-                          }});
+                          [this] { ProgressBar1->Step(); }});
     }
     line_count = pass.line_count;
     if (!pass.error_text.isEmpty())
@@ -140,18 +131,6 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     Label3->setText(
         basics::Plain_Number(line_count) +
         u" pupils have now been imported. Please now check their settings on the Security page"_s);
-}
-
-// Lets the window paint itself, the bar among it, as often as an eye can follow: a bar that was painted after
-// each pupil would take longer than storing him. What the user does meanwhile waits for the end of the
-// import.
-void Form42::Stay_Alive(QElapsedTimer& since_painted) {
-    constexpr int frame_ms = 40;
-    if (since_painted.elapsed() < frame_ms) return;
-    ProgressBar1->setUpdatesEnabled(true);
-    shell::Paint_Meanwhile(platform);
-    ProgressBar1->setUpdatesEnabled(false);
-    since_painted.start();
 }
 
 // ---- the others

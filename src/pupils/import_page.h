@@ -3,11 +3,10 @@
 #include "foundation/installation.h"
 #include "platform/grid/spread.h"
 #include "pupils/new_pupil.h"
+#include "pupils/work_bar.h"
 #include "shell/conventions/page.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
-#include <QProgressBar>
 
 namespace pupils {
 
@@ -40,7 +39,6 @@ private:
     void Preview(const QString& file_name);
     void Show_Record(const QStringList& fields, int row);
     void Offer_Import(bool offered);
-    void Stay_Alive(QElapsedTimer& since_painted);
 
     const foundation::Installation& installation;
     Pupil_Maker maker;
@@ -48,7 +46,7 @@ private:
 
     QLineEdit* Text1;
     grid::fpSpread* Spread1;
-    QProgressBar* ProgressBar1;
+    Work_Bar* ProgressBar1;
     QLabel* Label3; // the help line, and the result of an import
     shell::HotLabel *PreviewImport, *HotLabel1, *HotLabel3, *HotLabel4;
 };

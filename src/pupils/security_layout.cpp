@@ -15,6 +15,8 @@ constexpr int Left_Width = 776;
 constexpr int Right = 816;
 constexpr int Right_Width = 400;
 constexpr int Panels_Bottom = 598;
+constexpr int Captions_Left = 16; // inside a panel
+constexpr int Answers_Left = 212;
 constexpr int Longest_Text = 50; // what the columns of groups and passwords take
 
 Form2::Form2(desktop::Platform& platform, shell::Navigator& navigator, Record_Data data)
@@ -42,7 +44,7 @@ void Form2::Lay_Out() {
     Spread1->setAccessibleName(caption);
     Spread1->setAccessibleDescription(u"One row for each pupil."_s);
     int column = 0;
-    for (const int width : {128, 178, 92, 138, 136, 86})
+    for (const int width : {150, 174, 88, 126, 138, 82})
         Spread1->Set_ColWidth(++column, width);
     for (const int words : {2, 4, 5})
         Spread1->Set_Left_Aligned(words);
@@ -51,7 +53,7 @@ void Form2::Lay_Out() {
     Lay_Out_Group_Settings();
     Lay_Out_Group_Names();
     Make_HotLabel(u"HotLabel2"_s, u"Print"_s, {Right + Right_Width - 268, Panels_Bottom - 38, 128, 38},
-                  [this] { HotLabel2_Click(); });
+                  With_Lists(&Form2::HotLabel2_Click));
     Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Right + Right_Width - 128, Panels_Bottom - 38, 128, 38},
                   [this] { HotLabel1_Click(); });
     Label8 = Make_Help_Label(u"Label8"_s, {Left, 608, Right + Right_Width - Left, 48}, Frame1);
@@ -60,37 +62,38 @@ void Form2::Lay_Out() {
 // A question with its two option buttons in a line of a panel.
 static Yes_No Make_Question(QLabel* label, const QString& yes_name, const QString& no_name, int top,
                             QWidget* parent) {
-    return Make_Yes_No(yes_name, no_name, label->text(), {212, top}, parent);
+    return Make_Yes_No(yes_name, no_name, label->text(), {Answers_Left, top}, parent);
 }
 
-static QFrame* Make_Line(const QString& name, const QString& caption, const QRect& place, QWidget* parent) {
-    auto* line = new QFrame(parent);
-    line->setObjectName(name);
-    line->setAccessibleName(caption);
-    line->setGeometry(place);
-    return line;
+// The same in a panel of its own inside another, level with that one's questions.
+static Yes_No Make_Login_List(const QString& panel_name, const QString& caption, const QString& label_name,
+                              const QString& yes_name, const QString& no_name, int top, QWidget* parent) {
+    constexpr int inset = 8;
+    constexpr int row = 26;
+    QGroupBox* panel = Make_Panel(panel_name, caption, {inset, top, Right_Width - 2 * inset, 60}, parent);
+    QLabel* label = shell::Make_Label(label_name, u"Show in Login List"_s, Text_Role::Body, panel);
+    label->setGeometry(Captions_Left - inset, row, 190, 28);
+    return Make_Yes_No(yes_name, no_name, label->text(), {Answers_Left - inset, row}, panel);
 }
 
 void Form2::Lay_Out_Individual() {
     QGroupBox* frame5 =
-        Make_Panel(u"Frame5"_s, u"Edit an individual's details"_s, {Right, 62, Right_Width, 284}, Frame1);
-    const auto caption = [this](const char16_t* name, const QString& text, int top, QWidget* parent) {
-        return Make_Label(QString::fromUtf16(name), text, Text_Role::Body, {16, top, 190, 28}, parent);
+        Make_Panel(u"Frame5"_s, u"Edit an individual's details"_s, {Right, 16, Right_Width, 306}, Frame1);
+    const auto caption = [&](const char16_t* name, const QString& text, int top) {
+        return Make_Label(QString::fromUtf16(name), text, Text_Role::Body, {Captions_Left, top, 190, 28},
+                          frame5);
     };
     Combo1 = Make_Combo(u"Combo1"_s, u"Individual"_s, {16, 30, 368, 34}, frame5);
-    QLabel* label5 = caption(u"Label5", u"Password"_s, 78, frame5);
-    Text2 = Make_Entry(u"Text2"_s, label5->text(), {140, 76, 244, 34}, frame5);
-    QLabel* label4 = caption(u"Label4", u"Group/Class"_s, 122, frame5);
-    Combo3 = Make_Combo(u"Combo3"_s, label4->text(), {140, 120, 244, 34}, frame5);
-    QLabel* label14 = caption(u"Label14", u"Use D.O.B. as password"_s, 164, frame5);
-    Use_Dob = Make_Question(label14, u"Option1"_s, u"Option2"_s, 164, frame5);
-    QFrame* frame4 =
-        Make_Line(u"Frame4"_s, u"Show student in Login List"_s, {0, 196, Right_Width, 32}, frame5);
-    QLabel* label12 = caption(u"Label12", u"Show in Login List"_s, 2, frame4);
-    Show_Pupil = Make_Question(label12, u"Option7"_s, u"Option8"_s, 2, frame4);
-    HotLabel7 = Make_HotLabel(
-        u"HotLabel7"_s, u"Update"_s, {256, 234, 128, 38}, [this] { Update_Pupil_Settings(); },
-        HotLabel::Look::Command, frame5);
+    QLabel* label5 = caption(u"Label5", u"Password"_s, 74);
+    Text2 = Make_Entry(u"Text2"_s, label5->text(), {140, 72, 244, 34}, frame5);
+    QLabel* label4 = caption(u"Label4", u"Group/Class"_s, 114);
+    Combo3 = Make_Combo(u"Combo3"_s, label4->text(), {140, 112, 244, 34}, frame5);
+    QLabel* label14 = caption(u"Label14", u"Use D.O.B. as password"_s, 152);
+    Use_Dob = Make_Question(label14, u"Option1"_s, u"Option2"_s, 152, frame5);
+    Show_Pupil = Make_Login_List(u"Frame4"_s, u"Show student in Login List"_s, u"Label12"_s, u"Option7"_s,
+                                 u"Option8"_s, 188, frame5);
+    HotLabel7 = Make_HotLabel(u"HotLabel7"_s, u"Update"_s, {256, 256, 128, 38},
+                              With_Lists(&Form2::Update_Pupil_Settings), HotLabel::Look::Command, frame5);
     Text2->setMaxLength(Longest_Text);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
     shell::On(Combo3, &shell::Click_Combo::Click, this, platform, [this] { Combo3_Click(); });
@@ -98,19 +101,16 @@ void Form2::Lay_Out_Individual() {
 
 void Form2::Lay_Out_Group_Settings() {
     QGroupBox* frame6 =
-        Make_Panel(u"Frame6"_s, u"Edit settings for Group/Class"_s, {Right, 356, Right_Width, 192}, Frame1);
+        Make_Panel(u"Frame6"_s, u"Edit settings for Group/Class"_s, {Right, 332, Right_Width, 216}, Frame1);
     Make_Label(u"Label10"_s, u"Group/Class"_s, Text_Role::Body, {16, 32, 120, 28}, frame6);
     Combo2 = Make_Combo(u"Combo2"_s, u"Group/Class"_s, {140, 30, 244, 34}, frame6);
     QLabel* label15 =
-        Make_Label(u"Label15"_s, u"D.O.B. as password"_s, Text_Role::Body, {16, 74, 190, 28}, frame6);
-    Group_Uses_Dob = Make_Question(label15, u"Option5"_s, u"Option6"_s, 74, frame6);
-    QFrame* frame2 = Make_Line(u"Frame2"_s, u"Show group in Login List"_s, {0, 104, Right_Width, 32}, frame6);
-    QLabel* label1 =
-        Make_Label(u"Label1"_s, u"Show in Login List"_s, Text_Role::Body, {16, 2, 190, 28}, frame2);
-    Show_Group = Make_Question(label1, u"Option3"_s, u"Option4"_s, 2, frame2);
-    HotLabel6 = Make_HotLabel(
-        u"HotLabel6"_s, u"Update "_s, {256, 142, 128, 38}, [this] { Update_Group_Settings(); },
-        HotLabel::Look::Command, frame6);
+        Make_Label(u"Label15"_s, u"D.O.B. as password"_s, Text_Role::Body, {16, 70, 190, 28}, frame6);
+    Group_Uses_Dob = Make_Question(label15, u"Option5"_s, u"Option6"_s, 70, frame6);
+    Show_Group = Make_Login_List(u"Frame2"_s, u"Show group in Login List"_s, u"Label1"_s, u"Option3"_s,
+                                 u"Option4"_s, 104, frame6);
+    HotLabel6 = Make_HotLabel(u"HotLabel6"_s, u"Update "_s, {256, 170, 128, 38},
+                              With_Lists(&Form2::Update_Group_Settings), HotLabel::Look::Command, frame6);
     shell::On(Combo2, &shell::Click_Combo::Click, this, platform, [this] { Combo2_Click(); });
 }
 
@@ -120,25 +120,22 @@ void Form2::Lay_Out_Group_Names() {
     constexpr int top = Panels_Bottom - height;
     QGroupBox* frame7 = Make_Panel(u"Frame7"_s, u"Add new Group/Class"_s, {Left, top, 226, height}, Frame1);
     Text4 = Make_Entry(u"Text4"_s, u"Name of the new group"_s, {16, rows[0], 194, 34}, frame7);
-    HotLabel3 = Make_HotLabel(
-        u"HotLabel3"_s, u"Add "_s, {110, rows[2], 100, 38}, [this] { HotLabel3_Click(); },
-        HotLabel::Look::Command, frame7);
+    HotLabel3 = Make_HotLabel(u"HotLabel3"_s, u"Add "_s, {110, rows[2], 100, 38},
+                              With_Lists(&Form2::HotLabel3_Click), HotLabel::Look::Command, frame7);
 
     QGroupBox* frame8 = Make_Panel(u"Frame8"_s, u"Change the name of a Group/Class"_s,
                                    {Left + 238, top, 300, height}, Frame1);
     Combo4 = Make_Combo(u"Combo4"_s, u"Group to rename"_s, {16, rows[0], 268, 34}, frame8);
     Make_Label(u"Label6"_s, u"New name"_s, Text_Role::Body, {16, rows[1], 80, 34}, frame8);
     Text3 = Make_Entry(u"Text3"_s, u"New name of the group"_s, {100, rows[1], 184, 34}, frame8);
-    HotLabel4 = Make_HotLabel(
-        u"HotLabel4"_s, u"Change "_s, {184, rows[2], 100, 38}, [this] { Rename_Group(); },
-        HotLabel::Look::Command, frame8);
+    HotLabel4 = Make_HotLabel(u"HotLabel4"_s, u"Change "_s, {184, rows[2], 100, 38},
+                              With_Lists(&Form2::Rename_Group), HotLabel::Look::Command, frame8);
 
     QGroupBox* frame9 =
         Make_Panel(u"Frame9"_s, u"Disband a Group/Class"_s, {Left + 550, top, 226, height}, Frame1);
     Combo5 = Make_Combo(u"Combo5"_s, u"Group to disband"_s, {16, rows[0], 194, 34}, frame9);
-    HotLabel5 = Make_HotLabel(
-        u"HotLabel5"_s, u"Disband"_s, {110, rows[2], 100, 38}, [this] { Disband_Group(); },
-        HotLabel::Look::Command, frame9);
+    HotLabel5 = Make_HotLabel(u"HotLabel5"_s, u"Disband"_s, {110, rows[2], 100, 38},
+                              With_Lists(&Form2::Disband_Group), HotLabel::Look::Command, frame9);
 
     Text3->setMaxLength(Longest_Text);
     Text4->setMaxLength(Longest_Text);

@@ -41,6 +41,13 @@ void Form2::Load_Everyone_Afresh() {
     Fill_Group_Combos();
     Fill_Groups(1);
     Select_First(Combo1);
+    lists_are_there = true;
+}
+
+std::function<void()> Form2::With_Lists(void (Form2::*work)()) {
+    return [this, work] {
+        if (lists_are_there) (this->*work)();
+    };
 }
 
 static QString Day_First(const basics::Value& date) {

@@ -56,6 +56,8 @@ private:
     void Lay_Out_Group_Names();
     void Tell_Helps();
     void Take_Pupil(int p);
+    // Does nothing in the second in which the lists are still to be loaded.
+    std::function<void()> With_Lists(void (Form2::*work)());
     void Bring_Into_View(int row);
     void Run(const QString& statement);
     void Refuse_Name_In_Use(const QString& name, QLineEdit* entry);
@@ -65,6 +67,7 @@ private:
     Pupil_Records& records;
     foundation::Access_Holder holder;
     int Current_Pupil = 1;
+    bool lists_are_there = false;
     bool live = false; // Combo3 has been clicked since the page was loaded
 
     grid::fpSpread* Spread1;

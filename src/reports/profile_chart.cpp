@@ -149,8 +149,8 @@ Profile_Chart::Profile_Chart(const QString& name, QWidget* parent) : QFrame(pare
         time[i] = Make_Bar(u"Shape12(%1)"_s.arg(t - 1), Measure::Time, this);
         Shape(t)->setGeometry(Column_Left(t), 0, Column_Width, 0);
         Time_Shape(t)->setGeometry(Column_Left(t) + Column_Width / 2, 0, Column_Width / 2, 0);
-        for (QFrame* bar : {Shape(t), Time_Shape(t)})
-            bar->hide();
+        // An accuracy bar without a height is there all the same, as its test's button asks for it.
+        Time_Shape(t)->hide();
         constexpr int around = 5;
         rows[i] = new Chart_Row(u"Row%1"_s.arg(t), this);
         rows[i]->setGeometry(Column_Left(t) - around, 0, Column_Width + 2 * around, Chart_Height);

@@ -64,6 +64,8 @@ public:
     QFrame* Time_Shape(int t) const { return time[static_cast<std::size_t>(t)]; } // Shape12(t - 1)
     Terminated_Mark* Image12;
     Terminated_Mark* Image13;
+    // Of the first two tests; none of any other.
+    Terminated_Mark* Mark(int t) const { return t == 1 ? Image12 : t == 2 ? Image13 : nullptr; }
 
     static void Place(QFrame* bar, const Bar& place);
     Chart_Row* Row(int t) const { return rows[static_cast<std::size_t>(t)]; }

@@ -210,31 +210,49 @@ void Form30::Lay_Out_Chart() {
     Lay_Out_Tables();
 }
 
+static void Set_Widths(grid::fpSpread& table, const std::vector<int>& widths) {
+    int column = 1;
+    for (const int width : widths)
+        table.Set_ColWidth(column++, width);
+}
+
+// By what each test's answers need: lists of words are long, single words and holes short. A test without a
+// last column puts that away.
+void Form30::Set_Detail_Widths(int t, grid::fpSpread& table) {
+    static const std::vector<int> lists_of_words{78, 214, 232, 66, 70, 84};
+    static const std::vector<int> widths[] = {
+        {92, 172, 192, 92, 92, 104},         // Tolvens
+        lists_of_words,                      // Blik's Friends
+        {112, 184, 184, 132, 132, 0},        // Karrel
+        lists_of_words,                      // Blik's Letters
+        {84, 240, 112, 136, 90, 82},         // Blik's Letter Names
+        lists_of_words,                      // Drell
+        {84, 138, 112, 122, 136, 78, 74, 0}, // Mirvel
+        {78, 98, 86, 96, 108, 118, 84, 76},  // Yoon
+        {132, 132, 184, 100, 82, 114},       // Pindo
+    };
+    Set_Widths(table, widths[t - 1]);
+}
+
 void Form30::Lay_Out_Tables() {
     const QPoint corner(Chart_Corner.x() - 72, Chart_Corner.y());
     const auto table = [this, &corner](const QString& name, const QString& described, int rows,
-                                       int row_height, int height, std::initializer_list<int> widths) {
-        auto* made = new grid::fpSpread(name, static_cast<int>(widths.size()), rows, Frame1);
+                                       int row_height, int columns) {
+        auto* made = new grid::fpSpread(name, columns, rows, Frame1);
         made->setAccessibleName(described);
         made->setAccessibleDescription(u"The first row has the headings."_s);
-        made->setGeometry(QRect(corner, QSize(764, height)));
+        made->setGeometry(QRect(corner, QSize(764, Chart_Height)));
         made->verticalHeader()->setDefaultSectionSize(row_height);
-        int column = 1;
-        for (const int width : widths)
-            made->Set_ColWidth(column++, width);
         made->Set_Heading_Row(true);
         made->hide();
         return made;
     };
     const QString answers = u"The pupil's answers, item by item"_s;
-    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 39,
-                      Chart_Height, {112, 54, 68, 58, 66, 62, 72, 76, 96, 92});
-    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, Chart_Height, {112, 164, 164, 100, 100, 104});
-    fpSpread2plus =
-        table(u"fpSpread2plus"_s, answers, 32, 25, Chart_Height, {79, 124, 92, 100, 112, 100, 72, 67});
-    // Headings of two lines.
-    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * 39);
-    fpSpread2plus->verticalHeader()->resizeSection(0, 42);
+    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 39, 10);
+    Set_Widths(*fpSpread1, {112, 54, 68, 58, 66, 62, 72, 76, 96, 92});
+    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, 6);
+    fpSpread2plus = table(u"fpSpread2plus"_s, answers, 32, 25, 8);
+    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * 39); // headings of two lines
     for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
         shell::On(closing, &grid::fpSpread::Double_Click, this, platform, [this, closing] {
             closing->hide();

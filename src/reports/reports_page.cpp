@@ -54,6 +54,7 @@ void Form30::Timer2_Timer() {
 
 void Form30::Load_Students() {
     scoring::Load_Pupil_Lists(holder, installation, platform.clock, pupils);
+    lists_loaded = true;
     Combo1->Clear();
     for (int p = 1; p <= pupils.Pupils_Listed; ++p)
         Combo1->AddItem(scoring::Pupil_List_Entry(pupils, p));
@@ -61,6 +62,10 @@ void Form30::Load_Students() {
         Combo1->Set_ListIndex(0);
     else
         Show_In_Label7(u"No reports are available as yet"_s);
+}
+
+bool Form30::Has_Pupil() const {
+    return Combo1->ListIndex() >= 0;
 }
 
 // ---- choosing a pupil
@@ -121,16 +126,23 @@ scoring::Progress_Strip Form30::Progress() {
     return [this](int width) { Show_Progress_Width(width); };
 }
 
+// Only here is it decided which marks are seen: a batch report leaves the flags of the last pupil that it
+// scored.
 void Form30::TerminatedTests() {
-    const auto stand = [this](Terminated_Mark* mark, const QFrame* bar, bool terminated) {
-        constexpr int above = 18;
+    Picture2->Image12->setVisible(scoring.scores.Tolvens_Terminated);
+    Picture2->Image13->setVisible(scoring.scores.Friends_Terminated);
+    Stand_Marks_On_Bars();
+}
+
+void Form30::Stand_Marks_On_Bars() {
+    constexpr int above = 18;
+    for (const int t : {scoring::test_index::Tolvens, scoring::test_index::Bliks_Friends}) {
+        const QFrame* bar = Picture2->Shape(t);
+        Terminated_Mark* mark = Picture2->Mark(t);
         mark->move(bar->x() + (bar->width() - mark->width()) / 2, bar->y() - above);
-        mark->setVisible(terminated);
         mark->raise();
         mark->update();
-    };
-    stand(Picture2->Image12, Picture2->Shape(1), scoring.scores.Tolvens_Terminated);
-    stand(Picture2->Image13, Picture2->Shape(2), scoring.scores.Friends_Terminated);
+    }
 }
 
 void Form30::Show_Progress_Width(int width) {
@@ -297,14 +309,14 @@ void Form30::ShowCentiles_Click() {
     Draw_Scale(u"P"_s);
     Show_Centile_Bars(Raw_Centiles());
     if (state.Show_Time_Bars) Show_Time_Centile_Bars(Time_Centiles());
-    TerminatedTests(); // the marks stand on the bars, wherever these went
+    Stand_Marks_On_Bars();
 }
 
 void Form30::ShowZScores_Click() {
     Draw_Scale(u"Z"_s);
     Show_ZScore_Bars(Raw_Centiles());
     if (state.Show_Time_Bars) Show_Time_ZScore_Bars(Time_Centiles());
-    TerminatedTests();
+    Stand_Marks_On_Bars();
 }
 
 void Form30::Change_Background(const QString& ground) {
@@ -398,22 +410,21 @@ QString Form30::Words_For(int t) const {
     if (const QString time = cell(z ? column::Time_ZScore : column::Time_Centile);
         state.Show_Time_Bars && !time.isEmpty())
         words += (z ? u", time z-score "_s : u", time centile "_s) + time;
-    return words + (Is_Terminated(t) ? u", terminated"_s : QString());
+    return words + (Is_Marked(t) ? u", terminated"_s : QString());
 }
 
-bool Form30::Is_Terminated(int t) const {
-    return (t == scoring::test_index::Tolvens && scoring.scores.Tolvens_Terminated) ||
-           (t == scoring::test_index::Bliks_Friends && scoring.scores.Friends_Terminated);
+bool Form30::Is_Marked(int t) const {
+    const Terminated_Mark* mark = Picture2->Mark(t);
+    return mark && !mark->isHidden();
 }
 
 // What the bars show, in words, for a reader who doesn't see them.
 void Form30::Describe_Chart() {
+    if (!Has_Pupil()) return;
     for (int t = 1; t <= 8; ++t) {
         Picture2->Row(t)->Tell(Words_For(t));
-        const Terminated_Mark* mark =
-            t == scoring::test_index::Tolvens ? Picture2->Image12 : Picture2->Image13;
-        Picture2->Row(t)->setAccessibleDescription(Is_Terminated(t) ? mark->accessibleDescription()
-                                                                    : QString());
+        Picture2->Row(t)->setAccessibleDescription(Is_Marked(t) ? Picture2->Mark(t)->accessibleDescription()
+                                                                : QString());
     }
 }
 
@@ -424,13 +435,15 @@ void Form30::HotLabel1_Click() {
 }
 
 void Form30::HotLabel2_Click() {
+    if (!Has_Pupil()) return;
     Toggle_Show_TimeBars(state.Current_Pupil);
     Show_Time_Flag();
-    TerminatedTests();
+    Stand_Marks_On_Bars();
     Describe_Chart();
 }
 
 void Form30::HotLabel3_Click() {
+    if (!Has_Pupil()) return;
     state.comment.Comment_Changed = false;
     shell::Form11 dialog(platform, state.comment);
     platform.dialogs.Show(dialog);
@@ -439,11 +452,11 @@ void Form30::HotLabel3_Click() {
 }
 
 void Form30::HotLabel4_Click() {
-    if (!Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Individual_Report);
+    if (Has_Pupil() && !Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Individual_Report);
 }
 
 void Form30::HotLabel6_Click() {
-    if (!Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Batch_Report);
+    if (lists_loaded && !Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Batch_Report);
 }
 
 void Form30::HotLabel5_Click() {
@@ -504,7 +517,9 @@ void Form30::Show_Which_Raw_Data(int t, int p) {
     };
     if (t < 1 || t > All_Tests) return;
     const Filler& filler = fillers[t - 1];
+    Set_Detail_Widths(t, *filler.table);
     filler.show(p, *filler.table, scoring);
+    filler.table->Fit_Rows();
     filler.table->raise();
 }
 
@@ -522,11 +537,13 @@ void Form30::Open_Detail_Table(int t) {
 }
 
 bool Form30::Is_Done(int t) const {
+    if (!Has_Pupil()) return false;
     if (t == scoring::test_index::Pindo) return pupils.Test_Status[t][state.Current_Pupil] != 0;
     return !Picture2->Shape(t)->isHidden();
 }
 
 void Form30::Test_Button_Click(int t) {
+    if (!lists_loaded) return;
     const bool pindo = t == scoring::test_index::Pindo;
     scoring::Clear_Grid(Needs_Eight_Columns(t) ? *fpSpread2plus : *fpSpread2);
     state.Chart_Replaced = true;
@@ -542,6 +559,7 @@ void Form30::Test_Button_Click(int t) {
 }
 
 void Form30::HotLabel7_Click() {
+    if (!Has_Pupil()) return;
     state.Chart_Replaced = true;
     Hide_8_Buttons();
     Hide_All_Objects();

@@ -95,12 +95,15 @@ private:
     void Show_Chart(bool shown);
     void Hide_All_Markers();
     void Open_Detail_Table(int t);
+    void Set_Detail_Widths(int t, grid::fpSpread& table);
     void Offer_Printing(bool offered); // PrintIcon and its caption
     bool Is_Done(int t) const;
     void Show_Summary_Cells();
     void Describe_Chart();
+    void Stand_Marks_On_Bars();
+    bool Has_Pupil() const;
     QString Words_For(int t) const; // a row of the chart
-    bool Is_Terminated(int t) const;
+    bool Is_Marked(int t) const;    // as ended early
     void Show_In_Label7(const QString& text);
     void Show_Progress_Width(int width);
     scoring::Progress_Strip Progress();
@@ -113,6 +116,8 @@ private:
     scoring::Scoring& scoring;
     Report_State& state;
     foundation::Access_Holder& holder; // that of scoring: the file is opened once for a choice
+
+    bool lists_loaded = false; // until then they are those of an earlier visit
 
     Profile_Chart* Picture2;
     shell::Click_Combo* Combo1;

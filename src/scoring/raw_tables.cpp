@@ -150,9 +150,9 @@ const Detail_Table& Table_Of(int t) {
 // The word's side of the two on offer; empty text for an item without a target.
 QString Target_Position(const Test_Items& items, int i) {
     const QString target = items.Item_Requested(i).Text_Or_Empty();
+    if (target.isEmpty()) return {};
     const QString left = items.Of(Item_Field::Choices)[i].Text_Or_Empty().section(u',', 0, 0);
-    if (left == target) return u"Left"_s;
-    return target.isEmpty() ? QString() : u"Right"_s;
+    return left == target ? u"Left"_s : u"Right"_s;
 }
 
 class Filler {

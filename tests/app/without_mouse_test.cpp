@@ -102,8 +102,7 @@ void Without_A_Mouse::Register_A_Pupil() {
     Press(Qt::Key_Tab);
     Press(Qt::Key_Down); // of February
     Press(Qt::Key_Tab);
-    Press(Qt::Key_End);
-    Press(Qt::Key_Up, 5); // 2020
+    Type(u"2020"_s);
     Press(Qt::Key_Tab);
     Press(Qt::Key_Down); // female
     Press(Qt::Key_Tab);

@@ -3,7 +3,11 @@
 #include "support/printing.h"
 #include "support/scripted_platform.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QRegularExpression>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -331,6 +335,24 @@ TEST_F(Grid, LeavesOutWhatLiesBehindTheDataWhenAsked) {
     EXPECT_TRUE(grid.Printed().rows.empty());
     Print(grid);
     EXPECT_EQ(outside.printers.pages.size(), 1);
+}
+
+TEST_F(Grid, AListBreaksBehindItsCommasAndIsWholeInItsTip) {
+    const QString list = u"Sheep,Horse,Frog,Pig,Elephant"_s;
+    fpSpread grid(u"fpSpread2"_s, 2, 1, nullptr);
+    grid.PrintRowHeaders = grid.PrintColHeaders = false;
+    grid.Set_ColWidth(1, 90);
+    grid.Set_ColWidth(2, 0); // is put away
+    grid.Set_Text(1, 1, list);
+    grid.Fit_Rows();
+    EXPECT_GE(grid.rowHeight(0), 3 * grid.fontMetrics().height());
+    const QStringList lines = Texts_On(Lay_Out_Sheets(grid.Printed())[0]);
+    EXPECT_EQ(grid.Printed().columns.size(), 1u);
+    EXPECT_EQ(lines.join(QString()), list);
+    EXPECT_EQ(lines.filter(QRegularExpression(u",$"_s)).size(), lines.size() - 1);
+    QHelpEvent pointed(QEvent::ToolTip, grid.visualItemRect(grid.item(0, 0)).center(), {});
+    QApplication::sendEvent(grid.viewport(), &pointed);
+    EXPECT_TRUE(QToolTip::text().remove(QChar(0x200B)).contains(list)) << QToolTip::text().toStdString();
 }
 
 TEST_F(Grid, ItsHeadingRowStandsOnEachSheet) {

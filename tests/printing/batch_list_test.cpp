@@ -35,9 +35,9 @@ TEST(BatchList, TheCodeIsWhatFollowsTheFirstDivider) {
     pupils.Student_Code[2] = u"LE FAY - 1"_s;
     EXPECT_EQ(Places_Of({u"Thompson-Ellis, Ann - THOANN123ABC"_s, // a plain hyphen is harmless
                          u"Thompson - Ellis, Ann - THOANN123ABC"_s, u"Le Fay, Morgan - LE FAY - 1"_s,
-                         u"Nobody, At All - XXX"_s},
+                         u"Nobody, At All - XXX"_s, u""_s /* a name without a value */},
                         pupils),
-              (QList<qint16>{1, -1, 2, -1}));
+              (QList<qint16>{1, -1, 2, -1, -1}));
 }
 
 TEST(BatchList, TheMessageCountsAndKeepsItsLines) {

@@ -128,6 +128,12 @@ TEST_F(Lists, TheKeyboardChoosesAsThePointerDoes) {
     EXPECT_EQ(lists.Text2->text(), u"01/02/2005"_s);
     QTest::keyClick(lists.Combo2, Qt::Key_End);
     EXPECT_EQ(lists.Text2->text(), u"28/02/2005"_s);
+    QTest::keyClicks(lists.Combo4, u"2016"_s); // behind the blank, to the last digit
+    QTest::keyClicks(lists.Combo3, u"j"_s);
+    QTest::keyClicks(lists.Combo2, u"1"_s); // and not the 10th
+    EXPECT_EQ(lists.Text2->text(), u"01/06/2016"_s);
+    QTest::keyClicks(lists.Combo2, u"74"_s); // there is no 74th
+    EXPECT_EQ(lists.Text2->text(), u"04/06/2016"_s);
 }
 
 TEST_F(Lists, AnEmptyListStopsNothing) {

@@ -3,6 +3,8 @@
 #include "platform/basics/run_time_error.h"
 #include "pupils/record_page_fixture.h"
 
+#include <QSignalSpy>
+
 using namespace Qt::StringLiterals;
 using namespace test_support;
 using desktop::Answer;
@@ -190,8 +192,11 @@ TEST_F(Delete_Page, OneOfThreeIsDeselectedAndTwoGo) {
         Ctrl_Click(item);
     Ctrl_Click(7);
     const QStringList chosen{Code(2), Code(12)};
+    QSignalSpy told(&Control<QProgressBar>(*form, u"ProgressBar1"_s), &QProgressBar::valueChanged);
     outside.boxes.Will_Answer(Answer::Yes, [this] { Ctrl_Click(3); }); // not asked about
     Click(Delete_Button);
+    EXPECT_EQ(told.count(), 3); // none, one and both
+    EXPECT_FALSE(Shown(u"ProgressBar1"_s));
     Expect_Box(0, Box_Style::Yes_No_Question, Caution, Many(2));
     EXPECT_EQ(Changed(), All_Gone(chosen));
 }

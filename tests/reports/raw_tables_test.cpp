@@ -1,5 +1,7 @@
 #include "reports/reports_page_fixture.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 using namespace test_support;
 
@@ -62,6 +64,7 @@ TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
             EXPECT_EQ(At(tried.label_column, items + 6, tried.grid), u"Popul'n SD"_s);
             EXPECT_TRUE(At(2, items + 5, tried.grid).startsWith(u"Paused:"_s));
             EXPECT_TRUE(Shown(*page, tried.grid));
+            EXPECT_EQ(Control<grid::fpSpread>(*page, tried.grid).horizontalHeader()->length(), 744);
             EXPECT_FALSE(Shown(*page, u"Picture2"_s));
         }
     }
@@ -129,7 +132,7 @@ TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
 TEST_F(Raw_Tables, TheTargetsPlaceIsNamed) {
     Set(u"Mevo_Yoon_data"_s,
         u"Choices_1 = 'cup,cap', Shown_1 = 'cup', Choices_2 = 'cup,cap', Shown_2 = 'cap', "
-        "Choices_3 = 'cup,cap', Shown_3 = NULL"_s);
+        "Choices_3 = NULL, Shown_3 = NULL"_s);
     Show(8);
     EXPECT_EQ(At(3, 2, Wide), u"Left"_s);
     EXPECT_EQ(At(3, 3, Wide), u"Right"_s);

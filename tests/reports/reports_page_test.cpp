@@ -173,12 +173,19 @@ TEST_F(Reports_Page, TheChartIsAListInWordsOfWhatItShows) {
         chart->child(0)->text(QAccessible::Description).startsWith(u"'T' signifies that 'Tolvens'"_s));
     EXPECT_EQ(row(3), u"Karrel: not taken"_s);
     EXPECT_EQ(row(6), u"Drell: centile "_s + Cell(3, 7) + u", age at test 7 y 3 m"_s);
+    const bool friends_ended = Shown(*page, u"Image13"_s);
+    scores.scores.Tolvens_Terminated = false; // a batch report leaves the flags of its last pupil
+    scores.scores.Friends_Terminated = !friends_ended;
     page->HotLabel2_Click();
     EXPECT_EQ(row(6),
               u"Drell: centile "_s + Cell(3, 7) + u", age at test 7 y 3 m, time centile "_s + Cell(7, 7));
     Click(*page, u"ShowZScores"_s);
     EXPECT_EQ(row(6),
               u"Drell: z-score "_s + Cell(5, 7) + u", age at test 7 y 3 m, time z-score "_s + Cell(8, 7));
+    EXPECT_TRUE(row(1).endsWith(u", terminated"_s));
+    EXPECT_EQ(row(2).endsWith(u", terminated"_s), friends_ended);
+    EXPECT_TRUE(Shown(*page, u"Image12"_s));
+    EXPECT_EQ(Shown(*page, u"Image13"_s), friends_ended);
 }
 
 TEST_F(Reports_Page, TheScaleShowsItsOwnCaptions) {
@@ -276,6 +283,27 @@ TEST_F(Reports_Page, ATestNotDoneIsToldSo) {
     EXPECT_TRUE(Shown(*page, u"Picture2"_s));
 }
 
+TEST_F(Reports_Page, NothingIsDoneBeforeThePupilsAreThere) {
+    state.Current_Pupil = 1; // of an earlier visit
+    scores.pupils.Student_Code[1] = u"GONE"_s;
+    Load();
+    for (const QString& entry : {u"BtnEnh11"_s, u"BtnEnh19"_s, u"HotLabel2"_s, u"HotLabel3"_s, u"HotLabel4"_s,
+                                 u"HotLabel6"_s, u"HotLabel7"_s})
+        Click(*page, entry);
+    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
+    EXPECT_FALSE(state.Chart_Replaced || state.Show_Time_Bars);
+    EXPECT_TRUE(navigator.opened_on_top.isEmpty());
+}
+
+TEST_F(Reports_Page, ATestDoneWithoutANormOpensItsTable) {
+    sample.Run(u"DELETE FROM Mevo_Pupils WHERE StudentCode <> '"_s + Code_Where(All_Normed) + u'\'');
+    sample.Run(u"UPDATE Mevo_Pupils SET Drell_age = 50"_s);
+    sample.Run(u"UPDATE Drell_Norms SET \"Age 4 Centile\" = NULL"_s);
+    Open();
+    Click(*page, u"BtnEnh16"_s);
+    EXPECT_TRUE(Shown(*page, u"fpSpread2"_s));
+}
+
 TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
     const QString code = Code_Where(All_Normed);
     const QString stored = u"SELECT Comment FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\'';
@@ -287,15 +315,15 @@ TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
     EXPECT_EQ(sample.Value(stored), u"NULL"_s);
 
     outside.dialogs.Will_Do([](QDialog& dialog) {
-        Control<QPlainTextEdit>(dialog, u"Text1"_s).setPlainText(u"O'Brien's \"best\" – Élan"_s);
+        Control<QPlainTextEdit>(dialog, u"Text1"_s).setPlainText(u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
         Click(dialog, u"HotLabel1"_s);
     });
     page->HotLabel3_Click();
-    EXPECT_EQ(sample.Value(stored), u"O'Brien's \"best\" – Élan"_s);
+    EXPECT_EQ(sample.Value(stored), u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
 
     Combo().Set_ListIndex(0);
     Choose(code);
-    EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan"_s);
+    EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
 }
 
 TEST_F(Reports_Page, InViewingModeCommentsAreLeftAlone) {

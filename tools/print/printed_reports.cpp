@@ -137,9 +137,10 @@ QList<qint16> Office::Found_Places(const QStringList& entries) const {
     const QList<qint16> places = printing::Places_Of(entries, data.pupils);
     const qsizetype lost = places.indexOf(-1);
     if (lost >= 0)
-        throw Print_Fault(u"%1 of the pupils can't be found because of a space-hyphen-space in the surname, "
-                          "the first of them: %2"_s.arg(places.count(-1))
-                              .arg(entries[lost]));
+        throw Print_Fault(
+            u"%1 of the pupils can't be found because of a space-hyphen-space in the surname or a "
+            "missing name, the first of them: '%2'"_s.arg(places.count(-1))
+                .arg(entries[lost]));
     return places;
 }
 

@@ -11,6 +11,7 @@ namespace grid {
 namespace {
 
 constexpr double Twips_Per_Point = 20;
+constexpr QChar Break_Place(0x200B); // a blank without a width
 
 using Runs = std::vector<Text_Run>;
 
@@ -185,18 +186,24 @@ Text_Block Set_Lines(const std::vector<Text_Line>& lines, double width) {
     return setter.Block();
 }
 
+QString With_Breaks_At_Commas(QString text) {
+    return text.replace(u',', u","_s + Break_Place);
+}
+
 QStringList Broken_Text(const Print_Font& font, const QString& text, double width, int most_lines) {
     const QString line = Without_Controls(text).trimmed();
     if (line.isEmpty()) return {};
     const QFontMetricsF metrics = Metrics_Of(font);
     if (metrics.horizontalAdvance(line) <= width) return {line};
+    const QString breakable = With_Breaks_At_Commas(line);
+    const auto printed = [](QString part) { return part.remove(Break_Place).trimmed(); };
     QStringList lines;
-    for (const Piece& piece : Break({{line, font, Side::Left}}, width)) {
+    for (const Piece& piece : Break({{breakable, font, Side::Left}}, width)) {
         if (lines.size() + 1 == most_lines) {
-            lines.append(metrics.elidedText(line.sliced(piece.from), Qt::ElideRight, width));
+            lines.append(metrics.elidedText(printed(breakable.sliced(piece.from)), Qt::ElideRight, width));
             break;
         }
-        lines.append(line.sliced(piece.from, piece.length).trimmed());
+        lines.append(printed(breakable.sliced(piece.from, piece.length)));
     }
     return lines;
 }

@@ -32,8 +32,11 @@ struct Text_Block {
 // meet on a line get lines of their own, so nothing overlaps.
 Text_Block Set_Lines(const std::vector<Text_Line>& lines, double width);
 
-// A text of one font broken to the width, a word that is too long inside. What goes beyond the most lines is
-// cut short with an ellipsis.
+// The text with a place to break, of no width, behind each comma: lists of answers have no blanks.
+QString With_Breaks_At_Commas(QString text);
+
+// A text of one font broken to the width: at blanks and behind commas, and a word that is too long inside.
+// What goes beyond the most lines is cut short with an ellipsis.
 QStringList Broken_Text(const Print_Font& font, const QString& text, double width, int most_lines);
 
 } // namespace grid

@@ -3,7 +3,10 @@
 #include "platform/basics/run_time_error.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +28,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         const auto look = looks.constFind(option->text);
+        option->text = With_Breaks_At_Commas(option->text);
         if (look == looks.constEnd()) return;
         if (look->ground.isValid()) option->backgroundBrush = look->ground;
         option->palette.setColor(QPalette::Text, look->ink);
@@ -109,6 +113,7 @@ void fpSpread::Set_MaxRows(int rows) {
 }
 
 void fpSpread::Set_ColWidth(int column, int pixels) {
+    setColumnHidden(column - 1, pixels == 0);
     setColumnWidth(column - 1, pixels);
 }
 
@@ -128,6 +133,24 @@ void fpSpread::Set_Heading_Row(bool heading) {
         cell->setFont(font);
         cell->setBackground(heading ? QBrush(Heading_Ground) : QBrush());
     }
+}
+
+void fpSpread::Fit_Rows() {
+    constexpr int between_rows = 6;
+    const int usual = verticalHeader()->defaultSectionSize();
+    for (int row = 0; row < rowCount(); ++row)
+        setRowHeight(row, std::max(usual, sizeHintForRow(row) + between_rows));
+}
+
+bool fpSpread::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTableWidget::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex cell = indexAt(help->pos());
+    const QString text = cell.data().toString().trimmed();
+    QToolTip::showText(help->globalPos(),
+                       text.isEmpty() ? text : Qt::convertFromPlainText(With_Breaks_At_Commas(text)),
+                       viewport(), visualRect(cell));
+    return true;
 }
 
 void fpSpread::Set_Look(const QString& text, const Cell_Look& look) {
@@ -151,7 +174,7 @@ QStringList fpSpread::Row_Texts(int row, const Extent& extent) const {
     QStringList texts;
     if (PrintRowHeaders) texts.append(row == 0 ? QString() : QString::number(row));
     for (int column = 1; column <= extent.columns; ++column)
-        texts.append(Text(column, row));
+        if (!isColumnHidden(column - 1)) texts.append(Text(column, row));
     return texts;
 }
 
@@ -160,7 +183,8 @@ Printed_Grid fpSpread::Printed() const {
     Printed_Grid printed{PrintHeader, PrintFooter, PrintMarginLeft, {}, {}, {}};
     if (PrintRowHeaders) printed.columns.push_back({Row_Numbers_Width, Side::Centre});
     for (int column = 1; column <= extent.columns; ++column)
-        printed.columns.push_back({columnWidth(column - 1), sides[static_cast<std::size_t>(column) - 1]});
+        if (!isColumnHidden(column - 1))
+            printed.columns.push_back({columnWidth(column - 1), sides[static_cast<std::size_t>(column) - 1]});
     if (PrintColHeaders) printed.heads.push_back(Row_Texts(0, extent));
     for (int row = 1; row <= extent.rows; ++row)
         (heading_row && row == 1 ? printed.heads : printed.rows).push_back(Row_Texts(row, extent));

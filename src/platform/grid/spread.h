@@ -37,12 +37,14 @@ public:
 
     // A cell outside the grid takes no text.
     void Set_Text(int column, int row, const QString& text);
-    QString Text(int column, int row) const; // empty text for a cell never written
-    void Set_MaxRows(int rows);              // drops the rows behind the last
-    void Set_ColWidth(int column, int pixels);
-    void Set_Left_Aligned(int column); // from the start column 1 alone is; the others are centred
+    QString Text(int column, int row) const;   // empty text for a cell never written
+    void Set_MaxRows(int rows);                // drops the rows behind the last
+    void Set_ColWidth(int column, int pixels); // 0 puts the column away, also on paper
+    void Set_Left_Aligned(int column);         // from the start column 1 alone is; the others are centred
     // Row 1 is the heading: drawn apart from the others.
     void Set_Heading_Row(bool heading);
+    // Gives each row the height that its cells need at the widths of their columns, the usual one at least.
+    void Fit_Rows();
     void Set_Look(const QString& text, const Cell_Look& look); // of all cells that hold the text
 
     static constexpr int Portrait = 1;
@@ -65,6 +67,9 @@ public:
 
 Q_SIGNALS:
     void Double_Click();
+
+protected:
+    bool viewportEvent(QEvent* event) override; // the whole text of a cell as its tool tip
 
 private:
     struct Extent {

@@ -7,11 +7,21 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace shell {
+
+// The entry's text with the line ends of the program, but with no-break spaces as they are: the entry's own
+// plain text has blanks in their place.
+static QString Text_In(const QPlainTextEdit& entry) {
+    QString text = entry.document()->toRawText();
+    for (QChar& character : text)
+        if (character == QChar::ParagraphSeparator || character == QChar::LineSeparator) character = u'\n';
+    return text;
+}
 
 Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
     : comment(comment), Text1(new QPlainTextEdit) {
@@ -30,7 +40,7 @@ Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
     Text1->setAccessibleDescription(label1->text());
     Text1->setTabChangesFocus(true);
     HotLabel2_Click();
-    as_shown = Text1->toPlainText();
+    as_shown = Text_In(*Text1);
 
     auto* ok = new HotLabel(u"HotLabel1"_s, u"OK"_s, this);
     auto* undo = new HotLabel(u"HotLabel2"_s, u"Undo"_s, this);
@@ -66,9 +76,9 @@ void Form11::showEvent(QShowEvent* event) {
 void Form11::HotLabel1_Click() {
     // The field turns the line ends of older files into its own; a comment that nobody touched stays as
     // stored.
-    if (Text1->toPlainText() != as_shown) {
+    if (const QString text = Text_In(*Text1); text != as_shown) {
         comment.Comment_Changed = true;
-        comment.Pupil_Comment = Text1->toPlainText();
+        comment.Pupil_Comment = text;
     }
     accept();
 }
