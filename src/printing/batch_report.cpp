@@ -2,7 +2,6 @@
 
 #include "printing/batch_list.h"
 
-#include <QCoreApplication>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -49,7 +48,7 @@ void Form92::Compute_All_Scores() {
 void Form92::Show_Progress(const QString& text) {
     Label10->setText(text);
     Label10->repaint();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    shell::Paint_Meanwhile(platform);
 }
 
 // ---- lists

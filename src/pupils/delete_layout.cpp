@@ -45,8 +45,8 @@ void Form9::Lay_Out() {
     Lay_Out_Group_Deletion();
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Right + Right_Width - 140, 508, 140, 40},
                               [this] { HotLabel1_Click(); });
-    ProgressBar1 =
-        new Work_Bar(u"ProgressBar1"_s, u"Progress of the deletion"_s, {Right, 518, 178, 20}, Frame1);
+    ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the deletion"_s,
+                                {Right, 518, 178, 20}, Frame1);
     Label1 = Make_Help_Label(u"Label1"_s, {Left, 566, Right + Right_Width - Left, 58}, Frame1);
 }
 

@@ -165,20 +165,27 @@ bool Form9::Confirmed(const QString& title, int individuals) {
     return platform.boxes.Ask(desktop::Box_Style::Yes_No_Question, title, text) == Answer::Yes;
 }
 
+QStringList Form9::Selected_Codes() const {
+    QStringList codes;
+    for (int i = 1; i <= ListView1->Count(); ++i)
+        if (ListView1->Is_Selected(i)) codes.append(pupils.Student_Code[i]);
+    return codes;
+}
+
 void Form9::HotLabel2_Click() {
     int count = 0;
     Selected_Count(count);
     if (count == 0) return;
+    const QStringList codes = Selected_Codes(); // those that the question is about
     if (!Confirmed(u"Deleting Records from Database - CAUTION!"_s, count)) return;
     platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
     {
         // Carries no statement, but shows a database that is out of reach before anything is deleted.
         const auto connection = Own_Connection(installation);
         ProgressBar1->Begin(count);
-        for (int i = 1; i <= ListView1->Count(); ++i) {
-            if (!ListView1->Is_Selected(i)) continue;
+        for (const QString& code : codes) {
             bool result = false;
-            DeletePupil(pupils.Student_Code[i], result);
+            DeletePupil(code, result);
             ProgressBar1->Step();
         }
         ProgressBar1->hide();

@@ -46,6 +46,7 @@ private:
     void Lay_Out_Individual_Deletion();
     void Lay_Out_Group_Deletion();
     void Tell_Helps();
+    QStringList Selected_Codes() const;
     bool Confirmed(const QString& title, int individuals);
     int Removed_In_Group(const QString& name);
     void Disband_If_Wished(const QString& name);

@@ -41,8 +41,8 @@ void Form42::Lay_Out() {
                               [this] { HotLabel1_Click(); });
     Offer_Import(false);
     Lay_Out_Grid();
-    ProgressBar1 =
-        new Work_Bar(u"ProgressBar1"_s, u"Progress of the import"_s, {Left, 552, Whole_Width, 20}, Frame1);
+    ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,
+                                {Left, 552, Whole_Width, 20}, Frame1);
     Label3 = Make_Help_Label(u"Label3"_s, {Left, 582, Whole_Width, 58}, Frame1);
 }
 

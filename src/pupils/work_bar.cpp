@@ -1,11 +1,12 @@
 #include "pupils/work_bar.h"
 
-#include <QCoreApplication>
+#include "shell/conventions/guard.h"
 
 namespace pupils {
 
-Work_Bar::Work_Bar(const QString& name, const QString& accessible_name, const QRect& place, QWidget* parent)
-    : QProgressBar(parent) {
+Work_Bar::Work_Bar(desktop::Platform& platform, const QString& name, const QString& accessible_name,
+                   const QRect& place, QWidget* parent)
+    : QProgressBar(parent), platform(platform) {
     setObjectName(name);
     setAccessibleName(accessible_name);
     setGeometry(place);
@@ -27,7 +28,7 @@ void Work_Bar::Step() {
     setValue(value() + 1);
     setUpdatesEnabled(true);
     if (since_painted.elapsed() < frame_ms) return;
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    shell::Paint_Meanwhile(platform);
     since_painted.start();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/desktop/ports.h"
+
 #include <QElapsedTimer>
 #include <QProgressBar>
 
@@ -9,12 +11,14 @@ namespace pupils {
 // waits for the end of the work.
 class Work_Bar final : public QProgressBar {
 public:
-    Work_Bar(const QString& name, const QString& accessible_name, const QRect& place, QWidget* parent);
+    Work_Bar(desktop::Platform& platform, const QString& name, const QString& accessible_name,
+             const QRect& place, QWidget* parent);
 
     void Begin(int steps); // shows the bar, empty
     void Step();           // one of them is done
 
 private:
+    desktop::Platform& platform;
     QElapsedTimer since_painted;
 };
 

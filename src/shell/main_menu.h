@@ -25,6 +25,9 @@ public:
     void HotLabel12_Click(); // the software guide
     void HotLabel13_Click(); // Quit
 
+protected:
+    QString Leaving_Button() const override { return QStringLiteral("HotLabel13"); }
+
 private:
     void Lay_Out();
     void Tell_Helps();

@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
@@ -64,6 +65,14 @@ TEST(Message_Boxes, EachStyleHasItsIconAndButtons) {
         });
         EXPECT_EQ(answer, tried.first);
     }
+}
+
+TEST(Message_Boxes, ThreeAnswersHaveNoWayRoundThem) {
+    Ask(Box_Style::Abort_Retry_Ignore_Critical, u"Some words"_s, [](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        box.close();
+        EXPECT_TRUE(box.isVisible());
+    });
 }
 
 TEST(Message_Boxes, ALongListScrollsAndTheButtonStaysInReach) {

@@ -7,8 +7,10 @@
 #include <QString>
 #include <cstdlib>
 #include <functional>
+#include <vector>
 
 class QDialog;
+class QWidget;
 
 namespace desktop {
 
@@ -146,6 +148,13 @@ public:
     virtual void Show(QDialog& dialog) = 0;
 };
 
+// What the one thread is in the middle of. An event loop that runs inside a handler, under a box or for
+// painting, must not begin anything of the same window.
+struct Work_In_Hand {
+    std::vector<const QWidget*> windows; // of the handlers that run, the innermost last; null for none
+    bool painting = false;               // the window repaints itself meanwhile and takes nothing
+};
+
 // All of them together, by reference; app makes one, a test makes its own.
 struct Platform {
     Message_Boxes& boxes;
@@ -164,6 +173,7 @@ struct Platform {
     Printers& printers;
     Clipboard& clipboard;
     Registry& registry;
+    Work_In_Hand work{};
 };
 
 } // namespace desktop

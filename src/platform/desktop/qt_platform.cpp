@@ -6,6 +6,7 @@
 #include "platform/desktop/windows_services.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDialog>
 #include <QDir>
@@ -15,6 +16,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
@@ -51,10 +53,31 @@ void Let_Long_Text_Scroll(QMessageBox& box) {
     grid->addWidget(scrolled, row, column, rows, columns);
 }
 
+// Where no answer stands for leaving, Escape and the close mark do nothing.
+class Message_Box final : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!Must_Choose() || !event->matches(QKeySequence::Cancel)) QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override {
+        if (Must_Choose())
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+
+private:
+    // The toolkit takes Abort for a way to leave.
+    bool Must_Choose() const { return standardButtons().testFlag(QMessageBox::Abort); }
+};
+
 class Qt_Message_Boxes final : public Message_Boxes {
 public:
     Answer Ask(Box_Style style, const QString& title, const QString& text) override {
-        QMessageBox box(QApplication::activeWindow());
+        Message_Box box(QApplication::activeWindow());
         box.setWindowTitle(title);
         box.setTextFormat(Qt::PlainText); // a pupil's name is never mark-up
         QString lines = text;

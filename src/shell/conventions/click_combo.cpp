@@ -1,5 +1,7 @@
 #include "shell/conventions/click_combo.h"
 
+#include "shell/conventions/guard.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QListView>
@@ -61,6 +63,10 @@ Click_Combo::Click_Combo(const QString& name, QWidget* parent) : QComboBox(paren
     setView(new Items_View(this));
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded); // whatever style was in force so far
     connect(this, &QComboBox::activated, this, [this] { Q_EMIT Click(); });
+}
+
+void Click_Combo::showPopup() {
+    if (!Behind_A_Box(*this)) QComboBox::showPopup();
 }
 
 void Click_Combo::Set_ListIndex(int index) {

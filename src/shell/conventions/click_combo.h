@@ -12,6 +12,7 @@ public:
 
     int ListIndex() const { return currentIndex(); } // from 0; -1 for none
     void Set_ListIndex(int index);
+    void showPopup() override; // not behind a box, whoever asks for it
     void Clear() { clear(); }
     void AddItem(const QString& text) { addItem(text); }
 

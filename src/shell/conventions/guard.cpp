@@ -3,6 +3,11 @@
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QScopeGuard>
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace shell {
@@ -13,7 +18,9 @@ namespace shell {
     platform.processes.End(1);
 }
 
-void Guarded(desktop::Platform& platform, const std::function<void()>& work) {
+void Guarded(desktop::Platform& platform, const std::function<void()>& work, const QWidget* window) {
+    platform.work.windows.push_back(window);
+    const auto done = qScopeGuard([&platform] { platform.work.windows.pop_back(); });
     try {
         work();
     } catch (const basics::Run_Time_Error& error) {
@@ -21,7 +28,44 @@ void Guarded(desktop::Platform& platform, const std::function<void()>& work) {
                                error.Description);
     } catch (const std::bad_alloc&) {
         End_With(platform, u"Run-time error '7':\r\rOut of memory"_s);
+    } catch (const std::exception& error) {
+        End_With(platform, QString::fromLocal8Bit(error.what()));
     }
+}
+
+void Paint_Meanwhile(desktop::Platform& platform) {
+    platform.work.painting = true;
+    const auto done = qScopeGuard([&platform] { platform.work.painting = false; });
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+bool Behind_A_Box(const QWidget& control) {
+    const QWidget* box = QApplication::activeModalWidget();
+    return box && box != control.window() && control.window()->isVisible();
+}
+
+bool Is_Idle(const desktop::Platform& platform, const QWidget& control) {
+    const auto& busy = platform.work.windows;
+    return !platform.work.painting && !Behind_A_Box(control) &&
+           std::find(busy.begin(), busy.end(), control.window()) == busy.end();
+}
+
+// A hidden page stands beneath another.
+static bool Hidden_In_A_Shown_Window(const QWidget& control) {
+    return !control.isVisible() && control.window()->isVisible();
+}
+
+bool Takes_Event(const desktop::Platform& platform, const QObject* sender, const QObject* owner) {
+    // The program itself raises the events of lists and fields inside its handlers, but it presses no button.
+    if (const auto* button = qobject_cast<const QAbstractButton*>(sender))
+        return Is_Idle(platform, *button) && !Hidden_In_A_Shown_Window(*button);
+    const auto* control = qobject_cast<const QWidget*>(owner);
+    return !control || !(platform.work.painting || Behind_A_Box(*control));
+}
+
+const QWidget* Window_Of(const QObject* owner) {
+    const auto* control = qobject_cast<const QWidget*>(owner);
+    return control ? control->window() : nullptr;
 }
 
 } // namespace shell

@@ -1,11 +1,14 @@
 #include "shell/conventions/page.h"
 
+#include "shell/conventions/button_access.h"
+
 using namespace Qt::StringLiterals;
 
 namespace shell {
 
 Page::Page(desktop::Platform& platform, Navigator& navigator, const QSize& frame_size)
     : platform(platform), navigator(navigator), Frame1(new QFrame(this)) {
+    Install_Button_Access();
     setProperty("page", true);
     setAttribute(Qt::WA_StyledBackground);
     Frame1->setObjectName(u"Frame1"_s);
@@ -15,6 +18,10 @@ Page::Page(desktop::Platform& platform, Navigator& navigator, const QSize& frame
 
 QPointF Page::Centred(const QSize& screen, const QSize& frame) {
     return {(screen.width() - frame.width()) / 2.0, (screen.height() - frame.height()) / 2.0};
+}
+
+void Page::Leave() {
+    if (auto* button = findChild<HotLabel*>(Leaving_Button())) button->click();
 }
 
 void Page::resizeEvent(QResizeEvent* event) {
@@ -31,7 +38,12 @@ void Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
     auto* timer = new QTimer(this);
     timer->setObjectName(timer_name);
     timer->setSingleShot(true);
-    On(timer, &QTimer::timeout, this, platform, std::move(work));
+    connect(timer, &QTimer::timeout, this, [this, timer, work = std::move(work)] {
+        if (Is_Idle(platform, *this))
+            Guarded(platform, work, window());
+        else
+            timer->start(); // a box is open, say
+    });
     timer->start(platform.clock.Timer_Interval(Deferred_Ms));
 }
 

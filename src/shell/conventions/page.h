@@ -48,14 +48,21 @@ public:
     // What happens when the page is opened; the slow part is left to a one-shot timer.
     virtual void Load() = 0;
 
+    // Presses the button that leads away from the page.
+    void Leave();
+
+    // Whether a button of the page takes a press at this moment.
+    bool Takes_Press(const QAbstractButton& button) const { return Takes_Event(platform, &button, this); }
+
     // The page's left and top for Frame1 on a screen of that size: may be negative on a small one.
     static QPointF Centred(const QSize& screen, const QSize& frame);
 
 protected:
+    virtual QString Leaving_Button() const { return QStringLiteral("HotLabel1"); }
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override; // gives the entries their letters
 
-    // Runs `work` once, after the page has had time to paint.
+    // Runs `work` once, after the page has had time to paint and when it is idle.
     void Once_Painted(const QString& timer_name, std::function<void()> work);
 
     HotLabel* Make_HotLabel(const QString& name, const QString& caption, const QRect& place,

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMetaObject>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -17,8 +18,23 @@ Page_Host::Page_Host(desktop::Platform& platform, Page_Factory factory)
 Page_Host::~Page_Host() = default;
 
 void Page_Host::Later(std::function<void()> act) {
+    asked.push_back(std::move(act));
     QMetaObject::invokeMethod(
-        this, [this, act = std::move(act)] { Guarded(platform, act); }, Qt::QueuedConnection);
+        this, [this] { Carry_Out(); }, Qt::QueuedConnection);
+}
+
+// A handler that asked for a page and then put a box up is still running when the box's loop comes here.
+void Page_Host::Carry_Out() {
+    constexpr int look_again_ms = 20;
+    if (!platform.work.windows.empty()) {
+        QTimer::singleShot(look_again_ms, this, [this] { Carry_Out(); });
+        return;
+    }
+    while (!asked.empty()) {
+        const std::function<void()> act = std::move(asked.front());
+        asked.pop_front();
+        Guarded(platform, act, this);
+    }
 }
 
 void Page_Host::Go_To(Page_Id page) {
@@ -57,14 +73,20 @@ void Page_Host::Show_New(Page_Id id) {
     page->setGeometry(rect());
     page->Load();
     pages.push_back({std::move(page), {}});
-    Current()->show();
+    Show_Current();
     Current()->setFocus();
+}
+
+void Page_Host::Show_Current() {
+    const QString caption = Current()->windowTitle();
+    setWindowTitle(caption.isEmpty() ? desktop::Default_Box_Title() : caption);
+    Current()->show();
 }
 
 // The keys go on where they were when the page above was opened.
 void Page_Host::Show_Again() {
     if (pages.empty()) return;
-    Current()->show();
+    Show_Current();
     (pages.back().focus ? pages.back().focus.data() : Current())->setFocus();
 }
 
@@ -74,10 +96,14 @@ void Page_Host::resizeEvent(QResizeEvent* event) {
         loaded.page->setGeometry(rect());
 }
 
-// The window's own close button leaves the program without starting the suite's shell.
+// The window's close mark is one more way to press the button that the page is left by. Before the first page
+// there is nothing to leave but the program.
 void Page_Host::closeEvent(QCloseEvent* event) {
-    event->accept();
-    platform.processes.End(0);
+    event->ignore();
+    if (Page* page = Current())
+        page->Leave();
+    else if (platform.work.windows.empty())
+        platform.processes.End(0);
 }
 
 } // namespace shell

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "shell/conventions/double_click_filter.h"
 #include "shell/conventions/page.h"
 
 #include <QPointer>
 #include <QWidget>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -32,12 +34,16 @@ protected:
 
 private:
     void Later(std::function<void()> act);
+    void Carry_Out();
     void Show_New(Page_Id page);
     void Show_Again();
     void Drop_Top();
+    void Show_Current();
 
     desktop::Platform& platform;
     Page_Factory factory;
+    Double_Click_Filter double_clicks;
+    std::deque<std::function<void()>> asked; // by handlers that may still run, the oldest first
     struct Loaded {
         std::unique_ptr<Page> page;
         QPointer<QWidget> focus; // where the keys went when another page came on top
