@@ -327,6 +327,24 @@ TEST_F(Individual_Report_Sheet, NothingOverlapsInAnyState) {
     }
 }
 
+TEST_F(Individual_Report_Sheet, InsideTheMarginsAllMovesAndTheSchoolStandsAlone) {
+    const preview::Drawing told = Build();
+    sheet.Keep_To_Margins = true;
+    const preview::Drawing moved = Build();
+    for (const QString& text : {u"Smith Oliver"_s, u"Module"_s, u"Accuracy"_s, u"Works with care."_s})
+        EXPECT_EQ(QPoint(Only_Line(moved, text).x, Only_Line(moved, text).y),
+                  QPoint(Only_Line(told, text).x + 720, Only_Line(told, text).y + 1080));
+    EXPECT_NEAR(Ink_Of(Only_Line(moved, u"Smith Oliver"_s)).center().x(), 11906 / 2.0, 1);
+    const QRectF school = Ink_Of(Lines_Of(moved, u"Hillside Primary School"_s).last());
+    EXPECT_NEAR(school.center().y(), 1080 / 2.0, 1);
+    EXPECT_EQ(Overlaps(moved), QStringList());
+    state.comment.Pupil_Comment = Words(400).join(u' ');
+    const auto& last = std::get<preview::Text_Operation>(Build().operations.back());
+    EXPECT_EQ(last.text, Long_Product_Line());
+    EXPECT_LT(Ink_Of(last).bottom(), 16838);
+    EXPECT_EQ(Overlaps(sheet.Page(1)).filter(last.text), QStringList()) << "a long comment moves less far";
+}
+
 TEST_F(Individual_Report_Sheet, WhatDividesCellsIsNoTroubleInAName) {
     installation.Institution = u"St Mary's; Leeds | North"_s;
     state.Pupil_DOB = u"09|02;2020"_s;

@@ -51,14 +51,17 @@ void Move_All(const QPoint& by, Drawing& sheet) {
         std::visit([&by](auto& kind) { Move(by, kind); }, operation);
 }
 
-// How far the sheet may go down before its lowest text leaves the paper: a long comment takes what there is.
-int Room_Below(const Drawing& sheet) {
+// How far the sheet may go down before its lowest text comes to the running footer's last line: with a long
+// comment that is less than the margin.
+int Room_Below(const Drawing& sheet, const Running_Text& footer) {
     const Text_Operation* lowest = nullptr;
     for (const Operation& operation : sheet.operations) {
         const auto* text = std::get_if<Text_Operation>(&operation);
         if (text && (!lowest || text->y > lowest->y)) lowest = text;
     }
-    return lowest ? std::max(0, sheet.height - lowest->y - Whole(Line_Height(lowest->style))) : sheet.height;
+    if (!lowest) return sheet.height;
+    const double bottom = lowest->y + Line_Height(lowest->style) + Line_Height(footer.style);
+    return std::max(0, sheet.height - Whole(bottom));
 }
 
 // A line that needs more than the paddings leave takes of the right one first.
@@ -217,7 +220,7 @@ void ViewPro::Begin_Sheet() {
 
 void ViewPro::Finish_Sheet() {
     Drawing& sheet = Sheet();
-    if (Keep_To_Margins) Move_All({margins.left, std::min(margins.top, Room_Below(sheet))}, sheet);
+    if (Keep_To_Margins) Move_All({margins.left, std::min(margins.top, Room_Below(sheet, footer))}, sheet);
     const int right = PageWidth() - margins.right;
     Add_Running_Text(header, {margins.left, right, 0, margins.top}, sheet);
     Add_Running_Text(footer, {margins.left, right, PageHeight() - margins.bottom, PageHeight()}, sheet);
