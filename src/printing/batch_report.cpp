@@ -186,8 +186,9 @@ void Form92::Lay_Out() {
     Lay_Out_Middle();
     Lay_Out_Options();
     Lay_Out_Zoom();
-    QGroupBox* copies = Make_Frame(u"Frame9"_s, u"Make copies"_s, {Right, 500, Right_Width, 78});
+    QGroupBox* copies = Make_Frame(u"Frame9"_s, u"Make copies"_s, {Right, 466, Right_Width, 78});
     Make_Copy_Entries({12, 28, 98, 38}, {120, 28, 98, 38}, copies);
+    Make_Margins_Box({Right, 556, Right_Width, 34});
     Make_Main_Entry({Right, 606, Right_Width, 42});
 }
 
@@ -234,21 +235,21 @@ void Form92::Lay_Out_Middle() {
 void Form92::Lay_Out_Options() {
     const QRect first(14, 26, 100, 28);
     const QRect second(120, 26, 100, 28);
-    Frame2 = Make_Frame(u"Frame2"_s, u"Preview Pages"_s, {Right, Top, Right_Width, 170});
-    List3 = Make_List(u"List3"_s, u"Preview Pages"_s, {12, 28, Right_Width - 24, 130}, Frame2);
+    Frame2 = Make_Frame(u"Frame2"_s, u"Preview Pages"_s, {Right, Top, Right_Width, 136});
+    List3 = Make_List(u"List3"_s, u"Preview Pages"_s, {12, 28, Right_Width - 24, 96}, Frame2);
     shell::On(List3, &QListWidget::currentRowChanged, this, platform, [this] { List3_Click(); });
 
-    Frame5 = Make_Frame(u"Frame5"_s, u"Background"_s, {Right, Top + 180, Right_Width, 66});
+    Frame5 = Make_Frame(u"Frame5"_s, u"Background"_s, {Right, Top + 146, Right_Width, 66});
     Option1 = Make_Option(u"Option1"_s, u"Grey"_s, first, Frame5);
     Option2 = Make_Option(u"Option2"_s, u"White"_s, second, Frame5);
-    QGroupBox* labels = Make_Frame(u"Frame3"_s, u"Student label"_s, {Right, Top + 256, Right_Width, 66});
+    QGroupBox* labels = Make_Frame(u"Frame3"_s, u"Student label"_s, {Right, Top + 222, Right_Width, 66});
     labels->setAccessibleDescription(u"What stands over each profile."_s);
     Option5 = Make_Option(u"Option5"_s, u"Name"_s, first, labels);
     Option6 = Make_Option(u"Option6"_s, u"User ID"_s, second, labels);
 }
 
 void Form92::Lay_Out_Zoom() {
-    Frame8 = Make_Frame(u"Frame8"_s, u"Zoom"_s, {Right, Top + 332, Right_Width, 98});
+    Frame8 = Make_Frame(u"Frame8"_s, u"Zoom"_s, {Right, Top + 298, Right_Width, 98});
     const auto zoom = [](const QString& caption, int left) {
         constexpr int width = 62;
         return Zoom_Entry{caption, {left, 28, width, 36}, {left, 66, width, 26}};

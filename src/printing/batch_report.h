@@ -48,6 +48,7 @@ private:
     void Show_Progress(const QString& text);
     void Fill_Page_List(int pages);
     QStringList Selected_Entries() const;
+    void Draw_Anew() override { Option_Click(); }
     QString Document_Name() const override;
 
     scoring::Scoring& scoring;

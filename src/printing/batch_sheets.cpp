@@ -92,37 +92,22 @@ QString Batch_Sheets::Label_Of(int p) const {
                                               : u"Mevo ID: "_s + sources.pupils.Student_Code[p];
 }
 
-namespace {
-
-struct Fitted_Text {
-    QString text;
-    int font_size;
-};
-
-// The line has no room below it: a second one would lie on the chart. A long name is set smaller, and the
-// longest are cut short.
-Fitted_Text Fitted(const QString& text, int width) {
-    constexpr int usual_size = 6;
-    constexpr int smallest_size = 4;
-    for (int size = usual_size; size >= smallest_size; --size)
-        if (preview::Text_Width({size, false}, text) <= width) return {text, size};
-    return {preview::Elided({smallest_size, false}, text, width), smallest_size};
-}
-
-} // namespace
-
+// The line has no room below it: a second one would lie on the chart. So its letters are set narrower as far
+// as that goes, and the longest names are cut short.
 void Batch_Sheets::Draw_Mini_Label(int rank, int x, int y) {
     constexpr int cell_width = 1720;
+    constexpr int font_size = 6;
     const int p = sources.cohort.Cohort_Pupil[rank];
-    const Fitted_Text label = Fitted(Label_Of(p), cell_width - 2 * sheet.CellPadding);
+    const double room = (cell_width - 2 * sheet.CellPadding) / preview::Tightest_Letters;
     sheet.TextAlign = 0;
-    sheet.FontSize = label.font_size;
+    sheet.FontSize = font_size;
     sheet.FontBold = false;
     sheet.TableFormat = u"1720|1720|1720"_s;
     sheet.CurrentX = x;
     sheet.CurrentY = y - 180;
     sheet.TableBorders = 0;
-    sheet.TableText(Table_Row({label.text, u"DOB: "_s + sources.pupils.Pupil_DOB_List[p],
+    sheet.TableText(Table_Row({preview::Elided({font_size, false}, Label_Of(p), room),
+                               u"DOB: "_s + sources.pupils.Pupil_DOB_List[p],
                                u"Age: "_s + AgeFromMonths(sources.pupils.Pupil_Test_Age[p])}));
 }
 

@@ -49,8 +49,10 @@ bool Grid_Print(Grid_Kind kind, const QWidget& page, const foundation::Installat
     const Grid_Titles titles = Titles_Of(kind);
     const QString today = basics::Date_Text(platform.clock.Now().date().startOfDay());
     grid.PrintOrientation = grid::fpSpread::Portrait;
-    grid.PrintHeader = u"/fn\"Arial\"/fz\"14\"/fb1/c"_s + installation.Institution + u"/n/c"_s +
-                       u"Quend Mevo"_s + titles.suffix;
+    grid.Set_PrintHeader(grid::Marked_Text()
+                             .Add_Markup(u"/fn\"Arial\"/fz\"14\"/fb1/c"_s)
+                             .Add_Value(installation.Institution)
+                             .Add_Markup(u"/n/cQuend Mevo"_s + titles.suffix));
     grid.PrintFooter = Short_Product_Line() + u"/nReport printed on: "_s + today + u"/rPage /p"_s;
     grid.PrintMarginLeft = 1440;
     grid.PrintColHeaders = true;

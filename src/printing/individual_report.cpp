@@ -60,6 +60,7 @@ void Form94::Lay_Out() {
     Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 272), zoom(u"Zoom 67%"_s, 320), zoom(u"Zoom 40%"_s, 368)},
                       Frame1);
     Make_Copy_Entries({right, 436, right_width, 42}, {right, 486, right_width, 42}, Frame1);
+    Make_Margins_Box({right, 550, right_width, 34});
     Make_Main_Entry({right, 606, right_width, 42});
 }
 

@@ -22,6 +22,7 @@ private:
     void Lay_Out();
     void Lay_Out_Preferences();
     void Tell_Helps();
+    void Draw_Anew() override { Build_Report(); }
     QString Document_Name() const override;
 
     Individual_Sheet report;

@@ -35,7 +35,9 @@ void Individual_Sheet::Report_Setup() {
 
 void Individual_Sheet::Build_Report(const Report_Sections& sections) {
     sheet.BeginOutput();
-    sheet.ObjectBKColor = Qt::white; // the last build's legend left its colour for the cells of the table
+    // The last build's chart and legend left their line and their colour for the table.
+    sheet.LineWidth = Usual_Line;
+    sheet.ObjectBKColor = Qt::white;
     Draw_Report_Head();
     Draw_Pupil_Details();
     Shade_Heading = true;

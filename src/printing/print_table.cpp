@@ -9,24 +9,36 @@ using namespace Qt::StringLiterals;
 namespace printing {
 namespace {
 
+using grid::Marked_Text;
+
 const QString Ten_Blanks(10, u' ');
 
-QString Title_Piece(const Chosen_Table& table) {
+void Add_Title(const Chosen_Table& table, Marked_Text& header) {
     if (table.table_to_print == Table_To_Print::Summary)
-        return u"/n/cMevo for Networks - Summary Data Table./n"_s;
-    return u"/n/c"_s + table.title;
+        header.Add_Markup(u"/n/cMevo for Networks - Summary Data Table./n"_s);
+    else
+        header.Add_Markup(u"/n/c"_s).Add_Value(table.title);
 }
 
-QString Pupil_Piece(Table_To_Print table, const reports::Report_State& state) {
-    const QString pupil = u"/c/fz\"12\"/fb0/n"_s + u"ID:  "_s + state.Current_Student_Code + Ten_Blanks +
-                          u"Date of birth: "_s + state.Pupil_DOB.Text_Or_Empty();
-    if (table == Table_To_Print::Summary) return pupil + u"/n/n"_s;
-    return pupil + Ten_Blanks + u"Age at test: "_s + state.Pupil_Age_Text + u"/n"_s;
+void Add_Pupil(Table_To_Print table, const reports::Report_State& state, Marked_Text& header) {
+    header.Add_Markup(u"/n/n"_s).Add_Value(state.Pupil_Name);
+    header.Add_Markup(u"/n/c/fz\"12\"/fb0/nID:  "_s).Add_Value(state.Current_Student_Code);
+    header.Add_Markup(Ten_Blanks + u"Date of birth: "_s).Add_Value(state.Pupil_DOB.Text_Or_Empty());
+    if (table == Table_To_Print::Summary)
+        header.Add_Markup(u"/n/n"_s);
+    else
+        header.Add_Markup(Ten_Blanks + u"Age at test: "_s)
+            .Add_Value(state.Pupil_Age_Text)
+            .Add_Markup(u"/n"_s);
 }
 
-QString Header(const Chosen_Table& table, const reports::Report_State& state, const QString& institution) {
-    return u"/fn\"Arial\"/fz\"14\"/fb1/c"_s + institution + Title_Piece(table) + u"/n/n"_s +
-           state.Pupil_Name + u"/n"_s + Pupil_Piece(table.table_to_print, state);
+Marked_Text Header(const Chosen_Table& table, const reports::Report_State& state,
+                   const QString& institution) {
+    Marked_Text header;
+    header.Add_Markup(u"/fn\"Arial\"/fz\"14\"/fb1/c"_s).Add_Value(institution);
+    Add_Title(table, header);
+    Add_Pupil(table.table_to_print, state, header);
+    return header;
 }
 
 QString Footer(Table_To_Print table, const QDate& today) {
@@ -47,7 +59,7 @@ bool Print_Table(const Chosen_Table& table, const reports::Report_State& state,
     grid::fpSpread& grid = table.grid;
     if (table.table_to_print == Table_To_Print::Wide_Detail) grid.PrintDataOnly = true;
     grid.PrintOrientation = grid::fpSpread::Portrait;
-    grid.PrintHeader = Header(table, state, installation.Institution);
+    grid.Set_PrintHeader(Header(table, state, installation.Institution));
     grid.PrintFooter = Footer(table.table_to_print, platform.clock.Now().date());
     grid.PrintMarginLeft = 1440;
     grid.PrintColHeaders = false;

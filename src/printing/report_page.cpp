@@ -12,6 +12,7 @@ namespace printing {
 
 using shell::HotLabel;
 
+const QString Margins_Setting = u"Reports/Keep_To_Margins"_s;
 constexpr std::array<int, 3> Zooms{100, 67, 40}; // percent
 
 Report_Page::Report_Page(desktop::Platform& platform, shell::Navigator& navigator,
@@ -39,6 +40,16 @@ void Report_Page::Make_Copy_Entries(const QRect& print_place, const QRect& copy_
     HotLabel3 = Make_HotLabel(
         u"HotLabel3"_s, u"Copy"_s, copy_place, [this] { HotLabel3_Click(); }, HotLabel::Look::Command,
         parent);
+}
+
+// Both pages begin with what was chosen last on either.
+void Report_Page::Make_Margins_Box(const QRect& place) {
+    KeepToMargins = new QCheckBox(u"Keep to the margins"_s, Frame1);
+    KeepToMargins->setObjectName(u"KeepToMargins"_s);
+    KeepToMargins->setGeometry(place);
+    KeepToMargins->setChecked(platform.settings.Is_On(Margins_Setting));
+    ViewPro1.Keep_To_Margins = KeepToMargins->isChecked();
+    shell::On(KeepToMargins, &QCheckBox::clicked, this, platform, [this] { KeepToMargins_Click(); });
 }
 
 static QPixmap Tick_Picture(const QSize& size, qreal ratio) {
@@ -78,6 +89,9 @@ void Report_Page::Tell_Common_Helps(shell::Help_Line& help, const QString& copyi
     help.Tell(HotLabel2, u"Print out the report as one A4 sheet."_s);
     help.Tell(HotLabel3, copying);
     help.Tell(
+        KeepToMargins,
+        u"Move all that is drawn inside the paper's margins, so that it is centred and the school's name stands alone at the top."_s);
+    help.Tell(
         zooms[0],
         u"Show the report at full size. You can use the mouse drag the report around within the Preview window."_s);
     help.Tell(zooms[1], u"Reduce the report to two thirds of full size."_s);
@@ -113,6 +127,12 @@ void Report_Page::HotLabel2_Click() {
 
 void Report_Page::HotLabel3_Click() {
     if (ViewPro1.PageCount() > 0) Preview->CopyPage();
+}
+
+void Report_Page::KeepToMargins_Click() {
+    ViewPro1.Keep_To_Margins = KeepToMargins->isChecked();
+    platform.settings.Turn(Margins_Setting, ViewPro1.Keep_To_Margins);
+    Draw_Anew();
 }
 
 } // namespace printing

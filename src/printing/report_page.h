@@ -5,6 +5,7 @@
 #include "platform/preview/view_pro.h"
 #include "shell/conventions/page.h"
 
+#include <QCheckBox>
 #include <array>
 
 namespace printing {
@@ -31,6 +32,7 @@ public:
     void HotLabel1_Click(); // back to the Reports page, which lies beneath
     void HotLabel2_Click(); // print all sheets
     void HotLabel3_Click(); // copy the sheet on view
+    void KeepToMargins_Click();
 
 protected:
     Report_Page(desktop::Platform& platform, shell::Navigator& navigator,
@@ -38,6 +40,7 @@ protected:
 
     void Make_Preview(const QRect& place);
     void Make_Main_Entry(const QRect& place);
+    void Make_Margins_Box(const QRect& place);
     void Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent);
     // An entry and its tick for each zoom: 100, 67 and 40 percent.
     struct Zoom_Entry {
@@ -47,6 +50,8 @@ protected:
     };
     void Make_Zoom_Entries(const std::array<Zoom_Entry, 3>& entries, QWidget* parent);
     void Tell_Common_Helps(shell::Help_Line& help, const QString& copying);
+
+    virtual void Draw_Anew() = 0; // the sheets that are there
 
     // As the printer's queue shows the sheets. No pupil is named there.
     virtual QString Document_Name() const = 0;
@@ -63,6 +68,7 @@ private:
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3;
     std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
     std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
+    QCheckBox* KeepToMargins;
 };
 
 } // namespace printing

@@ -13,7 +13,7 @@ constexpr int Head_Margin = 1080;
 
 void Set_Up_Sheet(preview::ViewPro& sheet, int cell_padding) {
     sheet.PaperSize = preview::ViewPro::Paper_A4;
-    sheet.LineWidth = 10;
+    sheet.LineWidth = Usual_Line;
     sheet.Set_PageMargins(Side_Margin, Side_Margin, Side_Margin, Head_Margin);
     sheet.TextAlign = 0;
     sheet.TableBorders = 0;

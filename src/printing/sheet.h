@@ -9,6 +9,8 @@ namespace printing {
 
 // What both reports do alike with a sheet of paper.
 
+inline constexpr int Usual_Line = 10; // twips
+
 // The settings with which a report page opens.
 void Set_Up_Sheet(preview::ViewPro& sheet, int cell_padding);
 

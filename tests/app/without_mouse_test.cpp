@@ -207,6 +207,8 @@ void Without_A_Mouse::Look_At_The_Print_Preview() {
     Follow_To(u"Form94"_s);
     Tab_And_Press(u"Check1"_s, Qt::Key_Space);
     EXPECT_FALSE(Control<QCheckBox>(Page(), u"Check1"_s).isChecked());
+    Tab_And_Press(u"KeepToMargins"_s, Qt::Key_Space);
+    EXPECT_TRUE(Control<QCheckBox>(Page(), u"KeepToMargins"_s).isChecked());
     Tab_To(u"ViewPro1"_s);
     Press(Qt::Key_Plus);
     By_Letter(u"HotLabel2"_s);
@@ -216,6 +218,7 @@ void Without_A_Mouse::Look_At_The_Print_Preview() {
     Press(Qt::Key_Tab);
     Press(Qt::Key_Space);
     Follow_To(u"Form92"_s);
+    EXPECT_TRUE(Control<QCheckBox>(Page(), u"KeepToMargins"_s).isChecked()) << "chosen for both reports";
     Tab_To(u"lstPupils"_s);
     Press(Qt::Key_Space);
     Tab_And_Press(u"HotLabel9"_s);

@@ -70,8 +70,8 @@ void Expect_In_Boxes(const Sheet& sheet, const QStringList& texts_beside_the_gri
 
 Printed_Grid Long_Grid(int rows) {
     Printed_Grid grid;
-    grid.header = u"/fz\"14\"/fb1/cSchool/n/cTitle./n"_s;
-    grid.footer = u"Made here/nOn a day/rPage /p"_s;
+    grid.header.Add_Markup(u"/fz\"14\"/fb1/cSchool/n/cTitle./n"_s);
+    grid.footer.Add_Markup(u"Made here/nOn a day/rPage /p"_s);
     grid.margin_left = 1440;
     grid.columns = {{150, Side::Left}, {80, Side::Centre}};
     grid.heads = {{u"Pupil"_s, u"Mark"_s}};
@@ -113,6 +113,11 @@ TEST(HeaderMarkup, ReadsEachCodeAndPrintsWhatIsNone) {
         SCOPED_TRACE(tried.markup.toStdString());
         EXPECT_EQ(Described(Parse_Markup(tried.markup, 7)), tried.lines);
     }
+    Marked_Text school;
+    school.Add_Markup(u"/c"_s).Add_Value(u"a/n/cb"_s).Add_Markup(u"/n"_s).Add_Value(u"/fb1"_s);
+    EXPECT_EQ(school.text, u"/ca/n/cb/n/fb1"_s);
+    EXPECT_EQ(Described(Parse_Markup(school.text, 7, school.values)),
+              (QStringList{u"c9:a/n/cb"_s, u"l9:/fb1"_s}));
     EXPECT_EQ(Parse_Markup(u"/fn\"Courier New\"x"_s, 1)[0].runs[0].font.name, u"Courier New"_s);
 }
 

@@ -1,6 +1,8 @@
 #include "platform/desktop/qt_platform.h"
+#include "platform/desktop/user_settings.h"
 #include "support/printing.h"
 
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -24,4 +26,19 @@ TEST(IniFile, ReadsAsTheSystemDoes) {
                                    u"database_sharepath=x"_s, u"[OTHER]\ndatabase_sharepath=x"_s})
         EXPECT_TRUE(desktop::Ini_Value(without, u"SETTINGS"_s, u"database_sharepath"_s).isNull())
             << without.toStdString();
+}
+
+TEST(UserSettings, AreThereAtTheNextStartAndStopNoWorkWhereTheyCannotBeKept) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"mevo/settings.ini"_s);
+    const auto settings = desktop::Make_User_Settings(file);
+    EXPECT_FALSE(settings->Is_On(u"Reports/Switch"_s));
+    settings->Turn(u"Reports/Switch"_s, true);
+    settings->Keep(u"Pages/Text"_s, u" Zoë; a,b = \"c\" "_s);
+    const auto next = desktop::Make_User_Settings(file);
+    EXPECT_TRUE(next->Is_On(u"Reports/Switch"_s));
+    EXPECT_EQ(next->Value(u"Pages/Text"_s, {}), u" Zoë; a,b = \"c\" "_s);
+    const auto nowhere = desktop::Make_User_Settings(file + u"/below a file.ini"_s);
+    nowhere->Turn(u"Reports/Switch"_s, true);
+    EXPECT_EQ(nowhere->Value(u"Pages/Text"_s, u"missing"_s), u"missing"_s);
 }

@@ -373,6 +373,24 @@ TEST(PreviewText, TurnedTextReadsUpwardsFromItsPlace) {
     EXPECT_GT(widest_row, ink.center().y()) << "the tall letter comes first, at the bottom";
 }
 
+// Edges of letters are half transparent, and darken when they are painted once more.
+TEST(PreviewText, IsPaintedOnceUnlessSomethingCameBetween) {
+    const auto painted = [](int times, int cover_at) {
+        ViewPro page = New_Page();
+        page.FillStyle = 1;
+        page.FillColor = QColor(192, 192, 192);
+        for (int time = 1; time <= times; ++time) {
+            page.DrawText(1000, 1000, u"Assessor's comments"_s);
+            page.DrawLine(0, 1000, 3000, 1000); // above the letters
+            if (time == 1) page.DrawRectangle2(cover_at, 1000, 400, 400);
+        }
+        EXPECT_EQ(All<Text_Operation>(page.Page(1)).size(), size_t(times)) << "all are recorded";
+        return Picture_Of_Part(page.Page(1), QRect(0, 1020, 4000, 600), 15);
+    };
+    EXPECT_EQ(painted(8, 4000), painted(1, 4000));
+    EXPECT_NE(painted(2, 1200), painted(1, 1200));
+}
+
 // ---- lines and rectangles
 
 // A bar over a grey band: nothing of the band may show between the frame and the colour.
@@ -860,8 +878,7 @@ TEST(PreviewMetafile, TurnsAFontToReadUpwards) {
 
 TEST(PreviewMetafile, StaysWholeWithOddContent) {
     ViewPro page = New_Page();
-    preview::Copy_Of(page.Page(1));
-    Records_Of(preview::Copy_Of(page.Page(1)).wmf);
+    Records_Of(preview::Copy_Of(Drawing{100, 100, {}}).wmf);
     page.DrawText(0, 0, QString(100000, u'x'));
     page.DrawText(1000000, -1000000, u"far"_s);
     page.DrawText(0, 0, QString(QChar(0x0301)));
@@ -1053,6 +1070,7 @@ TEST(PreviewWindowAlone, GoesBeforeItsDocument) {
         EXPECT_TRUE(window.accessibleDescription().isEmpty()) << "no page yet";
     }
     document.BeginOutput();
+    document.DrawLine(0, 0, 10, 10);
     document.EndOutput();
     document.ShowOutput();
     EXPECT_EQ(document.PageCount(), 1);

@@ -59,15 +59,29 @@ public:
     }
     QString Place(const QString& name) const { return folder.filePath(name); }
 
-private:
     void Write(const QString& name, QString text) {
         QFile file(Place(name));
         if (file.open(QIODevice::WriteOnly)) file.write(text.replace(u'@', folder.path()).toLocal8Bit());
     }
 
+private:
     QTemporaryDir folder;
     QProcess process;
 };
+
+const QString Description_With_Margins = uR"ppd(*PPD-Adobe: "4.3"
+*ModelName: "Any"
+*NickName: "Any"
+*cupsFilter: "application/pdf 0 -"
+*OpenUI *PageSize/Media Size: PickOne
+*DefaultPageSize: A4
+*PageSize A4/A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageSize
+*DefaultImageableArea: A4
+*ImageableArea A4/A4: "40 60 555 782"
+*DefaultPaperDimension: A4
+*PaperDimension A4/A4: "595 842"
+)ppd"_s;
 
 // One printer, "Office", whose jobs are kept as they arrived.
 class Print_Queue : public testing::Test {
@@ -104,13 +118,30 @@ protected:
         return 0;
     }
 
-    static desktop::Printed_Document Sheet() {
+    static desktop::Printed_Document Sheet(const QList<QPoint>& words = {{1440, 2880}}) {
         preview::ViewPro sheet;
         sheet.PaperSize = preview::ViewPro::Paper_A4;
         sheet.BeginOutput();
-        sheet.DrawText(1440, 2880, u"Queued"_s);
+        for (const QPoint& word : words)
+            sheet.DrawText(word.x(), word.y(), u"Queued"_s);
         sheet.EndOutput();
         return sheet.Document(u"Sheet"_s, 1, 1);
+    }
+    // What another program finds in the last job.
+    static QString Words_Of_The_Job() {
+        QProcess words;
+        words.start(u"pdftotext"_s, {u"-bbox"_s, Place(u"spool/"_s + Jobs().last()), u"-"_s});
+        EXPECT_TRUE(words.waitForFinished());
+        return QString::fromUtf8(words.readAll());
+    }
+    static QList<QRectF> Places_In(const QString& found) {
+        static const QRegularExpression word(
+            u"xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\" xMax=\"([0-9.]+)\" yMax=\"([0-9.]+)\">Queued<"_s);
+        QList<QRectF> places; // points
+        for (const auto& match : word.globalMatch(found))
+            places.append(QRectF(QPointF(match.captured(1).toDouble(), match.captured(2).toDouble()),
+                                 QPointF(match.captured(3).toDouble(), match.captured(4).toDouble())));
+        return places;
     }
 
     static inline std::unique_ptr<Service> service;
@@ -123,17 +154,42 @@ protected:
 TEST_F(Print_Queue, AJobArrivesOnA4WithItsTextInPlace) {
     EXPECT_EQ(Print(), QString());
     ASSERT_TRUE(One_Job_Arrives());
-    QProcess words;
-    words.start(u"pdftotext"_s, {u"-bbox"_s, Place(u"spool/"_s + Jobs().last()), u"-"_s});
-    ASSERT_TRUE(words.waitForFinished());
-    const QString found = QString::fromUtf8(words.readAll());
+    const QString found = Words_Of_The_Job();
     EXPECT_TRUE(found.contains(QRegularExpression(u"<page width=\"59[56][0-9.]*\" height=\"84[12]"_s)))
         << found.toStdString();
-    const auto word =
-        QRegularExpression(u"xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>Queued<"_s).match(found);
-    ASSERT_TRUE(word.hasMatch()) << found.toStdString();
-    EXPECT_NEAR(word.captured(1).toDouble(), 72, 1.5); // points
-    EXPECT_NEAR(word.captured(2).toDouble(), 144, 1.5);
+    const QList<QRectF> places = Places_In(found);
+    ASSERT_EQ(places.size(), 1) << found.toStdString();
+    EXPECT_NEAR(places[0].x(), 72, 1.5);
+    EXPECT_NEAR(places[0].y(), 144, 1.5);
+}
+
+// The description is of a printer that leaves 40 points blank at each side, 60 at the top and the bottom.
+TEST_F(Print_Queue, InkThatThePrinterCannotReachIsMovedOrShrunkIntoItsMargins) {
+    const QRectF printable(QPointF(40, 60), QPointF(555, 782));
+    service->Write(u"margins.ppd"_s, Description_With_Margins);
+    Tell(u"lpadmin"_s, {u"-p"_s, u"Office"_s, u"-P"_s, Place(u"margins.ppd"_s)});
+    struct Case {
+        QList<QPoint> words; // in twips
+        double left, size;   // of the first one, in points; its size is a share of the told one
+    };
+    const Case cases[] = {
+        {{{1440, 2880}}, 72, 1},                 // stays
+        {{{144, 200}, {1440, 2880}}, 40, 1},     // both move
+        {{{40, 60}, {11100, 16600}}, 42, 0.863}, // no way but shrinking
+    };
+    for (const Case& tried : cases) {
+        SCOPED_TRACE(tried.left);
+        earlier_jobs = Jobs().size();
+        printers->Print(Sheet(tried.words), {});
+        ASSERT_TRUE(One_Job_Arrives());
+        const QList<QRectF> places = Places_In(Words_Of_The_Job());
+        ASSERT_EQ(places.size(), tried.words.size());
+        EXPECT_NEAR(places[0].x(), tried.left, 1.5);
+        EXPECT_NEAR(places[0].height(), 11.5 * tried.size, 0.6);
+        for (const QRectF& place : places)
+            EXPECT_TRUE(printable.adjusted(-0.5, -3, 0.5, 3).contains(place)) << "to the ink, not the line";
+    }
+    Tell(u"lpadmin"_s, {u"-p"_s, u"Office"_s, u"-m"_s, u"raw"_s});
 }
 
 TEST_F(Print_Queue, AStoppedPrinterIsAnErrorUntilItRunsAgain) {

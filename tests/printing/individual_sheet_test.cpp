@@ -164,6 +164,7 @@ TEST_F(Individual_Report_Sheet, TheHeadingOfTheScoresIsBoldOnGreyEachTime) {
             EXPECT_TRUE(line.style.bold);
             EXPECT_EQ(Colour_At(page, line.x, line.y).rgb(), Grey.rgb());
         }
+        EXPECT_EQ(Lines_Drawn(page, Qt::black).first().pen.width, 10) << "the chart's are wider";
         const auto& name = Only_Line(page, u"Letter names"_s);
         EXPECT_FALSE(name.style.bold);
         EXPECT_EQ(Colour_At(page, name.x, name.y).rgb(), QColor(Qt::white).rgb());
@@ -301,11 +302,16 @@ TEST_F(Individual_Report_Sheet, ALongCommentIsWholeAndTheFootGivesWay) {
 }
 
 TEST_F(Individual_Report_Sheet, NothingOverlapsInAnyState) {
-    const QString names[] = {u"Smith Oliver"_s, u"Featherstonehaugh-Öztürk Ángeles-Élodie B"_s,
+    const QString names[] = {u"Smith Oliver"_s,
+                             u"Featherstonehaugh-Cholmondeley-Majoribanks Maximilian Ángeles-Élodie Öztürk"_s,
                              u"Wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww"_s};
+    const QString schools[] = {
+        u"Hillside Primary School"_s,
+        u"St Bartholomew's and Holy Trinity Church of England Primary School and Nursery"_s};
     state.comment.Pupil_Comment = Words(150).join(u' ');
-    for (const QString& name : names) {
-        state.Pupil_Name = name;
+    for (std::size_t i = 0; i < 2 * std::size(names); ++i) {
+        const QString& name = state.Pupil_Name = names[i / 2];
+        installation.Institution = schools[i % 2];
         for (int terminated = 0; terminated < 4; ++terminated)
             for (const qint16 centile : {2, 60}) {
                 SCOPED_TRACE(name.toStdString() + std::to_string(terminated));
@@ -314,8 +320,29 @@ TEST_F(Individual_Report_Sheet, NothingOverlapsInAnyState) {
                 state.Show_Time_Bars = terminated == 0;
                 Score_All_At(centile);
                 EXPECT_EQ(Overlaps(Build()), QStringList());
+                const QRectF head = Ink_Of(Lines_Of(sheet.Page(1), installation.Institution).last());
+                EXPECT_GE(head.top(), 0);
+                EXPECT_NEAR(head.center().x(), 11906 / 2.0, 1);
             }
     }
+}
+
+TEST_F(Individual_Report_Sheet, InsideTheMarginsAllMovesAndTheSchoolStandsAlone) {
+    const preview::Drawing told = Build();
+    sheet.Keep_To_Margins = true;
+    const preview::Drawing moved = Build();
+    for (const QString& text : {u"Smith Oliver"_s, u"Module"_s, u"Accuracy"_s, u"Works with care."_s})
+        EXPECT_EQ(QPoint(Only_Line(moved, text).x, Only_Line(moved, text).y),
+                  QPoint(Only_Line(told, text).x + 720, Only_Line(told, text).y + 1080));
+    EXPECT_NEAR(Ink_Of(Only_Line(moved, u"Smith Oliver"_s)).center().x(), 11906 / 2.0, 1);
+    const QRectF school = Ink_Of(Lines_Of(moved, u"Hillside Primary School"_s).last());
+    EXPECT_NEAR(school.center().y(), 1080 / 2.0, 1);
+    EXPECT_EQ(Overlaps(moved), QStringList());
+    state.comment.Pupil_Comment = Words(400).join(u' ');
+    const auto& last = std::get<preview::Text_Operation>(Build().operations.back());
+    EXPECT_EQ(last.text, Long_Product_Line());
+    EXPECT_LT(Ink_Of(last).bottom(), 16838);
+    EXPECT_EQ(Overlaps(sheet.Page(1)).filter(last.text), QStringList()) << "a long comment moves less far";
 }
 
 TEST_F(Individual_Report_Sheet, WhatDividesCellsIsNoTroubleInAName) {

@@ -16,7 +16,7 @@ namespace {
 class Printed_Grids : public testing::Test {
 protected:
     Printed_Grids() {
-        installation.Institution = u"St Mary's School"_s;
+        installation.Institution = u"St Mary's/nursery School"_s;
         installation.Archive_Folder = u"/archives"_s;
         state.Current_Student_Code = u"SMIOLI633THJ"_s;
         state.Pupil_Name = u"Smith Oliver"_s;
@@ -55,15 +55,16 @@ TEST_F(Printed_Grids, HeadersAndFootersOfTheReportsTables) {
         Table_To_Print table;
         QString header, footer_end;
     };
-    const QString detail_header = u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's School/n/cTest data for "
+    const QString detail_header = u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's/nursery School/n/cTest data for "
                                   u"Yoon/n/nSmith Oliver/n/c/fz\"12\"/fb0/n"
                                   u"ID:  SMIOLI633THJ"_s +
                                   blanks + u"Date of birth: 09/02/2020"_s + blanks +
                                   u"Age at test:  6y 3m/n"_s;
-    const QString summary_header = u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's School/n/cMevo for Networks - "
-                                   u"Summary Data Table./n/n/nSmith Oliver"
-                                   u"/n/c/fz\"12\"/fb0/nID:  SMIOLI633THJ"_s +
-                                   blanks + u"Date of birth: 09/02/2020/n/n"_s;
+    const QString summary_header =
+        u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's/nursery School/n/cMevo for Networks - "
+        u"Summary Data Table./n/n/nSmith Oliver"
+        u"/n/c/fz\"12\"/fb0/nID:  SMIOLI633THJ"_s +
+        blanks + u"Date of birth: 09/02/2020/n/n"_s;
     const Case cases[] = {
         {Table_To_Print::Wide_Detail, detail_header, u"/nReport printed on:  15/06/2026/n/n"_s},
         {Table_To_Print::Summary, summary_header, u"/nReport printed on: 15/06/2026/n/n"_s},
@@ -79,6 +80,7 @@ TEST_F(Printed_Grids, HeadersAndFootersOfTheReportsTables) {
         EXPECT_EQ(Printed_Texts().filter(u"Age at test:  6y 3m"_s).isEmpty(),
                   tried.table == Table_To_Print::Summary);
         EXPECT_FALSE(Printed_Texts().contains(u"Heading"_s)); // no column heads
+        EXPECT_EQ(Printed_Texts().first(), installation.Institution);
         EXPECT_TRUE(Printed_Texts().filter(u"Page"_s).isEmpty());
     }
     EXPECT_EQ(outside.printers.pages.size(), 3);
@@ -102,7 +104,8 @@ TEST_F(Printed_Grids, HeadersAndFootersOfTheOtherPages) {
         SCOPED_TRACE(suffix.toStdString());
         outside.pointer.shapes.clear();
         EXPECT_TRUE(Print(kind));
-        EXPECT_EQ(grid.PrintHeader, u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's School/n/cQuend Mevo"_s + suffix);
+        EXPECT_EQ(grid.PrintHeader,
+                  u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's/nursery School/n/cQuend Mevo"_s + suffix);
         EXPECT_EQ(grid.PrintFooter, Short_Product_Line() + u"/nReport printed on: 15/06/2026/rPage /p"_s);
         EXPECT_EQ(grid.PrintOrientation, 1);
         EXPECT_EQ(grid.PrintMarginLeft, 1440);

@@ -158,6 +158,7 @@ TEST_F(Print_Tool, TheOptionsReachTheSheets) {
     EXPECT_FALSE(usual.isNull());
     EXPECT_NE(picture({u"--ground"_s, u"WHITE"_s}), usual);
     EXPECT_NE(picture({u"--time-bars"_s}), usual);
+    EXPECT_NE(picture({u"--margins"_s}), usual);
     EXPECT_EQ(picture({u"--ground"_s, u"grey"_s}), usual);
 }
 

@@ -72,20 +72,11 @@ QColor Colour_At(const Drawing& page, int x, int y) {
     return colour;
 }
 
-QRectF Ink_Of(const Text_Operation& line) {
-    const double width = preview::Text_Width(line.style, line.text) * line.squeeze;
-    const double baseline = preview::Ascent(line.style);
-    const double top = baseline - preview::Cap_Height(line.style);
-    const double height = baseline + preview::Descent(line.style) - top;
-    if (line.angle == 0) return {double(line.x), line.y + top, width, height};
-    return {line.x + top, line.y - width, height, width};
-}
-
 QStringList Overlaps(const Drawing& page) {
     const QList<Text_Operation> lines = All_Of<Text_Operation>(page);
     QList<QRectF> inks;
     for (const Text_Operation& line : lines)
-        inks.append(Ink_Of(line));
+        inks.append(preview::Ink_Of(line));
     QStringList met;
     for (qsizetype i = 0; i < lines.size(); ++i)
         for (qsizetype j = i + 1; j < lines.size(); ++j)

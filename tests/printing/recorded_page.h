@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/preview/drawing.h"
+#include "platform/preview/text_metrics.h"
 
 #include <QList>
 #include <QRectF>
@@ -20,9 +20,6 @@ QList<preview::Line_Operation> Lines_Drawn(const preview::Drawing& page, const Q
 
 // The fill that was painted last at that place; white where nothing was.
 QColor Colour_At(const preview::Drawing& page, int x, int y);
-
-// What a reader sees of a line: from the top of its capitals down to the foot of a "g".
-QRectF Ink_Of(const preview::Text_Operation& line);
 
 // Pairs of texts whose ink meets: "one / other".
 QStringList Overlaps(const preview::Drawing& page);

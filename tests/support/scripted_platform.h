@@ -179,6 +179,13 @@ public:
     QList<quintptr> open;
 };
 
+class Kept_Settings final : public desktop::User_Settings {
+public:
+    QString Value(const QString& key, const QString& missing) override { return kept.value(key, missing); }
+    void Keep(const QString& key, const QString& value) override { kept[key] = value; }
+    QHash<QString, QString> kept;
+};
+
 struct Scripted_Platform {
     Scripted_Boxes boxes;
     Recording_Pointer pointer;
@@ -196,9 +203,10 @@ struct Scripted_Platform {
     Picture_Printer printers;
     Kept_Clipboard clipboard;
     Scripted_Registry registry;
-    desktop::Platform platform{boxes,  pointer,  clock,     sound,   documents,    processes,
-                               ini,    files,    folders,   dialogs, file_dialogs, input_box,
-                               random, printers, clipboard, registry};
+    Kept_Settings settings;
+    desktop::Platform platform{boxes,  pointer,  clock,     sound,    documents,    processes,
+                               ini,    files,    folders,   dialogs,  file_dialogs, input_box,
+                               random, printers, clipboard, registry, settings};
 };
 
 } // namespace test_support

@@ -2,6 +2,7 @@
 
 #include "console/error_line.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/user_settings.h"
 #include "platform/desktop/windows_services.h"
 
 namespace console {
@@ -132,9 +133,10 @@ struct Console_Platform::Bodies {
     No_Printers printers;
     No_Clipboard clipboard;
     desktop::No_Registry registry;
-    desktop::Platform ports{boxes,  pointer,  clock,     sound,   documents,    processes,
-                            ini,    files,    folders,   dialogs, file_dialogs, input_box,
-                            random, printers, clipboard, registry};
+    desktop::No_User_Settings settings;
+    desktop::Platform ports{boxes,  pointer,  clock,     sound,    documents,    processes,
+                            ini,    files,    folders,   dialogs,  file_dialogs, input_box,
+                            random, printers, clipboard, registry, settings};
 };
 
 Console_Platform::Console_Platform(const QString& program, QTextStream& errors)

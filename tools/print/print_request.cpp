@@ -62,6 +62,7 @@ Print_Request Request_From(const QCommandLineParser& parser) {
     request.scale = One_Of(parser, u"scale"_s, u"P"_s, u"Z"_s);
     request.ground = One_Of(parser, u"ground"_s, u"GREY"_s, u"WHITE"_s);
     request.time_bars = parser.isSet(u"time-bars"_s);
+    request.keep_to_margins = parser.isSet(u"margins"_s);
     request.label_by_name = One_Of(parser, u"label"_s, u"name"_s, u"id"_s) == "name"_L1;
     Check(request);
     return request;
@@ -83,6 +84,7 @@ std::optional<Print_Request> Read_Arguments(const QStringList& arguments, QStrin
         {u"scale"_s, u"Centiles, which is usual, or z-scores."_s, u"P|Z"_s},
         {u"ground"_s, u"Grey bands, which is usual, or a white chart."_s, u"GREY|WHITE"_s},
         {u"time-bars"_s, u"Shows the time scores as well."_s},
+        {u"margins"_s, u"Keeps all that is drawn inside the paper's margins."_s},
         {u"label"_s, u"What names a pupil of a batch; the name is usual."_s, u"name|id"_s},
     });
     const QCommandLineOption help_option = parser.addHelpOption();

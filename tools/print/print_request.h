@@ -26,6 +26,7 @@ struct Print_Request {
     QString scale;  // "P": centiles, "Z": z-scores
     QString ground; // "GREY" or "WHITE"
     bool time_bars = false;
+    bool keep_to_margins = false;
     bool label_by_name = true; // of a batch's pupils
 };
 

@@ -52,13 +52,15 @@ private:
     foundation::Access_Holder page_holder;
     scoring::Scoring scoring;
     reports::Report_State state;
+    bool keep_to_margins;
 };
 
 Office::Office(const Print_Request& request, desktop::Platform& platform)
     : platform(platform),
       scoring_holder(platform),
       page_holder(platform),
-      scoring(scoring::Pass_Over(data, installation, scoring_holder)) {
+      scoring(scoring::Pass_Over(data, installation, scoring_holder)),
+      keep_to_margins(request.keep_to_margins) {
     installation.Connection_String = foundation::Connection_String_For(request.database);
     state.Chart_Mode = request.scale;
     state.Chart_Background = request.ground;
@@ -94,6 +96,7 @@ void Office::Choose_Pupil(int p) {
 Printed_Document Office::Individual_Report(int p) {
     Choose_Pupil(p);
     preview::ViewPro sheet;
+    sheet.Keep_To_Margins = keep_to_margins;
     printing::Individual_Sheet report(sheet, {installation, state, data.scores}, platform);
     report.Report_Setup();
     report.Build_Report({});
@@ -162,6 +165,7 @@ Printed_Document Office::Batch_Report(const QString& group, printing::Pupil_Labe
     Score_All(cohort);
     printing::Take_Batch(places, cohort);
     preview::ViewPro sheets;
+    sheets.Keep_To_Margins = keep_to_margins;
     printing::Batch_Sheets report(sheets, {installation, state, data.pupils, cohort}, platform);
     report.Report_Setup();
     report.Build_Batch(static_cast<int>(places.size()), {state.Chart_Background, label, group});

@@ -3,6 +3,7 @@
 
 #include "app/program.h"
 #include "platform/desktop/qt_platform.h"
+#include "platform/desktop/user_settings.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/theme.h"
 
@@ -263,13 +264,14 @@ int main(int argc, char** argv) {
     Refusing_Boxes boxes(ports.processes);
     Hurried_Clock clock;
     Silence sound;
+    desktop::No_User_Settings settings; // the pictures are of a new account
     Photographed_Dialogs dialogs(pictures);
     const QTemporaryDir own;
     One_Class_List class_list(own.filePath(u"class list.txt"_s));
-    desktop::Platform platform{boxes,           ports.pointer,   clock,           sound,
-                               ports.documents, ports.processes, ports.ini,       ports.files,
-                               ports.folders,   dialogs,         class_list,      ports.input_box,
-                               ports.random,    ports.printers,  ports.clipboard, ports.registry};
+    desktop::Platform platform{
+        boxes,        ports.pointer,  clock,           sound,          ports.documents, ports.processes,
+        ports.ini,    ports.files,    ports.folders,   dialogs,        class_list,      ports.input_box,
+        ports.random, ports.printers, ports.clipboard, ports.registry, settings};
     app::Program program(platform);
     program.Start(QApplication::applicationDirPath());
     try {

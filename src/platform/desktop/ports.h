@@ -76,6 +76,20 @@ public:
                           const QString& missing) = 0;
 };
 
+// What one account settled for itself, by keys such as "Reports/Keep_To_Margins", from one start to the next.
+// No work depends on it: a file that can't be read is one without values, and one that can't be written is
+// passed over.
+class User_Settings {
+public:
+    virtual ~User_Settings() = default;
+    virtual QString Value(const QString& key, const QString& missing) = 0;
+    virtual void Keep(const QString& key, const QString& value) = 0;
+
+    // A switch is off until it has been turned on.
+    bool Is_On(const QString& key) { return Value(key, {}) == QStringLiteral("1"); }
+    void Turn(const QString& key, bool on) { Keep(key, QString::number(on ? 1 : 0)); }
+};
+
 class Files {
 public:
     virtual ~Files() = default;
@@ -173,6 +187,7 @@ struct Platform {
     Printers& printers;
     Clipboard& clipboard;
     Registry& registry;
+    User_Settings& settings;
     Work_In_Hand work{};
 };
 

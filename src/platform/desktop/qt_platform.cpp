@@ -3,6 +3,7 @@
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/qt_printers.h"
+#include "platform/desktop/user_settings.h"
 #include "platform/desktop/windows_services.h"
 
 #include <QApplication>
@@ -348,8 +349,10 @@ struct Qt_Platform::Bodies {
     std::unique_ptr<Printers> printers = Make_Qt_Printers();
     std::unique_ptr<Clipboard> clipboard = Make_Qt_Clipboard();
     std::unique_ptr<Registry> registry = Make_System_Registry();
-    Platform ports{boxes,   pointer, clock,        sound,     documents, processes, ini,        files,
-                   folders, dialogs, file_dialogs, input_box, random,    *printers, *clipboard, *registry};
+    std::unique_ptr<User_Settings> settings = Make_User_Settings(User_Settings_File());
+    Platform ports{boxes,  pointer,   clock,      sound,     documents,    processes,
+                   ini,    files,     folders,    dialogs,   file_dialogs, input_box,
+                   random, *printers, *clipboard, *registry, *settings};
 };
 
 Qt_Platform::Qt_Platform() : bodies(std::make_unique<Bodies>()) {

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QDateTime>
 #include <QDir>
+#include <QImage>
 #include <QMimeData>
 #include <QPageLayout>
 #include <QPainter>
@@ -16,6 +17,10 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QSaveFile>
+#include <QTransform>
+#include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -33,13 +38,64 @@ constexpr int Pdf_Dots_Per_Inch = 1200;
     throw basics::Run_Time_Error(number, u"Printer"_s, description);
 }
 
-// False if the device refused a new page.
+const QRectF Whole_Paper(0, 0, 11906, 16838); // A4, twips
+
+// What isn't blank on a sheet, in twips. It is found in a picture of it, whatever it was painted with.
+QRectF Ink_On(const Printed_Document& document, int page) {
+    constexpr int twips_per_pixel = 10;
+    const QSizeF pixels = Whole_Paper.size() / twips_per_pixel;
+    QImage picture(int(std::ceil(pixels.width())), int(std::ceil(pixels.height())),
+                   QImage::Format_Grayscale8);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.scale(1.0 / twips_per_pixel, 1.0 / twips_per_pixel);
+    document.paint(painter, page);
+    painter.end();
+    QRect ink;
+    for (int y = 0; y < picture.height(); ++y) {
+        const uchar* row = picture.constScanLine(y);
+        const uchar* end = row + picture.width();
+        const auto is_ink = [](uchar grey) { return grey != 0xFF; };
+        const uchar* first = std::find_if(row, end, is_ink);
+        if (first == end) continue;
+        const uchar* behind_last =
+            std::find_if(std::make_reverse_iterator(end), std::make_reverse_iterator(first), is_ink).base();
+        ink |= QRect(int(first - row), y, int(behind_last - first), 1);
+    }
+    return {QPointF(ink.topLeft()) * twips_per_pixel, QSizeF(ink.size()) * twips_per_pixel};
+}
+
+// Where a length that is centred there begins, when it must stay between the two ends.
+double Start_Between(double from, double to, double centre, double length) {
+    return std::max(from, std::min(centre - length / 2, to - length));
+}
+
+// Moves the ink as little as it takes to lie where the printer can print, and shrinks it if it is larger.
+QTransform Ink_Into(const QRectF& printable, const QRectF& ink) {
+    const double scale = std::min({1.0, printable.width() / ink.width(), printable.height() / ink.height()});
+    const double x =
+        Start_Between(printable.left(), printable.right(), ink.center().x(), ink.width() * scale);
+    const double y =
+        Start_Between(printable.top(), printable.bottom(), ink.center().y(), ink.height() * scale);
+    return QTransform::fromTranslate(x, y).scale(scale, scale).translate(-ink.left(), -ink.top());
+}
+
+// A printer that can't print to the paper's edges would lose what lies there. A sheet with no ink there
+// stays.
+QTransform Placed_For(const QRectF& printable, const Printed_Document& document, int page) {
+    if (printable.contains(Whole_Paper)) return {};
+    const QRectF ink = Ink_On(document, page);
+    return ink.isEmpty() || printable.contains(ink) ? QTransform() : Ink_Into(printable, ink);
+}
+
+// The printable part of the paper counts in twips. False if the device refused a new page.
 bool Paint_Pages(const Printed_Document& document, QPagedPaintDevice& device, QPainter& painter,
-                 int dots_per_inch) {
+                 int dots_per_inch, const QRectF& printable = Whole_Paper) {
     for (int page = 1; page <= document.pages; ++page) {
         if (page > 1 && !device.newPage()) return false;
         painter.save();
         painter.scale(dots_per_inch / Twips_Per_Inch, dots_per_inch / Twips_Per_Inch);
+        painter.setTransform(Placed_For(printable, document, page), true);
         document.paint(painter, page);
         painter.restore();
     }
@@ -51,6 +107,14 @@ void Take_Whole_Sheets(QPagedPaintDevice& device) {
     device.setPageSize(QPageSize(QPageSize::A4));
     device.setPageOrientation(QPageLayout::Portrait);
     device.setPageMargins(QMarginsF(0, 0, 0, 0));
+}
+
+// Full sheets or not, the printer's own margins stay known.
+QRectF Printable_By(const QPrinter& printer) {
+    constexpr double twips_per_point = 20;
+    QPageLayout layout = printer.pageLayout();
+    layout.setUnits(QPageLayout::Point);
+    return Whole_Paper.marginsRemoved(layout.minimumMargins() * twips_per_point);
 }
 
 // A document's name as the name of a file on any system.
@@ -125,7 +189,8 @@ private:
         QPainter painter;
         if (!painter.begin(&printer))
             Raise_Printer_Error(Printer_Error, u"The printer '"_s + name + u"' can't be used."_s);
-        const bool painted = Paint_Pages(document, printer, painter, printer.resolution());
+        const bool painted =
+            Paint_Pages(document, printer, painter, printer.resolution(), Printable_By(printer));
         if (!painter.end() || !painted || printer.printerState() == QPrinter::Error)
             Raise_Printer_Error(Printer_Error, u"The printer '"_s + name + u"' reported an error."_s);
     }

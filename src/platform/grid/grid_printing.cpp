@@ -72,8 +72,8 @@ private:
         return natural > 0 ? std::clamp(Full_Size * fitted / natural, Least_Size, Full_Size) : Full_Size;
     }
 
-    Text_Block Running_Lines(const QString& markup, int page) const {
-        return Set_Lines(Parse_Markup(markup, page), room);
+    Text_Block Running_Lines(const Marked_Text& marked, int page) const {
+        return Set_Lines(Parse_Markup(marked.text, page, marked.values), room);
     }
 
     Set_Row Set(const QStringList& texts, const Print_Font& font) const {

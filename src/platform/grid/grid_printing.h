@@ -19,8 +19,8 @@ struct Printed_Column {
 };
 
 struct Printed_Grid {
-    QString header; // in the mark-up, on each sheet
-    QString footer;
+    Marked_Text header; // both on each sheet
+    Marked_Text footer;
     int margin_left = 0;
     std::vector<Printed_Column> columns;
     std::vector<QStringList> heads; // rows that are set apart and stand on top of each sheet

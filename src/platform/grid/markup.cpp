@@ -9,16 +9,29 @@ namespace {
 
 class Parser {
 public:
-    Parser(const QString& markup, int page) : rest(markup), page(page) {}
+    explicit Parser(int page) : page(page) {}
 
-    std::vector<Text_Line> Lines() {
+    void Add_Markup(QStringView markup) {
+        rest = markup;
         while (!rest.isEmpty()) {
             if (Take_Code()) continue;
             Write(rest.first(1));
             rest = rest.sliced(1);
         }
+    }
+
+    void Write(QStringView text) {
+        if (text.isEmpty()) return;
+        std::vector<Text_Run>& runs = line.runs;
+        if (!runs.empty() && runs.back().font == font && runs.back().side == side)
+            runs.back().text += text;
+        else
+            runs.push_back({text.toString(), font, side});
+    }
+
+    std::vector<Text_Line> Lines() {
         End_Line();
-        return lines;
+        return std::move(lines);
     }
 
 private:
@@ -96,14 +109,6 @@ private:
         return true;
     }
 
-    void Write(QStringView text) {
-        std::vector<Text_Run>& runs = line.runs;
-        if (!runs.empty() && runs.back().font == font && runs.back().side == side)
-            runs.back().text += text;
-        else
-            runs.push_back({text.toString(), font, side});
-    }
-
     void End_Line() {
         line.font = font;
         lines.push_back(std::move(line));
@@ -123,9 +128,29 @@ private:
 
 } // namespace
 
-std::vector<Text_Line> Parse_Markup(const QString& markup, int page) {
+Marked_Text& Marked_Text::Add_Markup(const QString& markup) {
+    text += markup;
+    return *this;
+}
+
+Marked_Text& Marked_Text::Add_Value(const QString& value) {
+    values.push_back({text.size(), value.size()});
+    text += value;
+    return *this;
+}
+
+std::vector<Text_Line> Parse_Markup(const QString& markup, int page, const std::vector<Value_Span>& values) {
     if (markup.isEmpty()) return {};
-    return Parser(markup, page).Lines();
+    const QStringView whole(markup);
+    Parser parser(page);
+    qsizetype at = 0;
+    for (const Value_Span& value : values) {
+        parser.Add_Markup(whole.sliced(at, value.from - at));
+        parser.Write(whole.sliced(value.from, value.length));
+        at = value.from + value.length;
+    }
+    parser.Add_Markup(whole.sliced(at));
+    return parser.Lines();
 }
 
 } // namespace grid

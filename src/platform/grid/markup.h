@@ -30,8 +30,24 @@ struct Text_Line {
     Print_Font font; // in force at the line's end: a line without text is as high as this font
 };
 
+// Where a value stands in a text with mark-up: it holds no codes, whatever a name looks like.
+struct Value_Span {
+    qsizetype from = 0;
+    qsizetype length = 0;
+};
+
+// A text with mark-up as it is put together of codes and values.
+struct Marked_Text {
+    Marked_Text& Add_Markup(const QString& markup);
+    Marked_Text& Add_Value(const QString& value);
+
+    QString text;
+    std::vector<Value_Span> values; // from first to last
+};
+
 // The lines of a text with mark-up, as they stand on the page of that number. The font holds until it is
 // changed, the side until the line ends. What isn't one of the codes prints as it stands: a date has slashes.
-std::vector<Text_Line> Parse_Markup(const QString& markup, int page);
+std::vector<Text_Line> Parse_Markup(const QString& markup, int page,
+                                    const std::vector<Value_Span>& values = {});
 
 } // namespace grid

@@ -180,7 +180,7 @@ QStringList fpSpread::Row_Texts(int row, const Extent& extent) const {
 
 Printed_Grid fpSpread::Printed() const {
     const Extent extent = Printed_Extent();
-    Printed_Grid printed{PrintHeader, PrintFooter, PrintMarginLeft, {}, {}, {}};
+    Printed_Grid printed{{PrintHeader, PrintHeaderValues}, {PrintFooter, {}}, PrintMarginLeft, {}, {}, {}};
     if (PrintRowHeaders) printed.columns.push_back({Row_Numbers_Width, Side::Centre});
     for (int column = 1; column <= extent.columns; ++column)
         if (!isColumnHidden(column - 1))
@@ -189,6 +189,11 @@ Printed_Grid fpSpread::Printed() const {
     for (int row = 1; row <= extent.rows; ++row)
         (heading_row && row == 1 ? printed.heads : printed.rows).push_back(Row_Texts(row, extent));
     return printed;
+}
+
+void fpSpread::Set_PrintHeader(const Marked_Text& header) {
+    PrintHeader = header.text;
+    PrintHeaderValues = header.values;
 }
 
 QString fpSpread::Action(int action, const Print_Outlet& outlet) {

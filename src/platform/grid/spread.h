@@ -53,10 +53,13 @@ public:
     int PrintOrientation = Portrait;
     QString PrintHeader; // both in the mark-up
     QString PrintFooter;
-    int PrintMarginLeft = 720; // twips
+    std::vector<Value_Span> PrintHeaderValues; // where PrintHeader has values in place of codes
+    int PrintMarginLeft = 720;                 // twips
     bool PrintColHeaders = true;
     bool PrintRowHeaders = true; // the rows' numbers
     bool PrintDataOnly = false;  // leaves out the rows and columns behind the last that hold data
+
+    void Set_PrintHeader(const Marked_Text& header);
 
     // 32 prints the grid. Gives the full name of the PDF if there was no printer, otherwise empty text. A
     // fault of the printer, an action or an orientation that the grid doesn't know is a run-time error.

@@ -26,6 +26,7 @@ struct Text_Operation {
     QColor colour;
     int angle = 0;        // tenths of a degree, counter-clockwise
     double squeeze = 1.0; // how much narrower than its natural width the line is set
+    bool operator==(const Text_Operation&) const = default;
 };
 
 struct Pen {

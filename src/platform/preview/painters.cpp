@@ -5,7 +5,10 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QSvgGenerator>
+#include <algorithm>
 #include <cmath>
+#include <map>
+#include <utility>
 
 namespace preview {
 namespace {
@@ -39,15 +42,62 @@ void Paint_Operation(const Rectangle_Operation& rectangle, QPainter& painter) {
     painter.drawRect(rectangle.x, rectangle.y, rectangle.width, rectangle.height);
 }
 
+QRectF Extent_Of(const Text_Operation& text) {
+    return Ink_Of(text);
+}
+
+QRectF Extent_Of(const Line_Operation& line) {
+    const double half = std::max(1, line.pen.width) / 2.0;
+    const QRectF between(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
+    return between.normalized().adjusted(-half, -half, half, half);
+}
+
+QRectF Extent_Of(const Rectangle_Operation& rectangle) {
+    const double half = rectangle.outline ? rectangle.outline->width / 2.0 : 0;
+    return QRectF(rectangle.x, rectangle.y, rectangle.width, rectangle.height)
+        .adjusted(-half, -half, half, half);
+}
+
+bool Reaches(const Operation& operation, const QRectF& ink) {
+    return std::visit([&ink](const auto& kind) { return Extent_Of(kind).intersects(ink); }, operation);
+}
+
+using Operations = std::vector<Operation>;
+
+// Whether the text of that number is the same as an earlier one, and nothing came over it in between.
+bool Stands_Already(const Operations& operations, size_t earlier, size_t number) {
+    const auto& text = std::get<Text_Operation>(operations[number]);
+    if (std::get<Text_Operation>(operations[earlier]) != text) return false;
+    const QRectF ink = Ink_Of(text);
+    const auto first = operations.begin() + std::ptrdiff_t(earlier) + 1;
+    return std::none_of(first, operations.begin() + std::ptrdiff_t(number),
+                        [&ink](const Operation& operation) { return Reaches(operation, ink); });
+}
+
 } // namespace
+
+std::vector<const Operation*> Painted_Operations(const Drawing& drawing) {
+    std::map<std::pair<int, int>, size_t> last_text; // at each place
+    std::vector<const Operation*> painted;
+    for (size_t number = 0; number < drawing.operations.size(); ++number) {
+        const Operation& operation = drawing.operations[number];
+        if (const auto* text = std::get_if<Text_Operation>(&operation)) {
+            const auto [last, is_first] = last_text.try_emplace({text->x, text->y}, number);
+            const size_t earlier = std::exchange(last->second, number);
+            if (!is_first && Stands_Already(drawing.operations, earlier, number)) continue;
+        }
+        painted.push_back(&operation);
+    }
+    return painted;
+}
 
 void Paint(const Drawing& drawing, QPainter& painter) {
     painter.save();
     // All lines run along the page's edges: on whole pixels they are sharper than smoothed ones.
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::TextAntialiasing, true);
-    for (const Operation& operation : drawing.operations)
-        std::visit([&painter](const auto& kind) { Paint_Operation(kind, painter); }, operation);
+    for (const Operation* operation : Painted_Operations(drawing))
+        std::visit([&painter](const auto& kind) { Paint_Operation(kind, painter); }, *operation);
     painter.restore();
 }
 

@@ -35,8 +35,8 @@ void Paint_Shadow(QPainter& painter, const QRect& sheet) {
 
 QString Words_On(const Drawing& sheet) {
     QStringList texts;
-    for (const Operation& operation : sheet.operations)
-        if (const auto* line = std::get_if<Text_Operation>(&operation)) texts.append(line->text);
+    for (const Operation* operation : Painted_Operations(sheet))
+        if (const auto* line = std::get_if<Text_Operation>(operation)) texts.append(line->text);
     return texts.join(u' ');
 }
 

@@ -33,13 +33,9 @@ double Length(const Span& span) {
     return span.to - span.from;
 }
 
-// What the reader sees of a line: from the top of its capitals down to the foot of a "g".
-Extent Ink_Of(const Text_Operation& line) {
-    const double width = Text_Width(line.style, line.text) * line.squeeze;
-    const double baseline = Ascent(line.style);
-    const Span ink{baseline - Cap_Height(line.style), baseline + Descent(line.style)};
-    if (line.angle == 0) return {{double(line.x), line.x + width}, {line.y + ink.from, line.y + ink.to}};
-    return {{line.x + ink.from, line.x + ink.to}, {line.y - width, double(line.y)}};
+Extent Extent_Of(const Text_Operation& line) {
+    const QRectF ink = Ink_Of(line);
+    return {{ink.left(), ink.right()}, {ink.top(), ink.bottom()}};
 }
 
 std::vector<Extent> Texts_In(const Drawing& page, const Span& heights) {
@@ -47,7 +43,7 @@ std::vector<Extent> Texts_In(const Drawing& page, const Span& heights) {
     for (const Operation& operation : page.operations) {
         const auto* line = std::get_if<Text_Operation>(&operation);
         if (!line) continue;
-        const Extent ink = Ink_Of(*line);
+        const Extent ink = Extent_Of(*line);
         if (Meet(ink.down, heights)) texts.push_back(ink);
     }
     std::sort(texts.begin(), texts.end(),
@@ -98,25 +94,76 @@ Span Free_Strip(const std::vector<Extent>& texts, const std::vector<Span>& parts
 
 struct Placing {
     Span strip;
-    int aside = 0; // how far a line of one part moves to the right
+    double squeeze = 1; // of the parts' own width
+    int aside = 0;      // how far they move to the right
 };
 
-// A line that no strip holds in its own place moves aside, as little as it can.
-Placing Best_Placing(const std::vector<Extent>& texts, const std::vector<Span>& parts, const Band& band,
-                     double ink_height) {
-    constexpr int step = 30;
-    const Span whole{double(band.top), double(band.bottom)};
-    const Placing unmoved{Free_Strip(texts, parts, whole), 0};
-    if (Length(unmoved.strip) >= ink_height || parts.size() != 1) return unmoved;
-    for (int distance = step; distance < band.right - band.left; distance += step) {
-        for (const int aside : {distance, -distance}) {
-            const Span moved{parts[0].from + aside, parts[0].to + aside};
-            if (moved.from < band.left || moved.to > band.right) continue;
-            const Span strip = Free_Strip(texts, {moved}, whole);
-            if (Length(strip) >= ink_height) return {strip, aside};
-        }
+// Places with the clearance at both sides, which isn't set narrower.
+Span Placed(const Span& part, double squeeze, int aside) {
+    const double middle = (part.from + part.to) / 2 + aside;
+    const double half = (Length(part) / 2 - Clear_At_Sides) * squeeze + Clear_At_Sides;
+    return {middle - half, middle + half};
+}
+
+class Placer {
+public:
+    Placer(std::vector<Extent> texts, std::vector<Span> parts, const Band& band, double ink_height)
+        : texts(std::move(texts)),
+          parts(std::move(parts)),
+          room{double(band.left), double(band.right)},
+          whole{double(band.top), double(band.bottom)},
+          ink_height(ink_height) {}
+
+    // A line of one part that no strip holds is set narrower at its place. Where the tightest letters don't
+    // help it goes aside as well, and gets narrower still: it never lies on another text while there is a
+    // way.
+    Placing Best() const {
+        const Placing as_it_is = At(1, 0);
+        if (Fits(as_it_is) || parts.size() != 1) return as_it_is;
+        for (double squeeze = 1 - Step; squeeze > Tightest_Letters - Step / 2; squeeze -= Step)
+            if (const Placing there = At(squeeze, 0); Fits(there)) return there;
+        for (double squeeze = Tightest_Letters; squeeze > Last_Resort; squeeze -= Step)
+            if (const Placing there = Aside(squeeze); Fits(there)) return there;
+        return At(Tightest_Letters, 0);
     }
-    return unmoved;
+
+private:
+    static constexpr double Step = 0.02;
+    static constexpr double Last_Resort = 0.4; // narrower letters can't be read
+    static constexpr int Step_Aside = 30;
+
+    Placing At(double squeeze, int aside) const {
+        std::vector<Span> placed;
+        for (const Span& part : parts)
+            placed.push_back(Placed(part, squeeze, aside));
+        return {Free_Strip(texts, placed, whole), squeeze, aside};
+    }
+
+    bool Fits(const Placing& placing) const { return Length(placing.strip) >= ink_height; }
+
+    // As little aside as it can; where nothing is free it gives what doesn't fit.
+    Placing Aside(double squeeze) const {
+        for (int distance = Step_Aside; distance < Length(room); distance += Step_Aside) {
+            for (const int aside : {distance, -distance}) {
+                const Span moved = Placed(parts[0], squeeze, aside);
+                if (moved.from < room.from || moved.to > room.to) continue;
+                if (const Placing there = At(squeeze, aside); Fits(there)) return there;
+            }
+        }
+        return {};
+    }
+
+    std::vector<Extent> texts;
+    std::vector<Span> parts;
+    Span room;
+    Span whole;
+    double ink_height;
+};
+
+// The middle of the strip, but never beyond the band: its outer edge is the paper's.
+double Baseline_In(const Span& strip, const Band& band, double cap_height, double descent) {
+    const double middle = (strip.from + strip.to + cap_height - descent) / 2;
+    return std::clamp(middle, band.top + cap_height, std::max(band.top + cap_height, band.bottom - descent));
 }
 
 } // namespace
@@ -125,16 +172,19 @@ void Add_Running_Text(const Running_Text& running, const Band& band, Drawing& pa
     std::vector<Text_Operation> parts = Parts_Across(running, band);
     std::vector<Span> across;
     for (const Text_Operation& part : parts) {
-        const Span ink = Ink_Of(part).across;
+        const Span ink = Extent_Of(part).across;
         across.push_back({ink.from - Clear_At_Sides, ink.to + Clear_At_Sides});
     }
     const double cap_height = Cap_Height(running.style);
-    const double ink_height = cap_height + Descent(running.style);
-    const std::vector<Extent> texts = Texts_In(page, {double(band.top), double(band.bottom)});
-    const Placing placing = Best_Placing(texts, across, band, ink_height);
-    const double baseline = (placing.strip.from + placing.strip.to - ink_height) / 2 + cap_height;
-    for (Text_Operation& part : parts) {
-        part.x += placing.aside;
+    const double descent = Descent(running.style);
+    const Placer placer(Texts_In(page, {double(band.top), double(band.bottom)}), across, band,
+                        cap_height + descent);
+    const Placing placing = placer.Best();
+    const double baseline = Baseline_In(placing.strip, band, cap_height, descent);
+    for (size_t i = 0; i < parts.size(); ++i) {
+        Text_Operation& part = parts[i];
+        part.x = int(std::lround(Placed(across[i], placing.squeeze, placing.aside).from)) + Clear_At_Sides;
+        part.squeeze *= placing.squeeze;
         part.y = int(std::lround(baseline - Ascent(running.style)));
         page.operations.push_back(part);
     }

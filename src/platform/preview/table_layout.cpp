@@ -11,7 +11,6 @@ namespace {
 
 constexpr int Clear_Of_Border = 15;
 constexpr double Tightest_In_Borders = 0.95;
-constexpr double Tightest_Label = 0.7;
 
 QStringList Words_Cut_To_Fit(const Text_Style& style, const QString& text, double width) {
     QStringList words = text.split(u' ');
@@ -46,7 +45,7 @@ int Widest_Line(const Cell_Room& room) {
 QStringList Cell_Lines(const Text_Style& style, const QString& text, const Cell_Room& room) {
     const QString line = Printable(text).trimmed();
     if (Widest_Line(room) == 0) return {};
-    const double tightest = room.bordered ? Tightest_In_Borders : Tightest_Label;
+    const double tightest = room.bordered ? Tightest_In_Borders : Tightest_Letters;
     if (Fits_On_One_Line(style, line, Widest_Line(room), tightest)) return {line};
     const double width = std::max(0, room.width - 2 * room.padding);
     return Wrapped(style, Words_Cut_To_Fit(style, line, width).join(u' '), width);

@@ -133,6 +133,14 @@ double Descent(const Text_Style& style) {
     return Metrics_Of(style).descent();
 }
 
+QRectF Ink_Of(const Text_Operation& line) {
+    const double width = Text_Width(line.style, line.text) * line.squeeze;
+    const double top = Ascent(line.style) - Cap_Height(line.style);
+    const double height = Cap_Height(line.style) + Descent(line.style);
+    if (line.angle == 0) return {double(line.x), line.y + top, width, height};
+    return {line.x + top, line.y - width, height, width};
+}
+
 double Squeeze_To_Fit(const Text_Style& style, const QString& text, double width) {
     const double natural = Text_Width(style, text);
     return natural > width && width > 0 ? width / natural : 1.0;

@@ -3,6 +3,7 @@
 #include "platform/preview/drawing.h"
 
 #include <QFont>
+#include <QRectF>
 #include <QStringList>
 
 namespace preview {
@@ -17,6 +18,12 @@ double Line_Height(const Text_Style& style);
 double Ascent(const Text_Style& style);     // from the line's top down to the baseline
 double Cap_Height(const Text_Style& style); // of a capital letter above the baseline
 double Descent(const Text_Style& style);    // of a "g" below the baseline
+
+// What a reader sees of a line: from the top of its capitals down to the foot of a "g".
+QRectF Ink_Of(const Text_Operation& line);
+
+// How narrow the letters of a line that is too long may be set before it is broken or cut.
+inline constexpr double Tightest_Letters = 0.7;
 
 // How much narrower than its natural width a line must be set to fit; 1 if it fits as it is.
 double Squeeze_To_Fit(const Text_Style& style, const QString& text, double width);

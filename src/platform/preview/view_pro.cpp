@@ -29,6 +29,41 @@ void Set_Span(int start, int size, int& from, int& length) {
     length = std::abs(size);
 }
 
+void Move(const QPoint& by, Text_Operation& text) {
+    text.x += by.x();
+    text.y += by.y();
+}
+
+void Move(const QPoint& by, Rectangle_Operation& rectangle) {
+    rectangle.x += by.x();
+    rectangle.y += by.y();
+}
+
+void Move(const QPoint& by, Line_Operation& line) {
+    line.x1 += by.x();
+    line.y1 += by.y();
+    line.x2 += by.x();
+    line.y2 += by.y();
+}
+
+void Move_All(const QPoint& by, Drawing& sheet) {
+    for (Operation& operation : sheet.operations)
+        std::visit([&by](auto& kind) { Move(by, kind); }, operation);
+}
+
+// How far the sheet may go down before its lowest text comes to the running footer's last line: with a long
+// comment that is less than the margin.
+int Room_Below(const Drawing& sheet, const Running_Text& footer) {
+    const Text_Operation* lowest = nullptr;
+    for (const Operation& operation : sheet.operations) {
+        const auto* text = std::get_if<Text_Operation>(&operation);
+        if (text && (!lowest || text->y > lowest->y)) lowest = text;
+    }
+    if (!lowest) return sheet.height;
+    const double bottom = lowest->y + Line_Height(lowest->style) + Line_Height(footer.style);
+    return std::max(0, sheet.height - Whole(bottom));
+}
+
 // A line that needs more than the paddings leave takes of the right one first.
 double Left_Indent(const Cell_Room& room, double taken) {
     const double margin = (room.width - Widest_Line(room)) / 2.0;
@@ -58,12 +93,11 @@ void ViewPro::BeginOutput() {
     sheets.clear();
     header = {};
     footer = {};
-    Begin_Sheet();
 }
 
 void ViewPro::EndOutput() {
     if (open_batches == 0) return;
-    if (--open_batches == 0) Finish_Sheet();
+    if (--open_batches == 0 && !sheets.empty()) Finish_Sheet();
 }
 
 void ViewPro::ShowOutput() {
@@ -87,12 +121,13 @@ void ViewPro::MeasureText(const QString& text) {
     TextWidth = Whole(Text_Width(Style(), Printable(text)));
 }
 
-// A line that is only a little too wide is set narrower: a second one would land on what stands below.
+// A line that is too wide is set narrower, further than the letters of a label: a second one would land on
+// what stands below, and leave the running header no strip of its own.
 void ViewPro::Text(const QString& text) {
-    constexpr double tightest = 0.95;
+    constexpr double tightest = 0.5;
     const QString line = Printable(text);
-    Print_Lines(Fits_On_One_Line(Style(), line, Line_Room(), tightest) ? QStringList{line}
-                                                                       : Wrapped(Style(), text, Line_Room()));
+    const bool one_line = Fits_On_One_Line(Style(), line, Line_Room(), tightest);
+    Print_Lines(one_line ? QStringList{line} : Wrapped(Style(), text, Line_Room()));
 }
 
 void ViewPro::Paragraph(const QString& text) {
@@ -173,7 +208,7 @@ Pen ViewPro::Current_Pen() const {
     return {ForeColor, LineWidth};
 }
 
-// Whatever is drawn before any batch is opened begins the document too.
+// The first thing drawn begins the document, in a batch or before any: one with nothing on it has no page.
 Drawing& ViewPro::Sheet() {
     if (sheets.empty()) Begin_Sheet();
     return sheets.back();
@@ -185,6 +220,7 @@ void ViewPro::Begin_Sheet() {
 
 void ViewPro::Finish_Sheet() {
     Drawing& sheet = Sheet();
+    if (Keep_To_Margins) Move_All({margins.left, std::min(margins.top, Room_Below(sheet, footer))}, sheet);
     const int right = PageWidth() - margins.right;
     Add_Running_Text(header, {margins.left, right, 0, margins.top}, sheet);
     Add_Running_Text(footer, {margins.left, right, PageHeight() - margins.bottom, PageHeight()}, sheet);

@@ -39,6 +39,10 @@ public:
     int CellPadding = 90;
     int RowPadding = 90;
     QString TableFormat; // column widths: "1440|720|720"
+    // Places count from the corner of the left and the top margin instead of the paper's: all that is drawn
+    // stands inside the margins, and the running header alone in its own. Holds for sheets that end from now
+    // on.
+    bool Keep_To_Margins = false;
 
     // Called before and after each cell of a hooked table, with the row from 1.
     std::function<void(int row)> Before_Cell;
@@ -51,7 +55,7 @@ public:
     int PageHeight() const;
     int TextHeight() const; // of a line in the current font
 
-    void BeginOutput(); // the outermost one starts the document anew
+    void BeginOutput(); // the outermost one starts the document anew, without a page as yet
     void EndOutput();
     void ShowOutput(); // lets the page just built appear in the preview window
     void NewPage();

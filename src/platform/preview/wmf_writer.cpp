@@ -1,6 +1,7 @@
 #include "platform/preview/wmf_writer.h"
 
 #include "platform/preview/code_page_1252.h"
+#include "platform/preview/painters.h"
 #include "platform/preview/text_metrics.h"
 
 #include <QFontMetricsF>
@@ -240,8 +241,8 @@ private:
 
 QByteArray Wmf_Of(const Drawing& drawing) {
     Metafile metafile(drawing.width, drawing.height);
-    for (const Operation& operation : drawing.operations)
-        std::visit([&metafile](const auto& kind) { metafile.Add(kind); }, operation);
+    for (const Operation* operation : Painted_Operations(drawing))
+        std::visit([&metafile](const auto& kind) { metafile.Add(kind); }, *operation);
     return metafile.Finish();
 }
 
