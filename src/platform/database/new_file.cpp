@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace database {
 namespace {
 
-const QString Ending = u".part"_s;
+const QString Unfinished = u".part"_s;
 constexpr int Left_Behind_After_Days = 1;
 
 #ifdef _WIN32
@@ -89,7 +89,7 @@ bool Was_Taken() {
 
 void Remove_What_Was_Left_Behind(const QFileInfo& place) {
     const QDateTime oldest = QDateTime::currentDateTime().addDays(-Left_Behind_After_Days);
-    const QString pattern = place.fileName() + u".*-*"_s + Ending;
+    const QString pattern = place.fileName() + u".*-*"_s + Unfinished;
     for (const QFileInfo& left : place.absoluteDir().entryInfoList({pattern}, QDir::Files))
         if (left.lastModified() < oldest) QFile::remove(left.filePath());
 }
@@ -108,7 +108,7 @@ New_File::New_File(const QString& place) : place(place) {
     Remove_What_Was_Left_Behind(QFileInfo(place));
     // Another machine may have a process of the same number at work in the same folder.
     for (int attempt = 1;; ++attempt) {
-        path = u"%1.%2-%3"_s.arg(place).arg(QCoreApplication::applicationPid()).arg(attempt) + Ending;
+        path = u"%1.%2-%3"_s.arg(place).arg(QCoreApplication::applicationPid()).arg(attempt) + Unfinished;
         file.setFileName(path);
         if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) return;
         const int number = Number_Of_Last_Failure();
