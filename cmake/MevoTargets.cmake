@@ -39,15 +39,24 @@ function(mevo_note_layer name)
     set_property(GLOBAL APPEND_STRING PROPERTY MEVO_LAYERS "${line}\n")
 endfunction()
 
-# mevo_library(name SOURCES ... LINKS ...): LINKS must exist already, which keeps the arrows one-way.
+function(mevo_each_alone name alone)
+    if(alone)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
+    endif()
+endfunction()
+
+# mevo_library(name SOURCES ... LINKS ... [EACH_ALONE]): LINKS must exist already, which keeps the arrows one-way.
+# EACH_ALONE: where sources are compiled together, to have the toolkit's headers read once for several of them, these
+# aren't, as they give one name to different things of their own.
 function(mevo_library name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(arg "EACH_ALONE" "" "SOURCES;LINKS" ${ARGN})
     foreach(link IN LISTS arg_LINKS)
         if(NOT TARGET ${link})
             message(FATAL_ERROR "${name} links ${link}, which stands above it or doesn't exist.")
         endif()
     endforeach()
     add_library(${name} STATIC ${arg_SOURCES})
+    mevo_each_alone(${name} ${arg_EACH_ALONE})
     mevo_note_layer(${name} ${arg_LINKS})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC mevo_options ${arg_LINKS})
@@ -60,10 +69,11 @@ function(mevo_program name)
     target_link_libraries(${name} PRIVATE mevo_options ${arg_LINKS})
 endfunction()
 
-# mevo_test(name SOURCES ... LINKS ... [LABEL slow]): one GoogleTest binary, one ctest test per case.
+# mevo_test(name SOURCES ... LINKS ... [LABEL slow] [EACH_ALONE]): one GoogleTest binary, one ctest test per suite.
 function(mevo_test name)
-    cmake_parse_arguments(arg "" "LABEL" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(arg "EACH_ALONE" "LABEL" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
+    mevo_each_alone(${name} ${arg_EACH_ALONE})
     target_link_libraries(${name} PRIVATE mevo_options test_support ${arg_LINKS})
     set_target_properties(${name} PROPERTIES AUTOMOC OFF) # tests define no signals of their own
     if(NOT MSVC)
@@ -73,5 +83,12 @@ function(mevo_test name)
     if(arg_LABEL)
         list(APPEND properties LABELS ${arg_LABEL})
     endif()
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
+    string(JOIN " " properties ${properties})
+    set(suites ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
+    add_custom_command(TARGET ${name} POST_BUILD VERBATIM BYPRODUCTS ${suites}
+        COMMAND ${CMAKE_COMMAND} "-DPROGRAM=$<TARGET_FILE:${name}>" "-DPROPERTIES=${properties}" -DMADE=${suites}
+                -P ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake)
+    file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake
+        "if(EXISTS ${suites})\n  include(${suites})\nelse()\n  add_test(${name}_NOT_BUILT ${name}_NOT_BUILT)\nendif()\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)
 endfunction()

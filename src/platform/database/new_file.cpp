@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace database {
 namespace {
 
-const QString Ending = u".part"_s;
+const QString Unfinished = u".part"_s;
 constexpr int Left_Behind_After_Days = 1;
 
 #ifdef _WIN32
@@ -99,7 +99,7 @@ bool Was_To_Be_A_Database(const QFileInfo& file) {
 
 void Remove_What_Was_Left_Behind(const QDir& folder) {
     const QDateTime oldest = QDateTime::currentDateTime().addDays(-Left_Behind_After_Days);
-    for (const QFileInfo& left : folder.entryInfoList({u'*' + Ending}, QDir::Files))
+    for (const QFileInfo& left : folder.entryInfoList({u'*' + Unfinished}, QDir::Files))
         if (left.lastModified() < oldest && Was_To_Be_A_Database(left)) QFile::remove(left.filePath());
 }
 
@@ -118,7 +118,7 @@ New_File::New_File(const QString& place, const QString& otherwise_like) : place(
     const QString like = Rights_Model(place, otherwise_like);
     // Another machine may have a process of the same number at work in the same folder.
     for (int attempt = 1;; ++attempt) {
-        path = u"%1.%2-%3"_s.arg(place).arg(QCoreApplication::applicationPid()).arg(attempt) + Ending;
+        path = u"%1.%2-%3"_s.arg(place).arg(QCoreApplication::applicationPid()).arg(attempt) + Unfinished;
         file.setFileName(path);
         if (Open(like)) return;
         const basics::Run_Time_Error failure = Last_Failure();

@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace database {
 
-namespace errors = basics::errors;
-
 #ifdef _WIN32
 
 static int Code_Of_Last_Failure() {
@@ -24,16 +22,16 @@ int Number_Of_Last_Failure() {
     switch (GetLastError()) {
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-        return errors::Disk_Full;
+        return basics::errors::Disk_Full;
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
     case ERROR_WRITE_PROTECT:
-        return errors::Permission_Denied;
+        return basics::errors::Permission_Denied;
     case ERROR_PATH_NOT_FOUND:
     case ERROR_FILE_NOT_FOUND:
-        return errors::Path_Not_Found;
+        return basics::errors::Path_Not_Found;
     default:
-        return errors::Device_Error;
+        return basics::errors::Device_Error;
     }
 }
 
@@ -48,18 +46,18 @@ int Number_Of_Last_Failure() {
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        return errors::Disk_Full;
+        return basics::errors::Disk_Full;
     case EACCES:
     case EPERM:
     case EROFS:
     case EISDIR:
     case ETXTBSY:
-        return errors::Permission_Denied;
+        return basics::errors::Permission_Denied;
     case ENOENT:
     case ENOTDIR:
-        return errors::Path_Not_Found;
+        return basics::errors::Path_Not_Found;
     default:
-        return errors::Device_Error;
+        return basics::errors::Device_Error;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/basics/twips.h"
 #include "platform/desktop/windows_services.h"
 
 #include <QApplication>
@@ -28,7 +29,6 @@ using namespace Qt::StringLiterals;
 namespace desktop {
 namespace {
 
-constexpr double Twips_Per_Inch = 1440;
 constexpr int Device_Unavailable = 68;
 constexpr int File_Access_Error = 75;
 constexpr int Printer_Error = 482;
@@ -94,7 +94,8 @@ bool Paint_Pages(const Printed_Document& document, QPagedPaintDevice& device, QP
     for (int page = 1; page <= document.pages; ++page) {
         if (page > 1 && !device.newPage()) return false;
         painter.save();
-        painter.scale(dots_per_inch / Twips_Per_Inch, dots_per_inch / Twips_Per_Inch);
+        const double scale = double(dots_per_inch) / basics::Twips_Per_Inch;
+        painter.scale(scale, scale);
         painter.setTransform(Placed_For(printable, document, page), true);
         document.paint(painter, page);
         painter.restore();

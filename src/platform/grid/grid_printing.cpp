@@ -1,5 +1,7 @@
 #include "platform/grid/grid_printing.h"
 
+#include "platform/basics/twips.h"
+
 #include <QPainter>
 #include <algorithm>
 #include <memory>
@@ -12,7 +14,6 @@ constexpr double Paper_Width = 11906;
 constexpr double Paper_Height = 16838;
 constexpr double Other_Margins = 720; // right, top and bottom
 constexpr double Gap = 120;           // between the grid and what stands above and below it
-constexpr double Twips_Per_Pixel = 15;
 constexpr double Cell_Padding = 24;
 constexpr double Indent = 60; // of a text that stands at the left
 constexpr double Row_Padding = 26;
@@ -66,7 +67,7 @@ private:
         double natural = 0;
         double fitted = 0;
         for (std::size_t i = 0; i < widths.size(); ++i) {
-            natural += grid.columns[i].width * Twips_Per_Pixel;
+            natural += grid.columns[i].width * basics::Twips_Per_Pixel;
             fitted += widths[i];
         }
         return natural > 0 ? std::clamp(Full_Size * fitted / natural, Least_Size, Full_Size) : Full_Size;
@@ -170,7 +171,7 @@ std::vector<double> Fitted_Widths(const std::vector<Printed_Column>& columns, do
     std::vector<double> widths;
     double sum = 0;
     for (const Printed_Column& column : columns) {
-        widths.push_back(column.width * Twips_Per_Pixel);
+        widths.push_back(column.width * basics::Twips_Per_Pixel);
         sum += widths.back();
     }
     if (sum > room)

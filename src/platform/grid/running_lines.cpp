@@ -1,5 +1,7 @@
 #include "platform/grid/running_lines.h"
 
+#include "platform/basics/twips.h"
+
 #include <QFontMetricsF>
 #include <QTextLayout>
 #include <algorithm>
@@ -10,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace grid {
 namespace {
 
-constexpr double Twips_Per_Point = 20;
 constexpr QChar Break_Place(0x200B); // a blank without a width
 
 using Runs = std::vector<Text_Run>;
@@ -160,7 +161,7 @@ QFont Font_For(const Print_Font& font) {
     QFont made;
     made.setFamilies({font.name, u"Liberation Sans"_s});
     made.setStyleHint(QFont::SansSerif);
-    made.setPixelSize(std::max(1, qRound(font.size * Twips_Per_Point)));
+    made.setPixelSize(std::max(1, qRound(font.size * basics::Twips_Per_Point)));
     made.setBold(font.bold);
     made.setKerning(false);
     made.setHintingPreference(QFont::PreferNoHinting);

@@ -1,5 +1,6 @@
 #include "platform/preview/painters.h"
 
+#include "platform/basics/twips.h"
 #include "platform/preview/text_metrics.h"
 
 #include <QBuffer>
@@ -13,7 +14,6 @@
 namespace preview {
 namespace {
 
-constexpr int Twips_Per_Inch = 1440;
 constexpr double Metres_Per_Inch = 0.0254;
 
 QPen Painted_Pen(const Pen& pen) {
@@ -105,7 +105,7 @@ QByteArray Svg_Of(const Drawing& drawing) {
     QBuffer buffer;
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
-    generator.setResolution(Twips_Per_Inch);
+    generator.setResolution(basics::Twips_Per_Inch);
     generator.setSize(QSize(drawing.width, drawing.height));
     generator.setViewBox(QRect(0, 0, drawing.width, drawing.height));
     QPainter painter(&generator);
@@ -116,7 +116,7 @@ QByteArray Svg_Of(const Drawing& drawing) {
 }
 
 QImage Picture_Of(const Drawing& drawing, int dots_per_inch) {
-    const double scale = double(dots_per_inch) / Twips_Per_Inch;
+    const double scale = double(dots_per_inch) / basics::Twips_Per_Inch;
     QImage picture(int(std::ceil(drawing.width * scale)), int(std::ceil(drawing.height * scale)),
                    QImage::Format_RGB32);
     picture.setDotsPerMeterX(int(std::lround(dots_per_inch / Metres_Per_Inch)));

@@ -1,5 +1,6 @@
 #include "platform/preview/preview_window.h"
 
+#include "platform/basics/twips.h"
 #include "platform/preview/page_copy.h"
 #include "platform/preview/painters.h"
 
@@ -17,7 +18,6 @@ using namespace Qt::StringLiterals;
 namespace preview {
 namespace {
 
-constexpr double Twips_Per_Inch = 1440;
 constexpr int Ground_Around_Sheet = 18; // pixels
 constexpr int Shadow_Depth = 6;
 constexpr int Shadow_Darkness = 14;
@@ -166,7 +166,7 @@ void Preview_Window::keyPressEvent(QKeyEvent* event) {
 }
 
 double Preview_Window::Pixels_Per_Twip() const {
-    return logicalDpiX() / Twips_Per_Inch * zoom / 100;
+    return double(logicalDpiX()) / basics::Twips_Per_Inch * zoom / 100;
 }
 
 QSize Preview_Window::Sheet_Size() const {

@@ -1,5 +1,7 @@
 #include "platform/preview/text_metrics.h"
 
+#include "platform/basics/twips.h"
+
 #include <QFontMetricsF>
 #include <QTextBoundaryFinder>
 #include <algorithm>
@@ -10,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace preview {
 namespace {
 
-constexpr int Twips_Per_Point = 20;
 constexpr int Largest_Font = 1000;
 
 QFontMetricsF Metrics_Of(const Text_Style& style) {
@@ -106,7 +107,7 @@ QFont Font_Of(const Text_Style& style) {
     QFont font;
     font.setFamilies({u"Arial"_s, u"Liberation Sans"_s});
     font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(std::clamp(style.font_size, 1, Largest_Font) * Twips_Per_Point);
+    font.setPixelSize(std::clamp(style.font_size, 1, Largest_Font) * basics::Twips_Per_Point);
     font.setBold(style.bold);
     font.setKerning(false);
     font.setHintingPreference(QFont::PreferNoHinting);

@@ -1,5 +1,6 @@
 #include "platform/preview/wmf_writer.h"
 
+#include "platform/basics/twips.h"
 #include "platform/preview/code_page_1252.h"
 #include "platform/preview/painters.h"
 #include "platform/preview/text_metrics.h"
@@ -41,8 +42,6 @@ constexpr int Placeable_Words = 11;
 constexpr int Header_Words = 9;
 constexpr quint16 In_Memory = 1;
 constexpr quint16 Version_3 = 0x0300;
-constexpr int Twips_Per_Inch = 1440;
-constexpr int Twips_Per_Point = 20;
 constexpr int Anisotropic = 8;
 constexpr int Transparent = 1;
 constexpr int Opaque = 2;
@@ -172,7 +171,7 @@ private:
 
     static Words Font_Words(const Text_Operation& text) {
         Words words;
-        words.Add_Place(-text.style.font_size * Twips_Per_Point).Add(0);
+        words.Add_Place(-text.style.font_size * basics::Twips_Per_Point).Add(0);
         words.Add_Place(text.angle).Add_Place(text.angle);
         words.Add(text.style.bold ? Bold_Weight : Normal_Weight);
         words.Add(0).Add(0).Add(0).Add(0); // no slant, no lines, Western characters, usual precision
@@ -212,7 +211,7 @@ private:
         Words words;
         words.Add_Long(Placeable_Key).Add(0);
         words.Add(0).Add(0).Add_Place(width).Add_Place(height);
-        words.Add(Twips_Per_Inch).Add_Long(0);
+        words.Add(basics::Twips_Per_Inch).Add_Long(0);
         quint16 checksum = 0;
         for (int word = 0; word < Placeable_Words - 1; ++word)
             checksum ^= quint16(quint8(words.Bytes()[2 * word]) | quint8(words.Bytes()[2 * word + 1]) << 8);
