@@ -1,11 +1,8 @@
 #include "platform/desktop/qt_platform.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
 #include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
@@ -61,25 +58,6 @@ TEST(Message_Boxes, EachStyleHasItsIconAndButtons) {
         });
         EXPECT_EQ(answer, tried.first);
     }
-}
-
-TEST(Message_Boxes, ALongListScrollsAndTheButtonStaysInReach) {
-    const QString line = u"Record 32767 has an invalid or missing gender indicator.\r\n"_s;
-    Ask(Box_Style::Exclamation, line.repeated(2000), [&line](QMessageBox& box) {
-        const QRect screen = box.screen()->availableGeometry();
-        const QWidget& button = *box.buttons().constFirst();
-        EXPECT_LE(box.frameGeometry().height(), screen.height());
-        EXPECT_TRUE(box.rect().contains(button.geometry()));
-        const auto* scrolled = box.findChild<QScrollArea*>();
-        ASSERT_NE(scrolled, nullptr);
-        const auto* text = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
-        EXPECT_EQ(scrolled->widget(), text);
-        EXPECT_GE(text->height(), text->sizeHint().height()) << "no line is cut off";
-        EXPECT_GE(scrolled->viewport()->width(), text->width());
-        EXPECT_GE(text->width(), text->fontMetrics().horizontalAdvance(line.trimmed()));
-    });
-    Ask(Box_Style::Exclamation, line.repeated(3),
-        [](QMessageBox& box) { EXPECT_EQ(box.findChild<QScrollArea*>(), nullptr); });
 }
 
 } // namespace desktop
