@@ -61,35 +61,12 @@ TEST_F(Database, RewindsAfterTheLastRow) {
     EXPECT_EQ(Error_Number([this] { rows.Fields(u"nothing"_s); }), errors::No_Such_Field);
 }
 
-TEST_F(Database, AnAssignmentWithoutUpdateIsForgottenByTheNextRow) {
-    Open();
-    Query(u"SELECT * FROM Mevo_Groups"_s);
-    const QString name = rows.Fields(u"Group_Name"_s).Value().As_Text();
-    rows.Fields(u"Group_Name"_s).Set_Value(u"lost"_s);
-    rows.MoveNext();
-    rows.MoveFirst();
-    EXPECT_EQ(rows.Fields(u"Group_Name"_s).Value().As_Text(), name);
-}
-
 TEST_F(Database, ARowThatHasGoneIsAnError) {
     Open();
     Query(u"SELECT * FROM Mevo_Groups WHERE Group_Name = 'Universal'"_s);
     sample.Run(u"DELETE FROM Mevo_Groups WHERE Group_Name = 'Universal'"_s);
     rows.Fields(u"XtraField"_s).Set_Value(u"x"_s);
     EXPECT_EQ(Error_Number([this] { rows.Update(); }), errors::Row_Has_Gone);
-}
-
-TEST_F(Database, AddNewStoresARowWithNulls) {
-    Open();
-    Query(u"SELECT * FROM Mevo_Groups"_s);
-    rows.AddNew();
-    rows.Fields(u"Group_Name"_s).Set_Value(u"New group"_s);
-    rows.Fields(u"ID"_s).Set_Value(basics::Value());
-    rows.Update();
-    EXPECT_EQ(
-        sample.Value(
-            u"SELECT coalesce(ID,'none') || Group_Name FROM Mevo_Groups WHERE Group_Name = 'new group'"_s),
-        u"noneNew group"_s);
 }
 
 TEST_F(Database, OnlyALockThatAllowsItWrites) {

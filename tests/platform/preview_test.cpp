@@ -18,12 +18,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
-#include <numeric>
 
 using namespace Qt::StringLiterals;
 using preview::Drawing;
-using preview::Line_Operation;
-using preview::Rectangle_Operation;
 using preview::Text_Operation;
 using preview::Text_Style;
 using preview::ViewPro;
@@ -249,33 +246,6 @@ TEST(PreviewText, ParagraphKeepsLineBreaksAndBreaksLongWords) {
 
 // ---- tables
 
-TEST(PreviewTables, CellsStandInTheirColumnsAndRows) {
-    ViewPro page = New_Page();
-    page.CurrentX = 500;
-    page.CurrentY = 1000;
-    page.CellPadding = 90;
-    page.RowPadding = 30;
-    page.TableBorders = 1;
-    page.TableFormat = u"1440|720|900"_s;
-    page.TableText(u"a|b|c;d||f;"_s);
-    const int row_height = page.TextHeight() + 2 * 30;
-    const std::tuple<QString, int, int> cells[] = {
-        {u"a"_s, 500, 0}, {u"b"_s, 1940, 0}, {u"c"_s, 2660, 0}, {u"d"_s, 500, 1}, {u"f"_s, 2660, 1}};
-    for (const auto& [text, left, row] : cells) {
-        SCOPED_TRACE(text.toStdString());
-        EXPECT_EQ(The_Text(page.Page(1), text).x, left + 90);
-        EXPECT_EQ(The_Text(page.Page(1), text).y, 1000 + row * row_height + 30);
-    }
-    EXPECT_EQ(page.CurrentY, 1000 + 2 * row_height);
-    EXPECT_EQ(page.CurrentX, 500);
-
-    QRect frame;
-    for (const Line_Operation& line : All<Line_Operation>(page.Page(1)))
-        frame |= QRect(QPoint(line.x1, line.y1), QPoint(line.x2, line.y2));
-    EXPECT_EQ(frame, QRect(QPoint(500, 1000), QPoint(3560, 1000 + 2 * row_height)));
-    EXPECT_EQ(All<Line_Operation>(page.Page(1)).size(), 3U + 4U);
-}
-
 // A label stands above a small chart, which would hide a second line.
 TEST(PreviewTables, WhatIsTooLongForItsCellIsCutOrSetNarrower) {
     const QString name = u"Wolfeschlegelsteinhausen, Bartholomew"_s;
@@ -321,30 +291,6 @@ TEST(PreviewDocument, OnlyTheOutermostBeginStartsAnew) {
     page.EndOutput();
     ASSERT_EQ(page.PageCount(), 1);
     EXPECT_EQ(Lines_On(page.Page(1)), QStringList{u"again"_s});
-}
-
-TEST(PreviewDocument, KeepsItsPagesWhileItIsPrinted) {
-    ViewPro page = New_Page();
-    for (const QString& text : {u"one"_s, u"two"_s, u"three"_s}) {
-        page.FontSize = 40;
-        page.DrawText(1000, 2000, text);
-        if (text != u"three"_s) page.NewPage();
-    }
-    page.EndOutput();
-    const desktop::Printed_Document last_two = page.Document(u"Batch"_s, 2, 9);
-    EXPECT_EQ(last_two.pages, 2);
-    EXPECT_EQ(page.Document(u"Batch"_s, 4, 9).pages, 0);
-    const QImage second = preview::Picture_Of(page.Page(2), 96);
-    page.BeginOutput();
-    page.EndOutput();
-    QImage printed(second.size(), QImage::Format_RGB32);
-    printed.fill(Qt::white);
-    QPainter painter(&printed);
-    painter.scale(96 / Twips_Per_Inch, 96 / Twips_Per_Inch);
-    last_two.paint(painter, 1);
-    painter.end();
-    EXPECT_FALSE(Ink(printed).isEmpty());
-    EXPECT_EQ(Ink(printed), Ink(second));
 }
 
 // ---- what other programs read

@@ -182,17 +182,6 @@ TEST_F(Fine_Tuning_Page, MorePupilsThanTheListHoldsAreAnError) {
 
 // ---- personal details
 
-TEST_F(Fine_Tuning_Page, EditingOpensAllButTheUserId) {
-    Open();
-    Click(Edit);
-    EXPECT_EQ(Disabled(details), QStringList{u"Text1"_s});
-    EXPECT_EQ(form->focusWidget()->objectName(), u"Text3"_s);
-    QTest::keyClick(&Control<QLineEdit>(*form, u"Text3"_s), Qt::Key_Return);
-    EXPECT_EQ(form->focusWidget()->objectName(), u"Text4"_s);
-    QTest::keyClick(&Control<QLineEdit>(*form, u"Text4"_s), Qt::Key_Enter);
-    EXPECT_EQ(form->focusWidget()->objectName(), u"Combo2"_s);
-}
-
 TEST_F(Fine_Tuning_Page, SaveWritesFourColumnsOfOnePupil) {
     Set(u"Khan"_s, u"DOB = '13/01/2018', Sex = 'F'"_s);
     Open();
@@ -347,7 +336,5 @@ TEST_F(Fine_Tuning_Page, ASaveLeavesWhatAnotherWorkstationFinishedMeanwhile) {
     Click(Save_Tests);
     EXPECT_EQ(Changed(), QStringList{Cell(code, u"Tolvens"_s) + u"1 -> 0"_s});
 }
-
-// ---- around it
 
 } // namespace pupils

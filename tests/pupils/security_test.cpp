@@ -56,16 +56,6 @@ protected:
 
 // ---- opening
 
-TEST_F(Security_Page, PaintsFirstAndFillsAfterwards) {
-    Load();
-    EXPECT_EQ(Combo(u"Combo1"_s).count(), 0);
-    EXPECT_EQ(Combo(u"Combo3"_s).count(), 1);
-    EXPECT_EQ(records.groups.Group_Count, 1);
-    EXPECT_TRUE(Wait_Until([this] { return Combo(u"Combo1"_s).count() == 12; }));
-    EXPECT_EQ(Combo(u"Combo3"_s).count(), 5);
-    EXPECT_EQ(Caption(u"Label3"_s), u"12"_s);
-}
-
 TEST_F(Security_Page, TheGridShowsHowEachPupilLogsIn) {
     const auto set = [this](const QString& surname, const QString& what) {
         sample.Run(u"UPDATE Mevo_Pupils SET %1 WHERE Surname = '%2'"_s.arg(what, surname));
@@ -415,18 +405,6 @@ TEST_F(Security_Page, TheDefaultGroupKeepsItsNameAndItsRow) {
 }
 
 // ---- printing
-
-TEST_F(Security_Page, TheSheetIsPrintedAndSaidSo) {
-    Open();
-    Told();
-    Click(u"HotLabel2"_s);
-    ASSERT_EQ(outside.printers.pages.size(), 1);
-    Expect_Box(0, Box_Style::Information, u"Will be printed"_s,
-               u"The Security settings sheet has been sent to your printer"_s);
-    EXPECT_EQ(Grid().PrintHeader,
-              u"/fn\"Arial\"/fz\"14\"/fb1/c"_s + installation.Institution +
-                  u"/n/cQuend Mevo - Security settings for all registered individuals./n"_s);
-}
 
 TEST_F(Security_Page, ACancelledDialogOrABrokenPrinterIsSilent) {
     Open();

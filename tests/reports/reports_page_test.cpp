@@ -1,7 +1,6 @@
 #include "platform/basics/run_time_error.h"
 #include "reports/reports_page_fixture.h"
 
-#include <QAccessible>
 #include <QPlainTextEdit>
 #include <gtest/gtest.h>
 
@@ -123,37 +122,6 @@ TEST_F(Reports_Page, MarksShowTheTestsThatWereEndedEarly) {
         u"SELECT StudentCode FROM Mevo_Pupils WHERE Tolvens = 0 AND BliksFriends = 0 AND Karrel + Pindo + Yoon > 0"_s);
     Choose(other);
     EXPECT_FALSE(Shown(*page, u"Image12"_s));
-}
-
-// What a bar's row says is what the summary has of that test, on the scale in force.
-TEST_F(Reports_Page, TheChartIsAListInWordsOfWhatItShows) {
-    const QString code = Code_Where(All_Normed);
-    sample.Run(
-        u"UPDATE Mevo_Tolvens_data SET Level_52_holes_req = '-1', Level_52_holes_chosen = '-2' WHERE StudentCode = '"_s +
-        code + u'\'');
-    sample.Run(u"UPDATE Mevo_Pupils SET Karrel = 0, Drell_age = 87 WHERE StudentCode = '"_s + code + u'\'');
-    Open();
-    Choose(code);
-    QAccessibleInterface* chart = QAccessible::queryAccessibleInterface(&Control(*page, u"Picture2"_s));
-    EXPECT_EQ(chart->role(), QAccessible::List);
-    ASSERT_EQ(chart->childCount(), 8);
-    const auto row = [&](int t) {
-        EXPECT_EQ(chart->child(t - 1)->role(), QAccessible::ListItem);
-        EXPECT_EQ(chart->indexOfChild(chart->child(t - 1)), t - 1);
-        return chart->child(t - 1)->text(QAccessible::Name);
-    };
-    EXPECT_TRUE(row(1).startsWith(u"Tolvens: centile "_s + Cell(3, 2)) && row(1).endsWith(u", terminated"_s))
-        << row(1).toStdString();
-    EXPECT_TRUE(
-        chart->child(0)->text(QAccessible::Description).startsWith(u"'T' signifies that 'Tolvens'"_s));
-    EXPECT_EQ(row(3), u"Karrel: not taken"_s);
-    EXPECT_EQ(row(6), u"Drell: centile "_s + Cell(3, 7) + u", age at test 7 y 3 m"_s);
-    page->HotLabel2_Click();
-    EXPECT_EQ(row(6),
-              u"Drell: centile "_s + Cell(3, 7) + u", age at test 7 y 3 m, time centile "_s + Cell(7, 7));
-    Click(*page, u"ShowZScores"_s);
-    EXPECT_EQ(row(6),
-              u"Drell: z-score "_s + Cell(5, 7) + u", age at test 7 y 3 m, time z-score "_s + Cell(8, 7));
 }
 
 TEST_F(Reports_Page, AMissingGroundIsTheLoadsOwnError) {
