@@ -3,6 +3,7 @@
 #include "support/printing.h"
 #include "support/scripted_platform.h"
 
+#include <QHeaderView>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -214,6 +215,17 @@ TEST(Sheets, LongTextsStayInTheirCells) {
     EXPECT_TRUE(std::any_of(sheets[0].texts.begin(), sheets[0].texts.end(),
                             [](const Placed_Text& text) { return text.text.endsWith(QChar(0x2026)); }));
     EXPECT_LT(sheets[0].boxes.back().place.bottom(), Paper_Height / 3);
+}
+
+TEST_F(Grid, TakesHeadingsInRowZeroAndHasLettersWithoutThem) {
+    fpSpread grid(u"Spread1"_s, 28, 2, nullptr);
+    EXPECT_TRUE(grid.horizontalHeader()->isHidden());
+    EXPECT_EQ(grid.Printed().heads[0].mid(25), // behind the row numbers
+              (QStringList{u"Y"_s, u"Z"_s, u"AA"_s, u"AB"_s}));
+    grid.Set_Text(2, 0, u"Names"_s);
+    EXPECT_FALSE(grid.horizontalHeader()->isHidden());
+    EXPECT_EQ(grid.horizontalHeaderItem(1)->text(), u"Names"_s);
+    EXPECT_EQ(grid.Printed().heads[0].mid(1, 3), (QStringList{u"A"_s, u"Names"_s, u"C"_s}));
 }
 
 TEST_F(Grid, TakesNoTextOutsideUnlessItsRowsComeAsTheyAreWritten) {

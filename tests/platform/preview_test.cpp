@@ -87,6 +87,16 @@ QRect Ink(const QImage& picture) {
     return ink;
 }
 
+// The colours met along a row of pixels, each once as long as it lasts.
+QStringList Colours_Along(const QImage& picture, int y) {
+    QStringList colours;
+    for (int x = 0; x < picture.width(); ++x) {
+        const QString colour = picture.pixelColor(x, y).name();
+        if (colours.isEmpty() || colours.last() != colour) colours.append(colour);
+    }
+    return colours;
+}
+
 // How much two pictures of a page differ in the darkness of their blocks: 0 for the same, 1 for black on
 // white.
 double Largest_Difference(const QImage& one, const QImage& other) {
@@ -242,6 +252,22 @@ TEST(PreviewText, ParagraphKeepsLineBreaksAndBreaksLongWords) {
         EXPECT_EQ(line.squeeze, 1);
     }
     EXPECT_EQ(Lines_On(other.Page(1)).join(QString()).remove(u' '), u'A' + word + u'B');
+}
+
+TEST(PreviewRectangles, ABoxIsOnlyItsOutline) {
+    ViewPro page = New_Page();
+    page.FillStyle = 1;
+    page.FillColor = Qt::blue;
+    page.DrawRectangle2(0, 0, 1000, 1000);
+    page.FillStyle = 0;
+    page.ObjectBKColor = Qt::white;
+    page.CurrentX = 800;
+    page.CurrentY = 800;
+    page.DrawBoxTo(200, 200);
+    const QImage picture = Picture_Of_Part(page.Page(1), QRect(0, 0, 1000, 1000), 5);
+    EXPECT_EQ(Colours_Along(picture, 100),
+              (QStringList{u"#0000ff"_s, u"#000000"_s, u"#0000ff"_s, u"#000000"_s, u"#0000ff"_s}));
+    EXPECT_EQ(page.CurrentX, 800);
 }
 
 // ---- tables

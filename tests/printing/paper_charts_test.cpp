@@ -76,6 +76,20 @@ TEST_F(Charts_On_Paper, TheLowestBarsKeepTheirFrame) {
     EXPECT_EQ(Fills(Red), (QList<QRect>{{20, 1020, 680, 10}, {20, 2005, 320, 15}}));
 }
 
+TEST_F(Charts_On_Paper, ABarLeavesTheSettingsAndWritesItsLabel) {
+    sheet.ForeColor = sheet.ObjectBKColor = Qt::green;
+    sheet.FillStyle = 1;
+    sheet.ObjectAlign = 1;
+    Bar(100, 200, 720, 500, Bar_Colour::Red, u"label"_s);
+    EXPECT_EQ(sheet.ForeColor, QColor(Qt::green));
+    EXPECT_EQ(sheet.ObjectBKColor, QColor(Qt::green));
+    EXPECT_EQ(sheet.FillStyle, 1);
+    EXPECT_EQ(sheet.ObjectAlign, 1);
+    const auto& label = Only_Line(Page(), u"label"_s);
+    EXPECT_EQ(QPoint(label.x, label.y), QPoint(100 + 720 + 45, 200));
+    EXPECT_EQ(label.colour, Black);
+}
+
 TEST_F(Charts_On_Paper, AnErrorInABarIsToldAndEndsTheBarAlone) {
     boxes.Will_Answer(desktop::Answer::Ok);
     Bar(32700, 200, 40, 500, Bar_Colour::Red, u"beyond"_s); // its label would stand past all places
