@@ -3,6 +3,7 @@
 #include "app/running_program.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/main_menu.h"
+#include "support/table_changes.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -63,6 +64,16 @@ protected:
         Follow_To(form);
     }
     void Expect_Stored(const QString& sql, const QString& value) { EXPECT_EQ(sample.Value(sql), value); }
+    // What has changed in the file since it was last looked at: something, and nothing of another kind.
+    void Expect_Changed(const QString& kind) {
+        const Table_Rows found = Read_Tables(sample);
+        const QStringList changes = Changes(seen, found);
+        EXPECT_FALSE(changes.isEmpty()) << kind.toStdString();
+        const QRegularExpression pattern(u'^' + kind);
+        for (const QString& change : changes)
+            EXPECT_TRUE(pattern.match(change).hasMatch()) << change.toStdString();
+        seen = found;
+    }
     // Whatever the dialog is about.
     void Type_Into_Dialog(const QString& text, Qt::Key ended_by) {
         outside.dialogs.Will_Do([this, text, ended_by](QDialog& dialog) {
@@ -88,6 +99,8 @@ protected:
     void Look_At_The_Progress();
     void Delete_A_Pupil();
     void Expect_Quit_At(Qt::Key key);
+
+    Table_Rows seen = Read_Tables(sample);
 };
 
 void Without_A_Mouse::Register_A_Pupil() {
@@ -110,6 +123,7 @@ void Without_A_Mouse::Register_A_Pupil() {
     Press(Qt::Key_Space);
     Expect_Stored(u"SELECT Forename || Sex || DOB FROM Mevo_Pupils WHERE Surname = 'Newton'"_s,
                   u"IslaF05/02/2020"_s);
+    Expect_Changed(u"Mevo_\\w+ NEWISL\\w+: new"_s);
     Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
@@ -125,6 +139,7 @@ void Without_A_Mouse::Import_A_Class() {
     outside.boxes.Will_Answer(Answer::Yes);
     Tab_And_Press(u"HotLabel3"_s, Qt::Key_Space);
     Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Pupils WHERE Surname = 'Ashdown'"_s, u"1"_s);
+    Expect_Changed(u"Mevo_\\w+ ASHELL\\w+: new"_s);
     Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
@@ -148,6 +163,7 @@ void Without_A_Mouse::Correct_A_Name_And_Allow_A_Retest() {
     Type(u"Renamed"_s); // in place of what was selected
     Tab_And_Press(u"HotLabel2"_s);
     Expect_Stored(u"SELECT Forename FROM Mevo_Pupils WHERE StudentCode = "_s + chosen, u"Renamed"_s);
+    Expect_Changed(u"Mevo_Pupils %1 (Tolvens: 1 -> 0|Forename: )"_s.arg(chosen.sliced(1).chopped(1)));
     Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
@@ -171,6 +187,7 @@ void Without_A_Mouse::Arrange_A_Group() {
     Press(Qt::Key_Left);
     Tab_And_Press(u"HotLabel6"_s);
     Expect_Stored(u"SELECT Dob_as_pw FROM Mevo_Groups WHERE group_name = 'Willow'"_s, u"1"_s);
+    Expect_Changed(u"Mevo_Groups \\d+: new"_s);
     Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
@@ -250,6 +267,7 @@ void Without_A_Mouse::Change_The_Password() {
         Type_Into_Dialog(u"by hand"_s, Qt::Key_Return);
     Tab_And_Press(u"HotLabel2"_s);
     Expect_Stored(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name = 'MEVO'"_s, u"by hand"_s);
+    Expect_Changed(u"Customer_Details \\d+ Admin_Password: "_s);
     Go(u"HotLabel1"_s, u"Form77"_s);
     EXPECT_EQ(Focused(), u"HotLabel6"_s);
 }
@@ -273,6 +291,7 @@ void Without_A_Mouse::Delete_A_Pupil() {
     Tab_And_Press(u"HotLabel2"_s);
     Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Pupils WHERE Surname = 'Newton'"_s, u"0"_s);
     Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Pupils"_s, QString::number(before - 1));
+    Expect_Changed(u"Mevo_\\w+ NEWISL\\w+: gone"_s);
     Go(u"HotLabel1"_s, u"Form77"_s);
 }
 

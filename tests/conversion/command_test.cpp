@@ -61,14 +61,6 @@ TEST_F(Convert_Command, TellsTheRowsOfEachTable) {
     EXPECT_EQ(lines[31].simplified(), u"All 29 tables 1524 1524"_s);
 }
 
-TEST_F(Convert_Command, ProgressIsForATerminalAloneAndIsWipedOff) {
-    shows_progress = true;
-    const QString terminal = Run({source, target}).errors;
-    EXPECT_TRUE(terminal.contains(u"\rTable 29 of 29, Yoon_TimeNorms: 1524 of 1524 rows"_s));
-    EXPECT_TRUE(terminal.endsWith(u" \r"_s));
-    EXPECT_FALSE(terminal.contains(u'\n'));
-}
-
 TEST_F(Convert_Command, ReplacesOnlyWhenTold) {
     folder.Put(u"new.mdb"_s, "something of the user's");
     const Outcome refused = Run({source, target});

@@ -19,10 +19,6 @@ QByteArray Stored_Text(const QString& text); // two bytes a character
 QByteArray With_Password(QByteArray jet_file, const QString& password);
 QByteArray Encrypted(QByteArray jet_file);
 
-// The working database with each pupil's rows so many times over, under codes of their own. Comments on
-// further pages are shared by the copies.
-QByteArray With_Pupils_Repeated(const QByteArray& jet_file, const QStringList& codes, int times);
-
 // A folder for a conversion.
 class Conversion_Folder {
 public:

@@ -42,11 +42,6 @@ TEST_F(Holder, CountsAndGoesBackToTheFirstRow) {
     EXPECT_EQ(holder.Field(u"StudentCode"_s).As_Text(), first);
 }
 
-TEST_F(Holder, AnEmptyResultCountsNothingWithoutABox) {
-    Open(u"SELECT * FROM Mevo_Pupils WHERE Surname = 'nobody'"_s);
-    EXPECT_EQ(Count(), 0);
-}
-
 TEST_F(Holder, TheCountStopsSilentlyAtItsSixteenBits) {
     sample.Run(u"CREATE TABLE Many (N NUMBER)"_s);
     sample.Run(
@@ -117,11 +112,4 @@ TEST_F(Holder, AFileInUseReachesTheBoxOnceTheWaitIsOver) {
     EXPECT_EQ(Count(), 12);
     EXPECT_TRUE(outside.boxes.shown[0].text.contains(u"locked"_s));
     sqlite3_close(other);
-}
-
-TEST_F(Holder, TheCountOnlyFormLeavesNothingOpen) {
-    holder.ado_Open_Alternative(foundation::Connection_String_For(sample.Path()),
-                                u"SELECT * FROM Mevo_Pupils"_s, u"ReadOnly"_s);
-    EXPECT_EQ(holder.row_count, 12);
-    EXPECT_THROW(holder.Rows(), basics::Run_Time_Error);
 }

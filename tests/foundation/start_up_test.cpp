@@ -10,8 +10,6 @@
 #include "support/scripted_platform.h"
 
 #include <QDir>
-#include <QElapsedTimer>
-#include <QFileInfo>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -190,17 +188,6 @@ TEST_F(Start_Up_On_A_Database, WhatIsNoDatabaseOfTheSuiteIsARunTimeErrorAndStays
     sample.Move_Away();
     QDir().mkdir(sample.Path());
     EXPECT_NE(Error_Number([this] { Start(); }), 0);
-}
-
-TEST_F(Start_Up_On_A_Database, TwoGigabytesOfZerosAreRefusedAtOnce) {
-    constexpr qint64 two_gigabytes = qint64(2) * 1024 * 1024 * 1024;
-    Write_Bytes(sample.Path(), "");
-    ASSERT_TRUE(QFile::resize(sample.Path(), two_gigabytes));
-    QElapsedTimer took;
-    took.start();
-    EXPECT_NE(Error_Number([this] { Start(); }), 0);
-    EXPECT_LT(took.elapsed(), 5000);
-    EXPECT_EQ(QFileInfo(sample.Path()).size(), two_gigabytes);
 }
 
 TEST_F(Start_Up_On_A_Database, AFileWithoutCustomersIsPutToTheUser) {

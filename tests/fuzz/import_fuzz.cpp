@@ -1,6 +1,6 @@
 // Feeds the import path with files that nobody would write: decoding, lines, fields, validation, dates, and
 // the statements that a record is spliced into, as the engine would get them. CONTRIBUTING.md tells how it is
-// run. At its end it prints how much of its input came how far.
+// run.
 
 #include "platform/basics/run_time_error.h"
 #include "platform/database/jet_sql.h"
@@ -25,43 +25,6 @@ void Require(bool holds, const char* rule) {
     std::abort();
 }
 
-// How far the input came.
-struct Reached {
-    long long good_records = 0;
-    long long refused = 0; // statements that the translator didn't take
-    long long faulty = 0;  // statements that the engine didn't take
-    long long whole = 0;   // statements that would have run
-};
-
-Reached& Reached_So_Far() {
-    static Reached reached;
-    return reached;
-}
-
-void Print_Reached() {
-    const Reached& reached = Reached_So_Far();
-    std::fprintf(stderr, "good records %lld, statements refused %lld, faulty %lld, whole %lld\n",
-                 reached.good_records, reached.refused, reached.faulty, reached.whole);
-}
-
-// What no part of a statement of the import may do, however it was spliced.
-int Forbid_The_Rest(void*, int action, const char*, const char*, const char*, const char*) {
-    switch (action) {
-    case SQLITE_SELECT:
-    case SQLITE_READ:
-    case SQLITE_INSERT:
-    case SQLITE_UPDATE:
-    case SQLITE_FUNCTION:
-    case SQLITE_RECURSIVE:
-    case SQLITE_PRAGMA: // the engine looks into tables of its own; a statement of this kind isn't the one
-                        // meant
-        return SQLITE_OK;
-    default:
-        Require(false, "a statement does what no import does");
-        return SQLITE_DENY;
-    }
-}
-
 // An empty database with the two tables that free text is spliced for.
 sqlite3* Open_Engine() {
     sqlite3* engine = nullptr;
@@ -75,8 +38,6 @@ sqlite3* Open_Engine() {
         " Mirvel_age, Yoon_age, Pindo_age);"
         "CREATE TABLE mevo_groups (group_name, show_on_list);";
     Require(sqlite3_exec(engine, tables, nullptr, nullptr, nullptr) == SQLITE_OK, "no tables");
-    sqlite3_set_authorizer(engine, Forbid_The_Rest, nullptr);
-    std::atexit(Print_Reached);
     return engine;
 }
 
@@ -95,10 +56,7 @@ void Require_One_Statement(const QString& jet, sqlite3* engine) {
     const database::Lifted_Statement lifted = database::Lift_Texts(jet);
     const QByteArray sql = Translated(lifted);
     Require(sql.isEmpty() == Translated({jet, {}, false}).isEmpty(), "lifting texts changes what is refused");
-    if (sql.isEmpty()) {
-        ++Reached_So_Far().refused;
-        return;
-    }
+    if (sql.isEmpty()) return;
     sqlite3_stmt* statement = nullptr;
     const char* behind = nullptr;
     if (sqlite3_prepare_v2(engine, sql.constData(), static_cast<int>(sql.size()), &statement, &behind) ==
@@ -108,9 +66,6 @@ void Require_One_Statement(const QString& jet, sqlite3* engine) {
         Require(word == "INSERT" || word == "UPDATE", "another statement than the one meant");
         Require(sqlite3_bind_parameter_count(statement) == static_cast<int>(lifted.texts.size()),
                 "a text without its place, or a place without its text");
-        ++Reached_So_Far().whole;
-    } else {
-        ++Reached_So_Far().faulty;
     }
     sqlite3_finalize(statement);
 }
@@ -125,7 +80,6 @@ void Try_Statement(Statement make, sqlite3* engine) {
 }
 
 void Check_Good_Record(QStringList& fields, qint16 line_number, sqlite3* engine) {
-    ++Reached_So_Far().good_records;
     Require(line_number > 0, "a record without a line");
     Require(fields.size() == 6 || fields.size() == 7, "the number of fields");
     Require(!fields[place::Surname].isEmpty() && !fields[place::Forename].isEmpty(), "a name is missing");

@@ -2,12 +2,9 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -73,25 +70,6 @@ TEST(Message_Boxes, ThreeAnswersHaveNoWayRoundThem) {
         box.close();
         EXPECT_TRUE(box.isVisible());
     });
-}
-
-TEST(Message_Boxes, ALongListScrollsAndTheButtonStaysInReach) {
-    const QString line = u"Record 32767 has an invalid or missing gender indicator.\r\n"_s;
-    Ask(Box_Style::Exclamation, line.repeated(2000), [&line](QMessageBox& box) {
-        const QRect screen = box.screen()->availableGeometry();
-        const QWidget& button = *box.buttons().constFirst();
-        EXPECT_LE(box.frameGeometry().height(), screen.height());
-        EXPECT_TRUE(box.rect().contains(button.geometry()));
-        const auto* scrolled = box.findChild<QScrollArea*>();
-        ASSERT_NE(scrolled, nullptr);
-        const auto* text = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
-        EXPECT_EQ(scrolled->widget(), text);
-        EXPECT_GE(text->height(), text->sizeHint().height()) << "no line is cut off";
-        EXPECT_GE(scrolled->viewport()->width(), text->width());
-        EXPECT_GE(text->width(), text->fontMetrics().horizontalAdvance(line.trimmed()));
-    });
-    Ask(Box_Style::Exclamation, line.repeated(3),
-        [](QMessageBox& box) { EXPECT_EQ(box.findChild<QScrollArea*>(), nullptr); });
 }
 
 // Also where that file is there already: nobody is asked whether to replace what isn't taken.

@@ -67,22 +67,6 @@ protected:
     std::unique_ptr<Form92> page;
 };
 
-// Counts how often a control was painted, and what it showed then.
-class Paint_Watch final : public QObject {
-public:
-    explicit Paint_Watch(QLabel& label) : label(label) { label.installEventFilter(this); }
-    QStringList seen;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) seen.append(label.text());
-        return false;
-    }
-
-private:
-    QLabel& label;
-};
-
 } // namespace
 
 TEST_F(Batch_Report_Page, OpensWithAllPupilsListedAndScored) {
@@ -97,22 +81,6 @@ TEST_F(Batch_Report_Page, OpensWithAllPupilsListedAndScored) {
     EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
     EXPECT_FALSE(Enabled(*page, u"HotLabel9"_s));
     EXPECT_EQ(Preview().ZoomPercent(), 40);
-}
-
-TEST_F(Batch_Report_Page, ProgressIsPaintedWhileThePupilsAreScored) {
-    QWidget window;
-    window.resize(1366, 768);
-    window.show();
-    Make();
-    page->setParent(&window);
-    Paint_Watch watch(Control<QLabel>(*page, u"Label10"_s));
-    page->Load();
-    const int listed = data.pupils.Pupils_Listed;
-    ASSERT_GE(listed, 3);
-    for (const int i : {1, 3, listed})
-        EXPECT_TRUE(watch.seen.contains(u"Scoring student %1/%2"_s.arg(i).arg(listed))) << i;
-    EXPECT_TRUE(page->isVisible());
-    page->setParent(nullptr);
 }
 
 TEST_F(Batch_Report_Page, TheFilterListsAGroupAndAnEmptyOneOffersNothing) {
@@ -136,19 +104,6 @@ TEST_F(Batch_Report_Page, AGroupThatTheQueryCannotTakeLeavesAnEmptyListInSilence
     EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s)); // as it stood
 }
 
-TEST_F(Batch_Report_Page, SelectingOffersTheReport) {
-    Open();
-    Click_Entry(Pupils(), 2);
-    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
-    EXPECT_EQ(Pupils().selectedItems().size(), 1);
-    Click(*page, u"HotLabel8"_s);
-    EXPECT_FALSE(Enabled(*page, u"HotLabel9"_s));
-    EXPECT_EQ(Pupils().selectedItems().size(), 0);
-    Click(*page, u"HotLabel7"_s);
-    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
-    EXPECT_EQ(Pupils().selectedItems().size(), Pupils().count());
-}
-
 TEST_F(Batch_Report_Page, NinePupilsMakeTwoPagesThatCanBeTurned) {
     Open();
     Create_From_First(9);
@@ -169,15 +124,6 @@ TEST_F(Batch_Report_Page, NinePupilsMakeTwoPagesThatCanBeTurned) {
     EXPECT_TRUE(outside.clipboard.copied[0].svg.contains("Page 2"));
 }
 
-TEST_F(Batch_Report_Page, ANewReportBeginsAtItsFirstPage) {
-    Open();
-    Create_From_First(17);
-    Click_Entry(Pages(), 2);
-    Click(*page, u"HotLabel9"_s);
-    EXPECT_EQ(Preview().ShownPage(), 1);
-    EXPECT_EQ(Pages().currentRow(), 0);
-}
-
 TEST_F(Batch_Report_Page, AnOptionRebuildsAReportThatIsThereAndNoOther) {
     Open();
     Click(*page, u"Option6"_s);
@@ -191,20 +137,6 @@ TEST_F(Batch_Report_Page, AnOptionRebuildsAReportThatIsThereAndNoOther) {
     EXPECT_FALSE(On_View(u"Mevo ID: "_s));
     EXPECT_EQ(Preview().ShownPage(), 2);
     EXPECT_EQ(Preview().ZoomPercent(), 67);
-}
-
-TEST_F(Batch_Report_Page, TheGroundStartsFromTheReportsPage) {
-    state.Chart_Background = u"WHITE"_s;
-    Open();
-    EXPECT_TRUE(Control<QRadioButton>(*page, u"Option2"_s).isChecked());
-    EXPECT_TRUE(Control<QRadioButton>(*page, u"Option5"_s).isChecked());
-    Create_From_First(1);
-    Click(*page, u"HotLabel2"_s);
-    Click(*page, u"Option1"_s);
-    Click(*page, u"HotLabel2"_s);
-    ASSERT_EQ(outside.printers.pages.size(), 2);
-    EXPECT_NE(outside.printers.pages[0], outside.printers.pages[1]);
-    EXPECT_EQ(state.Chart_Background, u"WHITE"_s); // this page's option is its own
 }
 
 TEST_F(Batch_Report_Page, SurnamesWithADividerStopTheBatchAndLeaveTheEarlierReport) {
@@ -255,17 +187,4 @@ TEST_F(Batch_Report_Page, MoreThanTwoThousandPupilsAreABoundsError) {
         EXPECT_EQ(error.Number, basics::errors::Subscript_Out_Of_Range);
     }
     EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
-}
-
-TEST_F(Batch_Report_Page, AFrameTellsOfItselfButNotOverItsEntries) {
-    Open();
-    Point_At(*page, u"HotLabel7"_s);
-    EXPECT_EQ(Caption(*page, u"Label2"_s), u"Highlight (select) all the names shown in the batch list."_s);
-    Point_At(*page, u"HotLabel4"_s);
-    EXPECT_TRUE(Caption(*page, u"Label2"_s).startsWith(u"Show the report at full size."_s));
-    QWidget& frame = Control(*page, u"Frame8"_s);
-    QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), frame.mapToGlobal(QPointF(3, 3)), Qt::NoButton,
-                     Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(&frame, &move);
-    EXPECT_EQ(Caption(*page, u"Label2"_s), u"Tip: Double click on the report to zoom in further."_s);
 }

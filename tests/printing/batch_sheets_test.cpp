@@ -61,22 +61,6 @@ TEST_F(Batch_Report_Sheets, EightPupilsFillASheet) {
     }
 }
 
-TEST_F(Batch_Report_Sheets, MiniaturesStandInTwoColumnsOfFour) {
-    Build(9);
-    const std::pair<int, QPoint> places[] = {{1, {500, 1000}},  {2, {5900, 1000}}, {3, {500, 4200}},
-                                             {4, {5900, 4200}}, {7, {500, 10600}}, {8, {5900, 10600}}};
-    for (const auto& [rank, corner] : places) {
-        const auto& label = Only_Line(sheets.Page(1), u"Pupil Number%1"_s.arg(rank));
-        EXPECT_EQ(QPoint(label.x, label.y), corner + QPoint(14, -180 + 30)) << rank;
-        EXPECT_EQ(label.style.font_size, 6);
-        EXPECT_LT(Ink_Of(label).bottom(), corner.y());
-    }
-    const auto& ninth = Only_Line(sheets.Page(2), u"Pupil Number9"_s);
-    EXPECT_EQ(QPoint(ninth.x, ninth.y), QPoint(514, 850));
-    EXPECT_EQ(Lines_Of(sheets.Page(2), u"DOB: 09/02/2020"_s).size(), 1);
-    EXPECT_EQ(Only_Line(sheets.Page(2), u"Age: 7:03"_s).x, 500 + 3440 + 14);
-}
-
 TEST_F(Batch_Report_Sheets, EachPupilShowsHisOwnScoresWhateverHisRank) {
     Score(1, 1, 90);
     Score(3, 1, 40);
@@ -87,37 +71,6 @@ TEST_F(Batch_Report_Sheets, EachPupilShowsHisOwnScoresWhateverHisRank) {
     EXPECT_EQ(bars[0].height, 40 * 25 - 40);
     EXPECT_EQ(bars[0].y, 3500 - 40 * 25 + 20);
     EXPECT_EQ(Lines_Of(sheets.Page(1), u"Pupil Number3"_s).size(), 1);
-}
-
-TEST_F(Batch_Report_Sheets, TheScaleIsThatOfTheReportsPage) {
-    state.Chart_Mode = u"Z"_s;
-    cohort.Cohort_Raw_Centile[1][1] = 98;
-    cohort.Cohort_Raw_ZScore[1][1] = 2.0F;
-    Build(1);
-    // Two units are longer here than the figure "2.0" tells.
-    EXPECT_EQ(Rectangles_Filled(sheets.Page(1), Red).first().y, 2250 - 1080 + 20);
-    EXPECT_LT(2250 - 1080, 1000 + 0.106 * 2500);
-    EXPECT_EQ(Lines_Of(sheets.Page(1), u"2.0"_s).size(), 1);
-}
-
-TEST_F(Batch_Report_Sheets, NoTimesAreShownThoughTheBarsLeaveRoomForThem) {
-    state.Show_Time_Bars = true;
-    Score(1, 1, 40);
-    Build(1);
-    const auto bars = Rectangles_Filled(sheets.Page(1), Red);
-    ASSERT_EQ(bars.size(), 1);
-    EXPECT_EQ(bars[0].width, 180 - 40);
-    EXPECT_TRUE(Rectangles_Filled(sheets.Page(1), QColor(0, 0, 255)).isEmpty());
-}
-
-TEST_F(Batch_Report_Sheets, TheOptionsChooseTheGroundAndTheLabel) {
-    Build(1, {u"GREY"_s, Pupil_Label::User_ID, u"Reception"_s});
-    const preview::Drawing& page = sheets.Page(1);
-    EXPECT_EQ(Colour_At(page, 520, 1010).rgb(), QColor(Qt::black).rgb());
-    EXPECT_EQ(Lines_Of(page, u"Mevo ID: CODE1"_s).size(), 1);
-    EXPECT_TRUE(Lines_Of(page, u"Pupil Number1"_s).isEmpty());
-    Build(1);
-    EXPECT_EQ(Colour_At(sheets.Page(1), 520, 1010).rgb(), QColor(Qt::white).rgb());
 }
 
 TEST_F(Batch_Report_Sheets, EverySheetHasItsHeadAndItsNumber) {
@@ -138,14 +91,6 @@ TEST_F(Batch_Report_Sheets, EverySheetHasItsHeadAndItsNumber) {
     Only_Line(
         sheets.Page(1),
         u"Mevo multiple graphical profiles (Y-axis in Standard Deviation Units or Z-Scores). Printed on:15/06/2026"_s);
-}
-
-TEST_F(Batch_Report_Sheets, TheCommentsHeadingStandsBelowTheLastRow) {
-    Build(8);
-    const auto headings = Lines_Of(sheets.Page(1), u"Assessor's comments"_s);
-    ASSERT_EQ(headings.size(), 8); // once with each miniature, always at the same place
-    for (const auto& heading : headings)
-        EXPECT_EQ(QPoint(heading.x, heading.y), QPoint(144, 16838 - 3500));
 }
 
 TEST_F(Batch_Report_Sheets, ATerminatedPupilBringsTheNoteToAllLaterSheets) {

@@ -77,18 +77,6 @@ TEST_F(Individual_Report_Page, ABoxTakesItsSectionOutAndBringsItBack) {
     }
 }
 
-TEST_F(Individual_Report_Page, ABoxDoesNotResetTheZoom) {
-    Click(page, u"HotLabel5"_s);
-    EXPECT_EQ(Preview().ZoomPercent(), 67);
-    Click(page, u"Check1"_s);
-    EXPECT_EQ(Preview().ZoomPercent(), 67);
-    EXPECT_TRUE(Ticked(1));
-    Click(page, u"HotLabel4"_s);
-    EXPECT_EQ(Preview().ZoomPercent(), 100);
-    EXPECT_TRUE(Ticked(0));
-    EXPECT_FALSE(Ticked(1));
-}
-
 TEST_F(Individual_Report_Page, PrintsOneSheetAsItIsOnView) {
     Click(page, u"HotLabel2"_s);
     EXPECT_EQ(outside.printers.pages.size(), 1);
@@ -98,15 +86,6 @@ TEST_F(Individual_Report_Page, PrintsOneSheetAsItIsOnView) {
     Click(page, u"Check4"_s);
     Click(page, u"HotLabel2"_s);
     EXPECT_NE(outside.printers.pages.last(), whole);
-}
-
-TEST_F(Individual_Report_Page, SaysWhereThePdfIsThatStandsInForAPrinter) {
-    outside.printers.says_pdf = u"/archives/report.pdf"_s;
-    outside.boxes.Will_Answer(desktop::Answer::Ok);
-    Click(page, u"HotLabel2"_s);
-    ASSERT_EQ(outside.boxes.shown.size(), 1);
-    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
-    EXPECT_TRUE(outside.boxes.shown[0].text.contains(u"/archives/report.pdf"_s));
 }
 
 TEST_F(Individual_Report_Page, AFaultOfThePrinterIsToldAndThePageGoesOn) {
@@ -129,27 +108,4 @@ TEST_F(Individual_Report_Page, CopiesTheSheetInAllForms) {
     EXPECT_TRUE(outside.clipboard.copied[0].svg.contains("Cognitive Profile"));
     EXPECT_FALSE(outside.clipboard.copied[0].wmf.isEmpty());
     EXPECT_FALSE(outside.clipboard.copied[0].picture.isNull());
-}
-
-TEST_F(Individual_Report_Page, LeadsBackToThePageBeneath) {
-    Click(page, u"HotLabel1"_s);
-    EXPECT_EQ(navigator.closed, 1);
-    EXPECT_TRUE(navigator.went_to.isEmpty());
-}
-
-TEST_F(Individual_Report_Page, HelpGoesToLabel1AlsoOverThePreview) {
-    const std::pair<QString, QString> helps[] = {
-        {u"HotLabel3"_s, u"Copy the report to the clipboard as a Windows Metafile (.WMF)"_s},
-        {u"HotLabel5"_s, u"Reduce the report to two thirds of full size."_s},
-        {u"Label8"_s, u"Add or remove the guidance notes whch may assist in interpretation."_s},
-    };
-    for (const auto& [control, text] : helps) {
-        Point_At(page, control);
-        EXPECT_EQ(Caption(page, u"Label1"_s), text);
-    }
-    QTest::mouseMove(Preview().viewport(), QPoint(30, 30));
-    QMouseEvent move(QEvent::MouseMove, QPointF(30, 30), QPointF(30, 30), Qt::NoButton, Qt::NoButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(Preview().viewport(), &move);
-    EXPECT_TRUE(Caption(page, u"Label1"_s).startsWith(u"You can enlarge or shrink the view"_s));
 }

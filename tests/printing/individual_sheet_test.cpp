@@ -13,7 +13,6 @@ using namespace test_support;
 
 namespace {
 
-const QColor Grey(192, 192, 192);
 const QColor Red(255, 0, 0);
 const QString Note = u"Trm - Tests which were terminated early (Tolvens or Blik's Friends)"_s;
 constexpr Report_Sections Nothing{.Summary = false, .Profile = false, .Legend = false, .Comments = false};
@@ -86,73 +85,6 @@ TEST_F(Individual_Report_Sheet, TextsStandWhereTheTwipsSay) {
     EXPECT_EQ(sheet.PageCount(), 1);
 }
 
-TEST_F(Individual_Report_Sheet, TheTitleAndTheNameAreCentredLeftOfTheMiddle) {
-    const preview::Drawing& page = Build();
-    const std::pair<QString, int> lines[] = {{u"Individual Mevo Summary Sheet and Cognitive Profile"_s, 180},
-                                             {u"Smith Oliver"_s, 520}};
-    for (const auto& [text, y] : lines) {
-        const auto& line = Only_Line(page, text);
-        EXPECT_EQ(line.y, y);
-        EXPECT_NEAR(Ink_Of(line).center().x(), 11906 / 2.0 - 720, 1) << text.toStdString();
-    }
-}
-
-TEST_F(Individual_Report_Sheet, HeadAndFootNameTheSchoolAndTheProduct) {
-    const preview::Drawing& page = Build(Nothing);
-    const auto schools = Lines_Of(page, u"Hillside Primary School"_s);
-    ASSERT_EQ(schools.size(), 2);
-    const auto& foot = schools[0].colour == Red ? schools[0] : schools[1];
-    const auto& head = schools[0].colour == Red ? schools[1] : schools[0];
-    EXPECT_EQ(foot.colour, Red);
-    EXPECT_EQ(QPoint(foot.x, foot.y), QPoint(20 + 90, 14810 + 30));
-    EXPECT_EQ(foot.style.font_size, 8);
-    EXPECT_EQ(head.style.font_size, 16);
-    EXPECT_LT(head.y, 1080);
-    EXPECT_GT(Only_Line(page, Long_Product_Line()).y, 14810);
-    const auto rules = Lines_Drawn(page, QColor(0, 0, 0));
-    ASSERT_EQ(rules.size(), 1);
-    EXPECT_EQ(rules[0].y1, 14800);
-    EXPECT_EQ(rules[0].x1, 0);
-    EXPECT_EQ(rules[0].x2, 11906 - 1440);
-}
-
-TEST_F(Individual_Report_Sheet, WithAllSectionsOffOnlyHeadDetailsAndFootAreLeft) {
-    Score_All_At(40);
-    QStringList texts = Texts_On(Build(Nothing));
-    texts.sort();
-    EXPECT_EQ(texts, (QStringList{u"D.O.B: 09/02/2020"_s, u"Date printed: 15/06/2026"_s,
-                                  u"Hillside Primary School"_s, u"Hillside Primary School"_s,
-                                  u"Individual Mevo Summary Sheet and Cognitive Profile"_s,
-                                  u"Mevo ID: SMIOLI633THJ"_s, Long_Product_Line(), u"Smith Oliver"_s}));
-}
-
-TEST_F(Individual_Report_Sheet, EachSectionComesAndGoesAloneAndTheOthersStay) {
-    Score_All_At(40);
-    struct Section {
-        bool Report_Sections::*shown;
-        QString text; // that belongs to it
-    };
-    const Section sections[] = {{&Report_Sections::Summary, u"Module"_s},
-                                {&Report_Sections::Profile, u"Centiles"_s},
-                                {&Report_Sections::Legend, u"Accuracy"_s},
-                                {&Report_Sections::Comments, u"Assessor's comments"_s}};
-    for (const Section& left_out : sections) {
-        Report_Sections chosen;
-        chosen.*left_out.shown = false;
-        const preview::Drawing with = Build();
-        const preview::Drawing without = Build(chosen);
-        for (const Section& section : sections) {
-            SCOPED_TRACE(section.text.toStdString() + " without " + left_out.text.toStdString());
-            if (section.shown == left_out.shown) {
-                EXPECT_TRUE(Lines_Of(without, section.text).isEmpty());
-                continue;
-            }
-            EXPECT_EQ(Only_Line(without, section.text).x, Only_Line(with, section.text).x);
-            EXPECT_EQ(Only_Line(without, section.text).y, Only_Line(with, section.text).y);
-        }
-    }
-}
-
 TEST_F(Individual_Report_Sheet, TheHeadingOfTheScoresIsBoldOnGreyEachTime) {
     Score_All_At(40);
     state.comment.Pupil_Comment.clear(); // nothing sets the colours back behind the legend
@@ -169,17 +101,6 @@ TEST_F(Individual_Report_Sheet, TheHeadingOfTheScoresIsBoldOnGreyEachTime) {
         EXPECT_FALSE(name.style.bold);
         EXPECT_EQ(Colour_At(page, name.x, name.y).rgb(), QColor(Qt::white).rgb());
     }
-}
-
-TEST_F(Individual_Report_Sheet, TheScoresStandInTheirColumns) {
-    state.summary(2, 2) = u"16"_s;
-    state.summary(2, 10) = u" 5 y  11 m"_s;
-    const preview::Drawing& page = Build();
-    const QRectF score = Ink_Of(Only_Line(page, u"16"_s));
-    EXPECT_NEAR(score.center().x(), 792 + 1440 + 360, 1);
-    EXPECT_NEAR(Ink_Of(Only_Line(page, u"5 y  11 m"_s)).center().x(), 792 + 7860 + 510, 1);
-    const auto name = Lines_Of(page, u"Tolvens"_s).first(); // the chart has it too
-    EXPECT_NEAR(Ink_Of(name).center().y(), score.center().y(), 1);
 }
 
 TEST_F(Individual_Report_Sheet, ABlankCellIsAHyphenAndABlankNameIsNot) {
@@ -199,13 +120,6 @@ TEST_F(Individual_Report_Sheet, ABlankCellIsAHyphenAndABlankNameIsNot) {
     state.summary(4, 2) = u" "_s; // and not of the others
     EXPECT_EQ(hyphens_in(names, numbers), 1);
     EXPECT_EQ(hyphens_in(numbers, centiles), 8);
-}
-
-TEST_F(Individual_Report_Sheet, APupilWithNoTestDoneHasNamesAndHyphensAlone) {
-    const preview::Drawing& page = Build();
-    EXPECT_EQ(Lines_Of(page, u"-"_s).size(), 9 * 9);
-    EXPECT_EQ(Rectangles_Filled(page, Red).size(), 1); // the legend's
-    EXPECT_EQ(Overlaps(page), QStringList());
 }
 
 TEST_F(Individual_Report_Sheet, TheChartFollowsTheScaleAndTheGround) {
@@ -248,29 +162,6 @@ TEST_F(Individual_Report_Sheet, TheNoteReturnsUntilThePageIsOpenedAnew) {
     EXPECT_TRUE(Lines_Of(Build({.Profile = false}), Note).isEmpty());
     report.Report_Setup();
     EXPECT_TRUE(Lines_Of(Build(), Note).isEmpty());
-}
-
-TEST_F(Individual_Report_Sheet, ADescriptionFollowsItsTestsName) {
-    const preview::Drawing& page = Build({.Summary = false, .Profile = false});
-    const auto name = Lines_Of(page, u"Yoon"_s).first();
-    const auto& description = Only_Line(page, u"measures phonological discrimination."_s);
-    EXPECT_EQ(name.x, 1640);
-    EXPECT_EQ(name.y, 9680 + 7 * 161); // lines of the 7 point font
-    EXPECT_TRUE(name.style.bold);
-    EXPECT_FALSE(description.style.bold);
-    EXPECT_EQ(description.y, name.y);
-    EXPECT_NEAR(description.x - Ink_Of(name).right(), 39, 2); // one blank
-    EXPECT_LT(Ink_Of(Only_Line(page, u"Pindo"_s)).bottom(), 11192);
-}
-
-TEST_F(Individual_Report_Sheet, WithoutACommentTheHeadingStandsAlone) {
-    state.comment.Pupil_Comment.clear();
-    const preview::Drawing& page = Build({.Legend = false});
-    EXPECT_EQ(Lines_Of(page, u"Assessor's comments"_s).size(), 1);
-    for (const preview::Operation& operation : page.operations)
-        if (const auto* line = std::get_if<preview::Text_Operation>(&operation)) {
-            EXPECT_FALSE(line->y > 11264 && line->y < 14800) << line->text.toStdString();
-        }
 }
 
 TEST_F(Individual_Report_Sheet, ALongCommentIsWholeAndTheFootGivesWay) {

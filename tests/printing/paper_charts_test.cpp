@@ -15,7 +15,6 @@ namespace {
 const QColor Black(0, 0, 0);
 const QColor White(255, 255, 255);
 const QColor Red(255, 0, 0);
-const QColor Blue(0, 0, 255);
 
 QColor Grey(int lightness) {
     return QColor(lightness, lightness, lightness);
@@ -67,14 +66,6 @@ Profile Level_Profile(int centile, double z = 0) {
 }
 
 } // namespace
-
-TEST_F(Charts_On_Paper, ABarIsItsColourInABlackFrame) {
-    Bar(100, 200, 720, 500);
-    Bar(1000, 1000, 360, -300, Bar_Colour::Blue); // stands on y
-    EXPECT_EQ(Outlines(), (QList<QRect>{{100, 200, 720, 500}, {1000, 700, 360, 300}}));
-    EXPECT_EQ(Fills(Red), (QList<QRect>{{120, 220, 680, 460}}));
-    EXPECT_EQ(Fills(Blue), (QList<QRect>{{1020, 720, 320, 260}}));
-}
 
 TEST_F(Charts_On_Paper, TheLowestBarsKeepTheirFrame) {
     Bar(0, 0, 720, 0);
@@ -140,13 +131,6 @@ TEST_F(Charts_On_Paper, BandsDarkenTowardsTheEndsOfTheScale) {
     }
 }
 
-TEST_F(Charts_On_Paper, HalvesOfATwipGoToTheEvenOne) {
-    charts.Draw_Grey_Bands({500, 1000, 4000, 2500}, u"Z"_s);
-    // 0.303, 0.697 and 0.197 of 2500 are 757.5, 1742.5 and 492.5
-    EXPECT_EQ(Fills(Grey(192)), (QList<QRect>{{500, 1758, 4000, 492}, {500, 2250, 4000, 492}}));
-    EXPECT_EQ(Fills(Grey(128)), (QList<QRect>{{500, 1265, 4000, 492}, {500, 2742, 4000, 492}}));
-}
-
 TEST_F(Charts_On_Paper, AWhiteChartHasARuleAtEachEdgeAndInTheMiddle) {
     const std::pair<QString, QList<int>> cases[] = {
         {u"P"_s, {6820, 4570, 5320, 6070, 7570, 8320, 9070}},
@@ -165,65 +149,6 @@ TEST_F(Charts_On_Paper, AWhiteChartHasARuleAtEachEdgeAndInTheMiddle) {
         EXPECT_EQ(drawn, heights) << mode.toStdString();
         EXPECT_TRUE(Fills(Grey(192)).isEmpty());
     }
-}
-
-TEST_F(Charts_On_Paper, TheScaleStandsBesideTheChart) {
-    struct Figure {
-        Chart_Layout layout;
-        QString text;
-        QPoint text_place;
-        int tick;
-        int size;
-    };
-    // The line of the 10 point font, 230 twips, sets all of them.
-    const Figure figures[] = {
-        {Large_Chart(false), u"5"_s, {855, 8955}, 9070, 8},
-        {Large_Chart(false), u"95"_s, {855, 4455}, 4570, 8},
-        {Small_Chart(500, 1000, false), u"5"_s, {155, 3260}, 3375, 6},
-        {Small_Chart(5900, 10600, false), u"95"_s, {5555, 10610}, 10725, 6},
-    };
-    for (const Figure& figure : figures) {
-        Begin_Anew();
-        charts.DrawCentileChart(figure.layout, Profile(), false);
-        const auto& text = Only_Line(Page(), figure.text);
-        EXPECT_EQ(QPoint(text.x, text.y), figure.text_place) << figure.text.toStdString();
-        EXPECT_EQ(text.style.font_size, figure.size);
-        const auto ticks = Lines_Drawn(Page(), Black);
-        const bool found = std::any_of(ticks.begin(), ticks.end(), [&](const preview::Line_Operation& line) {
-            return line.y1 == figure.tick && line.y2 == figure.tick &&
-                   line.x1 == figure.layout.place.left - 90 && line.x2 == figure.layout.place.left;
-        });
-        EXPECT_TRUE(found) << "no tick at " << figure.tick;
-        EXPECT_EQ(ticks.size(), 7);
-    }
-}
-
-TEST_F(Charts_On_Paper, ZScoreFiguresHaveNoTicks) {
-    charts.DrawZScoreChart(Small_Chart(500, 1000, false), Profile(), false);
-    EXPECT_EQ(Texts_On(Page()),
-              (QStringList{u"2.5"_s, u"2.0"_s, u"1.0"_s, u"0"_s, u"-1.0"_s, u"-2.0"_s, u"-2.5"_s}));
-    EXPECT_EQ(Only_Line(Page(), u"0"_s).y, 1000 + 1250 - 115);
-    EXPECT_EQ(Only_Line(Page(), u"1.0"_s).y, 1642); // 1642.5
-    EXPECT_TRUE(Lines_Drawn(Page(), Black).isEmpty());
-}
-
-TEST_F(Charts_On_Paper, TitlesStandOnTheLargeChartOnly) {
-    charts.DrawCentileChart(Large_Chart(false), Profile(), false);
-    const auto& title = Only_Line(Page(), u"Centiles"_s);
-    EXPECT_EQ(title.x, 1200 - 805);
-    EXPECT_EQ(title.angle, 900);
-    EXPECT_NEAR(Ink_Of(title).center().y(), 4320 + 2160, 1);
-    const auto& average = Only_Line(Page(), u"Average"_s);
-    EXPECT_EQ(QPoint(average.x, average.y), QPoint(9290, 6820 - 115));
-    EXPECT_EQ(average.angle, 0);
-    EXPECT_EQ(Only_Line(Page(), u"Risk"_s).y, 4320 + 4875 - 115);
-    Begin_Anew();
-    charts.DrawZScoreChart(Large_Chart(false), Profile(), false);
-    EXPECT_NEAR(Ink_Of(Only_Line(Page(), u"Standard Deviation Units (Z Scores)"_s)).center().y(), 6480, 1);
-    EXPECT_FALSE(Texts_On(Page()).contains(u"Average"_s));
-    Begin_Anew();
-    charts.DrawCentileChart(Small_Chart(500, 1000, false), Profile(), false);
-    EXPECT_EQ(Texts_On(Page()), (QStringList{u"5"_s, u"20"_s, u"35"_s, u"50"_s, u"65"_s, u"80"_s, u"95"_s}));
 }
 
 TEST_F(Charts_On_Paper, BarsStandInTheirColumns) {
@@ -255,23 +180,6 @@ TEST_F(Charts_On_Paper, BarsStandInTheirColumns) {
         EXPECT_EQ(bars.first(), one.first);
         EXPECT_EQ(bars.last(), one.first.translated(7 * one.step, 0));
     }
-}
-
-TEST_F(Charts_On_Paper, TimeBarsStandBesideTheirBars) {
-    Profile profile = Level_Profile(50, 1);
-    profile.time_centile.fill(20);
-    profile.time_zscore.fill(-0.5);
-    charts.DrawCentileChart(Large_Chart(true), profile, true);
-    EXPECT_EQ(Outlines().mid(0, 2), (QList<QRect>{{1680, 6820, 360, 2500}, {2080, 8320, 360, 1000}}));
-    Begin_Anew();
-    charts.DrawZScoreChart(Large_Chart(true), profile, true);
-    EXPECT_EQ(Outlines().mid(0, 2), (QList<QRect>{{1680, 5836, 360, 984}, {2080, 6820, 360, 492}}));
-    Begin_Anew();
-    charts.DrawCentileChart(Small_Chart(500, 1000, true), profile, true);
-    EXPECT_EQ(Outlines().mid(0, 2), (QList<QRect>{{745, 2250, 180, 1250}, {925, 3000, 180, 500}}));
-    Begin_Anew();
-    charts.DrawCentileChart(Large_Chart(false), profile, false);
-    EXPECT_TRUE(Fills(Blue).isEmpty());
 }
 
 TEST_F(Charts_On_Paper, ATestWithoutAScoreHasNoBar) {
@@ -352,33 +260,4 @@ TEST_F(Charts_On_Paper, AMarkNeedsItsFlagAndAScoreOnTheCentileScale) {
         EXPECT_EQ(Lines_Of(Page(), u"Trm"_s).size(), marks);
         EXPECT_EQ(charts.Has_Terminated_Mark, marks > 0);
     }
-}
-
-TEST_F(Charts_On_Paper, ColumnsAreNamedUnderTheirBars) {
-    for (const Chart_Layout& layout : {Large_Chart(false), Small_Chart(5900, 4200, false)}) {
-        Begin_Anew();
-        sheet.RowPadding = 30;
-        charts.Set_Up(layout.place);
-        charts.Draw_Column_Labels(layout);
-        const QRectF last = Ink_Of(Only_Line(Page(), u"Yoon"_s));
-        const double bar_middle =
-            layout.first_centile_bar + 7 * layout.bar_step + (layout.has_titles ? 360 : 180);
-        EXPECT_NEAR(last.center().x(), bar_middle, layout.has_titles ? 10 : 2);
-        EXPECT_GT(last.top(), layout.place.Bottom());
-        EXPECT_EQ(Colour_At(Page(), int(last.x()), int(last.y())).rgb(), QColor(148, 240, 240).rgb());
-    }
-}
-
-TEST_F(Charts_On_Paper, TheLegendNamesTheTimeBarsWhileTheyShow) {
-    charts.Draw_Extra_Legend(120, 9560, false);
-    EXPECT_EQ(Fills(Red), (QList<QRect>{{120, 9560, 240, 240}}));
-    EXPECT_FALSE(Texts_On(Page()).contains(u"Time"_s));
-    const auto& advice =
-        Only_Line(Page(), u"Profiles should be interpreted in accordance with the manual."_s);
-    EXPECT_EQ(QPoint(advice.x, advice.y), QPoint(3000, 9560));
-    EXPECT_EQ(advice.colour, Red);
-    EXPECT_EQ(sheet.ForeColor, Black);
-    charts.Draw_Extra_Legend(120, 9560, true);
-    EXPECT_EQ(Fills(Blue), (QList<QRect>{{120, 10040, 240, 240}}));
-    EXPECT_EQ(Only_Line(Page(), u"Time"_s).x, 440);
 }

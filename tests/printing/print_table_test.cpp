@@ -94,33 +94,6 @@ TEST_F(Printed_Grids, OnlyTheWideTableIsLimitedToItsData) {
     EXPECT_EQ(grid.Printed().rows.size(), 1u);
 }
 
-TEST_F(Printed_Grids, HeadersAndFootersOfTheOtherPages) {
-    const std::pair<Grid_Kind, QString> cases[] = {
-        {Grid_Kind::Testing_Progress, u" - Testing Progress Record./n"_s},
-        {Grid_Kind::Import_Preview, u" - Preview of student import details./n"_s},
-        {Grid_Kind::Security_Settings, u" - Security settings for all registered individuals./n"_s},
-    };
-    for (const auto& [kind, suffix] : cases) {
-        SCOPED_TRACE(suffix.toStdString());
-        outside.pointer.shapes.clear();
-        EXPECT_TRUE(Print(kind));
-        EXPECT_EQ(grid.PrintHeader,
-                  u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's/nursery School/n/cQuend Mevo"_s + suffix);
-        EXPECT_EQ(grid.PrintFooter, Short_Product_Line() + u"/nReport printed on: 15/06/2026/rPage /p"_s);
-        EXPECT_EQ(grid.PrintOrientation, 1);
-        EXPECT_EQ(grid.PrintMarginLeft, 1440);
-        EXPECT_TRUE(grid.PrintColHeaders);
-        EXPECT_FALSE(grid.PrintRowHeaders);
-        EXPECT_FALSE(grid.PrintDataOnly);
-        EXPECT_EQ(outside.pointer.shapes, QList{desktop::Pointer_Shape::Default});
-        const QStringList texts = Printed_Texts();
-        EXPECT_TRUE(texts.contains(u"Heading"_s));
-        EXPECT_TRUE(texts.contains(u"Report printed on: 15/06/2026"_s));
-        EXPECT_EQ(texts.last(), u"Page 1"_s);
-    }
-    EXPECT_EQ(outside.printers.printed.size(), 3);
-}
-
 TEST_F(Printed_Grids, APdfIsToldAndLiesInTheArchiveFolder) {
     outside.printers.says_pdf = u"/archives/Mevo summary.pdf"_s;
     outside.boxes.Will_Answer(desktop::Answer::Ok);

@@ -71,18 +71,6 @@ protected:
 
 } // namespace
 
-TEST_F(Print_Tool, AnIndividualReportIsOneA4PageForEachCode) {
-    const QString first = Code_Where(u"Yoon = 1"_s);
-    const QString second = Code_Where(u"Yoon = 1"_s, 1);
-    EXPECT_EQ(Print(Individual({first})).status, 0);
-    EXPECT_EQ(Pages(), 1);
-    EXPECT_TRUE(Told_By(u"pdfinfo"_s, {Pdf()}).contains(u"(A4)"_s));
-    EXPECT_EQ(Print(Individual({second, first})).status, 0);
-    EXPECT_EQ(Pages(), 2);
-    for (const auto& [page, code] : {std::pair{u"1"_s, second}, std::pair{u"2"_s, first}})
-        EXPECT_TRUE(Text({u"-f"_s, page, u"-l"_s, page}).contains(code));
-}
-
 // The words on the sheet are those that the program's own pages show for the pupil.
 TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
     const QString code = Code_Where(u"Tolvens = 1 AND BliksFriends = 1 AND Yoon = 1 AND Drell = 1"_s);
@@ -121,22 +109,6 @@ TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
     shown.sort();
     printed.sort();
     EXPECT_EQ(printed, shown);
-}
-
-TEST_F(Print_Tool, ABatchHasEightPupilsAPage) {
-    const QString scored = u"SELECT count(*) FROM Mevo_Pupils WHERE Tolvens + BliksFriends + Karrel + "
-                           "BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon > 0"_s;
-    EXPECT_EQ(Print(Batch()).status, 0);
-    EXPECT_EQ(Pages(), (sample.Value(scored).toInt() + 7) / 8);
-    sample.Run(u"UPDATE Mevo_Pupils SET Group_Class = 'Reception'"_s);
-    sample.Run(u"UPDATE Mevo_Pupils SET Group_Class = 'Class 2 Ash' WHERE StudentCode IN (SELECT StudentCode "
-               "FROM Mevo_Pupils WHERE Yoon = 1 AND Surname NOT LIKE '% - %' LIMIT 9)"_s);
-    EXPECT_EQ(Print(Batch({u"--group"_s, u"Class 2 Ash"_s})).status, 0);
-    EXPECT_EQ(Pages(), 2);
-    const QString text = Text();
-    EXPECT_EQ(text.count(u"DOB:"_s), 9);
-    EXPECT_TRUE(text.contains(u"Class or Group represented is: Class 2 Ash"_s));
-    EXPECT_TRUE(text.contains(u"Page 2"_s));
 }
 
 TEST_F(Print_Tool, TheOptionsReachTheSheets) {

@@ -3,7 +3,6 @@
 #include "support/controls.h"
 #include "support/scripted_platform.h"
 
-#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -90,17 +89,6 @@ TEST_F(Lists, TheDayFollowsTheLengthOfTheMonth) {
     EXPECT_EQ(lists.Text2->text(), u"12/12/1999"_s);
 }
 
-TEST_F(Lists, ADayListOfTheRightLengthIsNotBuiltAgain) {
-    Fill();
-    QSignalSpy rebuilt(lists.Combo2->model(), &QAbstractItemModel::rowsInserted);
-    lists.Combo3->Set_ListIndex(2); // March has 31 days as well
-    EXPECT_EQ(rebuilt.count(), 0);
-    lists.Combo3->Set_ListIndex(1);
-    rebuilt.clear();
-    lists.Combo3->Set_ListIndex(1); // February is built each time
-    EXPECT_GT(rebuilt.count(), 0);
-}
-
 TEST_F(Lists, TheAgeCountsMonthBoundariesAndNotDays) {
     struct Case {
         QDate today;
@@ -134,15 +122,6 @@ TEST_F(Lists, TheKeyboardChoosesAsThePointerDoes) {
     EXPECT_EQ(lists.Text2->text(), u"01/06/2016"_s);
     QTest::keyClicks(lists.Combo2, u"74"_s); // there is no 74th
     EXPECT_EQ(lists.Text2->text(), u"04/06/2016"_s);
-}
-
-TEST_F(Lists, AnEmptyListStopsNothing) {
-    lists.Compute_And_Display_Age();
-    lists.Populate_Date_List(31, 1);
-    EXPECT_EQ(Age(), u"y"_s);
-    lists.Populate_Months_List();
-    lists.Combo3->Set_ListIndex(1); // February of no year
-    EXPECT_EQ(lists.Combo2->count(), 28);
 }
 
 } // namespace pupils

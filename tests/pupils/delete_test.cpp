@@ -201,18 +201,6 @@ TEST_F(Delete_Page, OneOfThreeIsDeselectedAndTwoGo) {
     EXPECT_EQ(Changed(), All_Gone(chosen));
 }
 
-TEST_F(Delete_Page, InAGroupTheItemsStandForItsMembers) {
-    Open();
-    Choose(u"Combo1"_s, u"Class 2 Ash"_s);
-    Ctrl_Click(2);
-    const QString code = Code(2);
-    Wants(Answer::Yes);
-    Click(Delete_Button);
-    EXPECT_EQ(Changed(), All_Gone({code}));
-    EXPECT_EQ(Chosen(u"Combo1"_s), u"Class 2 Ash"_s);
-    EXPECT_EQ(List().Count(), Members(u"Class 2 Ash"_s));
-}
-
 TEST_F(Delete_Page, ADatabaseOutOfReachIsARunTimeError) {
     Open();
     Click(u"HotLabel3"_s);
@@ -350,18 +338,6 @@ TEST_F(Delete_Page, TheSecondClickDisbandsTheEmptiedGroup) {
     EXPECT_GT(List().Count(), 0);
 }
 
-TEST_F(Delete_Page, AGroupOfOneIsAskedForInTheSingular) {
-    sample.Run(u"UPDATE Mevo_Pupils SET Group_Class = 'Universal' WHERE Surname <> 'Khan'"_s);
-    sample.Run(u"UPDATE Mevo_Pupils SET Group_Class = 'reception' WHERE Surname = 'Khan'"_s);
-    Open();
-    const QString code = Code_Of(u"Khan"_s);
-    Choose(u"Combo1"_s, u"Reception"_s); // groups and members join whatever their case
-    Wants(Answer::Yes);
-    Click(Group_Button);
-    Expect_Box(0, Box_Style::Yes_No_Question, u"Delete Pupils in Group"_s, One);
-    EXPECT_EQ(Changed(), All_Gone({code}));
-}
-
 TEST_F(Delete_Page, EveryoneGoesAndTheGroupsStay) {
     Open();
     QStringList codes;
@@ -419,31 +395,6 @@ TEST_F(Delete_Page, MoreGroupsThanTheListHoldsAreAnError) {
                "INSERT INTO Mevo_Groups (Group_Name) SELECT 'G' || i FROM n"_s);
     form = std::make_unique<Form9>(outside.platform, navigator, Data(), counts);
     EXPECT_EQ(test_support::Error_Number([this] { form->Load(); }), basics::errors::Subscript_Out_Of_Range);
-}
-
-// ---- around it
-
-TEST_F(Delete_Page, HelpFollowsThePointer) {
-    Open();
-    const std::pair<QString, QString> helps[] = {
-        {u"HotLabel1"_s, u"Return to Main Menu"_s},
-        {u"HotLabel2"_s,
-         u"Select 'Delete individuals' to remove them from the database. Use with caution!"_s},
-        {u"HotLabel3"_s, u"Select 'All' to highlight all individuals for deletion"_s},
-        {u"HotLabel4"_s, u"Select 'Clear' to remove everyone from the deletion list"_s},
-        {u"ListView1"_s,
-         u"Pless Ctrl key and click on unselected names to add them to the deletion list\n"
-         "Press Ctrl key and click on a highlighted name to remove it from the deletion list"_s},
-    };
-    for (const auto& [control, help] : helps)
-        EXPECT_EQ(Help_At(control, u"Label1"_s), help);
-    QMouseEvent move(QEvent::MouseMove, QPointF(9, 9), List().viewport()->mapToGlobal(QPointF(9, 9)),
-                     Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    Point_At(*form, u"HotLabel1"_s);
-    QApplication::sendEvent(List().viewport(), &move);
-    EXPECT_TRUE(Caption(u"Label1"_s).startsWith(u"Pless Ctrl"_s));
-    Click(u"HotLabel1"_s); // the way back
-    EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
 }
 
 } // namespace pupils

@@ -2,8 +2,6 @@
 
 #include "pupils/record_page_fixture.h"
 
-#include <QPainter>
-
 using namespace Qt::StringLiterals;
 using namespace test_support;
 
@@ -167,15 +165,6 @@ TEST_F(Fine_Tuning_Page, AnotherLetterThanMOrFLeavesTheListAsItWas) {
     EXPECT_EQ(Typed(u"Text5"_s), u"f"_s);
 }
 
-TEST_F(Fine_Tuning_Page, WithoutPupilsOnlyTheLegendsWordsChange) {
-    sample.Run(u"DELETE FROM Mevo_Pupils"_s);
-    Open();
-    EXPECT_EQ(Caption(u"Label7"_s), u"No reports are available as yet"_s);
-    EXPECT_FALSE(Shown(u"Frame4"_s));
-    EXPECT_EQ(Typed(u"Text1"_s), u""_s);
-    EXPECT_EQ(Disabled(details), details);
-}
-
 TEST_F(Fine_Tuning_Page, MorePupilsThanTheListHoldsAreAnError) {
     sample.Run(
         u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2489) "
@@ -189,17 +178,6 @@ TEST_F(Fine_Tuning_Page, MorePupilsThanTheListHoldsAreAnError) {
 }
 
 // ---- personal details
-
-TEST_F(Fine_Tuning_Page, EditingOpensAllButTheUserId) {
-    Open();
-    Click(Edit);
-    EXPECT_EQ(Disabled(details), QStringList{u"Text1"_s});
-    EXPECT_EQ(form->focusWidget()->objectName(), u"Text3"_s);
-    QTest::keyClick(&Control<QLineEdit>(*form, u"Text3"_s), Qt::Key_Return);
-    EXPECT_EQ(form->focusWidget()->objectName(), u"Text4"_s);
-    QTest::keyClick(&Control<QLineEdit>(*form, u"Text4"_s), Qt::Key_Enter);
-    EXPECT_EQ(form->focusWidget()->objectName(), u"Combo2"_s);
-}
 
 TEST_F(Fine_Tuning_Page, SaveWritesFourColumnsOfOnePupil) {
     Set(u"Khan"_s, u"DOB = '13/01/2018', Sex = 'F'"_s);
@@ -305,20 +283,6 @@ TEST_F(Fine_Tuning_Page, OnlyACompletedTestTurnsGreenAndOnlyOnce) {
               QStringList(2, installation.App_Path + u"\\Sounds\\system\\miniklik.wav"_s));
 }
 
-TEST_F(Fine_Tuning_Page, UndoneMarksWriteNothing) {
-    Open();
-    Choose_Pupil(u"Smith-Jones"_s);
-    Click(Edit_Tests);
-    for (const int i : {0, 4, 8})
-        Click_Ball(i);
-    Click(Undo_Tests);
-    EXPECT_EQ(Balls(), u"ccccccccc"_s);
-    EXPECT_EQ(Disabled({Save_Tests, Undo_Tests}), (QStringList{Save_Tests, Undo_Tests}));
-    Click(Edit_Tests); // the marks are forgotten
-    Click(Save_Tests);
-    EXPECT_EQ(Changed(), QStringList{});
-}
-
 TEST_F(Fine_Tuning_Page, ARetestTakesBackTheStatusAlone) {
     Open();
     const QString code = Code_Of(u"Smith-Jones"_s);
@@ -335,17 +299,6 @@ TEST_F(Fine_Tuning_Page, ARetestTakesBackTheStatusAlone) {
     Open();
     Choose_Code(code);
     EXPECT_EQ(Balls(), u"cncnncccc"_s);
-}
-
-TEST_F(Fine_Tuning_Page, AStored2IsNoMark) {
-    Open();
-    const QString code = Code_Of(u"Patel"_s); // his Mirvel holds one
-    Choose_Code(code);
-    Click(Edit_Tests);
-    Click_Ball(6);
-    Click_Ball(0);
-    Click(Save_Tests);
-    EXPECT_EQ(Changed(), QStringList{Cell(code, u"Tolvens"_s) + u"1 -> 0"_s});
 }
 
 TEST_F(Fine_Tuning_Page, EachBallStandsForItsOwnTest) {
@@ -379,64 +332,6 @@ TEST_F(Fine_Tuning_Page, ASaveLeavesWhatAnotherWorkstationFinishedMeanwhile) {
     Look();
     Click(Save_Tests);
     EXPECT_EQ(Changed(), QStringList{Cell(code, u"Tolvens"_s) + u"1 -> 0"_s});
-}
-
-// ---- pictures
-
-TEST_F(Fine_Tuning_Page, TheThreeStatesDifferByShapeAsWellAsByColour) {
-    const auto grey = [](Test_State state) {
-        QImage picture(40, 40, QImage::Format_ARGB32_Premultiplied);
-        picture.fill(Qt::white);
-        QPainter painter(&picture);
-        painter.drawPixmap(0, 0, Picture_Of(state, 40, 1));
-        painter.end();
-        return picture.convertToFormat(QImage::Format_Grayscale8);
-    };
-    // Reduced to black and white, so that no mere shade counts.
-    const auto dark_share_that_differs = [&](Test_State one, Test_State other) {
-        const QImage left = grey(one);
-        const QImage right = grey(other);
-        int differing = 0;
-        for (int y = 0; y < 40; ++y)
-            for (int x = 0; x < 40; ++x)
-                if ((qGray(left.pixel(x, y)) < 160) != (qGray(right.pixel(x, y)) < 160)) ++differing;
-        return differing / 1600.0;
-    };
-    using enum Test_State;
-    EXPECT_GT(dark_share_that_differs(Not_Attempted, Completed), 0.3);
-    EXPECT_GT(dark_share_that_differs(Not_Attempted, Allow_Retest), 0.2);
-    EXPECT_GT(dark_share_that_differs(Completed, Allow_Retest), 0.08);
-}
-
-TEST_F(Fine_Tuning_Page, ABallTellsItsTestAndStateInWords) {
-    Open();
-    Choose_Pupil(u"Žižek"_s);
-    EXPECT_EQ(Ball(1).accessibleName(), u"Blik's Friends: Test not attempted"_s);
-    EXPECT_EQ(Ball(2).accessibleName(), u"Karrel: Test completed"_s);
-    Click(Edit_Tests);
-    QTest::keyClick(&Ball(2), Qt::Key_Space);
-    EXPECT_EQ(Ball(2).accessibleName(), u"Karrel: Allow retest"_s);
-}
-
-// ---- around it
-
-TEST_F(Fine_Tuning_Page, HelpFollowsThePointer) {
-    Open();
-    Choose_Pupil(u"Smith-Jones"_s);
-    const std::pair<QString, QString> helps[] = {
-        {u"Label1"_s, u"Enter the individual's gender by clicking on the appropriate tick box."_s},
-        {u"Label6"_s,
-         u"This unique identifier cannot be changed as it is created and used by the program."_s},
-        {u"HotLabel4"_s,
-         u"Select 'Edit details' to change something. Select 'Save changes' to submit these to the database."_s},
-        {u"HotLabel1"_s, u"Go back to the Main Admin Menu."_s},
-        {u"Image1(4)"_s, u"Go back to the Main Admin Menu."_s}, // has none of its own
-        {u"Text4"_s, u"Enter your first name(s) in the second box down"_s},
-    };
-    for (const auto& [control, help] : helps)
-        EXPECT_EQ(Help_At(control, u"Label5"_s), help) << control.toStdString();
-    Click(u"HotLabel1"_s); // the way back
-    EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
 }
 
 } // namespace pupils

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "pupils/pupil_records.h"
-#include "pupils/table_changes.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
 #include "support/controls.h"
 #include "support/error_number.h"
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
+#include "support/table_changes.h"
 
 #include <QLineEdit>
 #include <gtest/gtest.h>
@@ -45,14 +45,10 @@ protected:
     QString Caption(const QString& name) { return test_support::Caption(*page, name); }
     bool Enabled(const QString& name) { return test_support::Enabled(*page, name); }
     bool Shown(const QString& name) { return test_support::Shown(*page, name); }
-    QString Help_At(const QString& control, const QString& help_line) {
-        test_support::Point_At(*page, control);
-        return Caption(help_line);
-    }
 
-    void Look() { seen = Read_Tables(sample); }
+    void Look() { seen = test_support::Read_Tables(sample); }
     // What has changed in the file since the last look.
-    QStringList Changed() { return Changes(seen, Read_Tables(sample)); }
+    QStringList Changed() { return test_support::Changes(seen, test_support::Read_Tables(sample)); }
     void Expect_Box(int number, desktop::Box_Style style, const QString& title, const QString& text) {
         ASSERT_GT(outside.boxes.shown.size(), number);
         const test_support::Box_Shown& box = outside.boxes.shown[number];
@@ -73,7 +69,7 @@ protected:
     scoring::Pupil_Lists lists;
     Pupil_Records records;
     shell::Page* page = nullptr;
-    Table_Rows seen;
+    test_support::Table_Rows seen;
 };
 
 } // namespace pupils

@@ -88,38 +88,6 @@ TEST_F(Security_Page, TheGridShowsHowEachPupilLogsIn) {
     EXPECT_EQ(Grid_Row(1)[1], u"D'Souza Mia"_s); // by surname
 }
 
-TEST_F(Security_Page, WithoutPupilsThereAreHeadingsAndNoRows) {
-    sample.Run(u"DELETE FROM Mevo_Pupils"_s);
-    Open();
-    EXPECT_EQ(Grid().rowCount(), 0);
-    EXPECT_EQ(Grid_Row(0)[0], u"User ID"_s);
-    EXPECT_EQ(Caption(u"Label3"_s), u"0"_s);
-}
-
-TEST_F(Security_Page, WithoutGroupsThePageStillOpens) {
-    sample.Run(u"DELETE FROM Mevo_Groups"_s);
-    Open();
-    EXPECT_EQ(Combo(u"Combo2"_s).count(), 0);
-    EXPECT_EQ(Caption(u"Label3"_s), u"12"_s);
-    EXPECT_EQ(Changed(), QStringList{});
-}
-
-TEST_F(Security_Page, MoreThanTheListsHoldIsAnError) {
-    sample.Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 96) "
-               "INSERT INTO Mevo_Groups (Group_Name) SELECT 'G' || i FROM n"_s);
-    Load();
-    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }),
-              basics::errors::Subscript_Out_Of_Range);
-    sample.Run(u"DELETE FROM Mevo_Groups WHERE Group_Name LIKE 'G%'"_s);
-    sample.Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2489) "
-               "INSERT INTO Mevo_Pupils (StudentCode, Surname) SELECT 'P' || i, 'Pupil' FROM n"_s);
-    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }),
-              basics::errors::Subscript_Out_Of_Range);
-    sample.Run(u"DELETE FROM Mevo_Pupils WHERE StudentCode = 'P1'"_s);
-    EXPECT_EQ(test_support::Error_Number([this] { form->Timer1_Timer(); }), 0);
-    EXPECT_EQ(Grid().rowCount(), 2500);
-}
-
 TEST_F(Security_Page, ADatabaseOutOfReachIsAskedAbout) {
     Load();
     sample.Move_Away();
@@ -277,30 +245,6 @@ TEST_F(Security_Page, AGroupsUpdateOverwritesItsMembersAndNobodyElse) {
     EXPECT_NE(Chosen(u"Combo3"_s), u""_s); // the pupil's panel is filled again
 }
 
-TEST_F(Security_Page, AGroupWithoutMembersChangesItsOwnRowAlone) {
-    sample.Run(u"INSERT INTO Mevo_Groups (ID, Group_Name, Show_On_List) VALUES (9, 'Empty', 1)"_s);
-    Open();
-    Choose(u"Combo2"_s, u"Empty"_s);
-    Check(u"Option4"_s);
-    Click(u"HotLabel6"_s);
-    EXPECT_EQ(Changed(), (QStringList{u"Mevo_Groups 6 Dob_as_pw: NULL -> 0"_s,
-                                      u"Mevo_Groups 6 Show_On_List: 1 -> 0"_s}));
-}
-
-TEST_F(Security_Page, TheLastWriteWins) {
-    sample.Run(u"UPDATE Mevo_Pupils SET Show_Name = 1"_s);
-    Open();
-    Choose(u"Combo2"_s, Oak);
-    Check(u"Option4"_s);
-    Click(u"HotLabel6"_s);
-    Choose_Pupil(u"Patel"_s);
-    Type(u"Text2"_s, u"fox"_s);
-    Check(u"Option7"_s);
-    Click(u"HotLabel7"_s);
-    const QString shown = u"SELECT Surname FROM Mevo_Pupils WHERE Group_Class = '%1' AND Show_Name = 1"_s;
-    EXPECT_EQ(sample.Column(shown.arg(Oak)), QStringList{u"Patel"_s});
-}
-
 TEST_F(Security_Page, AnApostropheInTheGroupEndsItsUpdate) {
     Open();
     Choose(u"Combo2"_s, Hara);
@@ -341,15 +285,6 @@ TEST_F(Security_Page, ANameInUseIsRefusedButNotInAnotherCase) {
     Click(u"HotLabel3"_s);
     EXPECT_EQ(Changed(),
               QStringList{u"Mevo_Groups 6: new, Dob_as_pw 0, Group_Name 'reception', Show_On_List 0"_s});
-}
-
-TEST_F(Security_Page, ANameOfApostrophesAloneMakesAGroupWithoutAName) {
-    Open();
-    Type(u"Text4"_s, u"''"_s);
-    Told();
-    Click(u"HotLabel3"_s);
-    Expect_Box(0, Box_Style::Information, u"New Group"_s, u"New Group  has been added"_s);
-    EXPECT_EQ(Changed(), QStringList{u"Mevo_Groups 6: new, Dob_as_pw 0, Group_Name '', Show_On_List 0"_s});
 }
 
 TEST_F(Security_Page, WhatTheColumnsCannotHoldCannotBeTyped) {
@@ -484,18 +419,6 @@ TEST_F(Security_Page, TheDefaultGroupKeepsItsNameAndItsRow) {
 
 // ---- printing
 
-TEST_F(Security_Page, TheSheetIsPrintedAndSaidSo) {
-    Open();
-    Told();
-    Click(u"HotLabel2"_s);
-    ASSERT_EQ(outside.printers.pages.size(), 1);
-    Expect_Box(0, Box_Style::Information, u"Will be printed"_s,
-               u"The Security settings sheet has been sent to your printer"_s);
-    EXPECT_EQ(Grid().PrintHeader,
-              u"/fn\"Arial\"/fz\"14\"/fb1/c"_s + installation.Institution +
-                  u"/n/cQuend Mevo - Security settings for all registered individuals./n"_s);
-}
-
 TEST_F(Security_Page, ACancelledDialogOrABrokenPrinterIsSilent) {
     Open();
     outside.printers.cancelled = true;
@@ -505,34 +428,6 @@ TEST_F(Security_Page, ACancelledDialogOrABrokenPrinterIsSilent) {
     Click(u"HotLabel2"_s);
     EXPECT_TRUE(outside.boxes.shown.isEmpty());
     EXPECT_TRUE(outside.printers.printed.isEmpty());
-}
-
-// ---- around it
-
-TEST_F(Security_Page, HelpFollowsThePointerAndSparesThePanels) {
-    Open();
-    Choose(u"Combo2"_s, Oak);
-    const std::pair<QString, QString> helps[] = {
-        {u"HotLabel6"_s,
-         u"By selecting 'Update' the 'Login List' and 'Date of Birth as password' settings will be updated for ALL individuals who are allocated to the group Class 1 Oak."_s},
-        {u"HotLabel7"_s,
-         u"Select 'Update' to commit any changes you make to the Swith database - take care!"_s},
-        {u"Label4"_s, u"The Group/Class which this individuals is assigned to."_s},
-        {u"Label10"_s, u"Select a group to see or edit its global settings."_s},
-        {u"Label12"_s, u"Select a group to see or edit its global settings."_s}, // has none: the last stays
-        {u"Label1"_s, u"Select whether individuals in Group/Class will appear on the 'Login List'."_s},
-    };
-    for (const auto& [control, help] : helps)
-        EXPECT_EQ(Help_At(control, u"Label8"_s), help) << control.toStdString();
-    QWidget& frame5 = Control(*form, u"Frame5"_s);
-    const QPointF bare(4, frame5.height() - 6);
-    QMouseEvent move(QEvent::MouseMove, bare, frame5.mapToGlobal(bare), Qt::NoButton, Qt::NoButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(&frame5, &move);
-    EXPECT_EQ(Caption(u"Label8"_s),
-              u"An individual's own settings override any Group/Class global settings."_s);
-    Click(u"HotLabel1"_s); // the way back
-    EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
 }
 
 } // namespace pupils

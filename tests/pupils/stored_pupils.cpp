@@ -43,14 +43,4 @@ QStringList Filled_Columns(const Sample_File& sample, const QString& table, cons
     return filled;
 }
 
-QString Everything(const Sample_File& sample) {
-    QString all;
-    for (const QString& table : Data_Tables() + QStringList{u"mevo_pupils"_s})
-        all += sample.Column(u"SELECT studentcode FROM %1 ORDER BY 1"_s.arg(table)).join(u',') + u'\n';
-    all +=
-        sample.Column(u"SELECT surname || forename || ifnull(group_class, '') FROM mevo_pupils ORDER BY 1"_s)
-            .join(u',');
-    return all + u'\n' + sample.Column(u"SELECT group_name FROM mevo_groups ORDER BY 1"_s).join(u',');
-}
-
 } // namespace pupils

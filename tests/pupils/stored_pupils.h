@@ -19,7 +19,4 @@ QString Stored_Pupil(const test_support::Sample_File& sample, const QString& cod
 QStringList Filled_Columns(const test_support::Sample_File& sample, const QString& table,
                            const QString& code);
 
-// The pupils, their data rows and the groups in one text, to tell whether anything has changed.
-QString Everything(const test_support::Sample_File& sample);
-
 } // namespace pupils

@@ -93,15 +93,6 @@ TEST_F(Raw_Tables, AnEndedTestShowsWhatWasNotReached) {
     EXPECT_EQ(At(4, 2), u"2.369"_s);
 }
 
-TEST_F(Raw_Tables, ATableShownTwiceTotalsTheSame) {
-    Show(1);
-    const int total = 3 + (scores.pupils.Test_Age[1][state.Current_Pupil] < 84 ? 10 : 13);
-    const QString errors = At(6, total);
-    EXPECT_FALSE(errors.trimmed().isEmpty());
-    Click(*page, u"BtnEnh11"_s);
-    EXPECT_EQ(At(6, total), errors);
-}
-
 TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
     Set_Age(84);
     QStringList times;
@@ -184,24 +175,4 @@ TEST_F(Raw_Tables, PindoShowsEveryTryAndTheVerdict) {
     EXPECT_EQ(Caption(*page, u"Label17"_s), u"7:03"_s);
     Choose(code);
     EXPECT_EQ(Caption(*page, u"Label16"_s), u""_s);
-}
-
-TEST_F(Raw_Tables, WithoutAMeansRowTheCellsStayBlank) {
-    sample.Run(u"DELETE FROM Mevo_Means"_s);
-    Set_Age(90);
-    Show(6);
-    EXPECT_EQ(At(3, 14), u"Popul'n mean"_s);
-    EXPECT_EQ(At(4, 14), u" "_s);
-    EXPECT_EQ(At(5, 14), u" "_s);
-}
-
-TEST_F(Raw_Tables, OneTableStandsAtATime) {
-    Show(7);
-    Click(*page, u"BtnEnh11"_s);
-    EXPECT_FALSE(Shown(*page, Wide));
-    EXPECT_TRUE(Shown(*page, u"fpSpread2"_s));
-    EXPECT_TRUE(Shown(*page, u"Shape10(0)"_s));
-    Q_EMIT Control<grid::fpSpread>(*page, u"fpSpread2"_s).cellDoubleClicked(2, 2);
-    EXPECT_FALSE(Shown(*page, u"fpSpread2"_s));
-    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
 }

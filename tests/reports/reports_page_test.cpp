@@ -1,7 +1,6 @@
 #include "platform/basics/run_time_error.h"
 #include "reports/reports_page_fixture.h"
 
-#include <QAccessible>
 #include <QPlainTextEdit>
 #include <gtest/gtest.h>
 
@@ -38,31 +37,6 @@ TEST_F(Reports_Page, WithoutAnyResultItSaysSo) {
     Open();
     EXPECT_EQ(Caption(*page, u"Label7"_s), u"No reports are available as yet"_s);
     EXPECT_EQ(Combo().count(), 0);
-}
-
-TEST_F(Reports_Page, TheAgeIsThatOfTheLastTest) {
-    const QString code = Code_Where(All_Normed);
-    sample.Run(
-        u"UPDATE Mevo_Pupils SET Tolvens_age = 0, BliksFriends_age = 62, Karrel_age = 87, BliksLetters_age = "
-        u"61, "
-        "BliksLetterNames_age = 60, Drell_age = 60, Mirvel_age = 60, Yoon_age = 60, Pindo_age = 0 WHERE StudentCode = '"_s +
-        code + u'\'');
-    Open();
-    Choose(code);
-    EXPECT_EQ(state.Pupil_Age_Text, u" 7y  3m"_s);
-}
-
-TEST_F(Reports_Page, BarsAreDrawnOnBothScales) {
-    Open();
-    Choose(Code_Where(All_Normed));
-    page->Show_Centile_Bars({1, 49, 50, 51, 99, 30, 84, 0});
-    EXPECT_EQ(Place(u"Shape1"_s), QRect(14, 396, 64, 4));
-    EXPECT_EQ(Place(u"Shape5"_s), QRect(14 + 4 * 84, 4, 64, 396));
-    page->Show_ZScore_Bars({1, 49, 50, 51, 99, 30, 84, 0});
-    EXPECT_EQ(Place(u"Shape1"_s), QRect(14, 200, 64, 200));
-    EXPECT_EQ(Place(u"Shape2"_s), QRect(14 + 84, 200, 64, 3));
-    EXPECT_EQ(Place(u"Shape4"_s), QRect(14 + 3 * 84, 197, 64, 3));
-    EXPECT_EQ(Place(u"Shape5"_s).top(), 0);
 }
 
 TEST_F(Reports_Page, AStrangeZScoreIsToldAndLeavesTheHeight) {
@@ -188,57 +162,10 @@ TEST_F(Reports_Page, TheChartIsAListInWordsOfWhatItShows) {
     EXPECT_EQ(Shown(*page, u"Image13"_s), friends_ended);
 }
 
-TEST_F(Reports_Page, TheScaleShowsItsOwnCaptions) {
-    Open();
-    EXPECT_EQ(Caption(*page, u"Label9(0)"_s), u"100"_s);
-    EXPECT_EQ(Place(u"Label9(8)"_s).top(), 6480 / 15);
-    EXPECT_TRUE(Shown(*page, u"Label9(4)"_s));
-    EXPECT_FALSE(Shown(*page, u"Label10(0)"_s));
-    page->ShowZScores_Click();
-    EXPECT_FALSE(Shown(*page, u"Label9(4)"_s));
-    EXPECT_TRUE(Shown(*page, u"Label10(0)"_s));
-    EXPECT_EQ(state.Chart_Mode, u"Z"_s);
-    Combo().Set_ListIndex(1); // the next pupil is shown on the same scale
-    EXPECT_EQ(state.Chart_Mode, u"Z"_s);
-}
-
 TEST_F(Reports_Page, AMissingGroundIsTheLoadsOwnError) {
     Open();
     installation.App_Path = sample.Folder();
     EXPECT_THROW(page->ShowWhite_Click(), basics::Run_Time_Error);
-}
-
-TEST_F(Reports_Page, TwoWaysLeadBackFromTheSummary) {
-    Open();
-    page->HotLabel7_Click();
-    EXPECT_TRUE(Shown(*page, u"fpSpread1"_s));
-    EXPECT_FALSE(Shown(*page, u"Picture2"_s));
-    EXPECT_FALSE(Shown(*page, u"BtnEnh11"_s));
-    EXPECT_EQ(Caption(*page, u"Label3"_s), u"Test Summary for "_s + state.Pupil_Name);
-
-    // The chart's entry brings back the scale's captions ...
-    page->HotLabel5_Click();
-    EXPECT_TRUE(Shown(*page, u"Label9(0)"_s));
-    EXPECT_EQ(Caption(*page, u"Label3"_s), u""_s);
-    EXPECT_FALSE(Shown(*page, u"PrintIcon"_s));
-
-    // ... the help line doesn't.
-    page->HotLabel7_Click();
-    page->Label7_Click();
-    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
-    EXPECT_FALSE(Shown(*page, u"Label9(0)"_s));
-    EXPECT_TRUE(Shown(*page, u"PrintIcon"_s));
-    EXPECT_EQ(Caption(*page, u"Label7"_s), u""_s);
-    page->ShowCentiles_Click();
-    EXPECT_TRUE(Shown(*page, u"Label9(0)"_s));
-}
-
-TEST_F(Reports_Page, ADoubleClickClosesTheSummary) {
-    Open();
-    page->HotLabel7_Click();
-    Q_EMIT Control<grid::fpSpread>(*page, u"fpSpread1"_s).cellDoubleClicked(0, 0);
-    EXPECT_FALSE(Shown(*page, u"fpSpread1"_s));
-    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
 }
 
 TEST_F(Reports_Page, ReportsStartFromTheChartOnly) {
@@ -253,16 +180,6 @@ TEST_F(Reports_Page, ReportsStartFromTheChartOnly) {
     EXPECT_EQ(navigator.opened_on_top, (QList{Page_Id::Individual_Report, Page_Id::Batch_Report}));
     page->HotLabel1_Click();
     EXPECT_EQ(navigator.went_to, QList{Page_Id::Main_Menu});
-}
-
-TEST_F(Reports_Page, AnotherPupilLeadsBackToTheChart) {
-    Open();
-    page->HotLabel7_Click();
-    Combo().Set_ListIndex(1);
-    EXPECT_TRUE(Shown(*page, u"Picture2"_s));
-    EXPECT_FALSE(Shown(*page, u"fpSpread1"_s));
-    EXPECT_EQ(Caption(*page, u"Label3"_s), u""_s);
-    EXPECT_TRUE(state.Chart_Replaced);
 }
 
 TEST_F(Reports_Page, ATestNotDoneIsToldSo) {
@@ -324,25 +241,6 @@ TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
     Combo().Set_ListIndex(0);
     Choose(code);
     EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
-}
-
-TEST_F(Reports_Page, InViewingModeCommentsAreLeftAlone) {
-    installation.Viewing_Mode = true;
-    Open();
-    EXPECT_FALSE(Enabled(*page, u"HotLabel3"_s));
-}
-
-TEST_F(Reports_Page, HelpGoesToTheLineBelowTheChart) {
-    Open();
-    Point_At(*page, u"HotLabel2"_s);
-    EXPECT_EQ(Caption(*page, u"Label7"_s),
-              u"Show or hide the bars showing time scores (higher scores are faster)"_s);
-    Point_At(*page, u"BtnEnh19"_s);
-    EXPECT_EQ(Caption(*page, u"Label7"_s), u"Detailed data for Pindo (colour discrimination) test"_s);
-    Point_At(*page, u"Image13"_s);
-    EXPECT_EQ(
-        Caption(*page, u"Label7"_s),
-        u"'T' signifies that 'Bliks Friends' was terminated by permissible human intervention before its normal ending."_s);
 }
 
 TEST_F(Reports_Page, AMissingNormTableMeetsTheBox) {

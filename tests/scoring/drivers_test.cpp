@@ -43,17 +43,6 @@ TEST_F(Drivers, ATestNotCompletedIsPassedOverButKeepsItsSlot) {
         EXPECT_EQ(data.scores.Raw_Centile[t], t == Drell ? 9 : 0) << t;
 }
 
-TEST_F(Drivers, TheStripGrowsWithEveryTestTakenOrNot) {
-    QList<int> widths;
-    const Progress_Strip strip = [&](int width) { widths.append(width); };
-    const QList<int> full = {120, 240, 360, 480, 600, 720, 840, 960};
-    Score_All_Tests(1, strip, pass);
-    EXPECT_EQ(widths, full);
-    widths.clear();
-    Compute_Raw_Scores_Times(1, strip, pass);
-    EXPECT_EQ(widths, full + QList<int>{1});
-}
-
 TEST_F(Drivers, ClearingTakesTheCentilesAndLeavesTheScores) {
     Completed(Drell, 1);
     Tries(1, 7);

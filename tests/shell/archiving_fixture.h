@@ -45,22 +45,6 @@ private:
     database::Safe_Copies real;
 };
 
-// Converts as the program does, and tells what the page shows while it works.
-class Older_Files_Seen final : public conversion::Older_Files {
-public:
-    bool Is_One(const QString& file) override { return real.Is_One(file); }
-    void Convert(const QString& file, const QString& copy, const conversion::Watcher& watcher) override {
-        real.Convert(file, copy, [&](const conversion::Progress& progress) {
-            watcher(progress);
-            if (meanwhile) meanwhile(progress);
-        });
-    }
-    std::function<void(const conversion::Progress&)> meanwhile;
-
-private:
-    conversion::Jet_Files real;
-};
-
 class Archiving : public testing::Test {
 protected:
     Archiving() : installation(working.Installed()) {
@@ -140,7 +124,7 @@ protected:
     foundation::Installation installation;
     Menu_Counts counts;
     Copies_That_May_Fail copies;
-    Older_Files_Seen older_files;
+    conversion::Jet_Files older_files;
     std::unique_ptr<Form60> page;
 };
 

@@ -2,8 +2,6 @@
 #include "conversion/plain_database.h"
 #include "shell/archiving_fixture.h"
 
-#include <QProgressBar>
-
 using namespace Qt::StringLiterals;
 using namespace test_support;
 
@@ -57,18 +55,6 @@ TEST_F(Older_Archive, IsLoadedAsItsConvertedCopy) {
     EXPECT_EQ(Bytes_Of(file), Bytes_Of(Test_Data(u"jet4-data.mdb"_s)));
 }
 
-TEST_F(Older_Archive, FromBeforeGroupsIsUpgradedAsAnyOther) {
-    Put(u"jet4-before-5.1.mdb"_s);
-    Open();
-    View(file, {Answer::Yes, Answer::Yes, Answer::Ok, Answer::Ok});
-    EXPECT_EQ(outside.boxes.Titles().mid(0, 2),
-              (QStringList{u"Older file format"_s, u"Older archive type"_s}));
-    EXPECT_TRUE(installation.Viewing_Mode);
-    EXPECT_EQ(
-        Database_Beside(copy).Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Group_Class = 'Universal'"_s),
-        u"40"_s);
-}
-
 TEST_F(Older_Archive, NoStopsWithoutAWord) {
     Open();
     View(file, {Answer::No});
@@ -79,23 +65,6 @@ TEST_F(Older_Archive, NoStopsWithoutAWord) {
     EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
     EXPECT_EQ(Working(Count), u"12"_s);
     EXPECT_EQ(Archives(), QStringList{u"spring.2009.mdb"_s});
-}
-
-TEST_F(Older_Archive, TheBarRisesWhileTheCopyIsMade) {
-    Open();
-    int seen = 0;
-    older_files.meanwhile = [&](const conversion::Progress& progress) {
-        const auto* bar = page->findChild<QProgressBar*>(u"pbrConversion"_s);
-        EXPECT_TRUE(bar->isVisible());
-        EXPECT_EQ(bar->value(),
-                  progress.of_rows == 0 ? 0 : progress.rows * bar->maximum() / progress.of_rows);
-        EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Hourglass);
-        seen = bar->value();
-    };
-    View(file, {Answer::Yes, Answer::Ok});
-    EXPECT_EQ(seen, 1000);
-    EXPECT_FALSE(Shown(*page, u"pbrConversion"_s));
-    EXPECT_FALSE(Shown(*page, u"pbrProgressBar"_s)); // is for saving, and nothing drives it
 }
 
 TEST_F(Older_Archive, ThatCantBeConvertedIsToldAndChangesNothing) {

@@ -47,16 +47,6 @@ const QString No_Results =
 
 } // namespace
 
-TEST_F(Main_Menu, OffersEverythingOnAWorkingDatabase) {
-    Open();
-    EXPECT_EQ(Greyed(), QStringList{});
-    EXPECT_FALSE(Shown(*menu, u"Label5"_s));
-    EXPECT_EQ(Caption(*menu, u"Label4"_s), u""_s);
-    EXPECT_EQ(Caption(*menu, u"Label6"_s), u"15/06/2026"_s);
-    Point_At(*menu, u"Label3"_s);
-    EXPECT_EQ(Caption(*menu, u"Label3"_s), u"Number of pupils registered: 12"_s);
-}
-
 TEST_F(Main_Menu, GreysByTheCountsAndTheModeOfUse) {
     const QStringList without_pupils{u"Delete individuals"_s, u"Fine tuning"_s, u"Reports"_s, u"Security"_s};
     QStringList viewing_nobody{u"Delete individuals"_s,
@@ -82,27 +72,6 @@ TEST_F(Main_Menu, GreysByTheCountsAndTheModeOfUse) {
     Open();
     EXPECT_EQ(Greyed(), viewing_nobody);
     EXPECT_TRUE(Shown(*menu, u"Label5"_s));
-}
-
-TEST_F(Main_Menu, ViewingModeLeavesWhatOnlyReads) {
-    installation.Viewing_Mode = true;
-    Open();
-    EXPECT_EQ(Greyed(), (QStringList{u"Delete individuals"_s, u"Fine tuning"_s, u"Import from file"_s,
-                                     u"Register individuals"_s, u"Security"_s, u"Settings"_s}));
-}
-
-TEST_F(Main_Menu, CountsEachTimeItLoads) {
-    Open();
-    EXPECT_EQ(counts.Number_Of_Students.As_Integer(), 12);
-    const int with_results =
-        sample
-            .Value(u"SELECT count(*) FROM Mevo_Pupils WHERE Tolvens + BliksFriends + Karrel + BliksLetters "
-                   "+ BliksLetterNames + Drell + Mirvel + Yoon > 0"_s)
-            .toInt();
-    EXPECT_EQ(counts.Number_With_Results, with_results);
-    sample.Run(u"DELETE FROM Mevo_Pupils WHERE rowid % 2"_s);
-    Open();
-    EXPECT_EQ(counts.Number_Of_Students.As_Integer(), 6);
 }
 
 TEST_F(Main_Menu, AFailingResultCountIsSilentAndKeepsTheOldOne) {
@@ -132,18 +101,6 @@ TEST_F(Main_Menu, TheHelpLineFollowsThePointer) {
                      Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(menu.get(), &bare);
     EXPECT_EQ(Caption(*menu, u"Label3"_s), u""_s);
-}
-
-TEST_F(Main_Menu, EntriesLeadToTheirPages) {
-    Open();
-    for (const QString& entry : {u"HotLabel1"_s, u"HotLabel2"_s, u"HotLabel3"_s, u"HotLabel4"_s,
-                                 u"HotLabel5"_s, u"HotLabel8"_s, u"HotLabel14"_s})
-        Click(*menu, entry);
-    EXPECT_EQ(navigator.went_to, (QList{Page_Id::Reports, Page_Id::Import, Page_Id::Delete, Page_Id::Register,
-                                        Page_Id::Fine_Tuning, Page_Id::Archiving, Page_Id::Security}));
-    Click(*menu, u"HotLabel6"_s);
-    Click(*menu, u"HotLabel7"_s);
-    EXPECT_EQ(navigator.opened_on_top, (QList{Page_Id::Settings, Page_Id::Testing_Progress}));
 }
 
 TEST_F(Main_Menu, QuitHandsOverToTheShell) {
@@ -205,12 +162,6 @@ TEST_F(Main_Menu, ManualsOpenInTheirOwnFolderOrFailAsTold) {
     }
     outside.documents.result = -5; // negative is success
     EXPECT_NO_THROW(menu->HotLabel12_Click());
-}
-
-TEST_F(Main_Menu, StandsInTheMiddleWhateverTheScreen) {
-    Open();
-    EXPECT_EQ(Control(*menu, u"Frame1"_s).pos(), QPoint((1366 - 1000) / 2, (768 - 632) / 2));
-    EXPECT_EQ(Page::Centred({800, 600}, {1001, 640}), QPointF(-100.5, -20));
 }
 
 TEST_F(Main_Menu, AMissingDatabaseMeetsTheBoxAndAbortEnds) {

@@ -143,18 +143,6 @@ TEST_F(Host, TheWindowBearsThePagesCaptionAndItsCloseMarkLeavesThePage) {
     EXPECT_EQ(host.windowTitle(), u"Registering"_s);
 }
 
-TEST(HotLabelKeys, ReturnAndSpaceClickIt) {
-    HotLabel label(u"HotLabel1"_s, u"Save"_s, nullptr);
-    int clicks = 0;
-    QObject::connect(&label, &HotLabel::clicked, [&] { ++clicks; });
-    QTest::keyClick(&label, Qt::Key_Return);
-    QTest::keyClick(&label, Qt::Key_Space);
-    EXPECT_EQ(clicks, 2);
-    label.setEnabled(false);
-    QTest::keyClick(&label, Qt::Key_Return);
-    EXPECT_EQ(clicks, 2);
-}
-
 TEST(ClickCombo, ASelectionByProgramRaisesClickEvenIfItIsTheSame) {
     Click_Combo combo(u"Combo1"_s, nullptr);
     combo.AddItem(u"one"_s);

@@ -4,7 +4,6 @@
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
 
-#include <QElapsedTimer>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -80,28 +79,6 @@ TEST_F(Testing_Progress, MarksEachTestByItsOwnStatus) {
     }
 }
 
-TEST_F(Testing_Progress, AnyStatusAboveZeroIsDone) {
-    const std::pair<QString, QString> cases[] = {
-        {u"0"_s, u"-"_s}, {u"1"_s, u"Yes"_s}, {u"2"_s, u"Yes"_s}, {u"-1"_s, u"-"_s}, {u"NULL"_s, u"-"_s}};
-    int row = 0;
-    for (const auto& [status, mark] : cases)
-        Register(u"'%1', %2"_s.arg(++row).arg(status), u"Surname, Karrel"_s);
-    Open();
-    row = 0;
-    for (const auto& [status, mark] : cases)
-        EXPECT_EQ(Grid().Text(6, ++row), mark) << status.toStdString();
-}
-
-TEST_F(Testing_Progress, DoneAndNotDoneLookDifferent) {
-    Register(u"'A', 'Adams', 1, 0"_s, u"StudentCode, Surname, Tolvens, Karrel"_s);
-    Open();
-    const QImage picture = Grid().viewport()->grab().toImage();
-    const auto ground = [&](int column) {
-        return picture.pixelColor(Grid().visualItemRect(Grid().item(0, column - 1)).topLeft() + QPoint(3, 3));
-    };
-    EXPECT_NE(ground(4), ground(6));
-}
-
 TEST_F(Testing_Progress, NobodyRegisteredIsAnEmptyGridThatStillPrints) {
     Open();
     EXPECT_EQ(Grid().rowCount(), 0);
@@ -109,43 +86,6 @@ TEST_F(Testing_Progress, NobodyRegisteredIsAnEmptyGridThatStillPrints) {
     outside.boxes.Will_Answer(Answer::Ok);
     Click(*page, u"HotLabel2"_s);
     EXPECT_EQ(outside.printers.pages.size(), 1);
-}
-
-TEST_F(Testing_Progress, AWholeSchoolFillsAtOnceAndPrintsEachPupil) {
-    sample.Run(
-        u"INSERT INTO Mevo_Pupils (StudentCode, Surname, Forename, DOB, Tolvens) "
-        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2500) "
-        u"SELECT printf('CODE%08d', i), printf('Surname%04d', i), 'Forename', '01/02/2019', i % 2 FROM n"_s);
-    QElapsedTimer clock;
-    clock.start();
-    Open();
-    EXPECT_LT(clock.elapsed(),
-              5000); // it takes a tenth of a second; a wait grows with the square of the rows
-    EXPECT_EQ(Grid().rowCount(), 2500);
-    EXPECT_EQ(Row(2500).mid(0, 4),
-              (QStringList{u"CODE00002500"_s, u"Surname2500 Forename"_s, u"01/02/2019"_s, u"-"_s}));
-    EXPECT_EQ(Caption(*page, u"Label5"_s), u"2500 individuals are registered"_s);
-
-    Grid().PrintColHeaders = true;
-    Grid().PrintRowHeaders = false;
-    int pupils = 0;
-    for (const grid::Sheet& sheet : grid::Lay_Out_Sheets(Grid().Printed()))
-        for (const grid::Placed_Text& text : sheet.texts)
-            pupils += text.text.startsWith(u"CODE"_s);
-    EXPECT_EQ(pupils, 2500);
-}
-
-TEST_F(Testing_Progress, CodesDatesAndHeadingsArePrintedOnOneLine) {
-    Register(u"'MURMAY407WGZ', 'Murphy', 'Maya', '22/10/2021'"_s);
-    Open();
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(*page, u"HotLabel2"_s);
-    const std::vector<grid::Sheet> sheets = grid::Lay_Out_Sheets(Grid().Printed());
-    QStringList printed;
-    for (const grid::Placed_Text& text : sheets[0].texts)
-        printed.append(text.text);
-    for (const QString& whole : Row(0) + Row(1))
-        EXPECT_TRUE(printed.contains(whole)) << whole.toStdString();
 }
 
 TEST_F(Testing_Progress, PrintsAsKindOneAndSaysSo) {
@@ -175,15 +115,6 @@ TEST_F(Testing_Progress, ACancelledDialogAndAFaultyPrinterSayNothing) {
     EXPECT_EQ(outside.printers.printed.size(), 1);
 }
 
-TEST_F(Testing_Progress, APdfIsNotCalledAPrinter) {
-    Open();
-    outside.printers.says_pdf = u"/archives/progress.pdf"_s;
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(*page, u"HotLabel2"_s);
-    ASSERT_EQ(outside.boxes.shown.size(), 1);
-    EXPECT_TRUE(outside.boxes.shown[0].text.contains(u"/archives/progress.pdf"_s));
-}
-
 TEST_F(Testing_Progress, FillsOnceThePageHasBeenSeenAndMenuOnlyClosesIt) {
     Register(u"'A', 'Adams', 'Ann', NULL"_s);
     page = std::make_unique<Form14>(outside.platform, navigator, installation);
@@ -200,27 +131,4 @@ TEST_F(Testing_Progress, AMissingDatabaseMeetsTheBoxAndAbortEnds) {
     outside.boxes.Will_Answer(Answer::Abort);
     EXPECT_THROW(Open(), Program_Ended);
     EXPECT_EQ(outside.boxes.Titles(), QStringList{u"Error Information: ado_Open"_s});
-}
-
-TEST_F(Testing_Progress, FitsACommonScreenWithoutCrowding) {
-    Register(u"'A', 'Adams', 'Ann', NULL"_s);
-    Open();
-    const QWidget& frame = Control(*page, u"Frame1"_s);
-    EXPECT_TRUE(page->rect().contains(frame.geometry()));
-    QList<QRect> taken;
-    for (const QString& name :
-         {u"Label4"_s, u"Label3"_s, u"Label5"_s, u"Spread1"_s, u"HotLabel1"_s, u"HotLabel2"_s}) {
-        const QWidget& control = Control(*page, name);
-        EXPECT_TRUE(frame.rect().contains(control.geometry())) << name.toStdString();
-        EXPECT_GE(control.width(), control.sizeHint().width() * (name == u"Spread1"_s ? 0 : 1))
-            << name.toStdString();
-        for (const QRect& other : taken)
-            EXPECT_FALSE(control.geometry().intersects(other)) << name.toStdString();
-        taken.append(control.geometry());
-    }
-    EXPECT_EQ(Caption(*page, u"Label4"_s), u"Testing progress for all registered individuals"_s);
-    int columns = 0;
-    for (int column = 0; column < Grid().columnCount(); ++column)
-        columns += Grid().columnWidth(column);
-    EXPECT_LE(columns, Grid().viewport()->width()); // nothing to scroll sideways
 }

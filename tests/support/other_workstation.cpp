@@ -1,54 +1,10 @@
 #include "support/other_workstation.h"
 
-#include <memory>
-#include <sqlite3.h>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
 namespace test_support {
-namespace {
-
-struct Closer {
-    void operator()(sqlite3* engine) const { sqlite3_close(engine); }
-};
-
-} // namespace
-
-static QString First_Cell(sqlite3* engine, const QString& sql) {
-    sqlite3_stmt* statement = nullptr;
-    QString cell = u"NULL"_s;
-    bool first = true;
-    int result = sqlite3_prepare_v2(engine, sql.toUtf8().constData(), -1, &statement, nullptr);
-    while (result == SQLITE_OK || result == SQLITE_ROW) {
-        result = sqlite3_step(statement);
-        if (result != SQLITE_ROW || !first) continue;
-        first = false;
-        if (const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)))
-            cell = QString::fromUtf8(text);
-    }
-    const std::string message = sqlite3_errmsg(engine);
-    sqlite3_finalize(statement);
-    if (result != SQLITE_DONE) throw std::runtime_error(sql.toStdString() + ": " + message);
-    return cell;
-}
-
-static std::unique_ptr<sqlite3, Closer> Opened(const QString& file) {
-    sqlite3* engine = nullptr;
-    sqlite3_open_v2(file.toUtf8().constData(), &engine, SQLITE_OPEN_READWRITE, nullptr);
-    return std::unique_ptr<sqlite3, Closer>(engine);
-}
-
-void Database_Beside::Run(const QStringList& statements) const {
-    const auto engine = Opened(file);
-    for (const QString& statement : statements)
-        First_Cell(engine.get(), statement);
-}
-
-QString Database_Beside::Value(const QString& sql) const {
-    return First_Cell(Opened(file).get(), sql);
-}
-
 Other_Workstation::Other_Workstation(const QString& file) {
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(QStringLiteral(MEVO_OTHER_WORKSTATION), {file});

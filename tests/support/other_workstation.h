@@ -1,21 +1,12 @@
 #pragma once
 
+#include "support/database_beside.h"
+
 #include <QProcess>
 #include <QString>
 #include <QStringList>
 
 namespace test_support {
-
-// Plain SQLite access to a file that isn't a test's sample. Each throws what the engine says.
-class Database_Beside {
-public:
-    explicit Database_Beside(QString file) : file(std::move(file)) {}
-    void Run(const QStringList& statements) const; // through one connection
-    QString Value(const QString& sql) const;       // the first cell as text; "NULL" for none
-
-private:
-    QString file;
-};
 
 // A process of its own that has the file open, as a test module on another machine has.
 class Other_Workstation {

@@ -1,24 +1,19 @@
 #include "support/sample_file.h"
 
 #include "sampledb/sample_data.h"
+#include "support/database_beside.h"
 #include "support/files.h"
 #include "support/other_workstation.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <memory>
-#include <sqlite3.h>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
 namespace test_support {
 namespace {
-
-struct Closer {
-    void operator()(sqlite3* engine) const { sqlite3_close(engine); }
-};
 
 // Test programs run side by side, and each case is a process: the sample is made in one rename.
 QString Sample_Of(int pupils) {
@@ -34,10 +29,6 @@ QString Sample_Of(int pupils) {
         QFile::rename(file + u'.' + QString::number(QCoreApplication::applicationPid()), file);
     }
     return file;
-}
-
-[[noreturn]] void Fail(sqlite3* engine, const QString& sql) {
-    throw std::runtime_error(sql.toStdString() + ": " + sqlite3_errmsg(engine));
 }
 
 } // namespace
@@ -58,21 +49,7 @@ foundation::Installation Sample_File::Installed() const {
 }
 
 QStringList Sample_File::Column(const QString& sql) const {
-    sqlite3* opened = nullptr;
-    sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-    const std::unique_ptr<sqlite3, Closer> engine(opened);
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(opened, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
-        Fail(opened, sql);
-    QStringList column;
-    int step;
-    while ((step = sqlite3_step(statement)) == SQLITE_ROW) {
-        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
-        column.append(text ? QString::fromUtf8(text) : u"NULL"_s);
-    }
-    sqlite3_finalize(statement);
-    if (step != SQLITE_DONE) Fail(opened, sql);
-    return column;
+    return Database_Beside(path).Column(sql);
 }
 
 void Sample_File::Run(const QString& sql) const {

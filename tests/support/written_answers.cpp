@@ -2,11 +2,9 @@
 
 #include "foundation/schema.h"
 #include "platform/basics/dates.h"
+#include "support/database_beside.h"
 
 #include <algorithm>
-#include <memory>
-#include <sqlite3.h>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -14,33 +12,11 @@ namespace test_support {
 
 using test_player::Stored_Answers;
 
-namespace {
-
-struct Closer {
-    void operator()(sqlite3* engine) const { sqlite3_close(engine); }
-};
-
-} // namespace
-
-static QList<QVariantList> Rows_Of(sqlite3* engine, const QStringList& columns, const QString& table) {
-    const QString sql = u"SELECT \"%1\" FROM %2"_s.arg(columns.join(u"\", \""_s), table);
-    sqlite3_stmt* statement = nullptr;
-    int step = sqlite3_prepare_v2(engine, sql.toUtf8().constData(), -1, &statement, nullptr);
-    QList<QVariantList> rows;
-    while (step == SQLITE_OK || step == SQLITE_ROW) {
-        step = sqlite3_step(statement);
-        if (step != SQLITE_ROW) break;
-        QVariantList row;
-        for (int column = 0; column < columns.size(); ++column) {
-            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-            row.append(text ? QVariant(QString::fromUtf8(text)) : QVariant());
-        }
-        rows.append(row);
-    }
-    const std::string message = sqlite3_errmsg(engine);
-    sqlite3_finalize(statement);
-    if (step != SQLITE_DONE) throw std::runtime_error(sql.left(60).toStdString() + ": " + message);
-    return rows;
+static QVariantList Answers_In(const QStringList& row) {
+    QVariantList answers;
+    for (const QString& text : row.mid(1))
+        answers.append(text.isNull() ? QVariant() : QVariant(text));
+    return answers;
 }
 
 void PrintTo(const Answer_Cell& cell, std::ostream* out) {
@@ -50,22 +26,20 @@ void PrintTo(const Answer_Cell& cell, std::ostream* out) {
 
 Answers_In_A_File Read_Answers(const QString& file) {
     constexpr int longest_wait_ms = 15'000;
-    sqlite3* opened = nullptr;
-    sqlite3_open_v2(file.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-    const std::unique_ptr<sqlite3, Closer> engine(opened);
-    sqlite3_busy_timeout(opened, longest_wait_ms);
-    sqlite3_exec(opened, "BEGIN", nullptr, nullptr, nullptr); // all tables as they are at one moment
+    const Database_Beside database(file, longest_wait_ms);
+    database.Run({u"BEGIN"_s}); // all tables as they are at one moment
     Answers_In_A_File found;
     const auto& tests = foundation::Tests_In_Order();
     for (int test = 0; test < tests.size(); ++test) {
         const QString& status = tests[test].status;
-        for (const QVariantList& row :
-             Rows_Of(opened, {u"StudentCode"_s, status, status + u"_date"_s}, u"Mevo_Pupils"_s))
-            found[{row[0].toString(), test}] = {{}, row[1].toString(), row[2].toString()};
+        for (const QStringList& row :
+             database.Rows(u"SELECT StudentCode, %1, %1_date FROM Mevo_Pupils"_s.arg(status)))
+            found[{row[0], test}] = {{}, row[1], row[2]};
         const QStringList columns = QStringList{u"StudentCode"_s} + test_player::Answer_Columns(test);
-        for (const QVariantList& row : Rows_Of(opened, columns, tests[test].data_table)) {
-            const auto cell = found.find({row[0].toString(), test});
-            if (cell != found.end()) cell->digest = test_player::Digest_Of(row.mid(1));
+        for (const QStringList& row : database.Rows(
+                 u"SELECT \"%1\" FROM %2"_s.arg(columns.join(u"\", \""_s), tests[test].data_table))) {
+            const auto cell = found.find({row[0], test});
+            if (cell != found.end()) cell->digest = test_player::Digest_Of(Answers_In(row));
         }
     }
     return found;

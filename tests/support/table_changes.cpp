@@ -1,10 +1,8 @@
-#include "pupils/table_changes.h"
+#include "support/table_changes.h"
 
 using namespace Qt::StringLiterals;
 
-namespace pupils {
-
-using test_support::Sample_File;
+namespace test_support {
 
 constexpr QChar Divider(0x1F);
 
@@ -55,4 +53,4 @@ QStringList Changes(const Table_Rows& before, const Table_Rows& after) {
     return changes;
 }
 
-} // namespace pupils
+} // namespace test_support

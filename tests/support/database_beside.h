@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+struct sqlite3;
+
+namespace test_support {
+
+// A database as any SQLite program reads it, past the program's own layers: one connection for as long as
+// this lives. Each call throws what the engine says.
+class Database_Beside {
+public:
+    explicit Database_Beside(const QString& file, int longest_wait_ms = 0);
+
+    QList<QStringList> Rows(const QString& sql) const; // a null text stands for NULL
+    QStringList Column(const QString& sql) const;      // the first column; "NULL" for none
+    QString Value(const QString& sql) const;           // the first cell; "NULL" for none, also without a row
+    void Run(const QStringList& statements) const;
+
+private:
+    std::unique_ptr<sqlite3, int (*)(sqlite3*)> engine;
+};
+
+} // namespace test_support
