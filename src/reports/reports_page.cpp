@@ -6,7 +6,7 @@
 #include "reports/state/pupil_comment.h"
 #include "scoring/chosen_pupil.h"
 #include "scoring/pindo.h"
-#include "scoring/raw_tables.h"
+#include "scoring/tables/raw_tables.h"
 #include "scoring/score_conversion.h"
 #include "scoring/summary_table.h"
 

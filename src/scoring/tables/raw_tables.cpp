@@ -1,4 +1,4 @@
-#include "scoring/raw_tables.h"
+#include "scoring/tables/raw_tables.h"
 
 #include "platform/basics/number_text.h"
 #include "scoring/list_items.h"
