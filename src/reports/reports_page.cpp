@@ -6,9 +6,10 @@
 #include "reports/state/pupil_comment.h"
 #include "scoring/chosen_pupil.h"
 #include "scoring/pindo.h"
-#include "scoring/tables/raw_tables.h"
 #include "scoring/score_conversion.h"
 #include "scoring/summary_table.h"
+#include "scoring/tables/raw_tables.h"
+#include "shell/conventions/comment_dialog.h"
 
 using namespace Qt::StringLiterals;
 
@@ -432,7 +433,7 @@ void Form30::HotLabel2_Click() {
 
 void Form30::HotLabel3_Click() {
     state.comment.Comment_Changed = false;
-    shell::Form11 dialog(platform, state.comment);
+    shell::Form11 dialog(platform, state.comment.Pupil_Comment, state.comment.Comment_Changed);
     platform.dialogs.Show(dialog);
     if (state.comment.Comment_Changed)
         Save_Comment(state.Current_Pupil, pupils, installation, holder, state.comment);

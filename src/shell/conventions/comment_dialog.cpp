@@ -13,12 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
-    : comment(comment), Text1(new QPlainTextEdit) {
+Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comment_Changed)
+    : Pupil_Comment(Pupil_Comment), Comment_Changed(Comment_Changed), Text1(new QPlainTextEdit) {
     setObjectName(u"Form11"_s);
     setWindowTitle(u"Administrator's Optional Comment Field"_s);
     resize(640, 420);
-    comment.Comment_Changed = false;
+    Comment_Changed = false;
 
     auto* label1 = Make_Label(
         u"Label1"_s,
@@ -67,14 +67,14 @@ void Form11::HotLabel1_Click() {
     // The field turns the line ends of older files into its own; a comment that nobody touched stays as
     // stored.
     if (Text1->toPlainText() != as_shown) {
-        comment.Comment_Changed = true;
-        comment.Pupil_Comment = Text1->toPlainText();
+        Comment_Changed = true;
+        Pupil_Comment = Text1->toPlainText();
     }
     accept();
 }
 
 void Form11::HotLabel2_Click() {
-    Text1->setPlainText(comment.Pupil_Comment);
+    Text1->setPlainText(Pupil_Comment);
 }
 
 void Form11::HotLabel3_Click() {
