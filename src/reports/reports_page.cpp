@@ -4,7 +4,6 @@
 #include "printing/print_table.h"
 #include "printing/printer_errors.h"
 #include "reports/state/pupil_comment.h"
-#include "scoring/chosen_pupil.h"
 #include "scoring/pindo.h"
 #include "scoring/score_conversion.h"
 #include "scoring/summary_table.h"

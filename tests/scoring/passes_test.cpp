@@ -2,7 +2,6 @@
 #include "scoring/scoring_bench.h"
 #include "scoring/sequence_tests.h"
 #include "scoring/single_answer_tests.h"
-#include "scoring/tolvens.h"
 
 using namespace Qt::StringLiterals;
 using namespace scoring;

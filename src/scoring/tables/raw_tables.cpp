@@ -3,7 +3,6 @@
 #include "platform/basics/number_text.h"
 #include "scoring/list_items.h"
 #include "scoring/passing_over_errors.h"
-#include "scoring/population_means.h"
 #include "scoring/test_pass.h"
 
 #include <functional>
