@@ -16,18 +16,13 @@ struct Test_Case {
     int t;
     Pass score;
     Pass time;
-    QString joined_prefix;
 };
 
 const Test_Case Normed[] = {
-    {Tolvens, Score_Tolvens, Time_Tolvens, {}},
-    {Bliks_Friends, Score_BliksFriends, Time_BliksFriends, {}},
-    {Karrel, Score_Karrel, Time_Karrel, u"karrel_"_s},
-    {Bliks_Letters, Score_BliksLetters, Time_BliksLetters, {}},
-    {Letter_Names, Score_BLN, Time_BLN, u"bln_"_s},
-    {Drell, Score_Drell, Time_Drell, u"drell_"_s},
-    {Mirvel, Score_Mirvel, Time_Mirvel, u"mirvel_"_s},
-    {Yoon, Score_Yoon, Time_Yoon, u"yoon_"_s},
+    {Tolvens, Score_Tolvens, Time_Tolvens}, {Bliks_Friends, Score_BliksFriends, Time_BliksFriends},
+    {Karrel, Score_Karrel, Time_Karrel},    {Bliks_Letters, Score_BliksLetters, Time_BliksLetters},
+    {Letter_Names, Score_BLN, Time_BLN},    {Drell, Score_Drell, Time_Drell},
+    {Mirvel, Score_Mirvel, Time_Mirvel},    {Yoon, Score_Yoon, Time_Yoon},
 };
 
 constexpr int Younger = 83;
@@ -77,41 +72,6 @@ TEST_F(Passes, TheAgeAtTheTestItselfSelectsTheNorms) {
     Score_All_Tests(1, {}, pass);
     EXPECT_EQ(data.scores.Raw_Centile[Tolvens], 44);
     EXPECT_EQ(data.scores.Raw_Centile[Yoon], 88);
-}
-
-// A caller's row that joins several tests: other column names, and no more columns than these.
-TEST_F(Passes, AJoinedRowIsReadByItsPrefixedNames) {
-    for (const Test_Case& test : Normed) {
-        SCOPED_TRACE(test.t);
-        const Test_Entry& entry = Test_At(test.t);
-        List(test.t, 1, 60);
-        Put(test.t, 1, 0, {u"'cap'"_s, u"'cap'"_s, u"2000"_s});
-        const bool named_singly = test.t == Letter_Names || test.t == Yoon;
-        QStringList columns;
-        for (const Item_Field field : entry.Fields) {
-            const bool answer =
-                field == Item_Field::Requested || field == Item_Field::Chosen || field == Item_Field::Time;
-            if (named_singly && !answer) continue;
-            for (int i = 1; i <= entry.Items; ++i) {
-                const QString column = entry.Own_Row.Names(field).at(i - 1);
-                columns.append(column + u" AS "_s + test.joined_prefix + column.toLower());
-            }
-        }
-        foundation::Access_Holder callers(desktop.platform);
-        callers.ado_Open(installation.Connection_String,
-                         u"SELECT %1 FROM %2 WHERE StudentCode = '%3'"_s.arg(
-                             columns.join(u", "_s), entry.Data_Table, data.pupils.Student_Code[1]),
-                         u"ReadOnly"_s);
-        data.pupils.Student_Code[2] = u"nobody"_s; // whose own row could not be read
-        data.scores.Current_Test = test.t;
-        List(test.t, 2, 60);
-        test.score(2, &callers.Rows(), pass);
-        test.time(2, &callers.Rows(), pass);
-        const int items = test.t == Mirvel ? 8 : entry.Items;
-        EXPECT_EQ(data.scores.Raw_Score[test.t].As_Integer(), items);
-        EXPECT_EQ(data.items[test.t].Mean_Time, 2000);
-        EXPECT_TRUE(data.items[test.t].RepeatCount.Is_Empty());
-    }
 }
 
 TEST_F(Passes, RepeatsAndPausesComeFromTheRow) {
