@@ -5,6 +5,7 @@
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/wait_pointer.h"
 
 #include <QProgressBar>
 #include <algorithm>
@@ -15,7 +16,6 @@ namespace shell {
 
 using desktop::Answer;
 using desktop::Box_Style;
-using desktop::Pointer_Shape;
 
 namespace {
 
@@ -25,20 +25,6 @@ constexpr int Column_Width = 452;
 constexpr int Whole_Width = 920;
 
 const QString No_Choice = u"*.mdb"_s; // what an Open dialog's file name is until a file is chosen
-
-// A database in use is waited for, and a file on a share takes its time.
-class Busy_Pointer {
-public:
-    explicit Busy_Pointer(desktop::Platform& platform) : platform(platform) {
-        platform.pointer.Set(Pointer_Shape::Hourglass);
-    }
-    ~Busy_Pointer() { platform.pointer.Set(Pointer_Shape::Default); }
-    Busy_Pointer(const Busy_Pointer&) = delete;
-    Busy_Pointer& operator=(const Busy_Pointer&) = delete;
-
-private:
-    desktop::Platform& platform;
-};
 
 } // namespace
 
@@ -171,7 +157,7 @@ QString Form60::Converted_Copy(const QString& file) {
     const QString copy = conversion::Converted_Name(file);
     QString why_not;
     {
-        const Busy_Pointer busy(platform);
+        const desktop::Wait_Pointer busy(platform.pointer);
         try {
             older_files.Convert(basics::Native_Path(file), basics::Native_Path(copy),
                                 [this](const conversion::Progress& progress) { Show_Progress(progress); });
@@ -228,7 +214,7 @@ void Form60::HotLabel2_Click() {
 
 void Form60::Save_As(const QString& file) {
     {
-        const Busy_Pointer busy(platform);
+        const desktop::Wait_Pointer busy(platform.pointer);
         holder.Let_Go();
         copies.Copy(installation.Database_Path, file);
     }
@@ -261,7 +247,7 @@ bool Form60::Password_Accepted(Wrong_Password wrong) {
 }
 
 void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
-    const Busy_Pointer busy(platform);
+    const desktop::Wait_Pointer busy(platform.pointer);
     holder.Let_Go();
     copies.Replace({source,
                     installation.Database_Path,
