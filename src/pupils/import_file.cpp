@@ -1,9 +1,9 @@
 #include "pupils/import_file.h"
 
+#include "platform/basics/code_page.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
-#include "pupils/code_page.h"
 #include "pupils/pupil_fields.h"
 
 #include <QDate>
@@ -60,7 +60,7 @@ QString Decoded_Import_Text(const QByteArray& bytes) {
     const QByteArray mark = "\xEF\xBB\xBF";
     if (bytes.startsWith(mark)) return QString::fromUtf8(bytes.sliced(mark.size()));
     // Plain ASCII reads the same either way.
-    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : From_Code_Page(bytes);
+    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : basics::From_Code_Page(bytes);
 }
 
 QStringView Line_Reader::Next_Line() {
