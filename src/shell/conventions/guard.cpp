@@ -7,9 +7,10 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-[[noreturn]] static void End_With(desktop::Platform& platform, const QString& description) {
+[[noreturn]] static void End_With(desktop::Platform& platform, int number, const QString& description) {
     platform.pointer.Set(desktop::Pointer_Shape::Default);
-    platform.boxes.Ask(desktop::Box_Style::Critical, desktop::Default_Box_Title(), description);
+    platform.boxes.Ask(desktop::Box_Style::Critical, desktop::Default_Box_Title(),
+                       u"Run-time error '"_s + basics::Plain_Number(number) + u"':\r\r"_s + description);
     platform.processes.End(1);
 }
 
@@ -17,10 +18,9 @@ void Guarded(desktop::Platform& platform, const std::function<void()>& work) {
     try {
         work();
     } catch (const basics::Run_Time_Error& error) {
-        End_With(platform, u"Run-time error '"_s + basics::Plain_Number(error.Number) + u"':\r\r"_s +
-                               error.Description);
+        End_With(platform, error.Number, error.Description);
     } catch (const std::bad_alloc&) {
-        End_With(platform, u"Run-time error '7':\r\rOut of memory"_s);
+        End_With(platform, basics::errors::Out_Of_Memory, u"Out of memory"_s);
     }
 }
 
