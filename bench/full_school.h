@@ -3,8 +3,8 @@
 #include "nowhere.h"
 #include "plain_reading.h"
 #include "reports/state/report_state.h"
-#include "scoring/chosen_pupil.h"
 #include "scoring/pupil_lists.h"
+#include "scoring/score_all_tests.h"
 #include "shell/conventions/menu_counts.h"
 
 #include <QTemporaryDir>

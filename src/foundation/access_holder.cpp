@@ -89,7 +89,7 @@ static void Count_Rows(database::Recordset& rows, qint16& count) {
     try {
         rows.MoveFirst();
     } catch (const Run_Time_Error& error) {
-        if (error.Number != database::errors::No_Current_Record) throw;
+        if (error.Number != basics::errors::No_Current_Record) throw;
     }
     count = 0;
     while (!rows.Eof()) {

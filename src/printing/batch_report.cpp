@@ -25,7 +25,7 @@ Form92::Form92(desktop::Platform& platform, shell::Navigator& navigator,
 }
 
 void Form92::Load() {
-    const Hourglass busy(platform.pointer);
+    const desktop::Wait_Pointer busy(platform.pointer);
     report.Report_Setup();
     Set_Zoom(First_Zoom);
     Load_Group_Filter(installation.Connection_String);
@@ -36,7 +36,7 @@ void Form92::Load() {
 
 void Form92::Compute_All_Scores() {
     Label5->setText(u"PLEASE WAIT...Computing individual scores"_s);
-    const Hourglass busy(platform.pointer);
+    const desktop::Wait_Pointer busy(platform.pointer);
     if (window()->isVisible()) show(); // or nobody would see how far it has come
     printing::Compute_All_Scores([this](const QString& text) { Show_Progress(text); }, cohort, scoring);
     Batch_Count = static_cast<qint16>(scoring.pupils.Pupils_Listed);

@@ -17,7 +17,7 @@ Form94::Form94(desktop::Platform& platform, shell::Navigator& navigator, Individ
 }
 
 void Form94::Load() {
-    const Hourglass busy(platform.pointer);
+    const desktop::Wait_Pointer busy(platform.pointer);
     Report_Setup();
     Build_Report();
 }

@@ -119,7 +119,7 @@ void Report_Page::HotLabel2_Click() {
     if (pages == 0) return; // no report has been created
     QString pdf;
     Telling_Printer_Errors(platform, [&] {
-        const Hourglass busy(platform.pointer);
+        const desktop::Wait_Pointer busy(platform.pointer);
         pdf = Preview->PrintPages(Document_Name(), 1, pages, installation.Archive_Folder);
     });
     Tell_Of_Pdf(pdf, platform);

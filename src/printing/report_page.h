@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/installation.h"
+#include "platform/desktop/wait_pointer.h"
 #include "platform/preview/preview_window.h"
 #include "platform/preview/view_pro.h"
 #include "shell/conventions/page.h"
@@ -9,20 +10,6 @@
 #include <array>
 
 namespace printing {
-
-// The wait pointer, until its work is done or has failed.
-class Hourglass {
-public:
-    explicit Hourglass(desktop::Pointer& pointer) : pointer(pointer) {
-        pointer.Set(desktop::Pointer_Shape::Hourglass);
-    }
-    ~Hourglass() { pointer.Set(desktop::Pointer_Shape::Default); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-private:
-    desktop::Pointer& pointer;
-};
 
 // What the two report pages have in common: sheets in a preview, to be printed, copied and looked at closer.
 class Report_Page : public shell::Page {

@@ -2,6 +2,7 @@
 
 #include "platform/basics/run_time_error.h"
 #include "platform/database/recordset.h"
+#include "platform/desktop/wait_pointer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -178,7 +179,7 @@ void Form9::HotLabel2_Click() {
     if (count == 0) return;
     const QStringList codes = Selected_Codes(); // those that the question is about
     if (!Confirmed(u"Deleting Records from Database - CAUTION!"_s, count)) return;
-    platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
+    const desktop::Wait_Pointer busy(platform.pointer);
     {
         // Carries no statement, but shows a database that is out of reach before anything is deleted.
         const auto connection = Own_Connection(installation);
@@ -192,7 +193,6 @@ void Form9::HotLabel2_Click() {
     }
     Load_Delete_List(Combo1->ListIndex());
     List_Names();
-    platform.pointer.Set(desktop::Pointer_Shape::Default);
 }
 
 void Form9::DeletePupil(const QString& code, bool& result) {

@@ -90,9 +90,7 @@ void Form15::Populate_Year_List() {
 
 // An item that the list doesn't have is an error of the list, as the year of a child not yet one year old.
 static void Choose_Item(shell::Click_Combo* list, int index) {
-    constexpr int invalid_property_value = 380;
-    if (index < -1 || index >= list->count())
-        throw basics::Run_Time_Error(invalid_property_value, u"Mevo"_s, u"Invalid property value"_s);
+    if (index < -1 || index >= list->count()) basics::Raise(basics::errors::Invalid_Property_Value);
     list->Set_ListIndex(index);
 }
 

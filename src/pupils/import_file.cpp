@@ -1,9 +1,9 @@
 #include "pupils/import_file.h"
 
+#include "platform/basics/code_page.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
-#include "pupils/code_page.h"
 #include "pupils/pupil_fields.h"
 
 #include <QDate>
@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace pupils {
 
-using basics::Run_Time_Error;
-
 // ---- reading
 
 namespace {
@@ -27,32 +25,22 @@ namespace {
 // Far more than the lines of one pass can fill with names.
 constexpr qint64 Longest_File = 256 * 1024 * 1024;
 
-struct File_Failure {
-    int number;
-    QString description;
-};
-
-[[noreturn]] void Fail(const File_Failure& failure) {
-    throw Run_Time_Error(failure.number, u"Mevo"_s, failure.description);
-}
-
-File_Failure Why_It_Did_Not_Open(const QFileInfo& file) {
-    if (!file.exists()) return {basics::errors::File_Not_Found, u"File not found"_s};
-    if (!file.isFile()) return {75, u"Path/File access error"_s};
-    return {basics::errors::Permission_Denied, u"Permission denied"_s};
+int Why_It_Did_Not_Open(const QFileInfo& file) {
+    if (!file.exists()) return basics::errors::File_Not_Found;
+    return file.isFile() ? basics::errors::Permission_Denied : basics::errors::File_Access_Error;
 }
 
 } // namespace
 
 QByteArray Read_Import_File(const QString& file_name) {
     // The dialog gives full names. Its pattern, which a cancelled one leaves behind, names no file.
-    if (QDir::isRelativePath(file_name)) Fail({52, u"Bad file name or number"_s});
+    if (QDir::isRelativePath(file_name)) basics::Raise(basics::errors::Bad_File_Name);
     const QFileInfo info(basics::Native_Path(file_name));
     QFile file(info.filePath());
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) Fail(Why_It_Did_Not_Open(info));
-    if (file.size() > Longest_File) Fail({7, u"Out of memory"_s});
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) basics::Raise(Why_It_Did_Not_Open(info));
+    if (file.size() > Longest_File) basics::Raise(basics::errors::Out_Of_Memory);
     const QByteArray bytes = file.read(Longest_File);
-    if (file.error() != QFileDevice::NoError) Fail({57, u"Device I/O error"_s});
+    if (file.error() != QFileDevice::NoError) basics::Raise(basics::errors::Device_Error);
     return bytes;
 }
 
@@ -60,7 +48,7 @@ QString Decoded_Import_Text(const QByteArray& bytes) {
     const QByteArray mark = "\xEF\xBB\xBF";
     if (bytes.startsWith(mark)) return QString::fromUtf8(bytes.sliced(mark.size()));
     // Plain ASCII reads the same either way.
-    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : From_Code_Page(bytes);
+    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : basics::From_Code_Page(bytes);
 }
 
 QStringView Line_Reader::Next_Line() {

@@ -2,6 +2,7 @@
 
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/wait_pointer.h"
 #include "printing/grid_print.h"
 #include "pupils/import_file.h"
 #include "pupils/pupil_fields.h"
@@ -24,20 +25,6 @@ const QString File_Pattern = u"*.txt"_s;
 // The grid lays out the whole text of a cell each time that it paints it; a file can hold fields of
 // megabytes.
 constexpr qsizetype Longest_Cell = 4096;
-
-// The pointer while the page works; an error that ends the work gives it back as well.
-class Working_Pointer {
-public:
-    explicit Working_Pointer(desktop::Platform& platform) : platform(platform) {
-        platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
-    }
-    ~Working_Pointer() { platform.pointer.Set(desktop::Pointer_Shape::Default); }
-    Working_Pointer(const Working_Pointer&) = delete;
-    Working_Pointer& operator=(const Working_Pointer&) = delete;
-
-private:
-    desktop::Platform& platform;
-};
 
 // Each description with its pattern, as the file dialog takes them.
 QString Dialog_Filter(const QString& described) {
@@ -70,7 +57,7 @@ void Form42::PreviewImport_Click() {
 void Form42::Preview(const QString& file_name) {
     Import_Pass pass;
     {
-        const Working_Pointer working(platform);
+        const desktop::Wait_Pointer busy(platform.pointer);
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
         Spread1->setUpdatesEnabled(false);
         const auto shown_again = qScopeGuard([this] { Spread1->setUpdatesEnabled(true); });
@@ -117,7 +104,7 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     ProgressBar1->Begin(line_count);
     Import_Pass pass;
     {
-        const Working_Pointer working(platform);
+        const desktop::Wait_Pointer busy(platform.pointer);
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
         Walk_Import_Text(text, pass,
                          {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },

@@ -23,7 +23,6 @@ const QString Groups_Table = u"mevo_groups"_s;
 // The longest statement that the suite's first engine took. Place holders spelt within fields could make one
 // that fills the memory.
 constexpr qsizetype Longest_Statement = 64'000;
-constexpr int Out_Of_String_Space = 14;
 
 const QString Pupil_Template =
     u"INSERT INTO mevo_pupils "
@@ -77,7 +76,7 @@ QString With_Values(QString statement, const QList<Substitution>& substitutions)
     for (const Substitution& substitution : substitutions) {
         const qsizetype occurrences = statement.count(substitution.place_holder);
         if (statement.size() + occurrences * substitution.value.size() > Longest_Statement)
-            throw basics::Run_Time_Error(Out_Of_String_Space, u"Mevo"_s, u"Out of string space"_s);
+            basics::Raise(basics::errors::Out_Of_String_Space);
         statement.replace(substitution.place_holder, substitution.value);
     }
     return statement;

@@ -1,20 +1,19 @@
 #include "reports/reports_page.h"
 
 #include "platform/basics/number_text.h"
+#include "platform/desktop/wait_pointer.h"
 #include "printing/print_table.h"
 #include "printing/printer_errors.h"
 #include "reports/state/pupil_comment.h"
-#include "scoring/chosen_pupil.h"
 #include "scoring/pindo.h"
-#include "scoring/raw_tables.h"
 #include "scoring/score_conversion.h"
 #include "scoring/summary_table.h"
+#include "scoring/tables/raw_tables.h"
+#include "shell/conventions/comment_dialog.h"
 
 using namespace Qt::StringLiterals;
 
 namespace reports {
-
-using desktop::Pointer_Shape;
 
 constexpr int Whole_Column = 64;
 constexpr int Half_Column = 32;
@@ -75,10 +74,9 @@ void Form30::Combo1_Click() {
     Show_Progress_Width(1);
     state.Current_Student_Code = pupils.Student_Code[state.Current_Pupil];
     This_Students_Age(state.Current_Pupil);
-    platform.pointer.Set(Pointer_Shape::Hourglass);
+    const desktop::Wait_Pointer busy(platform.pointer);
     Show_Chart(true);
     Regen_Bars_For_Another_Child(state.Current_Pupil);
-    platform.pointer.Set(Pointer_Shape::Default);
 }
 
 void Form30::This_Students_Age(int p) {
@@ -95,12 +93,13 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     Reset_Bars();
     Label3->setText(u""_s);
     Show_8_Buttons();
-    platform.pointer.Set(Pointer_Shape::Hourglass);
-    const auto wanted =
-        state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
-    scoring::Score_Chosen_Pupil(p, wanted, Progress(), scoring, state.summary);
-    state.Time_Scores_Ready = state.Show_Time_Bars;
-    platform.pointer.Set(Pointer_Shape::Default);
+    {
+        const desktop::Wait_Pointer busy(platform.pointer);
+        const auto wanted =
+            state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
+        scoring::Score_Chosen_Pupil(p, wanted, Progress(), scoring, state.summary);
+        state.Time_Scores_Ready = state.Show_Time_Bars;
+    }
     if (state.Chart_Mode == "P"_L1)
         ShowCentiles_Click();
     else
@@ -445,7 +444,7 @@ void Form30::HotLabel2_Click() {
 void Form30::HotLabel3_Click() {
     if (!Has_Pupil()) return;
     state.comment.Comment_Changed = false;
-    shell::Form11 dialog(platform, state.comment);
+    shell::Form11 dialog(platform, state.comment.Pupil_Comment, state.comment.Comment_Changed);
     platform.dialogs.Show(dialog);
     if (state.comment.Comment_Changed)
         Save_Comment(state.Current_Pupil, pupils, installation, holder, state.comment);

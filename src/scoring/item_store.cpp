@@ -11,9 +11,8 @@ std::size_t Item_Array::Checked(int item) const {
 }
 
 void Item_Places::Find(const database::Recordset& rows, const Item_Columns& names) {
-    if (rows.Shape() == found_for && &names == found_by) return;
+    if (rows.Shape() == found_for) return;
     found_for = rows.Shape();
-    found_by = &names;
     for (std::size_t field = 0; field < places.size(); ++field) {
         places[field].clear();
         for (const QString& name : names.Names(static_cast<Item_Field>(field)))

@@ -35,7 +35,6 @@ public:
 
 private:
     std::shared_ptr<const database::Row_Shape> found_for;
-    const Item_Columns* found_by = nullptr;
     std::array<std::vector<int>, foundation::Item_Field_Count> places;
 };
 

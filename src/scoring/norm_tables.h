@@ -38,4 +38,18 @@ void Raw_To_Centile(const basics::Value& raw, const QString& table_name, const Q
 void Time_To_Centile(qint32 time, const QString& table_name, const QString& age_column,
                      const Norm_Tables& norms, Score_Store& scores);
 
+struct Population_Means {
+    basics::Value Time_Mean; // milliseconds, as Time_SD
+    basics::Value Time_SD;
+    basics::Value Correct_Mean;
+    basics::Value Correct_SD;
+    basics::Value Seq_Errors_Mean;
+    basics::Value Seq_Errors_SD;
+};
+
+// Reads the row of a test's module text and the age band of that many months; means stay as they are if
+// there is none. module becomes the row's key.
+void Get_Population_Means(QString& module, int months, Population_Means& means,
+                          foundation::Access_Holder& holder, const foundation::Installation& installation);
+
 } // namespace scoring

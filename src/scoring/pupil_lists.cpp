@@ -1,6 +1,6 @@
 #include "scoring/pupil_lists.h"
 
-#include "shell/conventions/age.h"
+#include "platform/basics/age.h"
 
 #include <algorithm>
 
@@ -27,7 +27,7 @@ bool Belongs_On_List(Access_Holder& holder) {
 
 qint16 Age_Now(const Value& date_of_birth, const desktop::Clock& clock) {
     if (date_of_birth.Is_Empty()) return 0;
-    return static_cast<qint16>(shell::Age_In_Months(date_of_birth.As_Date(), clock.Now()));
+    return static_cast<qint16>(basics::Age_In_Months(date_of_birth.As_Date(), clock.Now()));
 }
 
 void Take_Pupil(Access_Holder& holder, const desktop::Clock& clock, int p, Pupil_Lists& lists) {

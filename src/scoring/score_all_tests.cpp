@@ -3,7 +3,6 @@
 #include "scoring/pindo.h"
 #include "scoring/sequence_tests.h"
 #include "scoring/single_answer_tests.h"
-#include "scoring/tolvens.h"
 
 namespace scoring {
 
@@ -45,6 +44,15 @@ void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scorin
 void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring) {
     Run_Passes(&Test_Passes::Time, p, show_progress, scoring);
     if (show_progress) show_progress(Strip_At_Rest);
+}
+
+void Score_Chosen_Pupil(int p, Passes_Wanted wanted, const Progress_Strip& show_progress, Scoring& scoring,
+                        Summary_Cells& cells) {
+    Clear_Scores(scoring.scores);
+    Show_Test_Names(cells);
+    Clear_Terminated_Flags(scoring.scores);
+    Score_All_Tests(p, show_progress, scoring);
+    if (wanted == Passes_Wanted::Raw_And_Time) Compute_Raw_Scores_Times(p, show_progress, scoring);
 }
 
 } // namespace scoring

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scoring/scoring.h"
+#include "scoring/summary_table.h"
 
 #include <functional>
 
@@ -14,5 +15,12 @@ void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scorin
 
 // The time pass over the eight normed tests, once for each raw pass. It ends with the strip at width 1.
 void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring);
+
+enum class Passes_Wanted { Raw, Raw_And_Time };
+
+// What choosing the pupil at place p does to the score store, and to the names in the summary, in the one
+// order that keeps earlier pupils' results out of sight.
+void Score_Chosen_Pupil(int p, Passes_Wanted wanted, const Progress_Strip& show_progress, Scoring& scoring,
+                        Summary_Cells& cells);
 
 } // namespace scoring

@@ -8,6 +8,19 @@ namespace scoring {
 using test_index::Bliks_Friends;
 using test_index::Bliks_Letters;
 using test_index::Drell;
+using test_index::Tolvens;
+
+void Score_Tolvens(int p, database::Recordset* rs, Scoring& scoring) {
+    Load_Items(Tolvens, All_Items(Tolvens), Item_Load::Answers, p, rs, scoring);
+    scoring.scores.Tolvens_Terminated = false;
+    Add_Up_Lists(Tolvens, scoring);
+    if (Has_Unreached_Item(Tolvens, scoring.items)) scoring.scores.Tolvens_Terminated = true;
+    Look_Up_Raw_Total(Tolvens, p, scoring);
+}
+
+void Time_Tolvens(int p, database::Recordset* rs, Scoring& scoring) {
+    Time_Items(Tolvens, All_Items(Tolvens), p, rs, scoring);
+}
 
 void Score_BliksFriends(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Bliks_Friends, All_Items(Bliks_Friends), Item_Load::Answers, p, rs, scoring);

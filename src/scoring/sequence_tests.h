@@ -4,8 +4,11 @@
 
 namespace scoring {
 
-// Blik's Friends, Blik's Letters and Drell. Those of Blik's Friends are summed only when its detail table
-// is filled; the other two count their sequence errors in the raw pass.
+// The tests whose items are lists. The sequence errors of Tolvens and Blik's Friends are summed only when
+// their detail tables are filled; the other two count them in the raw pass.
+
+void Score_Tolvens(int p, database::Recordset* rs, Scoring& scoring);
+void Time_Tolvens(int p, database::Recordset* rs, Scoring& scoring);
 
 void Score_BliksFriends(int p, database::Recordset* rs, Scoring& scoring);
 void Time_BliksFriends(int p, database::Recordset* rs, Scoring& scoring);

@@ -14,39 +14,26 @@ struct Facts {
     QString module;
     int highest_item;
     bool null_list_reads_as_empty;
-    QString joined_prefix; // tells the columns of tests apart that are named alike
-    QList<Item_Field> left_out_of_joined_row;
 };
 
 const Facts Known_Facts[All_Tests] = {
-    {u"Tolvens"_s, u"Tolvens"_s, 15, false, {}, {}},
-    {u"Bliks friends"_s, u"Bliks friends"_s, 20, false, {}, {}},
-    {u"Karrel"_s, u"Karrel"_s, 26, false, u"karrel_"_s, {}},
-    {u"Bliks letters"_s, u"Bliks letters"_s, 20, true, {}, {}},
-    {u"Letter names"_s, u"Bliks letter names"_s, 15, false, u"bln_"_s, {Item_Field::Shown}},
-    {u"Drell"_s, u"Drell"_s, 10, true, u"drell_"_s, {}},
-    {u"Mirvel"_s, u"Mirvel"_s, 20, false, u"mirvel_"_s, {}},
-    {u"Yoon"_s,
-     u"Yoon"_s,
-     30,
-     false,
-     u"yoon_"_s,
-     {Item_Field::Choices, Item_Field::Target_Alien, Item_Field::Distracter}},
-    {u"Pindo"_s, {}, 30, false, {}, {}},
+    {u"Tolvens"_s, u"Tolvens"_s, 15, false},
+    {u"Bliks friends"_s, u"Bliks friends"_s, 20, false},
+    {u"Karrel"_s, u"Karrel"_s, 26, false},
+    {u"Bliks letters"_s, u"Bliks letters"_s, 20, true},
+    {u"Letter names"_s, u"Bliks letter names"_s, 15, false},
+    {u"Drell"_s, u"Drell"_s, 10, true},
+    {u"Mirvel"_s, u"Mirvel"_s, 20, false},
+    {u"Yoon"_s, u"Yoon"_s, 30, false},
+    {u"Pindo"_s, {}, 30, false},
 };
 
-void Name_Columns(const foundation::Test_Tables& tables, const Facts& facts, Test_Entry& entry) {
+void Name_Columns(const foundation::Test_Tables& tables, Test_Entry& entry) {
     for (const foundation::Item_Part& part : tables.parts) {
         entry.Fields.append(part.field);
-        const bool in_joined_row = !facts.left_out_of_joined_row.contains(part.field);
-        for (const foundation::Item_Level& level : tables.levels) {
-            for (int item = 1; item <= level.items; ++item) {
-                const QString column = foundation::Item_Column(level, item, part);
-                entry.Own_Row.Append(part.field, column);
-                if (in_joined_row)
-                    entry.Joined_Row.Append(part.field, facts.joined_prefix + column.toLower());
-            }
-        }
+        for (const foundation::Item_Level& level : tables.levels)
+            for (int item = 1; item <= level.items; ++item)
+                entry.Columns.Append(part.field, foundation::Item_Column(level, item, part));
     }
 }
 
@@ -66,7 +53,7 @@ Test_Entry Entry_From(const foundation::Test_Tables& tables, const Facts& facts)
     entry.Highest_Item = facts.highest_item;
     entry.Counts_Repeats = tables.counts_repeats;
     entry.Null_List_Reads_As_Empty = facts.null_list_reads_as_empty;
-    Name_Columns(tables, facts, entry);
+    Name_Columns(tables, entry);
     return entry;
 }
 
@@ -81,10 +68,6 @@ QList<Test_Entry> Build_Catalogue() {
 
 void Item_Columns::Append(Item_Field field, const QString& name) {
     names[static_cast<std::size_t>(field)].append(name);
-}
-
-bool Item_Columns::Has(Item_Field field) const {
-    return !names[static_cast<std::size_t>(field)].isEmpty();
 }
 
 const Test_Entry& Test_At(int t) {

@@ -27,11 +27,10 @@ inline constexpr int Normed_Tests = 8; // Pindo, the last test, has no norms
 inline constexpr int All_Tests = 9;
 inline constexpr int Older_From = 84; // months: from here on another set of items and other words
 
-// The column names of one test's items in one kind of row, made once.
+// The names of a test's items in a row of its data table, made once.
 class Item_Columns {
 public:
     void Append(Item_Field field, const QString& name);
-    bool Has(Item_Field field) const;
     const QStringList& Names(Item_Field field) const { return names[static_cast<std::size_t>(field)]; }
 
 private:
@@ -52,8 +51,7 @@ struct Test_Entry {
     bool Counts_Repeats; // its data table has RepeatCount and PauseCount
     bool Null_List_Reads_As_Empty;
     QList<Item_Field> Fields;
-    Item_Columns Own_Row;    // a row of its data table
-    Item_Columns Joined_Row; // a caller's row that joins several tests
+    Item_Columns Columns;
 };
 
 const Test_Entry& Test_At(int t);

@@ -24,11 +24,10 @@ struct Field_To_Read {
     bool null_reads_as_empty;
 };
 
-std::vector<Field_To_Read> Fields_To_Read(const Test_Entry& test, const Item_Columns& names, Item_Load load,
-                                          Test_Items& items) {
+std::vector<Field_To_Read> Fields_To_Read(const Test_Entry& test, Item_Load load, Test_Items& items) {
     std::vector<Field_To_Read> fields;
     for (const Item_Field field : test.Fields) {
-        if (!Is_Loaded(field, load) || !names.Has(field)) continue;
+        if (!Is_Loaded(field, load)) continue;
         const bool is_list = field == Item_Field::Requested || field == Item_Field::Chosen;
         fields.push_back(
             {items.Of(field), items.Places.Columns(field), is_list && test.Null_List_Reads_As_Empty});
@@ -36,10 +35,10 @@ std::vector<Field_To_Read> Fields_To_Read(const Test_Entry& test, const Item_Col
     return fields;
 }
 
-void Read_Items(const Test_Entry& test, const Item_Columns& names, Item_Range range, Item_Load load,
-                const database::Recordset& row, Test_Items& items) {
-    items.Places.Find(row, names);
-    const std::vector<Field_To_Read> fields = Fields_To_Read(test, names, load, items);
+void Read_Items(const Test_Entry& test, Item_Range range, Item_Load load, const database::Recordset& row,
+                Test_Items& items) {
+    items.Places.Find(row, test.Columns);
+    const std::vector<Field_To_Read> fields = Fields_To_Read(test, load, items);
     for (int i = range.First; i <= range.Last; ++i)
         for (const Field_To_Read& field : fields) {
             Value& item = field.kept[i];
@@ -58,14 +57,14 @@ void Load_Items(int t, Item_Range range, Item_Load load, int p, database::Record
     const Test_Entry& test = Test_At(t);
     Test_Items& items = scoring.items[t];
     if (rs) {
-        Read_Items(test, test.Joined_Row, range, load, *rs, items);
+        Read_Items(test, range, load, *rs, items);
         return;
     }
     scoring.holder.ado_Open(scoring.installation.Connection_String,
                             u"SELECT * FROM "_s + test.Data_Table + u" WHERE StudentCode = '"_s +
                                 scoring.pupils.Student_Code[p] + u'\'',
                             u"ReadOnly"_s);
-    Read_Items(test, test.Own_Row, range, load, scoring.holder.Rows(), items);
+    Read_Items(test, range, load, scoring.holder.Rows(), items);
     if (test.Counts_Repeats && load != Item_Load::Times) {
         items.RepeatCount = scoring.holder.Field(u"RepeatCount"_s);
         items.PauseCount = scoring.holder.Field(u"PauseCount"_s);

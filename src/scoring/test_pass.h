@@ -4,8 +4,9 @@
 
 namespace scoring {
 
-// What the passes of all tests share. rs is a row that the caller opened and that joins several tests, or
-// null: then the pupil's own row is opened, read and closed.
+// What the passes of all tests share. rs is a row that the caller has opened, with the items under the names
+// of the test's data table, or null, as everywhere today: then the pupil's own row is opened, read and
+// closed.
 
 struct Item_Range {
     int First;

@@ -7,6 +7,7 @@
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/kept_copies.h"
+#include "platform/desktop/wait_pointer.h"
 
 #include <QFileInfo>
 #include <QProgressBar>
@@ -18,7 +19,6 @@ namespace shell {
 
 using desktop::Answer;
 using desktop::Box_Style;
-using desktop::Pointer_Shape;
 
 namespace {
 
@@ -29,20 +29,6 @@ constexpr int Whole_Width = 920;
 
 const QString Product_Row = u"SELECT * FROM Customer_Details WHERE Product_Name = 'MEVO'"_s;
 const QString No_Choice = u"*.mdb"_s; // what an Open dialog's file name is until a file is chosen
-
-// A database in use is waited for, and a file on a share takes its time.
-class Busy_Pointer {
-public:
-    explicit Busy_Pointer(desktop::Platform& platform) : platform(platform) {
-        platform.pointer.Set(Pointer_Shape::Hourglass);
-    }
-    ~Busy_Pointer() { platform.pointer.Set(Pointer_Shape::Default); }
-    Busy_Pointer(const Busy_Pointer&) = delete;
-    Busy_Pointer& operator=(const Busy_Pointer&) = delete;
-
-private:
-    desktop::Platform& platform;
-};
 
 } // namespace
 
@@ -175,7 +161,7 @@ QString Form60::Converted_Copy(const QString& file) {
     const QString copy = conversion::Converted_Name(file);
     QString why_not;
     {
-        const Busy_Pointer busy(platform);
+        const desktop::Wait_Pointer busy(platform.pointer);
         try {
             older_files.Convert(basics::Native_Path(file), basics::Native_Target(copy),
                                 [this](const conversion::Progress& progress) { Show_Progress(progress); });
@@ -253,7 +239,7 @@ QString Form60::Why_No_Archive(const QString& file) const {
 
 void Form60::Save_As(const QString& file) {
     {
-        const Busy_Pointer busy(platform);
+        const desktop::Wait_Pointer busy(platform.pointer);
         holder.Let_Go();
         copies.Copy(installation.Database_Path, file);
     }
@@ -286,7 +272,7 @@ bool Form60::Password_Accepted(Wrong_Password wrong) {
 }
 
 void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
-    const Busy_Pointer busy(platform);
+    const desktop::Wait_Pointer busy(platform.pointer);
     holder.Let_Go();
     copies.Replace({source,
                     installation.Database_Path,

@@ -1,6 +1,7 @@
 #include "shell/main_menu.h"
 
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/wait_pointer.h"
 #include "shell/conventions/utilities.h"
 
 #include <QGroupBox>
@@ -178,13 +179,12 @@ void Form77::Show_Mode_Of_Use() {
 }
 
 void Form77::Timer1_Timer() {
-    platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
+    const desktop::Wait_Pointer busy(platform.pointer);
     const bool nobody = counts.Number_Of_Students.As_Integer() == 0;
     if (nobody) Disable({HotLabel1, HotLabel3, HotLabel5, HotLabel14});
     Label4->setText(nobody ? u"Because no pupils are registered some menu options are disabled."_s : u""_s);
     Label4->setVisible(nobody);
     if (counts.Number_With_Results == 0) Disable({HotLabel1});
-    platform.pointer.Set(desktop::Pointer_Shape::Default);
 }
 
 void Form77::HotLabel11_Click() {

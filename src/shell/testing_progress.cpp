@@ -2,6 +2,7 @@
 
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/wait_pointer.h"
 #include "printing/grid_print.h"
 
 #include <QHeaderView>
@@ -107,7 +108,7 @@ void Form14::Load() {
 }
 
 void Form14::Timer1_Timer() {
-    platform.pointer.Set(desktop::Pointer_Shape::Hourglass);
+    const desktop::Wait_Pointer busy(platform.pointer);
     Write_Headings();
     holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s,
                     u"Optimistic"_s);
@@ -117,7 +118,6 @@ void Form14::Timer1_Timer() {
     Spread1->Set_MaxRows(count);
     holder.ado_Close();
     Label5->setText(basics::Plain_Number(count) + u" individuals are registered"_s);
-    platform.pointer.Set(desktop::Pointer_Shape::Default);
 }
 
 void Form14::Write_Headings() {

@@ -1,7 +1,7 @@
 #include "platform/preview/preview_window.h"
 
+#include "platform/basics/code_page.h"
 #include "platform/desktop/qt_printers.h"
-#include "platform/preview/code_page_1252.h"
 #include "platform/preview/page_copy.h"
 #include "platform/preview/painters.h"
 #include "platform/preview/text_metrics.h"
@@ -460,7 +460,7 @@ TEST(PreviewMetafile, WritesTheNearestWesternLetter) {
                                                      {U'\t', " "},     {char32_t(0x0301), ""},
                                                      {U'\u037E', ";"}, {U'\u0081', "?"}};
     for (const auto& [character, bytes] : cases)
-        EXPECT_EQ(preview::To_Code_Page_1252(character).toHex(), bytes.toHex())
+        EXPECT_EQ(basics::To_Code_Page_1252(character).toHex(), bytes.toHex())
             << "U+" << std::hex << int(character);
 }
 

@@ -1,6 +1,6 @@
-#include "scoring/chosen_pupil.h"
 #include "scoring/cohort.h"
 #include "scoring/pindo.h"
+#include "scoring/score_all_tests.h"
 #include "scoring/scoring_bench.h"
 #include "scoring/sequence_totals.h"
 

@@ -1,5 +1,4 @@
 #include "scoring/norm_tables.h"
-#include "scoring/population_means.h"
 #include "scoring/score_conversion.h"
 #include "scoring/scoring_bench.h"
 

@@ -14,7 +14,7 @@ void Scoring_Bench::Put_Field(int t, int p, int item, Item_Field field, const QS
     const Test_Entry& test = Test_At(t);
     QStringList settings;
     for (int i = item ? item : 1; i <= (item ? item : test.Items); ++i)
-        settings.append(u'"' + test.Own_Row.Names(field).at(i - 1) + u"\" = "_s + sql_value);
+        settings.append(u'"' + test.Columns.Names(field).at(i - 1) + u"\" = "_s + sql_value);
     sample.Run(u"UPDATE %1 SET %2 WHERE StudentCode = '%3'"_s.arg(test.Data_Table, settings.join(u", "_s),
                                                                   data.pupils.Student_Code[p]));
 }

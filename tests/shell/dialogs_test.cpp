@@ -1,3 +1,4 @@
+#include "reports/state/report_state.h"
 #include "shell/conventions/comment_dialog.h"
 #include "shell/conventions/password_dialog.h"
 #include "shell/conventions/utilities.h"
@@ -45,8 +46,8 @@ class Comment_Dialog : public testing::Test {
 protected:
     QPlainTextEdit& Entry() { return Control<QPlainTextEdit>(dialog, u"Text1"_s); }
     Scripted_Platform outside;
-    Comment_In_Hand comment{u"Works\r\nwell"_s, 1};
-    Form11 dialog{outside.platform, comment};
+    reports::Comment_In_Hand comment{u"Works\r\nwell"_s, 1};
+    Form11 dialog{outside.platform, comment.Pupil_Comment, comment.Comment_Changed};
 };
 
 } // namespace

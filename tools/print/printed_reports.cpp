@@ -6,7 +6,7 @@
 #include "printing/batch_sheets.h"
 #include "printing/individual_sheet.h"
 #include "reports/state/pupil_comment.h"
-#include "scoring/chosen_pupil.h"
+#include "scoring/score_all_tests.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/desktop/ports.h"
-#include "scoring/chosen_pupil.h"
+#include "scoring/score_all_tests.h"
 
 #include <QString>
 #include <QStringList>

@@ -29,9 +29,6 @@ using namespace Qt::StringLiterals;
 namespace desktop {
 namespace {
 
-constexpr int Device_Unavailable = 68;
-constexpr int File_Access_Error = 75;
-constexpr int Printer_Error = 482;
 constexpr int Pdf_Dots_Per_Inch = 1200;
 
 [[noreturn]] void Raise_Printer_Error(int number, const QString& description) {
@@ -173,11 +170,12 @@ private:
     void Refuse_What_Cannot_Print(const QString& name, const QStringList& available) {
         if (!available.contains(name)) {
             choice.reset();
-            Raise_Printer_Error(Device_Unavailable,
+            Raise_Printer_Error(basics::errors::Device_Unavailable,
                                 u"The printer '"_s + name + u"' is not there any more."_s);
         }
         if (QPrinterInfo::printerInfo(name).state() == QPrinter::Error)
-            Raise_Printer_Error(Printer_Error, u"The printer '"_s + name + u"' is stopped."_s);
+            Raise_Printer_Error(basics::errors::Printer_Error,
+                                u"The printer '"_s + name + u"' is stopped."_s);
     }
 
     void Print_On(const QString& name, const Printed_Document& document) {
@@ -189,11 +187,13 @@ private:
         Take_Whole_Sheets(printer);
         QPainter painter;
         if (!painter.begin(&printer))
-            Raise_Printer_Error(Printer_Error, u"The printer '"_s + name + u"' can't be used."_s);
+            Raise_Printer_Error(basics::errors::Printer_Error,
+                                u"The printer '"_s + name + u"' can't be used."_s);
         const bool painted =
             Paint_Pages(document, printer, painter, printer.resolution(), Printable_By(printer));
         if (!painter.end() || !painted || printer.printerState() == QPrinter::Error)
-            Raise_Printer_Error(Printer_Error, u"The printer '"_s + name + u"' reported an error."_s);
+            Raise_Printer_Error(basics::errors::Printer_Error,
+                                u"The printer '"_s + name + u"' reported an error."_s);
     }
 
     void Apply_Choice(QPrinter& printer) {
@@ -237,7 +237,7 @@ public:
 } // namespace
 
 [[noreturn]] static void Raise_Cannot_Be_Written(const QSaveFile& file) {
-    Raise_Printer_Error(File_Access_Error,
+    Raise_Printer_Error(basics::errors::File_Access_Error,
                         u"The file '"_s + file.fileName() + u"' can't be written: "_s + file.errorString());
 }
 

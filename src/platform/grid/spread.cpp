@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 namespace grid {
 namespace {
 
-constexpr int Invalid_Property_Value = 380;
 constexpr int Row_Numbers_Width = 48; // pixels
 constexpr QColor Heading_Ground(0xE4, 0xEA, 0xF1);
 
@@ -198,7 +197,8 @@ void fpSpread::Set_PrintHeader(const Marked_Text& header) {
 
 QString fpSpread::Action(int action, const Print_Outlet& outlet) {
     if (action != Action_Print || PrintOrientation != Portrait)
-        throw basics::Run_Time_Error(Invalid_Property_Value, objectName(), u"Invalid property value"_s);
+        throw basics::Run_Time_Error(basics::errors::Invalid_Property_Value, objectName(),
+                                     u"Invalid property value"_s);
     return outlet.printers.Print(Document_Of(Lay_Out_Sheets(Printed()), outlet.document), outlet.pdf_folder);
 }
 

@@ -1,7 +1,7 @@
 #include "platform/preview/wmf_writer.h"
 
+#include "platform/basics/code_page.h"
 #include "platform/basics/twips.h"
-#include "platform/preview/code_page_1252.h"
 #include "platform/preview/painters.h"
 #include "platform/preview/text_metrics.h"
 
@@ -93,7 +93,7 @@ Encoded_Text Encoded(const Text_Operation& text) {
     double end = 0;
     int start = 0;
     for (const char32_t character : text.text.normalized(QString::NormalizationForm_C).toUcs4()) {
-        const QByteArray byte = To_Code_Page_1252(character);
+        const QByteArray byte = basics::To_Code_Page_1252(character);
         if (byte.isEmpty()) continue;
         if (encoded.bytes.size() == Longest_Text) break;
         end += metrics.horizontalAdvance(QString::fromUcs4(&character, 1)) * text.squeeze;

@@ -2,12 +2,16 @@
 
 #include "platform/basics/value.h"
 #include "scoring/summary_table.h"
-#include "shell/conventions/comment_dialog.h"
 
 #include <QString>
 #include <array>
 
 namespace reports {
+
+struct Comment_In_Hand {
+    QString Pupil_Comment;
+    qint16 Comment_Changed = 0; // true if the dialog changed the comment; its caller saves it
+};
 
 // The pupil on screen and how he is shown. The report pages read it when they open over the Reports page.
 struct Report_State {
@@ -15,8 +19,8 @@ struct Report_State {
     QString Current_Student_Code;
     QString Pupil_Name;
     basics::Value Pupil_DOB;
-    QString Pupil_Age_Text;         // the age at test as printed
-    shell::Comment_In_Hand comment; // holds Pupil_Comment
+    QString Pupil_Age_Text; // the age at test as printed
+    Comment_In_Hand comment;
 
     QString Chart_Mode = QStringLiteral("P");          // "P": centiles, "Z": z-scores
     QString Chart_Background = QStringLiteral("GREY"); // "GREY": bands, "WHITE": plain ground

@@ -23,12 +23,12 @@ static QString Text_In(const QPlainTextEdit& entry) {
     return text;
 }
 
-Form11::Form11(desktop::Platform& platform, Comment_In_Hand& comment)
-    : comment(comment), Text1(new QPlainTextEdit) {
+Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comment_Changed)
+    : Pupil_Comment(Pupil_Comment), Comment_Changed(Comment_Changed), Text1(new QPlainTextEdit) {
     setObjectName(u"Form11"_s);
     setWindowTitle(u"Administrator's Optional Comment Field"_s);
     resize(640, 420);
-    comment.Comment_Changed = false;
+    Comment_Changed = false;
 
     auto* label1 = Make_Label(
         u"Label1"_s,
@@ -77,14 +77,14 @@ void Form11::HotLabel1_Click() {
     // The field turns the line ends of older files into its own; a comment that nobody touched stays as
     // stored.
     if (const QString text = Text_In(*Text1); text != as_shown) {
-        comment.Comment_Changed = true;
-        comment.Pupil_Comment = text;
+        Comment_Changed = true;
+        Pupil_Comment = text;
     }
     accept();
 }
 
 void Form11::HotLabel2_Click() {
-    Text1->setPlainText(comment.Pupil_Comment);
+    Text1->setPlainText(Pupil_Comment);
 }
 
 void Form11::HotLabel3_Click() {

@@ -7,17 +7,12 @@
 
 namespace shell {
 
-// What the comment dialog and its caller tell each other.
-struct Comment_In_Hand {
-    QString Pupil_Comment;
-    qint16 Comment_Changed = 0; // true if the dialog changed the comment; the caller saves it
-};
-
-// Edits the assessor's comment on a pupil. It only hands the text over.
+// Edits the assessor's comment on a pupil. It only hands the text over: if Comment_Changed is true
+// afterwards, the caller saves it.
 class Form11 : public QDialog {
     Q_OBJECT
 public:
-    Form11(desktop::Platform& platform, Comment_In_Hand& comment);
+    Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comment_Changed);
 
     void HotLabel1_Click();
     void HotLabel2_Click();
@@ -27,7 +22,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    Comment_In_Hand& comment;
+    QString& Pupil_Comment;
+    qint16& Comment_Changed;
     QPlainTextEdit* Text1;
     QString as_shown; // the comment as the entry field gives it back untouched
 };

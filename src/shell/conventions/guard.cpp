@@ -18,16 +18,19 @@ namespace shell {
     platform.processes.End(1);
 }
 
+[[noreturn]] static void End_With(desktop::Platform& platform, int number, const QString& description) {
+    End_With(platform, u"Run-time error '"_s + basics::Plain_Number(number) + u"':\r\r"_s + description);
+}
+
 void Guarded(desktop::Platform& platform, const std::function<void()>& work, const QWidget* window) {
     platform.work.windows.push_back(window);
     const auto done = qScopeGuard([&platform] { platform.work.windows.pop_back(); });
     try {
         work();
     } catch (const basics::Run_Time_Error& error) {
-        End_With(platform, u"Run-time error '"_s + basics::Plain_Number(error.Number) + u"':\r\r"_s +
-                               error.Description);
+        End_With(platform, error.Number, error.Description);
     } catch (const std::bad_alloc&) {
-        End_With(platform, u"Run-time error '7':\r\rOut of memory"_s);
+        End_With(platform, basics::errors::Out_Of_Memory, u"Out of memory"_s);
     } catch (const std::exception& error) {
         End_With(platform, QString::fromLocal8Bit(error.what()));
     }

@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 namespace shell {
 namespace {
 
-// Added to a result of the system that has no number of its own among the run-time's errors.
-constexpr int First_Own_Error = -2147220456;
 constexpr int By_Result = 0;
 
 struct Opening_Error {
@@ -21,26 +19,28 @@ struct Opening_Error {
 };
 
 const Opening_Error& Error_For(int result) {
-    static const Opening_Error errors[] = {
-        {0, 7, u"Out of memory"_s},
-        {2, 53, u"File not found (trying to load Software User Guide)"_s},
-        {3, 76, u"Path not found"_s},
-        {5, 75, u"Path/file access error"_s},
-        {8, 7, u"Out of memory"_s},
+    using namespace basics::errors;
+    static const Opening_Error opening_errors[] = {
+        {0, Out_Of_Memory, u"Out of memory"_s},
+        {2, File_Not_Found, u"File not found (trying to load Software User Guide)"_s},
+        {3, Path_Not_Found, u"Path not found"_s},
+        {5, File_Access_Error, u"Path/file access error"_s},
+        {8, Out_Of_Memory, u"Out of memory"_s},
         {11, By_Result, u"The executable file is invalid or corrupt"_s},
-        {26, 75, u"A sharing violation occurred."_s},
+        {26, File_Access_Error, u"A sharing violation occurred."_s},
         {27, By_Result, u"This file type does not have a valid file association."_s},
-        {28, 286, u"The file could not be opened due to time out. Please try again in a moment."_s},
-        {29, 285,
+        {28, Application_Timed_Out,
+         u"The file could not be opened due to time out. Please try again in a moment."_s},
+        {29, Application_Refused,
          u"The file could not be opened because the DDE transaction failed. Please try again in a moment."_s},
-        {30, 285,
+        {30, Application_Refused,
          u"The file could not be opened because the target application is busy. Please try again in a moment."_s},
         {31, By_Result, u"No application is associated with this file type."_s},
-        {32, 48, u"The specified dynamic-link library was not found."_s},
+        {32, Library_Not_Found, u"The specified dynamic-link library was not found."_s},
     };
     static const Opening_Error any_other{
         -1, By_Result, u"An error occurred occurred whilst trying to open the selected file."_s};
-    for (const Opening_Error& error : errors)
+    for (const Opening_Error& error : opening_errors)
         if (error.result == result) return error;
     return any_other;
 }
@@ -62,7 +62,7 @@ void Open_Document(const QString& file, const foundation::Installation& installa
     const int result = Shell_Open(file, folder, platform);
     if (result > last_failure || result < 0) return;
     const Opening_Error& error = Error_For(result);
-    const int number = error.number == By_Result ? result + First_Own_Error : error.number;
+    const int number = error.number == By_Result ? result + basics::errors::First_Own_Error : error.number;
     throw basics::Run_Time_Error(number, u"Quend Swith Shell"_s, error.description);
 }
 

@@ -1,14 +1,19 @@
-#include "platform/preview/code_page_1252.h"
+#include "platform/basics/code_page.h"
 
 #include <QChar>
 #include <QList>
 #include <algorithm>
 #include <iterator>
 
-namespace preview {
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace basics {
 namespace {
 
-// What the code page holds from 0x80 to 0x9F; 0 is a place that it leaves empty.
+// What the code page holds from 0x80 to 0x9F, where alone it differs from Latin-1; 0 is a place that it
+// leaves empty.
 constexpr char16_t From_0x80[] = {u'€', 0,    u'‚', u'ƒ', u'„', u'…', u'†', u'‡', u'ˆ', u'‰', u'Š',
                                   u'‹', u'Œ', 0,    u'Ž', 0,    0,    u'‘', u'’', u'“', u'”', u'•',
                                   u'–', u'—', u'˜', u'™', u'š', u'›', u'œ', 0,    u'ž', u'Ÿ'};
@@ -39,6 +44,16 @@ char Like_Character(char32_t character) {
     return row == std::end(Like_Signs) ? '\0' : row->like;
 }
 
+QString From_Code_Page_1252(const QByteArray& bytes) {
+    QString text = QString::fromLatin1(bytes);
+    for (QChar& character : text) {
+        const int place = character.unicode() - 0x80;
+        const bool own = place >= 0 && place < int(std::size(From_0x80)) && From_0x80[place] != 0;
+        if (own) character = From_0x80[place];
+    }
+    return text;
+}
+
 bool Joins_The_One_Before(char32_t character) {
     return QChar::isMark(character) || QChar::category(character) == QChar::Other_Format;
 }
@@ -55,4 +70,13 @@ QByteArray To_Code_Page_1252(char32_t character) {
     return To_Code_Page_1252(parts.toUcs4().first());
 }
 
-} // namespace preview
+QString From_Code_Page(const QByteArray& bytes) {
+#ifdef _WIN32
+    CPINFO code_page = {};
+    const bool single_byte = GetCPInfo(CP_ACP, &code_page) && code_page.MaxCharSize == 1;
+    if (single_byte) return QString::fromLocal8Bit(bytes);
+#endif
+    return From_Code_Page_1252(bytes);
+}
+
+} // namespace basics

@@ -2,7 +2,7 @@
 
 #include <QDateTime>
 
-namespace shell {
+namespace basics {
 
 // Completed years from a date up to now; negative for a date in a later year.
 qint16 Whole_Years_Since(const QDateTime& date, const QDateTime& now);
@@ -14,4 +14,4 @@ qint16 Months_Part_Since(const QDateTime& date, const QDateTime& now);
 // Age in completed months.
 qint16 Age_In_Months(const QDateTime& date, const QDateTime& now);
 
-} // namespace shell
+} // namespace basics

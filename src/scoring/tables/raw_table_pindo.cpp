@@ -1,7 +1,7 @@
 #include "platform/basics/number_text.h"
 #include "scoring/passing_over_errors.h"
 #include "scoring/pindo.h"
-#include "scoring/raw_tables.h"
+#include "scoring/tables/raw_tables.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
-#include "shell/conventions/age.h"
+#include "platform/basics/age.h"
 
-namespace shell {
+namespace basics {
 
 // The date's day and month in another year; the 29th of February becomes the 1st of March where it is
 // missing.
@@ -26,4 +26,4 @@ qint16 Age_In_Months(const QDateTime& date, const QDateTime& now) {
     return static_cast<qint16>(Whole_Years_Since(date, now) * 12 + Months_Part_Since(date, now));
 }
 
-} // namespace shell
+} // namespace basics

@@ -1,8 +1,8 @@
-#include "shell/conventions/age.h"
+#include "platform/basics/age.h"
 
 #include <gtest/gtest.h>
 
-using namespace shell;
+using namespace basics;
 
 static QDateTime At(const char* day, const char* time = "00:00") {
     return QDateTime(QDate::fromString(QLatin1StringView(day), QStringLiteral("yyyy-MM-dd")),

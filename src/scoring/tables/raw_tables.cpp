@@ -1,9 +1,8 @@
-#include "scoring/raw_tables.h"
+#include "scoring/tables/raw_tables.h"
 
 #include "platform/basics/number_text.h"
 #include "scoring/list_items.h"
 #include "scoring/passing_over_errors.h"
-#include "scoring/population_means.h"
 #include "scoring/test_pass.h"
 
 #include <functional>
