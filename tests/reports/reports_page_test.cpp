@@ -55,10 +55,11 @@ TEST_F(Reports_Page, TheAgeIsThatOfTheLastTest) {
 TEST_F(Reports_Page, BarsAreDrawnOnBothScales) {
     Open();
     Choose(Code_Where(All_Normed));
-    page->Show_Centile_Bars({1, 49, 50, 51, 99, 30, 84, 0});
+    auto& chart = Control<Profile_Chart>(*page, u"Picture2"_s);
+    chart.Show_Centile_Bars({1, 49, 50, 51, 99, 30, 84, 0});
     EXPECT_EQ(Place(u"Shape1"_s), QRect(14, 396, 64, 4));
     EXPECT_EQ(Place(u"Shape5"_s), QRect(14 + 4 * 84, 4, 64, 396));
-    page->Show_ZScore_Bars({1, 49, 50, 51, 99, 30, 84, 0});
+    chart.Show_ZScore_Bars({1, 49, 50, 51, 99, 30, 84, 0});
     EXPECT_EQ(Place(u"Shape1"_s), QRect(14, 200, 64, 200));
     EXPECT_EQ(Place(u"Shape2"_s), QRect(14 + 84, 200, 64, 3));
     EXPECT_EQ(Place(u"Shape4"_s), QRect(14 + 3 * 84, 197, 64, 3));
@@ -69,7 +70,7 @@ TEST_F(Reports_Page, AStrangeZScoreIsToldAndLeavesTheHeight) {
     Open();
     outside.boxes.Will_Answer(Answer::Ok);
     qint16 height = 77;
-    page->Convert_Z_Score_To_Bar_Height(0.5, height);
+    Control<Profile_Chart>(*page, u"Picture2"_s).Convert_Z_Score_To_Bar_Height(0.5, height);
     EXPECT_EQ(height, 77);
     EXPECT_EQ(outside.boxes.shown[0].title, u"Error"_s);
     EXPECT_EQ(outside.boxes.shown[0].text, u"There has been an error calculating the bar height"_s);
