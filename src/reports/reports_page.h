@@ -22,8 +22,8 @@ struct Report_Data {
     Report_State& state;
 };
 
-// The Reports page: a teacher chooses a pupil who has results and sees his profile as bars on one of two
-// scales. Nothing is stored but the comment: scores are worked out each time.
+// The Reports page: a teacher chooses a pupil who has results and sees their profile as bars on one of
+// two scales. Nothing is stored but the comment: scores are worked out each time.
 class Form30 final : public shell::Page {
     Q_OBJECT
 public:

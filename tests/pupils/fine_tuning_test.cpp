@@ -339,7 +339,7 @@ TEST_F(Fine_Tuning_Page, ARetestTakesBackTheStatusAlone) {
 
 TEST_F(Fine_Tuning_Page, AStored2IsNoMark) {
     Open();
-    const QString code = Code_Of(u"Patel"_s); // his Mirvel holds one
+    const QString code = Code_Of(u"Patel"_s); // their Mirvel holds one
     Choose_Code(code);
     Click(Edit_Tests);
     Click_Ball(6);

@@ -9,7 +9,7 @@
 
 namespace reports {
 
-// The pupil on screen and how he is shown. The report pages read it when they open over the Reports page.
+// The pupil on screen and how they are shown. The report pages read it when they open over the Reports page.
 struct Report_State {
     qint16 Current_Pupil = 0; // place in the pupil list, from 1
     QString Current_Student_Code;
