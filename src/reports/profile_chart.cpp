@@ -90,8 +90,6 @@ void Profile_Chart::paintEvent(QPaintEvent*) {
     painter.drawPixmap(rect(), ground);
 }
 
-// ---- ground
-
 static QString Ground_File(const Report_State& state) {
     const QString scale = state.Chart_Mode == "Z"_L1 ? u"z"_s : u"p"_s;
     if (state.Chart_Background == "GREY"_L1) return scale + u"_grey.bmp"_s;
@@ -107,8 +105,6 @@ void Profile_Chart::Load_Ground(const QString& app_path) {
         throw basics::Run_Time_Error(basics::errors::File_Not_Found, u"Mevo"_s, u"File not found: "_s + file);
     update();
 }
-
-// ---- bars
 
 static Eight_Centiles Raw_Centiles(const scoring::Score_Store& scores) {
     Eight_Centiles centiles;
@@ -223,8 +219,6 @@ void Profile_Chart::Hide_Untaken_Bars(int p) {
         if (pupils.Test_Status[t][p] == 0) Hide_Test_Bars(t);
 }
 
-// ---- marks
-
 void Profile_Chart::TerminatedTests() {
     Image12->setVisible(scores.Tolvens_Terminated);
     Image13->setVisible(scores.Friends_Terminated);
@@ -246,8 +240,6 @@ bool Profile_Chart::Is_Marked(int t) const {
     const Terminated_Mark* mark = Mark(t);
     return mark && !mark->isHidden();
 }
-
-// ---- words
 
 QString Profile_Chart::Words_For(int t) const {
     const bool z = state.Chart_Mode == "Z"_L1;

@@ -193,7 +193,7 @@ void Form30::Lay_Out_Chart() {
 
     for (std::size_t i = 0; i < BtnEnh.size(); ++i) {
         const int t = static_cast<int>(i) + 1;
-        // Each under its bars; Pindo, which has none, apart from them.
+        // Pindo has no bars to stand under.
         const QRect place = t == scoring::test_index::Pindo
                                 ? QRect(Right, 450, Right_Width, 52)
                                 : QRect(chart + Profile_Chart::Column_Left(t) - 8, 450, 80, 52);

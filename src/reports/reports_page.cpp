@@ -85,7 +85,7 @@ void Form30::This_Students_Age(int p) {
         basics::Signed_Number(months / 12) + u"y "_s + basics::Signed_Number(months % 12) + u'm';
 }
 
-// The order is required: each step relies on the one before.
+// The order must hold: each step relies on the one before.
 void Form30::Regen_Bars_For_Another_Child(int p) {
     Hide_Any_Tables();
     Picture2->Reset_Bars();
@@ -324,7 +324,7 @@ void Form30::PrintIcon_Click() {
 }
 
 void Form30::Open_Detail_Table(int t) {
-    Hide_Any_Tables(); // one table at a time
+    Hide_Any_Tables(); // a filler shows its own grid and leaves the others as they are
     tables->Show_Which_Raw_Data(t, state.Current_Pupil);
     if (t == scoring::test_index::Pindo) {
         Label16->setText(scoring::Verdict_On_Pindo(state.Current_Pupil, pupils, scoring.scores).Page_Text);

@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace reports {
 
-// ---- where the grids stand
-
 static void Set_Widths(grid::fpSpread& table, const std::vector<int>& widths) {
     int column = 1;
     for (const int width : widths)
@@ -71,8 +69,6 @@ Table_Panel::Table_Panel(QLabel* heading, scoring::Scoring& scoring, const QPoin
         });
 }
 
-// ---- what they show
-
 void Table_Panel::Set_Heading(const QString& text) {
     Label3->setText(text);
 }
@@ -119,8 +115,6 @@ void Table_Panel::Show_Which_Raw_Data(int t, int p) {
     table.Fit_Rows();
     table.raise();
 }
-
-// ---- on paper
 
 void Table_Panel::Print(const Report_State& state, const foundation::Installation& installation,
                         desktop::Platform& platform) {

@@ -118,7 +118,7 @@ TEST_F(Reports_Page, TheTimePassRunsOnceForAPupil) {
     const QString time = Cell(6, 2);
     EXPECT_NE(time, u"0.00"_s);
 
-    // Off and on again reads nothing anew; choosing the pupil does.
+    // New answers show whether off and on again reads anew; choosing the pupil does.
     sample.Run(u"UPDATE Mevo_Tolvens_data SET Level_11_time = 1, Level_12_time = 1 WHERE StudentCode = '"_s +
                code + u'\'');
     page->HotLabel2_Click();
@@ -217,13 +217,12 @@ TEST_F(Reports_Page, TwoWaysLeadBackFromTheSummary) {
     EXPECT_FALSE(Shown(*page, u"BtnEnh11"_s));
     EXPECT_EQ(Caption(*page, u"Label3"_s), u"Test Summary for "_s + state.Pupil_Name);
 
-    // The chart's entry brings back the scale's captions ...
     page->HotLabel5_Click();
     EXPECT_TRUE(Shown(*page, u"Label9(0)"_s));
     EXPECT_EQ(Caption(*page, u"Label3"_s), u""_s);
     EXPECT_FALSE(Shown(*page, u"PrintIcon"_s));
 
-    // ... the help line doesn't.
+    // Unlike the chart's entry the help line leaves the scale's captions away.
     page->HotLabel7_Click();
     page->Label7_Click();
     EXPECT_TRUE(Shown(*page, u"Picture2"_s));

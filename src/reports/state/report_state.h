@@ -15,8 +15,8 @@ struct Report_State {
     QString Current_Student_Code;
     QString Pupil_Name;
     basics::Value Pupil_DOB;
-    QString Pupil_Age_Text;         // the age at test as printed
-    shell::Comment_In_Hand comment; // holds Pupil_Comment
+    QString Pupil_Age_Text; // the age at test as printed
+    shell::Comment_In_Hand comment;
 
     QString Chart_Mode = QStringLiteral("P");          // "P": centiles, "Z": z-scores
     QString Chart_Background = QStringLiteral("GREY"); // "GREY": bands, "WHITE": plain ground
