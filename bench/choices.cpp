@@ -15,8 +15,8 @@ constexpr double Longest_Choice_Ms = 5;
 
 enum class Time_Bars { Off, On };
 
-// One connection for the pupil's row, one for each test that he has done, and with the time bars one more for
-// each of these that has norms.
+// One connection for the pupil's row, one for each test that they have done, and with the time bars one more
+// for each of these that has norms.
 void Read_Answers_Plainly(const Full_School& school, int p, Time_Bars time_bars) {
     school.Read_Row(u"Mevo_Pupils"_s, p);
     for (int t = 1; t <= scoring::All_Tests; ++t) {

@@ -39,7 +39,7 @@ QStringList Fields_Of_Pupil(int i) {
             u"Class %1"_s.arg(i % 40),    i % 3 == 0 ? u"pass"_s + number : u""_s};
 }
 
-// The statements of one pupil: his row, his data rows, and the question whether there is his group.
+// The statements of one pupil: their row, their data rows, and the question whether there is their group.
 struct Statements {
     QStringList of_the_pupil;
     QString group_test;

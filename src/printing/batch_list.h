@@ -42,7 +42,7 @@ QString Surname_Message(qsizetype errors);
 // "7:03" for 87
 QString AgeFromMonths(int months);
 
-// Scores all listed pupils, each in the row of his place in the list.
+// Scores all listed pupils, each in the row of their place in the list.
 void Compute_All_Scores(const scoring::Progress_Label& show_progress, scoring::Cohort_Tables& cohort,
                         scoring::Scoring& scoring);
 

@@ -201,7 +201,8 @@ void Form92::Lay_Out_List() {
     cboGroupFilter->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
     lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 94, 266, 346}, frame);
-    lstPupils->setAccessibleDescription(u"The space bar selects a pupil for the report, or takes him out."_s);
+    lstPupils->setAccessibleDescription(
+        u"The space bar selects a pupil for the report, or takes them out."_s);
     lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
     shell::On(lstPupils, &QListWidget::itemSelectionChanged, this, platform, [this] { lstPupils_Click(); });
 }

@@ -46,7 +46,7 @@ public:
 private:
     static constexpr std::size_t Tests = 9;
 
-    // The pupil as he was when he was shown.
+    // The pupil as they were when they were shown.
     struct Undo_Copy {
         QString code;
         QString date_of_birth;

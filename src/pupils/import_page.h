@@ -21,7 +21,7 @@ public:
     void Load() override {}
 
     // line_count: the top of the progress bar on entry, the lines read on return. Each pupil is stored by
-    // statements of his own; one that fails leaves the rest to go on.
+    // statements of their own; one that fails leaves the rest to go on.
     void Import_Pupil_File(const QString& file_name, qint16& line_count);
     void Fill_Spread(const QString& surname, const QString& forename, const QString& gender,
                      const QString& date_of_birth, QString code, QString group, const QString& password,

@@ -31,9 +31,9 @@ public:
     // Sets New_StudentCode. Nothing asks whether the code is taken: the table's key alone can refuse it.
     void Generate_StudentCode(const QString& surname, const QString& forename);
 
-    // Stores a pupil under a new code: his row, a row in each data table, and his group if there is none of
-    // that name. A blank group becomes "Universal" in the list handed in. Every statement stands alone; the
-    // first that fails ends the work in silence, what ran before it stays, and the result is false.
+    // Stores a pupil under a new code: their row, a row in each data table, and their group if there is none
+    // of that name. A blank group becomes "Universal" in the list handed in. Every statement stands alone;
+    // the first that fails ends the work in silence, what ran before it stays, and the result is false.
     bool Insert_New_Pupil(QStringList& fields);
 
     QString New_StudentCode;

@@ -69,7 +69,7 @@ void Form10::Clear_For_New_Student() {
 
 void Form10::HotLabel2_Click() {
     if (Invalid_Name_Entered()) return;
-    // Never stored: the pupil gets the code that is made as his row is.
+    // Never stored: the pupil gets the code that is made as their row is.
     maker.Generate_StudentCode(Text3->text(), Text4->text());
     if (platform.boxes.Ask(Box_Style::Yes_No_Question, u"Saving"_s,
                            u"Do you wish to save these details ?"_s) != Answer::Yes)

@@ -11,8 +11,8 @@
 
 namespace pupils {
 
-// The Register page: enters pupils one at a time. A pupil starts in the group "Universal" with his date of
-// birth as password, and appears on the Login List.
+// The Register page: enters pupils one at a time. A pupil starts in the group "Universal" with their date
+// of birth as password, and appears on the Login List.
 class Form10 final : public shell::Page {
     Q_OBJECT
 public:

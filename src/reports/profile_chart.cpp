@@ -2,11 +2,10 @@
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
-#include "shell/conventions/look.h"
-#include "shell/conventions/theme.h"
+#include "scoring/score_conversion.h"
+#include "scoring/summary_table.h"
 
 #include <QAccessibleWidget>
-#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -14,60 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace reports {
 
-using namespace shell;
-
-constexpr int Mark_Size = 18;
-
-Terminated_Mark::Terminated_Mark(const QString& name, QWidget* parent) : QWidget(parent) {
-    setObjectName(name);
-    setAccessibleName(u"Terminated"_s);
-    setFixedSize(Mark_Size, 2 * Mark_Size);
-    hide();
-}
-
-void Terminated_Mark::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const int cut_off = std::clamp(-y(), 0, Mark_Size);
-    const QRectF badge(1, cut_off + 1, Mark_Size - 2, Mark_Size - 2);
-    painter.setPen(QPen(colours::Text, 1.5));
-    painter.setBrush(Qt::white);
-    painter.drawRoundedRect(badge, 3, 3);
-    QFont font = this->font();
-    font.setPixelSize(12);
-    font.setBold(true);
-    painter.setFont(font);
-    painter.drawText(badge, Qt::AlignCenter, u"T"_s);
-}
-
 namespace {
-
-class Bar_Frame final : public QFrame {
-public:
-    Bar_Frame(Measure measure, QWidget* parent) : QFrame(parent), measure(measure) {}
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        const bool time = measure == Measure::Time;
-        QPainter painter(this);
-        painter.fillRect(rect(), Qt::white);
-        const QRect inside = rect().adjusted(1, 1, -1, -1);
-        painter.fillRect(inside, time ? colours::Time_Bar : colours::Accuracy_Bar);
-        if (time) Hatch(painter, inside);
-    }
-
-private:
-    void Hatch(QPainter& painter, const QRect& inside) const {
-        constexpr int step = 7;
-        painter.setClipRect(inside);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(colours::Time_Hatch, 1.5));
-        for (int x = inside.left() - inside.height(); x < inside.right(); x += step)
-            painter.drawLine(x, inside.bottom() + 1, x + inside.height(), inside.top());
-    }
-
-    Measure measure;
-};
 
 // The chart as a list of its columns. The bars, being drawings, aren't told of.
 class Chart_Interface final : public QAccessibleWidget {
@@ -100,45 +46,8 @@ QAccessibleInterface* Interface_Of(const QString&, QObject* object) {
 
 } // namespace
 
-QFrame* Make_Bar(const QString& name, Measure measure, QWidget* parent) {
-    auto* bar = new Bar_Frame(measure, parent);
-    bar->setObjectName(name);
-    return bar;
-}
-
-Chart_Row::Chart_Row(const QString& name, QWidget* parent) : QWidget(parent) {
-    setObjectName(name);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
-void Chart_Row::paintEvent(QPaintEvent*) {
-    if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    shell::Look::Draw_Focus(painter, rect(), 4);
-}
-
-void Chart_Row::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Left:
-    case Qt::Key_Up:
-    case Qt::Key_Right:
-    case Qt::Key_Down:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-        Q_EMIT Left_By(event->key());
-        break;
-    default:
-        QWidget::keyPressEvent(event);
-    }
-}
-
-void Chart_Row::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
-    raise(); // its mark stands before the bars
-}
-
-Profile_Chart::Profile_Chart(const QString& name, QWidget* parent) : QFrame(parent) {
+Profile_Chart::Profile_Chart(const QString& name, const Chart_Data& data, QWidget* parent)
+    : QFrame(parent), state(data.state), pupils(data.pupils), scores(data.scores), boxes(data.boxes) {
     QAccessible::installFactory(Interface_Of);
     setObjectName(name);
     setAccessibleName(u"Cognitive Profile"_s);
@@ -176,19 +85,184 @@ void Profile_Chart::Move_From(int t, int key) {
     Row(t)->setFocusPolicy(Qt::NoFocus);
 }
 
-void Profile_Chart::Load_Picture(const QString& file) {
+void Profile_Chart::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.drawPixmap(rect(), ground);
+}
+
+static QString Ground_File(const Report_State& state) {
+    const QString scale = state.Chart_Mode == "Z"_L1 ? u"z"_s : u"p"_s;
+    if (state.Chart_Background == "GREY"_L1) return scale + u"_grey.bmp"_s;
+    if (state.Chart_Background == "WHITE"_L1) return scale + u"_white.bmp"_s;
+    return {};
+}
+
+void Profile_Chart::Load_Ground(const QString& app_path) {
+    const QString name = Ground_File(state);
+    if (name.isEmpty()) return;
+    const QString file = app_path + u"\\system\\"_s + name;
     if (!ground.load(basics::Native_Path(file)))
         throw basics::Run_Time_Error(basics::errors::File_Not_Found, u"Mevo"_s, u"File not found: "_s + file);
     update();
 }
 
-void Profile_Chart::Place(QFrame* bar, const Bar& place) {
+static Eight_Centiles Raw_Centiles(const scoring::Score_Store& scores) {
+    Eight_Centiles centiles;
+    for (int t = 1; t <= 8; ++t)
+        centiles[static_cast<std::size_t>(t - 1)] = scores.Raw_Centile[t];
+    return centiles;
+}
+
+static Eight_Centiles Time_Centiles(const scoring::Score_Store& scores) {
+    Eight_Centiles centiles;
+    for (int t = 1; t <= 8; ++t)
+        centiles[static_cast<std::size_t>(t - 1)] = scores.Time_Centile[t].As_Integer();
+    return centiles;
+}
+
+static void Place(QFrame* bar, const Bar& place) {
     bar->setGeometry(bar->x(), place.Top, bar->width(), place.Height);
 }
 
-void Profile_Chart::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.drawPixmap(rect(), ground);
+static void Stand_On_Centiles(QFrame* bar, int centile) {
+    Place(bar, Centile_Bar(centile));
+    if (centile > 0) bar->show(); // 0 leaves a bar as it was, at no height
+}
+
+void Profile_Chart::Show_Bars() {
+    if (state.Chart_Mode == "Z"_L1)
+        Show_ZScore_Bars(Raw_Centiles(scores));
+    else
+        Show_Centile_Bars(Raw_Centiles(scores));
+    if (state.Show_Time_Bars) Show_Time_Bars();
+    Stand_Marks_On_Bars();
+}
+
+void Profile_Chart::Show_Time_Bars() {
+    if (state.Chart_Mode == "Z"_L1)
+        Show_Time_ZScore_Bars(Time_Centiles(scores));
+    else
+        Show_Time_Centile_Bars(Time_Centiles(scores));
+}
+
+void Profile_Chart::Show_Centile_Bars(const Eight_Centiles& centiles) {
+    state.Chart_Mode = u"P"_s;
+    for (int t = 1; t <= 8; ++t)
+        Stand_On_Centiles(Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
+}
+
+void Profile_Chart::Show_Time_Centile_Bars(const Eight_Centiles& centiles) {
+    for (int t = 1; t <= 8; ++t)
+        Stand_On_Centiles(Time_Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
+}
+
+void Profile_Chart::Convert_Z_Score_To_Bar_Height(double z, qint16& height) {
+    if (const auto found = Bar_Height_For(z)) {
+        height = static_cast<qint16>(*found);
+        return;
+    }
+    boxes.Ask(desktop::Box_Style::Information, u"Error"_s,
+              u"There has been an error calculating the bar height"_s);
+}
+
+Bar Profile_Chart::ZScore_Place(qint16 centile) {
+    qint16 height = 0;
+    Convert_Z_Score_To_Bar_Height(scoring::Centile_To_ZScore(centile), height);
+    return ZScore_Bar(centile, height);
+}
+
+void Profile_Chart::Show_ZScore_Bars(const Eight_Centiles& centiles) {
+    for (int t = 1; t <= 8; ++t) {
+        const qint16 centile = centiles[static_cast<std::size_t>(t - 1)];
+        Place(Shape(t), ZScore_Place(centile));
+        if (centile > 0) Shape(t)->show();
+    }
+}
+
+// Whether a time bar is seen is Set_Bar_Widths' alone on this scale.
+void Profile_Chart::Show_Time_ZScore_Bars(const Eight_Centiles& centiles) {
+    for (int t = 1; t <= 8; ++t)
+        Place(Time_Shape(t), ZScore_Place(centiles[static_cast<std::size_t>(t - 1)]));
+}
+
+void Profile_Chart::Set_Bar_Widths(bool show_time, int width) {
+    for (int t = 1; t <= 8; ++t) {
+        Time_Shape(t)->setVisible(show_time);
+        Shape(t)->resize(width, Shape(t)->height());
+    }
+}
+
+void Profile_Chart::Reset_Bars() {
+    constexpr Bar at_rest{356, 0};
+    for (int t = 1; t <= 8; ++t) {
+        Place(Shape(t), at_rest);
+        Shape(t)->raise();
+        Place(Time_Shape(t), at_rest);
+    }
+}
+
+void Profile_Chart::Clear_Bar_Arrays() {
+    for (int t = 1; t <= 8; ++t) {
+        scores.Raw_Centile[t] = 0;
+        Shape(t)->resize(Shape(t)->width(), 0);
+    }
+}
+
+void Profile_Chart::Hide_Test_Bars(int t) {
+    Shape(t)->hide();
+    Shape(t)->raise();
+    Time_Shape(t)->hide();
+}
+
+void Profile_Chart::Hide_Untaken_Bars(int p) {
+    for (int t = 1; t <= 8; ++t)
+        if (pupils.Test_Status[t][p] == 0) Hide_Test_Bars(t);
+}
+
+void Profile_Chart::TerminatedTests() {
+    Image12->setVisible(scores.Tolvens_Terminated);
+    Image13->setVisible(scores.Friends_Terminated);
+    Stand_Marks_On_Bars();
+}
+
+void Profile_Chart::Stand_Marks_On_Bars() {
+    constexpr int above = 18;
+    for (const int t : {scoring::test_index::Tolvens, scoring::test_index::Bliks_Friends}) {
+        const QFrame* bar = Shape(t);
+        Terminated_Mark* mark = Mark(t);
+        mark->move(bar->x() + (bar->width() - mark->width()) / 2, bar->y() - above);
+        mark->raise();
+        mark->update();
+    }
+}
+
+bool Profile_Chart::Is_Marked(int t) const {
+    const Terminated_Mark* mark = Mark(t);
+    return mark && !mark->isHidden();
+}
+
+QString Profile_Chart::Words_For(int t) const {
+    const bool z = state.Chart_Mode == "Z"_L1;
+    const auto cell = [this, t](int number) {
+        return state.summary(scoring::Summary_Row(t), number).simplified();
+    };
+    QString words = scoring::Test_At(t).Test_Name + u": "_s;
+    if (pupils.Test_Status[t][state.Current_Pupil] == 0) return words + u"not taken"_s;
+    namespace column = scoring::summary_column;
+    const QString score = cell(z ? column::ZScore : column::Centile);
+    words += score.isEmpty() ? u"no score for this age"_s : (z ? u"z-score "_s : u"centile "_s) + score;
+    if (const QString age = cell(column::Test_Age); !age.isEmpty()) words += u", age at test "_s + age;
+    if (const QString time = cell(z ? column::Time_ZScore : column::Time_Centile);
+        state.Show_Time_Bars && !time.isEmpty())
+        words += (z ? u", time z-score "_s : u", time centile "_s) + time;
+    return words + (Is_Marked(t) ? u", terminated"_s : QString());
+}
+
+void Profile_Chart::Describe() {
+    for (int t = 1; t <= 8; ++t) {
+        Row(t)->Tell(Words_For(t));
+        Row(t)->setAccessibleDescription(Is_Marked(t) ? Mark(t)->accessibleDescription() : QString());
+    }
 }
 
 } // namespace reports

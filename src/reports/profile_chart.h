@@ -1,55 +1,34 @@
 #pragma once
 
+#include "platform/desktop/ports.h"
+#include "reports/chart_pieces.h"
 #include "reports/profile_bars.h"
+#include "reports/state/report_state.h"
+#include "scoring/pupil_lists.h"
+#include "scoring/score_store.h"
 
-#include <QFrame>
-#include <QLabel>
-#include <QString>
+#include <QPixmap>
 #include <array>
 
 namespace reports {
 
-// The mark of a test that was ended early. It stands 18 pixels above its bar; near the chart's top edge its
-// letter moves down into the bar, so that it is never cut off.
-class Terminated_Mark : public QWidget {
-    Q_OBJECT
-public:
-    Terminated_Mark(const QString& name, QWidget* parent);
+using Eight_Centiles = std::array<qint16, 8>; // tests 1 to 8
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-};
-
-enum class Measure { Accuracy, Time };
-
-// A bar, or a piece of one for the key. Those of times are hatched, so that nobody needs to tell red from
-// blue.
-QFrame* Make_Bar(const QString& name, Measure measure, QWidget* parent);
-
-// A test's column as the keyboard and a screen reader meet it: an item of a list, in words. One of the eight
-// is on the way of the Tab key; the arrow keys lead to the others.
-class Chart_Row final : public QWidget {
-    Q_OBJECT
-public:
-    Chart_Row(const QString& name, QWidget* parent);
-    void Tell(const QString& words) { setAccessibleName(words); }
-
-Q_SIGNALS:
-    void Left_By(int key);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
+// What the chart draws, and where it tells of a fault; each lives longer than the chart.
+struct Chart_Data {
+    Report_State& state;
+    const scoring::Pupil_Lists& pupils;
+    scoring::Score_Store& scores;
+    desktop::Message_Boxes& boxes;
 };
 
 // The chart's ground with its bars, all of them controls of their own: Shape1 to Shape8 for accuracy,
 // Shape12(0) to Shape12(7) for time, Image12 and Image13 the marks of the first two tests.
-// t is the test, from 1 to 8.
+// t is the test, from 1 to 8; p the place in the pupil list, from 1.
 class Profile_Chart : public QFrame {
     Q_OBJECT
 public:
-    Profile_Chart(const QString& name, QWidget* parent);
+    Profile_Chart(const QString& name, const Chart_Data& data, QWidget* parent);
 
     static constexpr int Column_Width = 64;
     static constexpr int Column_Pitch = 84;
@@ -57,24 +36,56 @@ public:
     static constexpr QSize Size{680, Chart_Height};
     static int Column_Left(int t) { return First_Column + (t - 1) * Column_Pitch; }
 
-    // The ground's picture; a missing or unreadable file is a run-time error.
-    void Load_Picture(const QString& file);
+    // The ground for the scale and shading in force, from the folder system below app_path; an unknown
+    // shading leaves the ground. A missing or unreadable file is a run-time error.
+    void Load_Ground(const QString& app_path);
 
-    QFrame* Shape(int t) const { return accuracy[static_cast<std::size_t>(t)]; }
-    QFrame* Time_Shape(int t) const { return time[static_cast<std::size_t>(t)]; } // Shape12(t - 1)
+    // Of the scores in store, on the scale in force; Show_Bars takes the time bars, if they are on, and the
+    // marks along.
+    void Show_Bars();
+    void Show_Time_Bars();
+    void Show_Centile_Bars(const Eight_Centiles& centiles); // the scale in force becomes centiles
+    void Show_Time_Centile_Bars(const Eight_Centiles& centiles);
+    void Show_ZScore_Bars(const Eight_Centiles& centiles);
+    void Show_Time_ZScore_Bars(const Eight_Centiles& centiles);
+    // A z-score without a height is told in a box and leaves the height.
+    void Convert_Z_Score_To_Bar_Height(double z, qint16& height);
+    void Set_Bar_Widths(bool show_time, int width); // pixels, of the accuracy bars
+    void Reset_Bars();
+    void Clear_Bar_Arrays();
+    void Hide_Test_Bars(int t);
+    void Hide_Untaken_Bars(int p);
+
+    // Only here is it decided which marks are seen: a batch report leaves the flags of the last pupil that
+    // it scored.
+    void TerminatedTests();
+    void Stand_Marks_On_Bars();
+
+    // What the bars show, in words, for a reader who doesn't see them.
+    void Describe();
+
+    bool Has_Bar(int t) const { return !Shape(t)->isHidden(); } // also one of no height
     Terminated_Mark* Image12;
     Terminated_Mark* Image13;
-    // Of the first two tests; none of any other.
-    Terminated_Mark* Mark(int t) const { return t == 1 ? Image12 : t == 2 ? Image13 : nullptr; }
-
-    static void Place(QFrame* bar, const Bar& place);
     Chart_Row* Row(int t) const { return rows[static_cast<std::size_t>(t)]; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QFrame* Shape(int t) const { return accuracy[static_cast<std::size_t>(t)]; }
+    QFrame* Time_Shape(int t) const { return time[static_cast<std::size_t>(t)]; } // Shape12(t - 1)
+    // Of the first two tests; none of any other.
+    Terminated_Mark* Mark(int t) const { return t == 1 ? Image12 : t == 2 ? Image13 : nullptr; }
+    bool Is_Marked(int t) const; // as ended early
+    Bar ZScore_Place(qint16 centile);
+    QString Words_For(int t) const; // a row of the chart
     void Move_From(int t, int key);
+
+    Report_State& state;
+    const scoring::Pupil_Lists& pupils;
+    scoring::Score_Store& scores;
+    desktop::Message_Boxes& boxes;
 
     std::array<QFrame*, 9> accuracy{};
     std::array<QFrame*, 9> time{};

@@ -2,12 +2,10 @@
 
 #include "reports/chart_pictures.h"
 #include "reports/reports_page.h"
-#include "scoring/summary_table.h"
 #include "scoring/test_catalogue.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
-#include <QHeaderView>
 
 using namespace Qt::StringLiterals;
 
@@ -153,9 +151,9 @@ void Form30::Lay_Out_Left_Panel() {
 void Form30::Lay_Out_Chart() {
     const int chart = Chart_Corner.x();
     Make_Label(u"Label6"_s, u"Cognitive Profile"_s, Text_Role::Heading, {chart, 8, 240, 26});
-    Label3 = Make_Label(u"Label3"_s, u""_s, Text_Role::Quiet,
-                        {chart + 240, 8, Profile_Chart::Size.width() - 240, 26});
-    Label3->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QLabel* heading = Make_Label(u"Label3"_s, u""_s, Text_Role::Quiet,
+                                 {chart + 240, 8, Profile_Chart::Size.width() - 240, 26});
+    heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     // The scale's marks have fixed places on the form, in twips from its top.
     const auto marks = [this](auto& labels, const QString& name,
@@ -188,14 +186,14 @@ void Form30::Lay_Out_Chart() {
     Image2->setGeometry(QRect(QPoint(chart - 70, Chart_Corner.y()), side));
     Image2->show();
 
-    Picture2 = new Profile_Chart(u"Picture2"_s, Frame1);
+    Picture2 = new Profile_Chart(u"Picture2"_s, {state, pupils, scoring.scores, platform.boxes}, Frame1);
     Picture2->setAccessibleDescription(
         u"The pupil's scores by test; the arrow keys go from one to the next."_s);
     Picture2->move(Chart_Corner);
 
     for (std::size_t i = 0; i < BtnEnh.size(); ++i) {
         const int t = static_cast<int>(i) + 1;
-        // Each under its bars; Pindo, which has none, apart from them.
+        // Pindo has no bars to stand under.
         const QRect place = t == scoring::test_index::Pindo
                                 ? QRect(Right, 450, Right_Width, 52)
                                 : QRect(chart + Profile_Chart::Column_Left(t) - 8, 450, 80, 52);
@@ -207,57 +205,12 @@ void Form30::Lay_Out_Chart() {
     }
     Lay_Out_Key({chart, 517});
 
-    Lay_Out_Tables();
+    Lay_Out_Tables(heading);
 }
 
-static void Set_Widths(grid::fpSpread& table, const std::vector<int>& widths) {
-    int column = 1;
-    for (const int width : widths)
-        table.Set_ColWidth(column++, width);
-}
-
-// By what each test's answers need: lists of words are long, single words and holes short. A test without a
-// last column puts that away.
-void Form30::Set_Detail_Widths(int t, grid::fpSpread& table) {
-    static const std::vector<int> lists_of_words{78, 214, 232, 66, 70, 84};
-    static const std::vector<int> widths[] = {
-        {92, 172, 192, 92, 92, 104},         // Tolvens
-        lists_of_words,                      // Blik's Friends
-        {112, 184, 184, 132, 132, 0},        // Karrel
-        lists_of_words,                      // Blik's Letters
-        {84, 240, 112, 136, 90, 82},         // Blik's Letter Names
-        lists_of_words,                      // Drell
-        {84, 138, 112, 122, 136, 78, 74, 0}, // Mirvel
-        {78, 98, 86, 96, 108, 118, 84, 76},  // Yoon
-        {132, 132, 184, 100, 82, 114},       // Pindo
-    };
-    Set_Widths(table, widths[t - 1]);
-}
-
-void Form30::Lay_Out_Tables() {
-    const QPoint corner(Chart_Corner.x() - 72, Chart_Corner.y());
-    const auto table = [this, &corner](const QString& name, const QString& described, int rows,
-                                       int row_height, int columns) {
-        auto* made = new grid::fpSpread(name, columns, rows, Frame1);
-        made->setAccessibleName(described);
-        made->setAccessibleDescription(u"The first row has the headings."_s);
-        made->setGeometry(QRect(corner, QSize(764, Chart_Height)));
-        made->verticalHeader()->setDefaultSectionSize(row_height);
-        made->Set_Heading_Row(true);
-        made->hide();
-        return made;
-    };
-    const QString answers = u"The pupil's answers, item by item"_s;
-    fpSpread1 = table(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, 10, 39, 10);
-    Set_Widths(*fpSpread1, {112, 54, 68, 58, 66, 62, 72, 76, 96, 92});
-    fpSpread2 = table(u"fpSpread2"_s, answers, 32, 25, 6);
-    fpSpread2plus = table(u"fpSpread2plus"_s, answers, 32, 25, 8);
-    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * 39); // headings of two lines
-    for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
-        shell::On(closing, &grid::fpSpread::Double_Click, this, platform, [this, closing] {
-            closing->hide();
-            Show_Chart(true);
-        });
+void Form30::Lay_Out_Tables(QLabel* heading) {
+    tables = new Table_Panel(heading, scoring, {Chart_Corner.x() - 72, Chart_Corner.y()}, Frame1);
+    shell::On(tables, &Table_Panel::Closed, this, platform, [this] { Show_Chart(true); });
 }
 
 void Form30::Lay_Out_Key(const QPoint& corner) {

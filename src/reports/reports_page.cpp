@@ -2,11 +2,8 @@
 
 #include "platform/basics/number_text.h"
 #include "platform/desktop/wait_pointer.h"
-#include "printing/print_table.h"
-#include "printing/printer_errors.h"
 #include "reports/state/pupil_comment.h"
 #include "scoring/pindo.h"
-#include "scoring/score_conversion.h"
 #include "scoring/summary_table.h"
 #include "scoring/tables/raw_tables.h"
 #include "shell/conventions/comment_dialog.h"
@@ -15,9 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace reports {
 
-constexpr int Whole_Column = 64;
-constexpr int Half_Column = 32;
-constexpr int Resting_Top = 356;
+constexpr int Whole_Column = Profile_Chart::Column_Width;
+constexpr int Half_Column = Whole_Column / 2;
 const QString Way_Back = u"Show the bar chart"_s;
 
 // ---- opening
@@ -25,10 +21,10 @@ const QString Way_Back = u"Show the bar chart"_s;
 void Form30::Load() {
     Show_Progress_Width(1);
     state.Show_Time_Bars = false;
-    Set_Bar_Widths(false, Whole_Column);
+    Picture2->Set_Bar_Widths(false, Whole_Column);
     state.Chart_Background = u"GREY"_s;
     state.Chart_Mode = u"P"_s;
-    Clear_Bar_Arrays();
+    Picture2->Clear_Bar_Arrays();
     Show_Time_Flag();
     state.Test_Table_Title = {
         u"Test data for Tolvens"_s,
@@ -87,11 +83,11 @@ void Form30::This_Students_Age(int p) {
         basics::Signed_Number(months / 12) + u"y "_s + basics::Signed_Number(months % 12) + u'm';
 }
 
-// The order is required: each step relies on the one before.
+// The order must hold: each step relies on the one before.
 void Form30::Regen_Bars_For_Another_Child(int p) {
     Hide_Any_Tables();
-    Reset_Bars();
-    Label3->setText(u""_s);
+    Picture2->Reset_Bars();
+    tables->Set_Heading(u""_s);
     Show_8_Buttons();
     {
         const desktop::Wait_Pointer busy(platform.pointer);
@@ -104,8 +100,8 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
         ShowCentiles_Click();
     else
         ShowZScores_Click();
-    Hide_Untaken_Bars(p);
-    TerminatedTests();
+    Picture2->Hide_Untaken_Bars(p);
+    Picture2->TerminatedTests();
     Label16->setText(u""_s);
     Label17->setText(u""_s);
     scoring::Fill_SummaryTable_With_Scores(p, pupils, scoring.scores, state.summary);
@@ -125,25 +121,6 @@ scoring::Progress_Strip Form30::Progress() {
     return [this](int width) { Show_Progress_Width(width); };
 }
 
-// Only here is it decided which marks are seen: a batch report leaves the flags of the last pupil that it
-// scored.
-void Form30::TerminatedTests() {
-    Picture2->Image12->setVisible(scoring.scores.Tolvens_Terminated);
-    Picture2->Image13->setVisible(scoring.scores.Friends_Terminated);
-    Stand_Marks_On_Bars();
-}
-
-void Form30::Stand_Marks_On_Bars() {
-    constexpr int above = 18;
-    for (const int t : {scoring::test_index::Tolvens, scoring::test_index::Bliks_Friends}) {
-        const QFrame* bar = Picture2->Shape(t);
-        Terminated_Mark* mark = Picture2->Mark(t);
-        mark->move(bar->x() + (bar->width() - mark->width()) / 2, bar->y() - above);
-        mark->raise();
-        mark->update();
-    }
-}
-
 void Form30::Show_Progress_Width(int width) {
     constexpr int at_rest = 1;
     constexpr int one_frame_ms = 16; // painting more often than the screen shows it would only cost time
@@ -153,105 +130,12 @@ void Form30::Show_Progress_Width(int width) {
     strip_painted.start();
 }
 
-// ---- bars
-
-Eight_Centiles Form30::Raw_Centiles() const {
-    Eight_Centiles centiles;
-    for (int t = 1; t <= 8; ++t)
-        centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Raw_Centile[t];
-    return centiles;
-}
-
-Eight_Centiles Form30::Time_Centiles() const {
-    Eight_Centiles centiles;
-    for (int t = 1; t <= 8; ++t)
-        centiles[static_cast<std::size_t>(t - 1)] = scoring.scores.Time_Centile[t].As_Integer();
-    return centiles;
-}
-
-static void Stand_On_Centiles(QFrame* bar, int centile) {
-    Profile_Chart::Place(bar, Centile_Bar(centile));
-    if (centile > 0) bar->show(); // 0 leaves a bar as it was, at no height
-}
-
-void Form30::Show_Centile_Bars(const Eight_Centiles& centiles) {
-    state.Chart_Mode = u"P"_s;
-    for (int t = 1; t <= 8; ++t)
-        Stand_On_Centiles(Picture2->Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
-}
-
-void Form30::Show_Time_Centile_Bars(const Eight_Centiles& centiles) {
-    for (int t = 1; t <= 8; ++t)
-        Stand_On_Centiles(Picture2->Time_Shape(t), centiles[static_cast<std::size_t>(t - 1)]);
-}
-
-void Form30::Convert_Z_Score_To_Bar_Height(double z, qint16& height) {
-    if (const auto found = Bar_Height_For(z)) {
-        height = static_cast<qint16>(*found);
-        return;
-    }
-    platform.boxes.Ask(desktop::Box_Style::Information, u"Error"_s,
-                       u"There has been an error calculating the bar height"_s);
-}
-
-void Form30::Show_ZScore_Bars(const Eight_Centiles& centiles) {
-    for (int t = 1; t <= 8; ++t) {
-        const qint16 centile = centiles[static_cast<std::size_t>(t - 1)];
-        qint16 height = 0;
-        Convert_Z_Score_To_Bar_Height(scoring::Centile_To_ZScore(centile), height);
-        if (centile > 0) Picture2->Shape(t)->show();
-        Profile_Chart::Place(Picture2->Shape(t), ZScore_Bar(centile, height));
-    }
-}
-
-// Whether a time bar is seen is Set_Bar_Widths' alone on this scale.
-void Form30::Show_Time_ZScore_Bars(const Eight_Centiles& centiles) {
-    for (int t = 1; t <= 8; ++t) {
-        const qint16 centile = centiles[static_cast<std::size_t>(t - 1)];
-        qint16 height = 0;
-        Convert_Z_Score_To_Bar_Height(scoring::Centile_To_ZScore(centile), height);
-        Profile_Chart::Place(Picture2->Time_Shape(t), ZScore_Bar(centile, height));
-    }
-}
-
-void Form30::Set_Bar_Widths(bool show_time, int width) {
-    for (int t = 1; t <= 8; ++t) {
-        Picture2->Time_Shape(t)->setVisible(show_time);
-        Picture2->Shape(t)->resize(width, Picture2->Shape(t)->height());
-    }
-    Time_Key->setVisible(show_time);
-}
-
-void Form30::Reset_Bars() {
-    for (int t = 1; t <= 8; ++t) {
-        Profile_Chart::Place(Picture2->Shape(t), {Resting_Top, 0});
-        Picture2->Shape(t)->raise();
-        Profile_Chart::Place(Picture2->Time_Shape(t), {Resting_Top, 0});
-    }
-}
-
-void Form30::Clear_Bar_Arrays() {
-    for (int t = 1; t <= 8; ++t) {
-        scoring.scores.Raw_Centile[t] = 0;
-        Picture2->Shape(t)->resize(Picture2->Shape(t)->width(), 0);
-    }
-}
-
-void Form30::Hide_Test_Bars(int t) {
-    Picture2->Shape(t)->hide();
-    Picture2->Shape(t)->raise();
-    Picture2->Time_Shape(t)->hide();
-}
-
-void Form30::Hide_Untaken_Bars(int p) {
-    for (int t = 1; t <= 8; ++t)
-        if (pupils.Test_Status[t][p] == 0) Hide_Test_Bars(t);
-}
+// ---- time bars
 
 void Form30::Toggle_Show_TimeBars(int p) {
     state.Show_Time_Bars = !state.Show_Time_Bars;
     if (!state.Show_Time_Bars) {
-        Set_Bar_Widths(false, Whole_Column);
+        Picture2->Set_Bar_Widths(false, Whole_Column);
         return;
     }
     if (!state.Time_Scores_Ready) {
@@ -260,26 +144,17 @@ void Form30::Toggle_Show_TimeBars(int p) {
         Show_Summary_Cells();
         state.Time_Scores_Ready = true;
     }
-    if (state.Chart_Mode == "Z"_L1) Show_Time_ZScore_Bars(Time_Centiles());
-    if (state.Chart_Mode == "P"_L1) Show_Time_Centile_Bars(Time_Centiles());
-    Set_Bar_Widths(true, Half_Column);
+    Picture2->Show_Time_Bars();
+    Picture2->Set_Bar_Widths(true, Half_Column);
 }
 
 void Form30::Show_Time_Flag() {
     Image4->setPixmap((state.Show_Time_Bars ? Image1 : Image3)->pixmap());
     Image4->setAccessibleName(state.Show_Time_Bars ? u"Time bars on"_s : u"Time bars off"_s);
+    Time_Key->setVisible(state.Show_Time_Bars);
 }
 
 // ---- scale and ground
-
-QString Form30::Chart_File() const {
-    const QString scale = state.Chart_Mode == "Z"_L1 ? u"z"_s : u"p"_s;
-    if (state.Chart_Background == "GREY"_L1)
-        return installation.App_Path + u"\\system\\"_s + scale + u"_grey.bmp"_s;
-    if (state.Chart_Background == "WHITE"_L1)
-        return installation.App_Path + u"\\system\\"_s + scale + u"_white.bmp"_s;
-    return {};
-}
 
 void Form30::Copy_Scale_Picture() {
     Image2->setPixmap((state.Chart_Mode == "Z"_L1 ? Image7 : Image6)->pixmap());
@@ -299,28 +174,24 @@ void Form30::Draw_Scale(const QString& mode) {
     Hide_Any_Tables();
     state.Chart_Mode = mode;
     Show_Scale();
-    if (const QString file = Chart_File(); !file.isEmpty()) Picture2->Load_Picture(file);
+    Picture2->Load_Ground(installation.App_Path);
     (state.Chart_Background == "WHITE"_L1 ? ShowWhite : ShowGreys)->setChecked(true);
     Show_Chart(true);
 }
 
 void Form30::ShowCentiles_Click() {
     Draw_Scale(u"P"_s);
-    Show_Centile_Bars(Raw_Centiles());
-    if (state.Show_Time_Bars) Show_Time_Centile_Bars(Time_Centiles());
-    Stand_Marks_On_Bars();
+    Picture2->Show_Bars();
 }
 
 void Form30::ShowZScores_Click() {
     Draw_Scale(u"Z"_s);
-    Show_ZScore_Bars(Raw_Centiles());
-    if (state.Show_Time_Bars) Show_Time_ZScore_Bars(Time_Centiles());
-    Stand_Marks_On_Bars();
+    Picture2->Show_Bars();
 }
 
 void Form30::Change_Background(const QString& ground) {
     state.Chart_Background = ground;
-    Picture2->Load_Picture(Chart_File());
+    Picture2->Load_Ground(installation.App_Path);
     Copy_Scale_Picture();
     (ground == "WHITE"_L1 ? ShowWhite : ShowGreys)->setChecked(true);
 }
@@ -345,8 +216,7 @@ void Form30::Show_In_Label7(const QString& text) {
 }
 
 void Form30::Hide_Any_Tables() {
-    for (grid::fpSpread* table : {fpSpread1, fpSpread2, fpSpread2plus})
-        table->hide();
+    tables->Hide();
 }
 
 void Form30::Hide_All_Objects() {
@@ -370,7 +240,7 @@ void Form30::Show_Raw_Marker(int i) {
         mark->hide();
     Shape10[static_cast<std::size_t>(i)]->show();
     Shape10[static_cast<std::size_t>(i)]->raise();
-    Label3->setText(state.Test_Table_Title[static_cast<std::size_t>(i)]);
+    tables->Set_Heading(state.Test_Table_Title[static_cast<std::size_t>(i)]);
 }
 
 void Form30::Offer_Printing(bool offered) {
@@ -389,42 +259,11 @@ void Form30::Show_8_Buttons() {
 }
 
 void Form30::Show_Summary_Cells() {
-    for (int row = 1; row <= 10; ++row)
-        for (int column = 1; column <= 10; ++column)
-            fpSpread1->Set_Text(column, row, state.summary(row, column));
+    tables->Fill_Summary(state.summary);
 }
 
-QString Form30::Words_For(int t) const {
-    const bool z = state.Chart_Mode == "Z"_L1;
-    const int p = state.Current_Pupil;
-    const auto cell = [this, t](int number) {
-        return state.summary(scoring::Summary_Row(t), number).simplified();
-    };
-    QString words = scoring::Test_At(t).Test_Name + u": "_s;
-    if (pupils.Test_Status[t][p] == 0) return words + u"not taken"_s;
-    namespace column = scoring::summary_column;
-    const QString score = cell(z ? column::ZScore : column::Centile);
-    words += score.isEmpty() ? u"no score for this age"_s : (z ? u"z-score "_s : u"centile "_s) + score;
-    if (const QString age = cell(column::Test_Age); !age.isEmpty()) words += u", age at test "_s + age;
-    if (const QString time = cell(z ? column::Time_ZScore : column::Time_Centile);
-        state.Show_Time_Bars && !time.isEmpty())
-        words += (z ? u", time z-score "_s : u", time centile "_s) + time;
-    return words + (Is_Marked(t) ? u", terminated"_s : QString());
-}
-
-bool Form30::Is_Marked(int t) const {
-    const Terminated_Mark* mark = Picture2->Mark(t);
-    return mark && !mark->isHidden();
-}
-
-// What the bars show, in words, for a reader who doesn't see them.
 void Form30::Describe_Chart() {
-    if (!Has_Pupil()) return;
-    for (int t = 1; t <= 8; ++t) {
-        Picture2->Row(t)->Tell(Words_For(t));
-        Picture2->Row(t)->setAccessibleDescription(Is_Marked(t) ? Picture2->Mark(t)->accessibleDescription()
-                                                                : QString());
-    }
+    if (Has_Pupil()) Picture2->Describe();
 }
 
 // ---- entries
@@ -437,7 +276,7 @@ void Form30::HotLabel2_Click() {
     if (!Has_Pupil()) return;
     Toggle_Show_TimeBars(state.Current_Pupil);
     Show_Time_Flag();
-    Stand_Marks_On_Bars();
+    Picture2->Stand_Marks_On_Bars();
     Describe_Chart();
 }
 
@@ -461,7 +300,7 @@ void Form30::HotLabel6_Click() {
 void Form30::HotLabel5_Click() {
     if (!state.Chart_Replaced) return;
     Hide_All_Markers();
-    Label3->setText(u""_s);
+    tables->Set_Heading(u""_s);
     Show_Scale();
     Hide_All_Objects();
     Show_8_Buttons();
@@ -480,51 +319,12 @@ void Form30::Label7_Click() {
 void Form30::PrintIcon_Click() {
     if (!Picture2->isHidden()) return; // only tables are printed from here
     if (!platform.printers.Choose()) return;
-    using printing::Table_To_Print;
-    const std::pair<Table_To_Print, grid::fpSpread*> tables[] = {{Table_To_Print::Wide_Detail, fpSpread2plus},
-                                                                 {Table_To_Print::Summary, fpSpread1},
-                                                                 {Table_To_Print::Detail, fpSpread2}};
-    for (const auto& [kind, table] : tables) {
-        if (table->isHidden()) continue;
-        printing::Telling_Printer_Errors(platform, [&] {
-            printing::Print_Table({kind, *table, Label3->text()}, state, installation, platform);
-        });
-        return;
-    }
-}
-
-static bool Needs_Eight_Columns(int t) {
-    return t == scoring::test_index::Mirvel || t == scoring::test_index::Yoon;
-}
-
-void Form30::FillCell2(const basics::Value& column, const basics::Value& row, const basics::Value& text) {
-    fpSpread2->Set_Text(column.As_Integer(), row.As_Integer(), text.Text_Or_Empty());
-}
-
-void Form30::Show_Which_Raw_Data(int t, int p) {
-    using namespace scoring;
-    struct Filler {
-        void (*show)(int p, grid::fpSpread& grid, Scoring& scoring);
-        grid::fpSpread* table;
-    };
-    const Filler fillers[] = {
-        {Show_Raw_Table_Tolvens, fpSpread2},    {Show_Raw_Table_Friends, fpSpread2},
-        {Show_Raw_Table_Karrel, fpSpread2},     {Show_Raw_Table_Letters, fpSpread2},
-        {Show_Raw_Table_BLN, fpSpread2},        {Show_Raw_Table_Drell, fpSpread2},
-        {Show_Raw_Table_Mirvel, fpSpread2plus}, {Show_Raw_Table_Yoon, fpSpread2plus},
-        {Show_Raw_Table_Pindo, fpSpread2},
-    };
-    if (t < 1 || t > All_Tests) return;
-    const Filler& filler = fillers[t - 1];
-    Set_Detail_Widths(t, *filler.table);
-    filler.show(p, *filler.table, scoring);
-    filler.table->Fit_Rows();
-    filler.table->raise();
+    tables->Print(state, installation, platform);
 }
 
 void Form30::Open_Detail_Table(int t) {
-    Hide_Any_Tables(); // one table at a time
-    Show_Which_Raw_Data(t, state.Current_Pupil);
+    Hide_Any_Tables(); // a filler shows its own grid and leaves the others as they are
+    tables->Show_Which_Raw_Data(t, state.Current_Pupil);
     if (t == scoring::test_index::Pindo) {
         Label16->setText(scoring::Verdict_On_Pindo(state.Current_Pupil, pupils, scoring.scores).Page_Text);
         Label17->setText(scoring::Show_Age_At_Test(pupils.Test_Age[t][state.Current_Pupil]));
@@ -538,13 +338,13 @@ void Form30::Open_Detail_Table(int t) {
 bool Form30::Is_Done(int t) const {
     if (!Has_Pupil()) return false;
     if (t == scoring::test_index::Pindo) return pupils.Test_Status[t][state.Current_Pupil] != 0;
-    return !Picture2->Shape(t)->isHidden();
+    return Picture2->Has_Bar(t);
 }
 
 void Form30::Test_Button_Click(int t) {
     if (!lists_loaded) return;
     const bool pindo = t == scoring::test_index::Pindo;
-    scoring::Clear_Grid(Needs_Eight_Columns(t) ? *fpSpread2plus : *fpSpread2);
+    tables->Clear_For(t);
     state.Chart_Replaced = true;
     Show_Raw_Marker(t - 1);
     if (Is_Done(t)) {
@@ -568,8 +368,8 @@ void Form30::HotLabel7_Click() {
         mark->hide();
     Hide_All_Markers();
     Image2->clear();
-    Label3->setText(u"Test Summary for "_s + state.Pupil_Name);
-    fpSpread1->show();
+    tables->Set_Heading(u"Test Summary for "_s + state.Pupil_Name);
+    tables->Show_Summary();
     Offer_Printing(true);
     Show_In_Label7(Way_Back);
 }

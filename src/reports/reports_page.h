@@ -1,9 +1,9 @@
 #pragma once
 
 #include "foundation/access_holder.h"
-#include "platform/grid/spread.h"
 #include "reports/profile_chart.h"
 #include "reports/state/report_state.h"
+#include "reports/table_panel.h"
 #include "scoring/score_all_tests.h"
 #include "scoring/scoring.h"
 #include "shell/conventions/click_combo.h"
@@ -22,10 +22,8 @@ struct Report_Data {
     Report_State& state;
 };
 
-using Eight_Centiles = std::array<qint16, 8>; // tests 1 to 8
-
-// The Reports page: a teacher chooses a pupil who has results and sees his profile as bars on one of two
-// scales. Nothing is stored but the comment: scores are worked out each time.
+// The Reports page: a teacher chooses a pupil who has results and sees their profile as bars on one of
+// two scales. Nothing is stored but the comment: scores are worked out each time.
 class Form30 final : public shell::Page {
     Q_OBJECT
 public:
@@ -39,29 +37,15 @@ public:
     void Regen_Bars_For_Another_Child(int p);
     void This_Students_Age(int p);
     void Compute_Raw_Scores_Times(int p, bool show_progress);
-    void TerminatedTests();
 
-    void Show_Centile_Bars(const Eight_Centiles& centiles);
-    void Show_Time_Centile_Bars(const Eight_Centiles& centiles);
-    void Show_ZScore_Bars(const Eight_Centiles& centiles);
-    void Show_Time_ZScore_Bars(const Eight_Centiles& centiles);
-    void Convert_Z_Score_To_Bar_Height(double z, qint16& height);
-    void Set_Bar_Widths(bool show_time, int width); // pixels, of the accuracy bars
     void Show_Scale();
-    void Reset_Bars();
-    void Clear_Bar_Arrays();
-    void Hide_Test_Bars(int t);
-    void Hide_Untaken_Bars(int p);
     void Toggle_Show_TimeBars(int p);
     void Show_Time_Flag();
     void Hide_All_Objects();
     void Hide_Any_Tables();
 
-    void FillCell2(const basics::Value& column, const basics::Value& row,
-                   const basics::Value& text); // of fpSpread2
-    void Show_Which_Raw_Data(int t, int p);    // 1 to 9; any other does nothing
-    void Show_Raw_Marker(int i);               // 0 to 8
-    void Hide_8_Buttons();                     // all nine, in spite of the name
+    void Show_Raw_Marker(int i); // 0 to 8
+    void Hide_8_Buttons();       // all nine, in spite of the name
     void Show_8_Buttons();
 
     void Combo1_Click();
@@ -83,32 +67,25 @@ public:
 private:
     void Lay_Out();
     void Lay_Out_Chart();
-    void Lay_Out_Tables();
+    void Lay_Out_Tables(QLabel* heading);
     void Lay_Out_Key(const QPoint& corner);
     void Lay_Out_Left_Panel();
     void Lay_Out_Right_Panel();
     void Tell_Helps();
-    QString Chart_File() const; // of the ground for the scale and shading in force
     void Draw_Scale(const QString& mode);
     void Change_Background(const QString& ground);
     void Copy_Scale_Picture();
     void Show_Chart(bool shown);
     void Hide_All_Markers();
     void Open_Detail_Table(int t);
-    void Set_Detail_Widths(int t, grid::fpSpread& table);
     void Offer_Printing(bool offered); // PrintIcon and its caption
     bool Is_Done(int t) const;
     void Show_Summary_Cells();
     void Describe_Chart();
-    void Stand_Marks_On_Bars();
     bool Has_Pupil() const;
-    QString Words_For(int t) const; // a row of the chart
-    bool Is_Marked(int t) const;    // as ended early
     void Show_In_Label7(const QString& text);
     void Show_Progress_Width(int width);
     scoring::Progress_Strip Progress();
-    Eight_Centiles Raw_Centiles() const;
-    Eight_Centiles Time_Centiles() const;
 
     foundation::Installation& installation;
     scoring::Pupil_Lists& pupils;
@@ -120,16 +97,14 @@ private:
     bool lists_loaded = false; // until then they are those of an earlier visit
 
     Profile_Chart* Picture2;
+    Table_Panel* tables;
     shell::Click_Combo* Combo1;
-    grid::fpSpread* fpSpread1;     // the summary
-    grid::fpSpread* fpSpread2;     // one test's answers
-    grid::fpSpread* fpSpread2plus; // the same, for the two tests with eight columns
     std::array<QLabel*, 9> Label9;
     std::array<QLabel*, 5> Label10;
     std::array<QFrame*, 9> Shape10;
     std::array<shell::HotLabel*, 9> BtnEnh; // BtnEnh11 to BtnEnh19, in test order
     QLabel *Image1, *Image2, *Image3, *Image4, *Image6, *Image7;
-    QLabel *Label3, *Label8;
+    QLabel* Label8;
     QLabel *Label16, *Label17; // the verdict on Pindo, and the age at that test
     shell::HotLabel* Label7;   // the help line, and the way back from a table
     QWidget *Key, *Time_Key;   // what the bars' colours mean; its second half is shown with the time bars

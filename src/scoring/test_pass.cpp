@@ -17,7 +17,6 @@ bool Is_Loaded(Item_Field field, Item_Load load) {
     return (field == Item_Field::Time) == (load == Item_Load::Times);
 }
 
-// A field of a test's items on its way from the row.
 struct Field_To_Read {
     Item_Array& kept;
     const std::vector<int>& columns;

@@ -31,7 +31,7 @@ void Form77::Lay_Out() {
     Label4 = Make_Label(u"Label4"_s, u""_s, Text_Role::Notice, {40, 334, 920, 36});
     Label4->hide();
 
-    // Three columns: the results, the pupils, the database. The order down and across is the tab order.
+    // Made column by column, as the Tab key goes by the order in which they are made.
     const auto entry = [this](const char16_t* name, const QString& caption, const QString& icon, int column,
                               int row, std::function<void()> click) {
         const QRect place(40 + column * 312, 122 + row * 68, 296, 58);
@@ -51,7 +51,7 @@ void Form77::Lay_Out() {
     HotLabel2 = entry(u"HotLabel2", u"Import from file"_s, u"import"_s, 1, 1, going_to(Page_Id::Import));
     HotLabel3 = entry(u"HotLabel3", u"Delete individuals"_s, u"delete"_s, 1, 2, going_to(Page_Id::Delete));
     HotLabel14 = entry(u"HotLabel14", u"Security"_s, u"security"_s, 2, 0, going_to(Page_Id::Security));
-    // The help line has no text for it; a screen reader has.
+    // The help line has no text for this entry, and a screen reader needs one.
     HotLabel14->setAccessibleDescription(u"Arrange groups, and how each pupil logs in."_s);
     HotLabel8 = entry(u"HotLabel8", u"Archiving"_s, u"archiving"_s, 2, 1, going_to(Page_Id::Archiving));
     HotLabel6 = entry(u"HotLabel6", u"Settings"_s, u"settings"_s, 2, 2, on_top(Page_Id::Settings));
@@ -77,7 +77,7 @@ void Form77::Tell_Helps() {
     const auto [label, help] = Make_Help(u"Label3"_s, {40, 516, 920, 76});
     Label3 = label;
     for (QLabel* told : {Label3, Label5})
-        told->setFocusPolicy(Qt::TabFocus); // they have a text to tell
+        told->setFocusPolicy(Qt::TabFocus); // so that the keys reach what the help line has to tell of them
     help->Clear_Over(this);
     help->Clear_Over(Frame1);
     help->Tell(Label3, [this] {
@@ -163,7 +163,7 @@ void Form77::Count_Pupils_With_Results() {
     try {
         counts.Number_With_Results = Pupils_With_Results(installation.Connection_String);
     } catch (const basics::Run_Time_Error&) {
-        // The count stays what it was.
+        // The menu opens all the same, with the count that it had.
     }
 }
 

@@ -32,7 +32,7 @@ void Form20::Lay_Out() {
         frame->setObjectName(frame_name);
         frame->setGeometry(place);
         QLabel* shown = Make_Label(name, u""_s, Text_Role::Fact, {10, 36, place.width() - 20, 36}, frame);
-        shown->setFocusPolicy(Qt::TabFocus); // it has a text to tell
+        shown->setFocusPolicy(Qt::TabFocus); // so that the keys reach what the help line has to tell of it
         return shown;
     };
     lblVersion =
@@ -69,7 +69,7 @@ void Form20::Load() {
     for (const QString& key : keys) {
         const QString version = Read_Flash_Version(key, platform);
         if (version.isEmpty()) continue;
-        lblFlashVersion->setText(version); // the last one found is shown
+        lblFlashVersion->setText(version);
         Flash_Installed = true;
     }
 }

@@ -98,7 +98,7 @@ void Form14::Lay_Out() {
     HotLabel* menu =
         Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {QPoint(Left + Whole_Width - button.width(), top), button},
                       [this] { HotLabel1_Click(); });
-    // The page has no help line; a screen reader is told all the same.
+    // Without a help line nothing else describes them to a screen reader.
     print->setAccessibleDescription(u"Prints the chart."_s);
     menu->setAccessibleDescription(u"Return to Main Menu"_s);
 }

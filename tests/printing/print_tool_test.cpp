@@ -199,7 +199,7 @@ TEST_F(Print_Tool, ASurnameWithADividerIsNamed) {
     EXPECT_EQ(outcome.status, 2);
     ASSERT_EQ(outcome.errors.size(), 1);
     EXPECT_TRUE(outcome.errors.first().contains(u"Thompson - Ellis"_s));
-    EXPECT_EQ(Print(Individual({code})).status, 0); // by itself he can be printed
+    EXPECT_EQ(Print(Individual({code})).status, 0); // one at a time they can be printed
 }
 
 // The program itself, where no window system is.

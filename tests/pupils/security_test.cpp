@@ -221,7 +221,7 @@ TEST_F(Security_Page, AGroupsSettingsAreShownAsTheyStand) {
 TEST_F(Security_Page, AGroupsUpdateOverwritesItsMembersAndNobodyElse) {
     sample.Run(u"UPDATE Mevo_Pupils SET Show_Name = 1, Dob_as_pw = 0, Password = 'own'"_s);
     sample.Run(u"UPDATE Mevo_Pupils SET Group_Class = 'class 1 OAK' WHERE Surname = 'Khan'"_s);
-    sample.Run(u"UPDATE Mevo_Pupils SET Dob_as_pw = 1 WHERE Surname = 'Patel'"_s); // his own choice
+    sample.Run(u"UPDATE Mevo_Pupils SET Dob_as_pw = 1 WHERE Surname = 'Patel'"_s); // their own choice
     Open();
     Choose(u"Combo2"_s, Oak);
     Type(u"Text3"_s, u"left over"_s);

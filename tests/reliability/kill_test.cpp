@@ -231,7 +231,7 @@ private:
         database.Run(undo + QStringList{u"DELETE FROM Mevo_Pupils WHERE Forename = 'Imported'"_s});
         EXPECT_EQ(Content(working, working, played), before);
     }
-    // Who is still registered has all that he had; of one alone may rows be left behind.
+    // Who is still registered has all that they had; of one alone may rows be left behind.
     void Expect_Deleted() {
         QStringList gone;
         int left_in_part = 0;

@@ -95,7 +95,7 @@ protected:
         const Database_Beside database(file);
         EXPECT_EQ(database.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
         EXPECT_EQ(database.Value(u"SELECT count(*) FROM Mevo_Pupils"_s).toInt(), pupils_there);
-        // All have their row in each data table, and nobody else has.
+        // Everyone has their row in each data table, and nobody else has.
         for (const foundation::Test_Tables& test : foundation::Tests_In_Order())
             EXPECT_EQ(
                 database.Value(u"SELECT count(*) || ' ' || count(DISTINCT p.StudentCode) FROM %1 d LEFT JOIN "

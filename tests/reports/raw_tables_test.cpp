@@ -7,7 +7,6 @@ using namespace test_support;
 
 namespace {
 
-// The detail tables as the teacher meets them: by the test's button.
 class Raw_Tables : public Reports_Page {
 protected:
     Raw_Tables() { code = Code_Where(All_Normed + u" AND Pindo = 1"_s); }

@@ -43,7 +43,7 @@ TEST_F(Reports_Page, AStrangeZScoreIsToldAndLeavesTheHeight) {
     Open();
     outside.boxes.Will_Answer(Answer::Ok);
     qint16 height = 77;
-    page->Convert_Z_Score_To_Bar_Height(0.5, height);
+    Control<Profile_Chart>(*page, u"Picture2"_s).Convert_Z_Score_To_Bar_Height(0.5, height);
     EXPECT_EQ(height, 77);
     EXPECT_EQ(outside.boxes.shown[0].title, u"Error"_s);
     EXPECT_EQ(outside.boxes.shown[0].text, u"There has been an error calculating the bar height"_s);
@@ -91,7 +91,7 @@ TEST_F(Reports_Page, TheTimePassRunsOnceForAPupil) {
     const QString time = Cell(6, 2);
     EXPECT_NE(time, u"0.00"_s);
 
-    // Off and on again reads nothing anew; choosing the pupil does.
+    // New answers show whether off and on again reads anew; choosing the pupil does.
     sample.Run(u"UPDATE Mevo_Tolvens_data SET Level_11_time = 1, Level_12_time = 1 WHERE StudentCode = '"_s +
                code + u'\'');
     page->HotLabel2_Click();

@@ -19,7 +19,7 @@ void PrintTo(const Answer_Cell& cell, std::ostream* out);
 
 using Answers_In_A_File = QMap<std::pair<QString, int>, Answer_Cell>; // by code and test
 
-// Of every pupil who is registered, whether or not he was tested. Waits for a file in use.
+// Of every pupil who is registered, whether or not they were tested. Waits for a file in use.
 Answers_In_A_File Read_Answers(const QString& file);
 Answer_Cell Cell_Of(const test_player::Stored_Answers& stored);
 

@@ -13,7 +13,7 @@ struct Comment_In_Hand {
     qint16 Comment_Changed = 0; // true if the dialog changed the comment; its caller saves it
 };
 
-// The pupil on screen and how he is shown. The report pages read it when they open over the Reports page.
+// The pupil on screen and how they are shown. The report pages read it when they open over the Reports page.
 struct Report_State {
     qint16 Current_Pupil = 0; // place in the pupil list, from 1
     QString Current_Student_Code;

@@ -23,7 +23,6 @@ constexpr int Last_Row_Used = 94;
 constexpr int First_Item_Row = 2;
 constexpr double Milliseconds = 1000;
 
-// What one cell of an item's row shows.
 enum class Shown_As {
     Row_Number,
     Stored,            // the field as it came
@@ -43,7 +42,6 @@ struct Detail_Column {
     Item_Field field = Item_Field::Requested;
 };
 
-// One test's table: its columns, where its totals stand, and the items it shows.
 struct Detail_Table {
     int t;
     QList<Detail_Column> columns;

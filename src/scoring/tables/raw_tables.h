@@ -5,9 +5,9 @@
 
 namespace scoring {
 
-// Fills the detail table of one test for the pupil at place p: his answers item by item, and his totals
-// against those of his age. The test's raw pass must have loaded the answers; the times are those of the last
-// time pass. No score changes, but here the sequence errors of Tolvens and Blik's Friends are summed.
+// Fills the detail table of one test for the pupil at place p: their answers item by item, and their totals
+// against those of their age. The test's raw pass must have loaded the answers; the times are those of the
+// last time pass. No score changes, but here the sequence errors of Tolvens and Blik's Friends are summed.
 //
 // A cell that can't be worked out is passed over and stays as it was. The grid is shown at the end.
 void Show_Raw_Table_Tolvens(int p, grid::fpSpread& grid, Scoring& scoring);

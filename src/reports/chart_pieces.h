@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QFrame>
+#include <QString>
+#include <QWidget>
+
+namespace reports {
+
+// The mark of a test that was ended early. It stands 18 pixels above its bar; near the chart's top edge its
+// letter moves down into the bar, so that it is never cut off.
+class Terminated_Mark : public QWidget {
+    Q_OBJECT
+public:
+    Terminated_Mark(const QString& name, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+enum class Measure { Accuracy, Time };
+
+// A bar, or a piece of one for the key. Those of times are hatched, so that nobody needs to tell red from
+// blue.
+QFrame* Make_Bar(const QString& name, Measure measure, QWidget* parent);
+
+// A test's column as the keyboard and a screen reader meet it: an item of a list, in words. One of the eight
+// is on the way of the Tab key; the arrow keys lead to the others.
+class Chart_Row final : public QWidget {
+    Q_OBJECT
+public:
+    Chart_Row(const QString& name, QWidget* parent);
+    void Tell(const QString& words) { setAccessibleName(words); }
+
+Q_SIGNALS:
+    void Left_By(int key);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+};
+
+} // namespace reports
