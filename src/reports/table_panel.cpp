@@ -3,7 +3,7 @@
 #include "printing/print_table.h"
 #include "printing/printer_errors.h"
 #include "reports/profile_bars.h"
-#include "scoring/raw_tables.h"
+#include "scoring/tables/raw_tables.h"
 
 #include <QHeaderView>
 
