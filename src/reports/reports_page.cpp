@@ -2,8 +2,8 @@
 
 #include "platform/basics/number_text.h"
 #include "platform/desktop/wait_pointer.h"
+#include "printing/print_outcome.h"
 #include "printing/print_table.h"
-#include "printing/printer_errors.h"
 #include "reports/state/pupil_comment.h"
 #include "scoring/pindo.h"
 #include "scoring/score_conversion.h"
