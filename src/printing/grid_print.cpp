@@ -2,7 +2,7 @@
 
 #include "platform/basics/dates.h"
 #include "platform/basics/run_time_error.h"
-#include "printing/pdf_notice.h"
+#include "printing/print_outcome.h"
 #include "printing/product_lines.h"
 
 using namespace Qt::StringLiterals;

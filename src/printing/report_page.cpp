@@ -1,7 +1,6 @@
 #include "printing/report_page.h"
 
-#include "printing/pdf_notice.h"
-#include "printing/printer_errors.h"
+#include "printing/print_outcome.h"
 
 #include <QPainter>
 #include <QPainterPath>
