@@ -132,3 +132,25 @@ TEST_F(Testing_Progress, AMissingDatabaseMeetsTheBoxAndAbortEnds) {
     EXPECT_THROW(Open(), Program_Ended);
     EXPECT_EQ(outside.boxes.Titles(), QStringList{u"Error Information: ado_Open"_s});
 }
+
+TEST_F(Testing_Progress, FitsACommonScreenWithoutCrowding) {
+    Register(u"'A', 'Adams', 'Ann', NULL"_s);
+    Open();
+    const QWidget& frame = Control(*page, u"Frame1"_s);
+    EXPECT_TRUE(page->rect().contains(frame.geometry()));
+    QList<QRect> taken;
+    for (const QString& name :
+         {u"Label4"_s, u"Label3"_s, u"Label5"_s, u"Spread1"_s, u"HotLabel1"_s, u"HotLabel2"_s}) {
+        const QWidget& control = Control(*page, name);
+        EXPECT_TRUE(frame.rect().contains(control.geometry())) << name.toStdString();
+        EXPECT_GE(control.width(), control.sizeHint().width() * (name == u"Spread1"_s ? 0 : 1))
+            << name.toStdString();
+        for (const QRect& other : taken)
+            EXPECT_FALSE(control.geometry().intersects(other)) << name.toStdString();
+        taken.append(control.geometry());
+    }
+    int columns = 0;
+    for (int column = 0; column < Grid().columnCount(); ++column)
+        columns += Grid().columnWidth(column);
+    EXPECT_LE(columns, Grid().viewport()->width()); // nothing to scroll sideways
+}
