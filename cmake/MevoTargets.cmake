@@ -10,6 +10,10 @@ else()
     # -g1: lines and functions for a backtrace. Full debug information takes a third of the building time.
     target_compile_options(mevo_options INTERFACE -Wall -Wextra -g1)
 endif()
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Sources that are compiled together count as headers to it, which shouldn't have names of their own.
+    target_compile_options(mevo_options INTERFACE -Wno-subobject-linkage)
+endif()
 if(MEVO_WARNINGS_ARE_ERRORS)
     target_compile_options(mevo_options INTERFACE $<IF:$<CXX_COMPILER_ID:MSVC>,/WX,-Werror>)
 endif()

@@ -42,24 +42,24 @@ void Paint_Operation(const Rectangle_Operation& rectangle, QPainter& painter) {
     painter.drawRect(rectangle.x, rectangle.y, rectangle.width, rectangle.height);
 }
 
-QRectF Extent_Of(const Text_Operation& text) {
+QRectF Place_Of(const Text_Operation& text) {
     return Ink_Of(text);
 }
 
-QRectF Extent_Of(const Line_Operation& line) {
+QRectF Place_Of(const Line_Operation& line) {
     const double half = std::max(1, line.pen.width) / 2.0;
     const QRectF between(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
     return between.normalized().adjusted(-half, -half, half, half);
 }
 
-QRectF Extent_Of(const Rectangle_Operation& rectangle) {
+QRectF Place_Of(const Rectangle_Operation& rectangle) {
     const double half = rectangle.outline ? rectangle.outline->width / 2.0 : 0;
     return QRectF(rectangle.x, rectangle.y, rectangle.width, rectangle.height)
         .adjusted(-half, -half, half, half);
 }
 
 bool Reaches(const Operation& operation, const QRectF& ink) {
-    return std::visit([&ink](const auto& kind) { return Extent_Of(kind).intersects(ink); }, operation);
+    return std::visit([&ink](const auto& kind) { return Place_Of(kind).intersects(ink); }, operation);
 }
 
 using Operations = std::vector<Operation>;

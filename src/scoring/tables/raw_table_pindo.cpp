@@ -13,7 +13,6 @@ using basics::Two_Decimals;
 using grid::fpSpread;
 
 constexpr int Tries = 4; // of each body part
-constexpr double Milliseconds = 1000;
 constexpr int Rows = 28;
 
 void Write_Row_Labels(fpSpread& grid) {
@@ -42,7 +41,7 @@ double Fill_Pindo_Rows(fpSpread& grid, const Test_Items& items) {
             const double time = items.Item_Time(i).As_Double();
             if (!(time > 0)) return;
             sum += time;
-            grid.Set_Text(4, row, Two_Decimals(time / Milliseconds));
+            grid.Set_Text(4, row, Two_Decimals(time / Milliseconds_A_Second));
             grid.Set_Text(5, row, items.Item_Chosen(i) == items.Item_Requested(i) ? u"Yes"_s : u"No"_s);
         });
     }
@@ -57,7 +56,7 @@ void Show_Raw_Table_Pindo(int p, fpSpread& grid, Scoring& scoring) {
     const double sum = Fill_Pindo_Rows(grid, scoring.items[test_index::Pindo]);
     const int totals = Tries * 6 + 2;
     grid.Set_Text(3, totals, u"Total time (secs)"_s);
-    grid.Set_Text(4, totals, Two_Decimals(sum / Milliseconds));
+    grid.Set_Text(4, totals, Two_Decimals(sum / Milliseconds_A_Second));
     grid.Set_Text(3, totals + 1, u"Attempts (optimum=6)"_s);
     grid.Set_Text(4, totals + 1, QString::number(scoring.scores.Pindo_Attempts));
     const QString word = Verdict_On_Pindo(p, scoring.pupils, scoring.scores).Table_Word;

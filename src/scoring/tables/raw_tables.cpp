@@ -21,7 +21,6 @@ using grid::fpSpread;
 
 constexpr int Last_Row_Used = 94;
 constexpr int First_Item_Row = 2;
-constexpr double Milliseconds = 1000;
 
 enum class Shown_As {
     Row_Number,
@@ -200,9 +199,9 @@ private:
         case Shown_As::Target_Position:
             return Target_Position(items, i);
         case Shown_As::Plain_Time:
-            return Plain_Number(items.Item_Time(i).As_Double() / Milliseconds);
+            return Plain_Number(items.Item_Time(i).As_Double() / Milliseconds_A_Second);
         case Shown_As::Rounded_Time:
-            return Two_Decimals(items.Item_Time(i).As_Double() / Milliseconds);
+            return Two_Decimals(items.Item_Time(i).As_Double() / Milliseconds_A_Second);
         case Shown_As::Equal:
             return items.Item_Chosen(i) == items.Item_Requested(i) ? u"1"_s : u"0"_s;
         case Shown_As::Correct:
@@ -229,7 +228,9 @@ private:
         const int first = Rows() + 3;
         const int label = table.label_column;
         const bool sequence = table.sequence_errors != nullptr;
-        const auto seconds = [](double milliseconds) { return Two_Decimals(milliseconds / Milliseconds); };
+        const auto seconds = [](double milliseconds) {
+            return Two_Decimals(milliseconds / Milliseconds_A_Second);
+        };
 
         const QString labels[] = {u"Child's total"_s, u"Child's avge"_s, u"Popul'n mean"_s, u"Popul'n SD"_s};
         for (int line = 0; line < 4; ++line)

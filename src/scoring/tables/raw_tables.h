@@ -5,6 +5,8 @@
 
 namespace scoring {
 
+inline constexpr double Milliseconds_A_Second = 1000; // item times are kept in the one and shown in the other
+
 // Fills the detail table of one test for the pupil at place p: their answers item by item, and their totals
 // against those of their age. The test's raw pass must have loaded the answers; the times are those of the
 // last time pass. No score changes, but here the sequence errors of Tolvens and Blik's Friends are summed.
