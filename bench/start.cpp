@@ -91,9 +91,9 @@ int Run_The_Program(const QString& folder, bool on_to_reports) {
     Hurried_Clock clock;
     desktop::Platform& ports = platform.Ports();
     desktop::Platform hurried{
-        ports.boxes,  ports.pointer,  clock,           ports.sound,   ports.documents,    ports.processes,
-        ports.ini,    ports.files,    ports.folders,   ports.dialogs, ports.file_dialogs, ports.input_box,
-        ports.random, ports.printers, ports.clipboard, ports.registry};
+        ports.boxes,  ports.pointer,  clock,           ports.sound,    ports.documents,    ports.processes,
+        ports.ini,    ports.files,    ports.folders,   ports.dialogs,  ports.file_dialogs, ports.input_box,
+        ports.random, ports.printers, ports.clipboard, ports.registry, ports.settings};
     QApplication::setQuitOnLastWindowClosed(false);
     shell::Apply_Theme(*qApp);
     app::Program program(hurried);

@@ -13,9 +13,6 @@ using namespace test_support;
 
 namespace {
 
-const QColor Red(255, 0, 0);
-const QString Note = u"Trm - Tests which were terminated early (Tolvens or Blik's Friends)"_s;
-
 class Batch_Report_Sheets : public testing::Test {
 protected:
     Batch_Report_Sheets() {

@@ -13,8 +13,6 @@ using namespace test_support;
 
 namespace {
 
-const QColor Red(255, 0, 0);
-const QString Note = u"Trm - Tests which were terminated early (Tolvens or Blik's Friends)"_s;
 constexpr Report_Sections Nothing{.Summary = false, .Profile = false, .Legend = false, .Comments = false};
 
 class Individual_Report_Sheet : public testing::Test {
@@ -94,7 +92,7 @@ TEST_F(Individual_Report_Sheet, TheHeadingOfTheScoresIsBoldOnGreyEachTime) {
         for (const QString& heading : {u"Module"_s, u"Score"_s, u"Test age"_s}) {
             const auto& line = Only_Line(page, heading);
             EXPECT_TRUE(line.style.bold);
-            EXPECT_EQ(Colour_At(page, line.x, line.y).rgb(), Grey.rgb());
+            EXPECT_EQ(Colour_At(page, line.x, line.y).rgb(), QColor(192, 192, 192).rgb());
         }
         EXPECT_EQ(Lines_Drawn(page, Qt::black).first().pen.width, 10) << "the chart's are wider";
         const auto& name = Only_Line(page, u"Letter names"_s);

@@ -14,9 +14,8 @@ namespace {
 
 const QColor Black(0, 0, 0);
 const QColor White(255, 255, 255);
-const QColor Red(255, 0, 0);
 
-QColor Grey(int lightness) {
+QColor Grey_Of(int lightness) {
     return QColor(lightness, lightness, lightness);
 }
 
@@ -108,10 +107,17 @@ TEST_F(Charts_On_Paper, BandsDarkenTowardsTheEndsOfTheScale) {
         QColor zscores;
     };
     const Band bands[] = {
-        {0.02, Black, Black},         {0.06, Grey(128), Black},     {0.15, Grey(128), Grey(128)},
-        {0.28, Grey(192), Grey(128)}, {0.34, Grey(192), Grey(192)}, {0.36, White, Grey(192)},
-        {0.64, White, Grey(192)},     {0.66, Grey(192), Grey(192)}, {0.78, Grey(192), Grey(128)},
-        {0.88, Grey(128), Grey(128)}, {0.90, Grey(128), White}, // the lowest band of z-scores stays white
+        {0.02, Black, Black},
+        {0.06, Grey_Of(128), Black},
+        {0.15, Grey_Of(128), Grey_Of(128)},
+        {0.28, Grey_Of(192), Grey_Of(128)},
+        {0.34, Grey_Of(192), Grey_Of(192)},
+        {0.36, White, Grey_Of(192)},
+        {0.64, White, Grey_Of(192)},
+        {0.66, Grey_Of(192), Grey_Of(192)},
+        {0.78, Grey_Of(192), Grey_Of(128)},
+        {0.88, Grey_Of(128), Grey_Of(128)},
+        {0.90, Grey_Of(128), White}, // the lowest band of z-scores stays white
         {0.98, Black, White},
     };
     const Chart_Place places[] = {Large_Chart(false).place, Small_Chart(500, 1000, false).place};
@@ -140,14 +146,14 @@ TEST_F(Charts_On_Paper, AWhiteChartHasARuleAtEachEdgeAndInTheMiddle) {
         Begin_Anew();
         charts.Draw_White_Lines(Large_Chart(false).place, mode);
         QList<int> drawn;
-        for (const auto& line : Lines_Drawn(Page(), Grey(192))) {
+        for (const auto& line : Lines_Drawn(Page(), Grey_Of(192))) {
             EXPECT_EQ(line.y1, line.y2);
             EXPECT_EQ(line.x1, 1200);
             EXPECT_EQ(line.x2, 9200);
             drawn.append(line.y1);
         }
         EXPECT_EQ(drawn, heights) << mode.toStdString();
-        EXPECT_TRUE(Fills(Grey(192)).isEmpty());
+        EXPECT_TRUE(Fills(Grey_Of(192)).isEmpty());
     }
 }
 

@@ -2,12 +2,17 @@
 
 #include "platform/preview/text_metrics.h"
 
+#include <QColor>
 #include <QList>
 #include <QRectF>
 #include <QString>
 #include <QStringList>
 
 namespace test_support {
+
+inline const QColor Red(255, 0, 0); // of a bar
+inline const QString Note =
+    QStringLiteral("Trm - Tests which were terminated early (Tolvens or Blik's Friends)");
 
 // Questions to a recorded page. A text that isn't there fails with a list of those that are.
 

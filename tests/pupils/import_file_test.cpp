@@ -19,7 +19,7 @@ QStringList Lines_Of(const QString& text) {
     return lines;
 }
 
-QString Answer(const QString& line, qint16 number = 7) {
+QString Said_Of(const QString& line, qint16 number = 7) {
     QStringList fields = Import_Fields(line);
     return Validate_Import_Record(fields, number);
 }
@@ -127,8 +127,8 @@ TEST(Validate_Import_Record, TellsTheFirstFailure) {
         {u"\"Smith,Jane,F,14/03/2003,Class 1,\""_s, u"OK"_s}, // a quotation mark is a letter like any other
     };
     for (const auto& [line, answer] : cases)
-        EXPECT_EQ(Answer(line), answer) << line.toStdString();
-    EXPECT_EQ(Answer(u"x"_s, 32767), u"Record 32767 has an incorrect number of fields."_s);
+        EXPECT_EQ(Said_Of(line), answer) << line.toStdString();
+    EXPECT_EQ(Said_Of(u"x"_s, 32767), u"Record 32767 has an incorrect number of fields."_s);
 }
 
 TEST(Validate_Import_Record, KeepsTheGenderLetterAndTheShortDate) {

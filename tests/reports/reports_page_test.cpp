@@ -1,6 +1,7 @@
 #include "platform/basics/run_time_error.h"
 #include "reports/reports_page_fixture.h"
 
+#include <QAccessible>
 #include <QPlainTextEdit>
 #include <gtest/gtest.h>
 
