@@ -25,7 +25,7 @@ namespace {
 
 constexpr int Old_Pupils = 60;
 constexpr int Archived_Pupils = 90;
-constexpr int Class_Size = 10;
+constexpr int Imported_Class = 10;
 constexpr int Deleted_Pupils = 15; // by the program under test
 constexpr int Played_Pupils = 10;
 const QString Integrity = u"PRAGMA integrity_check"_s;
@@ -74,7 +74,7 @@ public:
         Copy(Old_Archive(), mine);
         sample_data::Write_Template(empty, 1);
         QByteArray lines;
-        for (int i = 0; i < Class_Size; ++i)
+        for (int i = 0; i < Imported_Class; ++i)
             lines += Imported(i).toUtf8() + ",Imported,F,14/03/2019,,\r\n";
         Write_Bytes(folder.filePath(u"class.txt"_s), lines);
         played = Old_Codes().first(Played_Pupils);
@@ -222,7 +222,7 @@ private:
             Count(u"Forename = 'Imported' AND %1 = 9"_s.arg(Data_Row_Counts(u"p.StudentCode"_s)));
         EXPECT_GE(whole, told);
         EXPECT_LE(there, whole + 1);
-        EXPECT_TRUE(!Is_Done() || (there == Class_Size && told == Class_Size));
+        EXPECT_TRUE(!Is_Done() || (there == Imported_Class && told == Class_Size));
         Database_Beside database(working);
         const QString newcomers = u" IN (SELECT StudentCode FROM Mevo_Pupils WHERE Forename = 'Imported')"_s;
         QStringList undo;
