@@ -67,7 +67,7 @@ basics::Run_Time_Error Last_Failure() {
     const int code = Code_Of_Last_Failure();
     const int number = Number_Of_Last_Failure();
     const basics::Run_Time_Error customary = basics::Customary_Error(number);
-    if (number != errors::Device_Error) return customary;
+    if (number != basics::errors::Device_Error) return customary;
     const QString reason = QString::fromStdString(std::system_category().message(code));
     return {number, customary.Source, customary.Description + u": "_s + reason};
 }
