@@ -148,7 +148,9 @@ TEST(Refusals, AFolderThatMayNotBeWritten) {
     const Conversion_Folder folder;
     const Plain_Account account;
     if (!account.Is_There()) GTEST_SKIP() << "this account may write everywhere";
-    const QString why = Why_Refused(Test_Data(u"jet4-data.mdb"_s), u"/target.mdb"_s);
+    const QString file = Test_Data(u"jet4-data.mdb"_s);
+    if (!QFileInfo(file).isReadable()) GTEST_SKIP() << "the sources lie where that account may not look";
+    const QString why = Why_Refused(file, u"/target.mdb"_s);
     EXPECT_TRUE(why.contains(u"can't be written: Permission denied"_s)) << why.toStdString();
 }
 
