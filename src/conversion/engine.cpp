@@ -22,8 +22,4 @@ qint64 Engine::Number(const QString& sql) const {
     return statement.Step() ? statement.Whole(0) : 0;
 }
 
-QString Quoted(const QString& name) {
-    return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
-}
-
 } // namespace conversion

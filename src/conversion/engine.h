@@ -5,6 +5,7 @@
 namespace conversion {
 
 using database::Access;
+using database::Quoted;
 using Statement = database::Engine_Statement;
 
 // Failures of it and of its statements are Refusals with the engine's words.
@@ -13,8 +14,5 @@ public:
     Engine(const QString& file, Access access); // the file must exist
     qint64 Number(const QString& sql) const;    // the first cell
 };
-
-// A name for a statement, whatever it holds.
-QString Quoted(const QString& name);
 
 } // namespace conversion

@@ -20,6 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace test_player {
 
+using database::Quoted;
+
 namespace {
 
 constexpr int Longest_Wait_Seconds = 15;
@@ -53,10 +55,6 @@ private:
     database::Busy_Waiting waiting; // outlives the engine
     database::Engine_Handle engine;
 };
-
-QString Quoted(const QString& name) {
-    return u'"' + name + u'"';
-}
 
 QString Assigned(const QStringList& columns) {
     QStringList assignments;

@@ -3,6 +3,8 @@
 #include <sqlite3.h>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace database {
 
 // An empty array's place is none, which would bind NULL.
@@ -107,6 +109,10 @@ QByteArray Engine_Statement::Bytes(int column) const {
 
 QString Engine_Statement::Text(int column) const {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(Get(), column)));
+}
+
+QString Quoted(const QString& name) {
+    return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
 }
 
 } // namespace database

@@ -72,4 +72,7 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
 };
 
+// A name for a statement, whatever it holds.
+QString Quoted(const QString& name);
+
 } // namespace database
