@@ -27,12 +27,4 @@ private:
     QString file;
 };
 
-// The same ports, but for these two.
-inline desktop::Platform Answered(desktop::Platform& ports, desktop::Message_Boxes& boxes,
-                                  desktop::File_Dialogs& file_dialogs) {
-    return {boxes,        ports.pointer,  ports.clock,     ports.sound,    ports.documents, ports.processes,
-            ports.ini,    ports.files,    ports.folders,   ports.dialogs,  file_dialogs,    ports.input_box,
-            ports.random, ports.printers, ports.clipboard, ports.registry, ports.settings};
-}
-
 } // namespace bench

@@ -1,6 +1,7 @@
 #include "import_bench.h"
 
 #include "answering.h"
+#include "console/other_ports.h"
 #include "foundation/installation.h"
 #include "measuring.h"
 #include "nowhere.h"
@@ -94,7 +95,7 @@ void Import_A_School(benchmark::State& state, desktop::Platform& ports) {
     const Two_Schools schools;
     Yes_To_All boxes;
     One_File file_dialogs(schools.List_File());
-    desktop::Platform platform = Answered(ports, boxes, file_dialogs);
+    desktop::Platform platform = console::With({.boxes = &boxes, .file_dialogs = &file_dialogs}, ports);
     foundation::Installation installation;
     Nowhere nowhere;
     pupils::Form42 page(platform, nowhere, installation);

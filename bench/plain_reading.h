@@ -1,11 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <memory>
-
-struct sqlite3;
-struct sqlite3_stmt;
+#include "platform/database/engine_handle.h"
 
 namespace bench {
 
@@ -13,20 +8,16 @@ namespace bench {
 // bound. Throws std::runtime_error with what the engine says.
 class Plain_Reader {
 public:
-    struct Closer {
-        void operator()(sqlite3* engine) const;
-        void operator()(sqlite3_stmt* statement) const;
-    };
-    using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
+    using Statement = database::Engine_Statement;
 
     explicit Plain_Reader(const QString& file);
     Statement Prepare(const QString& sql) const;
     // Reads every cell of every row; gives the number of rows.
-    int Read(const Statement& statement) const;
-    int Read(const Statement& statement, const QByteArray& first_value) const;
+    int Read(Statement& statement) const;
+    int Read(Statement& statement, const QByteArray& first_value) const;
 
 private:
-    std::unique_ptr<sqlite3, Closer> engine;
+    database::Engine_Handle engine;
 };
 
 // Opens a connection of its own, runs one SELECT and closes.

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QString>
-#include <memory>
-
-struct sqlite3;
+#include "platform/database/engine_handle.h"
 
 namespace bench {
 
@@ -17,10 +14,7 @@ public:
     int Run(const QString& sql); // gives the number of rows that it touched
 
 private:
-    struct Closer {
-        void operator()(sqlite3* engine) const;
-    };
-    std::unique_ptr<sqlite3, Closer> engine;
+    database::Engine_Handle engine;
 };
 
 } // namespace bench

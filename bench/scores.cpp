@@ -4,7 +4,7 @@
 #include "measuring.h"
 #include "scoring/cohort.h"
 
-#include <array>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -22,12 +22,12 @@ void For_Each_Test_Done(const Full_School& school, const Read& read) {
 // The rows of the same tests, each by a statement that was prepared once for its table.
 void Read_Bound(const Full_School& school) {
     const Plain_Reader reader(school.installation.Current_Database_Path);
-    std::array<Plain_Reader::Statement, scoring::All_Tests + 1> statements;
+    std::vector<Plain_Reader::Statement> statements; // from test 1
     for (int t = 1; t <= scoring::All_Tests; ++t)
-        statements[static_cast<std::size_t>(t)] = reader.Prepare(
-            u"SELECT * FROM "_s + scoring::Test_At(t).Data_Table + u" WHERE StudentCode = ?"_s);
+        statements.push_back(reader.Prepare(u"SELECT * FROM "_s + scoring::Test_At(t).Data_Table +
+                                            u" WHERE StudentCode = ?"_s));
     For_Each_Test_Done(school, [&](int t, int p) {
-        reader.Read(statements[static_cast<std::size_t>(t)], school.data.pupils.Student_Code[p].toUtf8());
+        reader.Read(statements[static_cast<std::size_t>(t - 1)], school.data.pupils.Student_Code[p].toUtf8());
     });
 }
 

@@ -1,6 +1,7 @@
 #include "start.h"
 
 #include "app/program.h"
+#include "console/other_ports.h"
 #include "measuring.h"
 #include "platform/desktop/qt_platform.h"
 #include "sampledb/sample_data.h"
@@ -43,13 +44,6 @@ double Peak_Memory_MB() {
     std::_Exit(0);
 }
 
-// The second that the program is told to wait before its work is everybody's, and not measured.
-class Hurried_Clock final : public desktop::Clock {
-public:
-    QDateTime Now() const override { return QDateTime::currentDateTime(); }
-    int Timer_Interval(int) const override { return 0; }
-};
-
 // Calls back once the widget of this name has been painted.
 class Once_Painted final : public QObject {
 public:
@@ -88,12 +82,8 @@ void Choose_From_A_Full_List(QWidget& window) {
 
 int Run_The_Program(const QString& folder, bool on_to_reports) {
     desktop::Qt_Platform platform;
-    Hurried_Clock clock;
-    desktop::Platform& ports = platform.Ports();
-    desktop::Platform hurried{
-        ports.boxes,  ports.pointer,  clock,           ports.sound,    ports.documents,    ports.processes,
-        ports.ini,    ports.files,    ports.folders,   ports.dialogs,  ports.file_dialogs, ports.input_box,
-        ports.random, ports.printers, ports.clipboard, ports.registry, ports.settings};
+    console::Hurried_Clock clock; // the second before the program's work is everybody's, and not measured
+    desktop::Platform hurried = console::With({.clock = &clock}, platform.Ports());
     QApplication::setQuitOnLastWindowClosed(false);
     shell::Apply_Theme(*qApp);
     app::Program program(hurried);

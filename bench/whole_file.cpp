@@ -1,11 +1,12 @@
 // What touches every pupil's row, or the file as a whole.
 
 #include "answering.h"
+#include "console/other_ports.h"
 #include "conversion/older_files.h"
 #include "full_school.h"
 #include "measuring.h"
 #include "plain_writing.h"
-#include "platform/database/safe_copy.h"
+#include "platform/database/files/safe_copy.h"
 #include "pupils/security_page.h"
 #include "shell/archiving.h"
 
@@ -61,7 +62,8 @@ void Archive_The_File(benchmark::State& state, Full_School& school) {
     const QTemporaryDir folder;
     One_File file_dialogs(folder.filePath(u"archive.mdb"_s));
     Yes_To_All boxes;
-    desktop::Platform platform = Answered(school.platform, boxes, file_dialogs);
+    desktop::Platform platform =
+        console::With({.boxes = &boxes, .file_dialogs = &file_dialogs}, school.platform);
     database::Safe_Copies copies;
     conversion::Jet_Files older_files;
     Nowhere nowhere;

@@ -4,7 +4,7 @@
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
 #include "foundation/start_up.h"
-#include "platform/database/safe_copy.h"
+#include "platform/database/files/safe_copy.h"
 #include "platform/desktop/ports.h"
 #include "pupils/pupil_records.h"
 #include "reports/state/report_state.h"

@@ -129,7 +129,7 @@ QString Shown(const Statement& row, int column) {
 
 } // namespace
 
-Comparison::Comparison(const QString& database) : engine(database, Engine::Access::Read_Only) {
+Comparison::Comparison(const QString& database) : engine(database, Access::Read_Only) {
 }
 
 void Comparison::Note(const QString& what) {

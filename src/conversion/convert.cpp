@@ -3,7 +3,7 @@
 #include "conversion/jet_file.h"
 #include "conversion/refusal.h"
 #include "platform/basics/run_time_error.h"
-#include "platform/database/new_file.h"
+#include "platform/database/files/new_file.h"
 
 #include <QFileInfo>
 

@@ -3,13 +3,15 @@
 #include "conversion/refusal.h"
 #include "platform/basics/dates.h"
 
+#include <sqlite3.h>
+
 using namespace Qt::StringLiterals;
 
 namespace conversion {
 
 using jet_stream::Value_Tag;
 
-New_Database::New_Database(const QString& file) : engine(file, Engine::Access::Read_Write) {
+New_Database::New_Database(const QString& file) : engine(file, Access::Read_Write) {
     engine.Run(u"PRAGMA journal_mode = MEMORY"_s);
     engine.Run(u"PRAGMA synchronous = OFF"_s); // the whole file is written out before it gets its name
     engine.Run(u"PRAGMA locking_mode = EXCLUSIVE"_s);
@@ -62,9 +64,18 @@ void New_Database::Bind(const Source_Row& row) {
     }
 }
 
+// False where the row would break a key, which leaves all as it was.
+static bool Is_Taken(const Engine& engine, Statement& insert) {
+    const int result = sqlite3_step(insert.Get());
+    const bool breaks_key = result == SQLITE_CONSTRAINT_PRIMARYKEY;
+    if (!breaks_key) engine.Check(result);
+    insert.Reset();
+    return !breaks_key;
+}
+
 void New_Database::Take_Row(const Source_Row& row) {
     Bind(row);
-    if (!insert->Try()) {
+    if (!Is_Taken(engine, *insert)) {
         Give_Up_Key();
         Bind(row);
         insert->Step();

@@ -1,5 +1,7 @@
 #include "foundation/schema.h"
 
+#include "platform/database/engine_handle.h"
+
 using namespace Qt::StringLiterals;
 
 namespace foundation {
@@ -183,10 +185,6 @@ Table Norm_Table(const QString& name, const QString& first, const QString& patte
     return {name, Columns_Of_Kind(columns, Column_Kind::Number)};
 }
 
-QString Quoted(const QString& name) {
-    return u'"' + name + u'"'; // the norm columns have blanks in their names
-}
-
 } // namespace
 
 const QList<Test_Tables>& Tests_In_Order() {
@@ -241,7 +239,7 @@ QString Declared_Type(const Column& column) {
     case Column_Kind::Text:
         return u"TEXT COLLATE NOCASE"_s;
     case Column_Kind::Text_50:
-        return u"TEXT(50) COLLATE NOCASE CHECK(length(%1) <= 50)"_s.arg(Quoted(column.name));
+        return u"TEXT(50) COLLATE NOCASE CHECK(length(%1) <= 50)"_s.arg(database::Quoted(column.name));
     case Column_Kind::Date:
         return u"DATE"_s;
     case Column_Kind::Number:
@@ -253,8 +251,8 @@ QString Declared_Type(const Column& column) {
 QString Create_Table_Statement(const Table& table) {
     QStringList columns;
     for (const Column& column : table.columns)
-        columns.append(Quoted(column.name) + u' ' + Declared_Type(column));
-    return u"CREATE TABLE "_s + Quoted(table.name) + u" ("_s + columns.join(u", "_s) + u')';
+        columns.append(database::Quoted(column.name) + u' ' + Declared_Type(column));
+    return u"CREATE TABLE "_s + database::Quoted(table.name) + u" ("_s + columns.join(u", "_s) + u')';
 }
 
 } // namespace foundation

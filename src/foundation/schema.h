@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/file_look.h"
+#include "platform/database/files/file_look.h"
 
 #include <QList>
 #include <QString>

@@ -65,19 +65,10 @@ void Batch_Sheets::Draw_Miniature(int rank, int count, int x, int y) {
     if (rank > count) return;
     const reports::Report_State& state = sources.state;
     const Chart_Layout layout = Small_Chart(x, y, state.Show_Time_Bars);
-    const Profile profile = Profile_Of(sources.cohort.Cohort_Pupil[rank], sources.cohort);
     Draw_Mini_Label(rank, x, y);
     charts.Set_Up(layout.place);
-    charts.Draw_Frame(layout.place);
-    if (options.ground == "GREY"_L1)
-        charts.Draw_Grey_Bands(layout.place, state.Chart_Mode);
-    else
-        charts.Draw_White_Lines(layout.place, state.Chart_Mode);
-    charts.Draw_Column_Labels(layout);
-    if (state.Chart_Mode == "P"_L1)
-        charts.DrawCentileChart(layout, profile, state.Show_Time_Bars);
-    else
-        charts.DrawZScoreChart(layout, profile, state.Show_Time_Bars);
+    charts.Draw_Profile(layout, Profile_Of(sources.cohort.Cohort_Pupil[rank], sources.cohort),
+                        {options.ground, state.Chart_Mode, state.Show_Time_Bars});
     // Each miniature draws the rule and the heading of the whole sheet once more.
     const int rule = sheet.PageHeight() - 3500;
     Draw_Rule(sheet, rule);

@@ -140,18 +140,8 @@ void Individual_Sheet::Unshade_Cell(int row) {
 
 void Individual_Sheet::Draw_Profile() {
     const reports::Report_State& state = sources.state;
-    const Chart_Layout layout = Large_Chart(state.Show_Time_Bars);
-    const Profile profile = Profile_Of(sources.scores);
-    charts.Draw_Frame(layout.place);
-    if (state.Chart_Background == "GREY"_L1)
-        charts.Draw_Grey_Bands(layout.place, state.Chart_Mode);
-    else
-        charts.Draw_White_Lines(layout.place, state.Chart_Mode);
-    charts.Draw_Column_Labels(layout);
-    if (state.Chart_Mode == "P"_L1)
-        charts.DrawCentileChart(layout, profile, state.Show_Time_Bars);
-    else
-        charts.DrawZScoreChart(layout, profile, state.Show_Time_Bars);
+    charts.Draw_Profile(Large_Chart(state.Show_Time_Bars), Profile_Of(sources.scores),
+                        {state.Chart_Background, state.Chart_Mode, state.Show_Time_Bars});
     // The mark of an earlier build brings the note back as well.
     if (charts.Has_Terminated_Mark) charts.Draw_Terminated_Note(500, 4160);
 }

@@ -363,6 +363,19 @@ void Paper_Charts::DrawZScoreChart(const Chart_Layout& layout, const Profile& pr
     }
 }
 
+void Paper_Charts::Draw_Profile(const Chart_Layout& layout, const Profile& profile, const Chart_Look& look) {
+    Draw_Frame(layout.place);
+    if (look.ground == "GREY"_L1)
+        Draw_Grey_Bands(layout.place, look.Chart_Mode);
+    else
+        Draw_White_Lines(layout.place, look.Chart_Mode);
+    Draw_Column_Labels(layout);
+    if (look.Chart_Mode == "P"_L1)
+        DrawCentileChart(layout, profile, look.show_time_bars);
+    else
+        DrawZScoreChart(layout, profile, look.show_time_bars);
+}
+
 // ---- legend and note
 
 void Paper_Charts::Draw_Extra_Legend(int x, int y, bool show_time_bars) {

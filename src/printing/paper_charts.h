@@ -60,6 +60,13 @@ struct Chart_Layout {
 Chart_Layout Large_Chart(bool show_time_bars);
 Chart_Layout Small_Chart(int left, int top, bool show_time_bars);
 
+// How the profiles of a report are shown.
+struct Chart_Look {
+    QString ground;     // "GREY" for bands, else lines on white
+    QString Chart_Mode; // "P" for centiles, "Z" for z-scores
+    bool show_time_bars;
+};
+
 enum class Bar_Colour { Red, Blue };
 
 // A bar of its colour in a black frame, with a label at its right. It hangs from y; a negative height stands
@@ -76,17 +83,18 @@ public:
     bool Has_Terminated_Mark = false;
 
     void Set_Up(const Chart_Place& place); // the pen's state before the frame; what follows builds on it
-    void Draw_Frame(const Chart_Place& place);
-    // Chart_Mode: "P" for centiles, "Z" for z-scores
+    // All of a chart, once it is set up.
+    void Draw_Profile(const Chart_Layout& layout, const Profile& profile, const Chart_Look& look);
     void Draw_Grey_Bands(const Chart_Place& place, const QString& Chart_Mode);
     void Draw_White_Lines(const Chart_Place& place, const QString& Chart_Mode);
-    void Draw_Column_Labels(const Chart_Layout& layout);
     void DrawCentileChart(const Chart_Layout& layout, const Profile& profile, bool show_time_bars);
     void DrawZScoreChart(const Chart_Layout& layout, const Profile& profile, bool show_time_bars);
     void Draw_Extra_Legend(int x, int y, bool show_time_bars);
     void Draw_Terminated_Note(int x, int y);
 
 private:
+    void Draw_Frame(const Chart_Place& place);
+    void Draw_Column_Labels(const Chart_Layout& layout);
     void Use_Colour(const QColor& colour); // for lines and texts
     void Draw_Middle_Line(const Chart_Place& place);
     void Fill_Rectangle(double x, double y, double width, double height, const QColor& colour);

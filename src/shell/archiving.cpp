@@ -6,7 +6,7 @@
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
-#include "platform/database/kept_copies.h"
+#include "platform/database/files/kept_copies.h"
 #include "platform/desktop/wait_pointer.h"
 
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 #include "conversion/older_files.h"
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
-#include "platform/database/safe_copy.h"
+#include "platform/database/files/safe_copy.h"
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page.h"
 

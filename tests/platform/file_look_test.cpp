@@ -1,6 +1,6 @@
 #include "foundation/schema.h"
 #include "platform/database/engine_errors.h"
-#include "platform/database/file_look.h"
+#include "platform/database/files/file_look.h"
 #include "support/error_number.h"
 #include "support/files.h"
 #include "support/other_workstation.h"

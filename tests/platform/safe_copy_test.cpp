@@ -1,4 +1,4 @@
-#include "platform/database/safe_copy.h"
+#include "platform/database/files/safe_copy.h"
 
 #include "platform/database/connection.h"
 #include "platform/database/engine_errors.h"

@@ -7,40 +7,29 @@ using namespace Qt::StringLiterals;
 
 namespace test_support {
 
-static sqlite3* Opened(const QString& file) {
-    sqlite3* engine = nullptr;
-    sqlite3_open_v2(file.toUtf8().constData(), &engine, SQLITE_OPEN_READWRITE, nullptr);
-    return engine;
-}
-
 Database_Beside::Database_Beside(const QString& file, int longest_wait_ms)
-    : engine(Opened(file), sqlite3_close) {
-    sqlite3_busy_timeout(engine.get(), longest_wait_ms);
+    : engine(file, database::Access::Read_Write) {
+    sqlite3_busy_timeout(engine.Get(), longest_wait_ms);
 }
 
-static QString Cell(sqlite3_stmt* statement, int column) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    if (!text) return {};
-    const QString told = QString::fromUtf8(text);
-    const double number = sqlite3_column_double(statement, column);
-    const bool is_rounded =
-        sqlite3_column_type(statement, column) == SQLITE_FLOAT && told.toDouble() != number;
-    return is_rounded ? QString::number(number, 'g', 17) : told;
+static QString Cell(const database::Engine_Statement& row, int column) {
+    const QString told = row.Text(column);
+    const bool is_rounded = row.Type(column) == SQLITE_FLOAT && told.toDouble() != row.Real(column);
+    return is_rounded ? QString::number(row.Real(column), 'g', 17) : told;
 }
 
-QList<QStringList> Database_Beside::Rows(const QString& sql) const {
-    sqlite3_stmt* prepared = nullptr;
-    int step = sqlite3_prepare_v2(engine.get(), sql.toUtf8().constData(), -1, &prepared, nullptr);
-    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(prepared, sqlite3_finalize);
+QList<QStringList> Database_Beside::Rows(const QString& sql) const try {
+    database::Engine_Statement statement(engine, sql);
+    const int columns = sqlite3_column_count(statement.Get());
     QList<QStringList> rows;
-    while (prepared && (step = sqlite3_step(prepared)) == SQLITE_ROW) {
+    while (!statement.Is_Empty() && statement.Step()) {
         rows.emplaceBack();
-        for (int column = 0; column < sqlite3_column_count(prepared); ++column)
-            rows.last().append(Cell(prepared, column));
+        for (int column = 0; column < columns; ++column)
+            rows.last().append(Cell(statement, column));
     }
-    if (step != SQLITE_DONE && step != SQLITE_OK)
-        throw std::runtime_error(sql.left(200).toStdString() + ": " + sqlite3_errmsg(engine.get()));
     return rows;
+} catch (const std::runtime_error& failure) {
+    throw std::runtime_error(sql.left(200).toStdString() + ": " + failure.what());
 }
 
 QStringList Database_Beside::Column(const QString& sql) const {

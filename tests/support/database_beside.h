@@ -1,10 +1,9 @@
 #pragma once
 
+#include "platform/database/engine_handle.h"
+
 #include <QString>
 #include <QStringList>
-#include <memory>
-
-struct sqlite3;
 
 namespace test_support {
 
@@ -20,7 +19,7 @@ public:
     void Run(const QStringList& statements) const;
 
 private:
-    std::unique_ptr<sqlite3, int (*)(sqlite3*)> engine;
+    database::Engine_Handle engine;
 };
 
 } // namespace test_support

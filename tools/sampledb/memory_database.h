@@ -1,25 +1,21 @@
 #pragma once
 
-#include <QHash>
+#include "platform/database/engine_handle.h"
+
 #include <QString>
 #include <QVariantList>
-
-struct sqlite3;
-struct sqlite3_stmt;
+#include <map>
 
 namespace sample_data {
 
-// Gives a statement's place holder, counted from 1, a value; an invalid one is NULL. The engine's result.
-int Bind(sqlite3_stmt* statement, int place, const QVariant& value);
+// Gives a statement's place holder, counted from 1, a value; an invalid one is NULL.
+void Bind(database::Engine_Statement& statement, int place, const QVariant& value);
 
 // A database built in memory and written to disk in one piece: no journal ever stands beside the
 // file, and a failure leaves an older file of the same name as it was.
 class Memory_Database {
 public:
     Memory_Database();
-    ~Memory_Database();
-    Memory_Database(const Memory_Database&) = delete;
-    Memory_Database& operator=(const Memory_Database&) = delete;
 
     void Execute(const QString& statement);
     // One value a column, in the table's order; an invalid value stores NULL.
@@ -27,11 +23,10 @@ public:
     void Save_As(const QString& file);
 
 private:
-    sqlite3_stmt* Insert_Statement(const QString& table, qsizetype values);
-    void Check(int result) const;
+    database::Engine_Statement& Insert_Statement(const QString& table, qsizetype values);
 
-    sqlite3* database = nullptr;
-    QHash<QString, sqlite3_stmt*> insert_statements;
+    database::Engine_Handle engine;
+    std::map<QString, database::Engine_Statement> insert_statements; // by table
 };
 
 } // namespace sample_data

@@ -2,6 +2,7 @@
 // change has done and for machines that have no screen.
 
 #include "app/program.h"
+#include "console/other_ports.h"
 #include "platform/desktop/qt_platform.h"
 #include "platform/desktop/user_settings.h"
 #include "shell/conventions/click_combo.h"
@@ -77,12 +78,6 @@ private:
 class Silence final : public desktop::Sound {
 public:
     void Play(const QString&) override {}
-};
-
-class Hurried_Clock final : public desktop::Clock {
-public:
-    QDateTime Now() const override { return QDateTime::currentDateTime(); }
-    int Timer_Interval(int) const override { return 0; }
 };
 
 class Pictures {
@@ -262,16 +257,19 @@ int main(int argc, char** argv) {
     desktop::Platform& ports = real.Ports();
     Pictures pictures(folder);
     Refusing_Boxes boxes(ports.processes);
-    Hurried_Clock clock;
+    console::Hurried_Clock clock;
     Silence sound;
     desktop::No_User_Settings settings; // the pictures are of a new account
     Photographed_Dialogs dialogs(pictures);
     const QTemporaryDir own;
     One_Class_List class_list(own.filePath(u"class list.txt"_s));
-    desktop::Platform platform{
-        boxes,        ports.pointer,  clock,           sound,          ports.documents, ports.processes,
-        ports.ini,    ports.files,    ports.folders,   dialogs,        class_list,      ports.input_box,
-        ports.random, ports.printers, ports.clipboard, ports.registry, settings};
+    desktop::Platform platform = console::With({.boxes = &boxes,
+                                                .clock = &clock,
+                                                .sound = &sound,
+                                                .dialogs = &dialogs,
+                                                .file_dialogs = &class_list,
+                                                .settings = &settings},
+                                               ports);
     app::Program program(platform);
     program.Start(QApplication::applicationDirPath());
     try {

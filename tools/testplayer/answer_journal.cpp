@@ -1,7 +1,7 @@
 #include "testplayer/answer_journal.h"
 
 #include "foundation/schema.h"
-#include "platform/database/new_file.h"
+#include "platform/database/files/new_file.h"
 
 #include <QDir>
 

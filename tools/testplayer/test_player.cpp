@@ -6,6 +6,7 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/database/busy_waiting.h"
 #include "platform/database/database_file.h"
+#include "platform/database/engine_handle.h"
 #include "platform/database/hardening.h"
 #include "sampledb/memory_database.h"
 #include "sampledb/sample_answers.h"
@@ -13,12 +14,13 @@
 
 #include <QCryptographicHash>
 #include <QDir>
-#include <memory>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
 namespace test_player {
+
+using database::Quoted;
 
 namespace {
 
@@ -27,50 +29,32 @@ constexpr int Longest_Wait_Seconds = 15;
 // The database, open for one sitting. What isn't committed when it closes is taken back.
 class Open_File {
 public:
-    explicit Open_File(const QString& file) : name(QDir::toNativeSeparators(file)) {
-        sqlite3* opened = nullptr;
-        const int result =
-            sqlite3_open_v2(file.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-        engine.reset(opened);
-        Check(result);
-        waiting.Install(opened, Longest_Wait_Seconds);
-        database::Harden(opened);
+    explicit Open_File(const QString& file)
+        : engine(file, database::Access::Read_Write, [file](sqlite3* failed, int) {
+              throw Play_Fault(QDir::toNativeSeparators(file) + u": "_s +
+                               QString::fromUtf8(sqlite3_errmsg(failed)));
+          }) {
+        waiting.Install(engine.Get(), Longest_Wait_Seconds);
+        database::Harden(engine.Get());
         Run(u"PRAGMA synchronous = FULL"_s);
     }
 
     // Runs a statement with values for its place holders; gives the first column as text.
     QStringList Run(const QString& sql, const QVariantList& values = {}) {
-        sqlite3_stmt* prepared = nullptr;
-        Check(sqlite3_prepare_v2(engine.get(), sql.toUtf8().constData(), -1, &prepared, nullptr));
-        const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(prepared,
-                                                                                   sqlite3_finalize);
+        database::Engine_Statement statement(engine, sql);
         for (int i = 0; i < values.size(); ++i)
-            Check(sample_data::Bind(prepared, i + 1, values[i]));
+            sample_data::Bind(statement, i + 1, values[i]);
         QStringList column;
-        int step = SQLITE_ROW;
-        while ((step = sqlite3_step(prepared)) == SQLITE_ROW)
-            column.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(prepared, 0))));
-        Check(step);
+        while (statement.Step())
+            column.append(statement.Text(0));
         return column;
     }
-    bool Changed_A_Row() const { return sqlite3_changes(engine.get()) > 0; }
+    bool Changed_A_Row() const { return engine.Changed_Rows() > 0; }
 
 private:
-    void Check(int result) const {
-        if (result != SQLITE_OK && result != SQLITE_DONE)
-            throw Play_Fault(name + u": "_s + QString::fromUtf8(sqlite3_errmsg(engine.get())));
-    }
-    struct Closer {
-        void operator()(sqlite3* engine) const { sqlite3_close(engine); }
-    };
-    QString name;
     database::Busy_Waiting waiting; // outlives the engine
-    std::unique_ptr<sqlite3, Closer> engine;
+    database::Engine_Handle engine;
 };
-
-QString Quoted(const QString& name) {
-    return u'"' + name + u'"';
-}
 
 QString Assigned(const QStringList& columns) {
     QStringList assignments;

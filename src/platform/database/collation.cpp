@@ -1,6 +1,6 @@
 #include "platform/database/collation.h"
 
-#include "platform/database/engine_errors.h"
+#include "platform/database/engine_handle.h"
 #include "platform/database/jet_sql.h"
 
 #include <QCollator>
@@ -9,6 +9,8 @@
 #include <memory>
 #include <sqlite3.h>
 #include <string_view>
+
+using namespace Qt::StringLiterals;
 
 namespace database {
 namespace {
@@ -50,32 +52,23 @@ void Delete_Comparer(void* comparer) {
     delete static_cast<Text_Comparer*>(comparer);
 }
 
-void Install(sqlite3* engine, const char* name) {
+void Install(const Engine_Handle& engine, const char* name) {
     auto comparer = std::make_unique<Text_Comparer>();
     // In the engine's own encoding: for another one, its built-in NOCASE would go before ours.
-    const int result = sqlite3_create_collation_v2(engine, name, SQLITE_UTF8, comparer.get(), Compare_Texts,
-                                                   Delete_Comparer);
-    if (result != SQLITE_OK) Raise_Engine_Error(engine, result);
+    engine.Check(sqlite3_create_collation_v2(engine.Get(), name, SQLITE_UTF8, comparer.get(), Compare_Texts,
+                                             Delete_Comparer));
     comparer.release(); // the connection deletes it
 }
 
-bool Holds_Foreign_Indexes(sqlite3* engine) {
-    sqlite3_stmt* statement = nullptr;
-    const int prepared =
-        sqlite3_prepare_v2(engine,
-                           "SELECT 1 FROM sqlite_master AS m, pragma_index_xinfo(m.name) AS x "
-                           "WHERE m.type = 'index' AND x.key = 1 AND x.coll = 'NOCASE' LIMIT 1",
-                           -1, &statement, nullptr);
-    if (prepared != SQLITE_OK) Raise_Engine_Error(engine, prepared);
-    const int stepped = sqlite3_step(statement);
-    sqlite3_finalize(statement);
-    if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) Raise_Engine_Error(engine, stepped);
-    return stepped == SQLITE_ROW;
+bool Holds_Foreign_Indexes(const Engine_Handle& engine) {
+    return Engine_Statement(engine, u"SELECT 1 FROM sqlite_master AS m, pragma_index_xinfo(m.name) AS x "
+                                    "WHERE m.type = 'index' AND x.key = 1 AND x.coll = 'NOCASE' LIMIT 1"_s)
+        .Step();
 }
 
 } // namespace
 
-void Install_Text_Order(sqlite3* engine) {
+void Install_Text_Order(const Engine_Handle& engine) {
     Install(engine, Text_Order);
     if (!Holds_Foreign_Indexes(engine)) Install(engine, "NOCASE");
 }

@@ -1,12 +1,12 @@
 #include "platform/database/engine.h"
 
 #include "platform/basics/native_path.h"
+#include "platform/basics/system_failure.h"
 #include "platform/database/collation.h"
 #include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/hardening.h"
 #include "platform/database/jet_sql.h"
-#include "platform/database/system_failure.h"
 
 #include <cmath>
 #include <sqlite3.h>
@@ -59,57 +59,44 @@ int End_If_Too_Long(void* watch) {
     return timer->isValid() && timer->hasExpired(Longest_Query_Ms) ? 1 : 0;
 }
 
-void Bind(sqlite3_stmt* statement, int place, const Value& value) {
+void Bind(Engine_Statement& statement, int place, const Value& value) {
     if (value.Is_Empty()) {
-        sqlite3_bind_null(statement, place);
+        statement.Bind_Null(place);
     } else if (value.Is_Number()) {
         constexpr double largest_whole = 9e15; // doubles beyond hold no odd numbers, and may not fit
         const double number = value.As_Double();
         const bool is_whole = std::fabs(number) < largest_whole && std::trunc(number) == number;
         if (is_whole)
-            sqlite3_bind_int64(statement, place, static_cast<qint64>(number));
+            statement.Bind(place, static_cast<qint64>(number));
         else
-            sqlite3_bind_double(statement, place, number);
+            statement.Bind(place, number);
     } else {
-        const QByteArray text = value.As_Text().toUtf8();
-        sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
-                          SQLITE_TRANSIENT);
+        statement.Bind_Text(place, value.As_Text().toUtf8());
     }
 }
 
 // A statement that has been stepped holds a lock until it is reset.
 class Reset_At_The_End {
 public:
-    explicit Reset_At_The_End(sqlite3_stmt* statement) : statement(statement) {}
-    ~Reset_At_The_End() { sqlite3_reset(statement); }
+    explicit Reset_At_The_End(Engine_Statement& statement) : statement(statement) {}
+    ~Reset_At_The_End() { statement.Reset(); }
     Reset_At_The_End(const Reset_At_The_End&) = delete;
     Reset_At_The_End& operator=(const Reset_At_The_End&) = delete;
 
 private:
-    sqlite3_stmt* statement;
+    Engine_Statement& statement;
 };
 
 } // namespace
-
-void Prepared_Statement::Finalizer::operator()(sqlite3_stmt* statement) const {
-    sqlite3_finalize(statement);
-}
-
-void Engine::Closer::operator()(sqlite3* engine) const {
-    sqlite3_close(engine);
-}
 
 Engine::Engine(const QString& connection_string, int timeout_seconds) : connection_string(connection_string) {
     const QString file = basics::Native_Path(Data_Source(connection_string));
     Refuse_What_Is_No_Database(file);
     const bool in_wal_mode = Has_Write_Ahead_Log(file);
 
-    sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(file.toUtf8().constData(), &opened,
-                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    engine.reset(opened);
-    if (result != SQLITE_OK) Raise_Engine_Error(opened, result);
-    sqlite3_extended_result_codes(opened, 1);
+    engine.emplace(file, Access::Read_Write,
+                   [](sqlite3* failed, int result) { Raise_Engine_Error(failed, result); });
+    sqlite3* const opened = engine->Get();
     Set_Timeout(timeout_seconds);
     sqlite3_progress_handler(opened, 10'000, End_If_Too_Long, &since);
     Harden(opened);
@@ -118,20 +105,18 @@ Engine::Engine(const QString& connection_string, int timeout_seconds) : connecti
     Run(u"PRAGMA synchronous = FULL"_s);
     Run(u"PRAGMA cell_size_check = ON"_s);
     Run(u"PRAGMA cache_size = -16384"_s); // KiB: a school's file as a whole, given back with the engine
-    Install_Text_Order(opened);           // reads the schema as well: what is no database shows here
+    Install_Text_Order(*engine);          // reads the schema as well: what is no database shows here
     sqlite3_set_authorizer(opened, Allow_Plain_Statements, nullptr);
 }
 
-Engine::~Engine() = default;
-
 void Engine::Set_Timeout(int seconds) {
-    waiting.Install(engine.get(), seconds);
+    waiting.Install(engine->Get(), seconds);
 }
 
 bool Engine::Serves(const QString& asked) const {
     int has_moved = 0;
     return asked == connection_string &&
-           sqlite3_file_control(engine.get(), "main", SQLITE_FCNTL_HAS_MOVED, &has_moved) == SQLITE_OK &&
+           sqlite3_file_control(engine->Get(), "main", SQLITE_FCNTL_HAS_MOVED, &has_moved) == SQLITE_OK &&
            has_moved == 0;
 }
 
@@ -145,17 +130,11 @@ std::shared_ptr<Prepared_Statement> Engine::Known_Or(const QString& key, const P
 }
 
 std::shared_ptr<Prepared_Statement> Engine::Prepared(const QString& sql, const QString& table) const {
-    const QByteArray text = sql.toUtf8();
-    sqlite3_stmt* statement = nullptr;
-    const int result = sqlite3_prepare_v3(engine.get(), text.constData(), static_cast<int>(text.size()),
-                                          SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
-    if (result != SQLITE_OK) Raise_Engine_Error(engine.get(), result);
-    if (!statement) Raise_Engine_Error(errors::Syntax, u"Invalid SQL statement."_s);
-    auto prepared = std::make_shared<Prepared_Statement>();
-    prepared->statement.reset(statement);
-    prepared->shape = std::make_shared<const Row_Shape>(statement);
-    prepared->table = table;
-    return prepared;
+    Engine_Statement statement(*engine, sql, Engine_Statement::Use::Often);
+    if (statement.Is_Empty()) Raise_Engine_Error(errors::Syntax, u"Invalid SQL statement."_s);
+    auto shape = std::make_shared<const Row_Shape>(statement.Get());
+    return std::make_shared<Prepared_Statement>(
+        Prepared_Statement{std::move(statement), std::move(shape), table, {}});
 }
 
 // No statement begins with such a character, so those of the engine's own dialect have keys of their own too.
@@ -194,14 +173,14 @@ void Engine::Rehearse_A_Change() {
         sqlite3* engine;
     };
     since.start();
-    const Taken_Back rehearsal(engine.get());
+    const Taken_Back rehearsal(engine->Get());
     // Any number: it is written as far as the journal.
     const int result =
-        sqlite3_exec(engine.get(), "BEGIN IMMEDIATE; PRAGMA user_version = 1", nullptr, nullptr, nullptr);
+        sqlite3_exec(engine->Get(), "BEGIN IMMEDIATE; PRAGMA user_version = 1", nullptr, nullptr, nullptr);
     if (result == SQLITE_OK) return;
-    const bool out_of_room = Number_Of_Last_Failure() == basics::errors::Disk_Full;
+    const bool out_of_room = basics::Number_Of_Last_Failure() == basics::errors::Disk_Full;
     if ((result & 0xff) == SQLITE_IOERR && out_of_room) basics::Raise(basics::errors::Disk_Full);
-    Raise_Engine_Error(engine.get(), result);
+    engine->Check(result);
 }
 
 static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
@@ -213,27 +192,26 @@ static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
 }
 
 Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Value>& values) {
-    sqlite3_stmt* statement = prepared.statement.get();
+    Engine_Statement& statement = prepared.statement;
     const Reset_At_The_End reset(statement);
     for (std::size_t i = 0; i < values.size(); ++i)
         Bind(statement, static_cast<int>(i) + 1, values[i]);
 
     Statement_Result result;
-    int step = sqlite3_step(statement);
+    bool is_row = statement.Step();
     // Another program has changed the tables since: the engine has prepared the statement anew.
-    if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 1) > 0)
-        prepared.shape = std::make_shared<const Row_Shape>(statement);
+    if (sqlite3_stmt_status(statement.Get(), SQLITE_STMTSTATUS_REPREPARE, 1) > 0)
+        prepared.shape = std::make_shared<const Row_Shape>(statement.Get());
     result.shape = prepared.shape;
     result.table = prepared.table;
     const int columns = result.shape->Column_Count();
     if (columns > 0) {
         Row_Store& rows = Room_For_Rows(prepared);
-        for (; step == SQLITE_ROW; step = sqlite3_step(statement))
-            rows.Take_Row(statement, columns);
+        for (; is_row; is_row = statement.Step())
+            rows.Take_Row(statement.Get(), columns);
         result.rows = prepared.rows;
     }
-    if (step != SQLITE_DONE) Raise_Engine_Error(engine.get(), step);
-    if (columns == 0) result.affected = sqlite3_changes(engine.get());
+    if (columns == 0) result.affected = engine->Changed_Rows();
     return result;
 }
 

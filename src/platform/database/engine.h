@@ -1,25 +1,21 @@
 #pragma once
 
 #include "platform/database/busy_waiting.h"
+#include "platform/database/engine_handle.h"
 #include "platform/database/row_store.h"
 
 #include <QElapsedTimer>
 #include <QHash>
 #include <QString>
 #include <memory>
+#include <optional>
 #include <vector>
-
-struct sqlite3;
-struct sqlite3_stmt;
 
 namespace database {
 
 // A statement ready to run again with other values.
 struct Prepared_Statement {
-    struct Finalizer {
-        void operator()(sqlite3_stmt* statement) const;
-    };
-    std::unique_ptr<sqlite3_stmt, Finalizer> statement;
+    Engine_Statement statement;
     std::shared_ptr<const Row_Shape> shape; // the identity, where there is one, is the first column
     QString table;                          // what a recordset of it writes to; empty if it can't
     std::shared_ptr<Row_Store> rows; // those it gave last; their room is used again once nobody reads them
@@ -40,7 +36,6 @@ class Engine {
 public:
     // Opens the file that the connection string names: as it is, never made, and hardened.
     Engine(const QString& connection_string, int timeout_seconds);
-    ~Engine();
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
@@ -62,12 +57,9 @@ private:
     std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
     Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);
 
-    struct Closer {
-        void operator()(sqlite3* engine) const;
-    };
     QString connection_string;
     Busy_Waiting waiting; // outlives the engine
-    std::unique_ptr<sqlite3, Closer> engine;
+    std::optional<Engine_Handle> engine;
     QHash<QString, std::shared_ptr<Prepared_Statement>> known; // gone before the engine is
     QElapsedTimer since;                                       // ends a statement that runs too long
 };

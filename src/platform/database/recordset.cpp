@@ -163,10 +163,6 @@ void Recordset::Assign(int column, const Value& value) {
     assigned.emplace_back(column, value);
 }
 
-static QString Quoted(QString name) {
-    return u'"' + name.replace(u"\""_s, u"\"\""_s) + u'"';
-}
-
 void Recordset::Insert_Row() {
     QStringList into;
     QStringList marks;

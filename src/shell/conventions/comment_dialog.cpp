@@ -1,14 +1,13 @@
 #include "shell/conventions/comment_dialog.h"
 
+#include "shell/conventions/dialog_layout.h"
 #include "shell/conventions/guard.h"
 #include "shell/conventions/hot_label.h"
 #include "shell/conventions/theme.h"
 #include "shell/conventions/utilities.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QTextDocument>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -49,22 +48,11 @@ Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comm
     On(undo, &HotLabel::clicked, this, platform, [this] { HotLabel2_Click(); });
     On(clear, &HotLabel::clicked, this, platform, [this] { HotLabel3_Click(); });
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (HotLabel* button : {ok, undo, clear}) {
-        button->setMinimumSize(96, 36);
-        buttons->addWidget(button);
-    }
     ok->setAccessibleDescription(u"Takes the comment over."_s);
     undo->setAccessibleDescription(u"Brings back the comment as it was."_s);
     clear->setAccessibleDescription(u"Empties the field."_s);
     Give_Mnemonics(*this);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 20, 24, 20);
-    column->setSpacing(12);
-    column->addWidget(label1);
-    column->addWidget(Text1);
-    column->addLayout(buttons);
+    Lay_Out_Dialog(*this, {label1, Text1}, {ok, undo, clear});
 }
 
 void Form11::showEvent(QShowEvent* event) {

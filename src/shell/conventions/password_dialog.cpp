@@ -1,13 +1,12 @@
 #include "shell/conventions/password_dialog.h"
 
+#include "shell/conventions/dialog_layout.h"
 #include "shell/conventions/guard.h"
 #include "shell/conventions/hot_label.h"
 #include "shell/conventions/theme.h"
 #include "shell/conventions/utilities.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -36,22 +35,10 @@ Form3::Form3(desktop::Platform& platform, Password_Question& question)
     // Closing the window or pressing Escape is leaving without an answer.
     On(this, &QDialog::rejected, this, platform, [this] { this->question.Password_Cancelled = true; });
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (HotLabel* button : {ok, quit}) {
-        button->setMinimumSize(96, 36);
-        buttons->addWidget(button);
-    }
     ok->setAccessibleDescription(u"Takes what was typed."_s);
     quit->setAccessibleDescription(u"Leaves without an answer."_s);
     Give_Mnemonics(*this);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 20, 24, 20);
-    column->setSpacing(12);
-    column->addWidget(label1);
-    column->addWidget(label2);
-    column->addWidget(Text1);
-    column->addLayout(buttons);
+    Lay_Out_Dialog(*this, {label1, label2, Text1}, {ok, quit});
 }
 
 void Form3::showEvent(QShowEvent* event) {

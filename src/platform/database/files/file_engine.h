@@ -2,14 +2,15 @@
 
 #include "platform/basics/run_time_error.h"
 #include "platform/database/busy_waiting.h"
+#include "platform/database/engine_handle.h"
 
 #include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <optional>
 
-struct sqlite3;
 struct sqlite3_backup;
 
 namespace database {
@@ -28,31 +29,24 @@ public:
 // account may not write, or the device failed.
 class File_Engine {
 public:
-    enum class Access { Read_Only, Read_Write };
-
     // A file that is written through a log beside it is turned back into one file.
     File_Engine(const QString& file, Access access, int timeout_seconds);
-    ~File_Engine();
     File_Engine(const File_Engine&) = delete;
     File_Engine& operator=(const File_Engine&) = delete;
 
     // Runs one statement of the engine's own dialect; gives the first column. Ended after a minute.
-    QStringList Run(const char* sql);
+    QStringList Run(const QString& sql);
 
     using Take = std::function<void(const QByteArray&)>;
     // Hands over the file's bytes from first to last. A lock must be held.
     void Read_All(const Take& take) const;
 
-    sqlite3* Handle() const { return engine.get(); }
-    [[noreturn]] void Raise(int result) const; // the engine's last error
+    const Engine_Handle& Handle() const { return *engine; }
 
 private:
-    struct Closer {
-        void operator()(sqlite3* engine) const;
-    };
     QElapsedTimer since; // the running statement's start
     Busy_Waiting waiting;
-    std::unique_ptr<sqlite3, Closer> engine;
+    std::optional<Engine_Handle> engine;
 };
 
 // Replaces everything that is in the database `target` by what is in `source`, in one transaction of the

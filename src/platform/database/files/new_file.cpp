@@ -1,8 +1,8 @@
-#include "platform/database/new_file.h"
+#include "platform/database/files/new_file.h"
 
+#include "platform/basics/system_failure.h"
 #include "platform/database/database_file.h"
-#include "platform/database/file_rights.h"
-#include "platform/database/system_failure.h"
+#include "platform/database/files/file_rights.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -86,7 +86,7 @@ bool Was_Taken() {
 #endif
 
 [[noreturn]] void Raise_Last_Failure() {
-    throw Last_Failure();
+    throw basics::Last_Failure();
 }
 
 // Whatever it was to be called: the next save has another name, and what was left behind is a whole school.
@@ -121,7 +121,7 @@ New_File::New_File(const QString& place, const QString& otherwise_like) : place(
         path = u"%1.%2-%3"_s.arg(place).arg(QCoreApplication::applicationPid()).arg(attempt) + Unfinished;
         file.setFileName(path);
         if (Open(like)) return;
-        const basics::Run_Time_Error failure = Last_Failure();
+        const basics::Run_Time_Error failure = basics::Last_Failure();
         if (!QFileInfo::exists(path)) throw failure;
     }
 }

@@ -1,4 +1,4 @@
-#include "platform/database/system_failure.h"
+#include "platform/basics/system_failure.h"
 
 #include <system_error>
 
@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace database {
+namespace basics {
 
 #ifdef _WIN32
 
@@ -22,16 +22,16 @@ int Number_Of_Last_Failure() {
     switch (GetLastError()) {
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-        return basics::errors::Disk_Full;
+        return errors::Disk_Full;
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
     case ERROR_WRITE_PROTECT:
-        return basics::errors::Permission_Denied;
+        return errors::Permission_Denied;
     case ERROR_PATH_NOT_FOUND:
     case ERROR_FILE_NOT_FOUND:
-        return basics::errors::Path_Not_Found;
+        return errors::Path_Not_Found;
     default:
-        return basics::errors::Device_Error;
+        return errors::Device_Error;
     }
 }
 
@@ -46,30 +46,30 @@ int Number_Of_Last_Failure() {
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        return basics::errors::Disk_Full;
+        return errors::Disk_Full;
     case EACCES:
     case EPERM:
     case EROFS:
     case EISDIR:
     case ETXTBSY:
-        return basics::errors::Permission_Denied;
+        return errors::Permission_Denied;
     case ENOENT:
     case ENOTDIR:
-        return basics::errors::Path_Not_Found;
+        return errors::Path_Not_Found;
     default:
-        return basics::errors::Device_Error;
+        return errors::Device_Error;
     }
 }
 
 #endif
 
-basics::Run_Time_Error Last_Failure() {
+Run_Time_Error Last_Failure() {
     const int code = Code_Of_Last_Failure();
     const int number = Number_Of_Last_Failure();
-    const basics::Run_Time_Error customary = basics::Customary_Error(number);
-    if (number != basics::errors::Device_Error) return customary;
+    const Run_Time_Error customary = Customary_Error(number);
+    if (number != errors::Device_Error) return customary;
     const QString reason = QString::fromStdString(std::system_category().message(code));
     return {number, customary.Source, customary.Description + u": "_s + reason};
 }
 
-} // namespace database
+} // namespace basics

@@ -1,11 +1,11 @@
-#include "platform/database/safe_copy.h"
+#include "platform/database/files/safe_copy.h"
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
-#include "platform/database/file_engine.h"
-#include "platform/database/kept_copies.h"
+#include "platform/database/files/file_engine.h"
+#include "platform/database/files/kept_copies.h"
 
 #include <QFileInfo>
 
@@ -15,7 +15,6 @@ namespace database {
 namespace {
 
 using basics::Native_Path;
-using Access = File_Engine::Access;
 
 void Refuse_Impossible(const QString& source, const QString& target) {
     const QFileInfo from(source);
@@ -34,10 +33,10 @@ void Refuse_Impossible(const QString& source, const QString& target) {
 void Write_Copy(const QString& source, New_File& copy, int timeout_seconds) {
     Refuse_What_Is_No_Database(source);
     File_Engine engine(source, Access::Read_Write, timeout_seconds);
-    engine.Run("BEGIN");
-    engine.Run("SELECT count(*) FROM sqlite_master");
+    engine.Run(u"BEGIN"_s);
+    engine.Run(u"SELECT count(*) FROM sqlite_master"_s);
     engine.Read_All([&copy](const QByteArray& bytes) { copy.Write(bytes); });
-    engine.Run("COMMIT");
+    engine.Run(u"COMMIT"_s);
     copy.Flush_And_Close();
 }
 

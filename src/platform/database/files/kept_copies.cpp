@@ -1,8 +1,8 @@
-#include "platform/database/kept_copies.h"
+#include "platform/database/files/kept_copies.h"
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
-#include "platform/database/file_rights.h"
+#include "platform/database/files/file_rights.h"
 
 #include <QDir>
 #include <QRegularExpression>

@@ -1,4 +1,4 @@
-#include "platform/database/file_rights.h"
+#include "platform/database/files/file_rights.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
-#include "platform/database/file_look.h"
+#include "platform/database/files/file_look.h"
 
 #include "platform/basics/run_time_error.h"
 #include "platform/database/database_file.h"
-#include "platform/database/file_engine.h"
+#include "platform/database/files/file_engine.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace database {
 namespace {
 
-using Access = File_Engine::Access;
-
 const QString Log = u"-wal"_s;
 const QString Journal = u"-journal"_s;
 
@@ -23,8 +21,8 @@ const QString Journal = u"-journal"_s;
 constexpr QChar Between_Names = u'\x1f';
 
 QString Damage_Found_By(File_Engine& engine) {
-    engine.Run("PRAGMA ignore_check_constraints = ON"); // a text that is too long is no damage
-    const QStringList found = engine.Run("PRAGMA integrity_check");
+    engine.Run(u"PRAGMA ignore_check_constraints = ON"_s); // a text that is too long is no damage
+    const QStringList found = engine.Run(u"PRAGMA integrity_check"_s);
     return found == QStringList{u"ok"_s}
                ? QString()
                : u"The database file is damaged ("_s + found.value(0).simplified() + u")."_s;
@@ -33,8 +31,8 @@ QString Damage_Found_By(File_Engine& engine) {
 Tables Tables_Read_By(File_Engine& engine) {
     Tables tables;
     const QStringList columns = engine.Run(
-        "SELECT t.name || char(31) || c.name FROM sqlite_master AS t, pragma_table_info(t.name) AS c "
-        "WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite%' ORDER BY t.name, c.cid");
+        u"SELECT t.name || char(31) || c.name FROM sqlite_master AS t, pragma_table_info(t.name) AS c "
+        "WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite%' ORDER BY t.name, c.cid"_s);
     for (const QString& column : columns)
         tables[column.section(Between_Names, 0, 0)].append(column.section(Between_Names, 1));
     return tables;
@@ -45,7 +43,7 @@ File_Look Look_With(const QString& file, Access access) {
     File_Look look;
     try {
         File_Engine engine(file, access, timeout_seconds);
-        look.encoding = engine.Run("PRAGMA encoding").value(0);
+        look.encoding = engine.Run(u"PRAGMA encoding"_s).value(0);
         look.damage = Damage_Found_By(engine);
         look.tables = Tables_Read_By(engine);
     } catch (const Damaged_File& damaged) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/database/new_file.h"
-#include "platform/database/safe_copy.h"
+#include "platform/database/files/new_file.h"
+#include "platform/database/files/safe_copy.h"
 
 #include <QFileInfo>
 #include <QString>

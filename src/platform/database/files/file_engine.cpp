@@ -1,0 +1,106 @@
+#include "platform/database/files/file_engine.h"
+
+#include "platform/basics/system_failure.h"
+#include "platform/database/database_file.h"
+#include "platform/database/engine_errors.h"
+#include "platform/database/hardening.h"
+
+#include <algorithm>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+namespace {
+
+constexpr int Longest_Statement_Ms = 60'000;
+constexpr sqlite3_int64 Piece = 1024 * 1024;
+
+int End_If_Too_Long(void* since) {
+    return static_cast<QElapsedTimer*>(since)->hasExpired(Longest_Statement_Ms) ? 1 : 0;
+}
+
+bool Is_Damage(int result) {
+    const int kind = result & 0xff;
+    return kind == SQLITE_NOTADB || kind == SQLITE_CORRUPT;
+}
+
+void Raise(sqlite3* engine, int result) {
+    // The engine knows a full disk, but takes a used-up quota and a bounded file size for a device that
+    // fails.
+    const bool out_of_room = basics::Number_Of_Last_Failure() == basics::errors::Disk_Full;
+    const int kind = result & 0xff;
+    if (kind == SQLITE_FULL || (kind == SQLITE_IOERR && out_of_room))
+        basics::Raise(basics::errors::Disk_Full);
+    if (kind == SQLITE_READONLY || kind == SQLITE_PERM || kind == SQLITE_CANTOPEN)
+        basics::Raise(basics::errors::Permission_Denied);
+    if (kind == SQLITE_IOERR) basics::Raise(basics::errors::Device_Error);
+    const bool noted = (sqlite3_errcode(engine) & 0xff) == kind; // not for a step of a replacement
+    try {
+        Raise_Engine_Error(noted ? engine : nullptr, result);
+    } catch (const basics::Run_Time_Error& error) {
+        if (!Is_Damage(result)) throw;
+        throw Damaged_File(error.Number, error.Source, error.Description);
+    }
+}
+
+} // namespace
+
+File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds) {
+    const bool in_wal_mode = Has_Write_Ahead_Log(file);
+    engine.emplace(file, access, Raise);
+    sqlite3* const opened = engine->Get();
+    waiting.Install(opened, timeout_seconds);
+    since.start();
+    sqlite3_progress_handler(opened, 10'000, End_If_Too_Long, &since);
+    Harden(opened);
+    Run(u"PRAGMA cell_size_check = ON"_s);
+    // Beyond full: a journal's removal is on the disk before a commit is reported.
+    Run(u"PRAGMA synchronous = EXTRA"_s);
+    if (in_wal_mode) Refuse_Log_Of_Read_Only_File(opened);
+    if (in_wal_mode && Run(u"PRAGMA journal_mode = DELETE"_s) != QStringList{u"delete"_s})
+        engine->Check(SQLITE_BUSY);
+}
+
+QStringList File_Engine::Run(const QString& sql) {
+    since.start();
+    QStringList column;
+    for (Engine_Statement statement(*engine, sql); statement.Step();)
+        column.append(statement.Text(0));
+    return column;
+}
+
+void File_Engine::Read_All(const Take& take) const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(engine->Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (!file || !file->pMethods) engine->Check(SQLITE_CANTOPEN);
+    sqlite3_int64 size = 0;
+    engine->Check(file->pMethods->xFileSize(file, &size));
+    for (sqlite3_int64 place = 0; place < size; place += Piece) {
+        QByteArray bytes(static_cast<qsizetype>(std::min(Piece, size - place)), Qt::Uninitialized);
+        engine->Check(file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), place));
+        take(bytes);
+    }
+}
+
+void Replacing_Transaction::Finisher::operator()(sqlite3_backup* backup) const {
+    sqlite3_backup_finish(backup);
+}
+
+Replacing_Transaction::Replacing_Transaction(File_Engine& source, File_Engine& target)
+    : target(target),
+      backup(sqlite3_backup_init(target.Handle().Get(), "main", source.Handle().Get(), "main")) {
+    if (!backup) target.Handle().Check(sqlite3_errcode(target.Handle().Get()));
+    // A step of no pages begins the exclusive transaction, which takes back what a crash left half done, and
+    // changes nothing yet.
+    target.Handle().Check(sqlite3_backup_step(backup.get(), 0));
+}
+
+Replacing_Transaction::~Replacing_Transaction() = default;
+
+void Replacing_Transaction::Commit() {
+    constexpr int all_pages = -1;
+    target.Handle().Check(sqlite3_backup_step(backup.get(), all_pages));
+}
+
+} // namespace database
