@@ -49,12 +49,15 @@ protected:
     void Look() { seen = test_support::Read_Tables(sample); }
     // What has changed in the file since the last look.
     QStringList Changed() { return test_support::Changes(seen, test_support::Read_Tables(sample)); }
-    void Expect_Box(int number, desktop::Box_Style style, const QString& title, const QString& text) {
-        ASSERT_GT(outside.boxes.shown.size(), number);
-        const test_support::Box_Shown& box = outside.boxes.shown[number];
-        EXPECT_EQ(box.style, style);
-        EXPECT_EQ(box.title, title);
-        EXPECT_EQ(box.text, text);
+    // In any order.
+    void Expect_Changed(QStringList expected) {
+        QStringList changed = Changed();
+        changed.sort();
+        expected.sort();
+        EXPECT_EQ(changed, expected);
+    }
+    void Expect_Box(desktop::Box_Style style, const QString& title, const QString& text) {
+        outside.boxes.Expect_Last(style, title, text);
     }
 
     QString Code_Of(const QString& surname) {
