@@ -244,7 +244,7 @@ TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
     EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
     installation.Viewing_Mode = true;
     Open();
-    EXPECT_FALSE(Enabled(*page, u"HotLabel3"_s)) << "what is in view has comments of its own";
+    EXPECT_FALSE(Enabled(*page, u"HotLabel3"_s)); // nobody edits what is in view
 }
 
 TEST_F(Reports_Page, AMissingNormTableMeetsTheBox) {
