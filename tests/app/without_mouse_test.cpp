@@ -324,6 +324,7 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
     Change_The_Password();
     Look_At_The_Progress();
     Delete_A_Pupil();
+    EXPECT_EQ(program.Window().findChildren<shell::Page*>().size(), 1) << "pages left behind";
     Tab_To(u"HotLabel13"_s);
     Expect_Quit_At(Qt::Key_Return);
     ASSERT_EQ(outside.processes.started.size(), 1);

@@ -4,10 +4,7 @@
 #include "pupils/stored_pupils.h"
 #include "support/files.h"
 
-#include <QFile>
-#include <QRandomGenerator>
 #include <QStringEncoder>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace test_support;
@@ -43,12 +40,7 @@ protected:
         outside.boxes.Will_Answer(Answer::Yes);
         return Error_Number([this] { form.HotLabel3_Click(); });
     }
-    QStringList Row(int row) {
-        QStringList cells;
-        for (int column = 1; column <= 7; ++column)
-            cells.append(Control<grid::fpSpread>(form, u"Spread1"_s).Text(column, row));
-        return cells;
-    }
+    QStringList Row(int row) { return Grid_Row(Control<grid::fpSpread>(form, u"Spread1"_s), row); }
     QString Offered() {
         return (Enabled(u"HotLabel3"_s) ? u"import "_s : u""_s) +
                (Enabled(u"HotLabel4"_s) ? u"print"_s : u""_s);
@@ -64,23 +56,6 @@ QString Told(const QString& errors, int count) {
     return QString::number(count) +
            u" record(s) could not be imported because of invalid data.\r\rErroneous records are:\r\r"_s +
            errors;
-}
-
-// Enough for codes that differ.
-QList<double> Many_Numbers() {
-    QRandomGenerator generator(1);
-    QList<double> numbers;
-    while (numbers.size() < 5000)
-        numbers.append(generator.generateDouble());
-    return numbers;
-}
-
-QByteArray Class_Of(int pupils) {
-    QByteArray file;
-    for (int i = 0; i < pupils; ++i)
-        file += "Sur" + QByteArray::number(i) + ",Name" + QByteArray::number(i) + ",F,14/03/2003,Class " +
-                QByteArray::number(i % 7) + ",\r\n";
-    return file;
 }
 
 } // namespace
@@ -198,30 +173,6 @@ TEST_F(Import, AnApostropheOrALongNameCostsWhatItBreaksInSilence) {
               (QStringList{u"TwoSt John's"_s, u"ThreeOwls"_s, QString::fromLatin1(name) + u"Owls"_s}));
     EXPECT_EQ(sample.Column(u"SELECT group_name FROM mevo_groups WHERE rowid > 5"_s), QStringList{u"Owls"_s});
     EXPECT_TRUE(Caption(u"Label3"_s).startsWith(u"5 pupils"_s)) << "the failed ones count";
-}
-
-TEST_F(Import, IsVisiblyInProgressAndHoldsNoTransaction) {
-    outside.random.numbers = Many_Numbers();
-    constexpr int pupils = 120; // takes longer than a few frames
-    Preview_Bytes(Class_Of(pupils));
-    auto& bar = Control<QProgressBar>(form, u"ProgressBar1"_s);
-    QList<int> values;
-    QList<int> stored;
-    QTimer meanwhile; // what happens while the window is alive
-    QObject::connect(&meanwhile, &QTimer::timeout, &form, [&] {
-        EXPECT_TRUE(bar.isVisible());
-        EXPECT_EQ(bar.maximum(), pupils);
-        values.append(bar.value());
-        stored.append(Pupils().toInt() - 12);
-        sample.Run(u"UPDATE mevo_pupils SET comment = 'another workstation' WHERE rowid = 1"_s);
-    });
-    meanwhile.start(0);
-    Import_All();
-    meanwhile.stop();
-    ASSERT_GE(values.size(), 2);
-    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
-    EXPECT_LT(values.first(), pupils / 2);
-    EXPECT_EQ(stored, values) << "each pupil lies in the file as soon as the bar has moved";
 }
 
 // ---- hostile files

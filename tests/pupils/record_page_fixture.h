@@ -3,27 +3,21 @@
 #include "pupils/pupil_records.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
-#include "support/controls.h"
 #include "support/error_number.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
+#include "support/page_fixture.h"
 #include "support/table_changes.h"
 
 #include <QLineEdit>
-#include <gtest/gtest.h>
 #include <memory>
 
 namespace pupils {
 
-// A page over a database of its own, and what the database held when the test last looked.
-class Record_Page : public testing::Test {
+// A page that changes pupils' records, and what the database held when the test last looked.
+class Record_Page : public test_support::Page_Fixture {
 protected:
-    ~Record_Page() override { outside.boxes.Expect_All_Asked(); }
-
     Record_Data Data() { return {installation, lists, records}; }
     void Show(shell::Page& shown) {
-        shown.resize(1366, 768);
-        shown.show();
+        Show_On_Screen(shown);
         page = &shown;
     }
 
@@ -65,10 +59,6 @@ protected:
                                 .arg(QString(surname).replace(QStringLiteral("'"), QStringLiteral("''"))));
     }
 
-    test_support::Sample_File sample;
-    test_support::Scripted_Platform outside;
-    test_support::Recording_Navigator navigator;
-    foundation::Installation installation = sample.Installed();
     scoring::Pupil_Lists lists;
     Pupil_Records records;
     shell::Page* page = nullptr;

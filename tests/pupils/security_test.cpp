@@ -28,19 +28,13 @@ protected:
         Look();
     }
     grid::fpSpread& Grid() { return Control<grid::fpSpread>(*form, u"Spread1"_s); }
-    QStringList Grid_Row(int row) {
-        QStringList texts;
-        for (int column = 1; column <= 6; ++column)
-            texts.append(Grid().Text(column, row));
-        return texts;
-    }
     // The place of a pupil in the page's lists.
     int Place_Of(const QString& surname) {
         const int item = Combo(u"Combo1"_s).findText(surname + u' ', Qt::MatchStartsWith);
         EXPECT_GE(item, 0) << surname.toStdString();
         return item + 1;
     }
-    QStringList Row_Of(const QString& surname) { return Grid_Row(Place_Of(surname)); }
+    QStringList Row_Of(const QString& surname) { return Grid_Row(Grid(), Place_Of(surname)); }
     void Choose_Pupil(const QString& surname) { Combo(u"Combo1"_s).Set_ListIndex(Place_Of(surname) - 1); }
     void Check(const QStringList& options) {
         for (const QString& option : options)
@@ -96,7 +90,7 @@ TEST_F(Security_Page, TheGridShowsHowEachPupilLogsIn) {
     EXPECT_EQ(Row_Of(u"Patel"_s), (QStringList{Code_Of(u"Patel"_s), u"Patel Aarav"_s, u"30/11/2018"_s,
                                                u"[Use date of birth]"_s, Oak, u"Yes"_s}));
     EXPECT_EQ(Row_Of(u"Okafor"_s).mid(3), (QStringList{u""_s, u""_s, u"No"_s}));
-    EXPECT_EQ(Grid_Row(1)[1], u"D'Souza Mia"_s); // by surname
+    EXPECT_EQ(Grid_Row(Grid(), 1)[1], u"D'Souza Mia"_s); // by surname
 }
 
 // ---- one pupil

@@ -1,12 +1,9 @@
 #include "shell/settings.h"
 
 #include "platform/basics/run_time_error.h"
-#include "support/controls.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
+#include "support/page_fixture.h"
 
 #include <QLineEdit>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace shell;
@@ -20,13 +17,9 @@ const QString Active_X = u"SOFTWARE\\Macromedia\\FlashPlayerActiveX\\"_s;
 const QString Active_X_32 = u"SOFTWARE\\Wow6432Node\\Macromedia\\FlashPlayerActiveX\\"_s;
 const QString Plug_In = u"SOFTWARE\\Macromedia\\FlashPlayerPlugin\\"_s;
 
-class Settings : public testing::Test {
+class Settings : public Page_Fixture {
 protected:
-    Settings() : installation(sample.Installed()) { installation.Admin_Password = u"admin"_s; }
-    ~Settings() override {
-        outside.boxes.Expect_All_Asked();
-        EXPECT_TRUE(outside.dialogs.acts.isEmpty());
-    }
+    Settings() { installation.Admin_Password = u"admin"_s; }
 
     void Will_Type(const QString& entry) {
         outside.dialogs.Will_Do([this, entry](QDialog& dialog) {
@@ -45,10 +38,7 @@ protected:
     QString Stored() const {
         return sample.Value(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name = 'MEVO'"_s);
     }
-    Sample_File sample;
-    Scripted_Platform outside;
-    Recording_Navigator navigator;
-    foundation::Installation installation;
+
     Form20 page{outside.platform, navigator, installation};
     QStringList prompts;
 };

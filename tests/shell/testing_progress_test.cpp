@@ -1,10 +1,6 @@
 #include "shell/testing_progress.h"
 
-#include "support/controls.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
-
-#include <gtest/gtest.h>
+#include "support/page_fixture.h"
 
 using namespace Qt::StringLiterals;
 using namespace shell;
@@ -13,36 +9,25 @@ using desktop::Answer;
 
 namespace {
 
-class Testing_Progress : public testing::Test {
+class Testing_Progress : public Page_Fixture {
 protected:
-    Testing_Progress() : installation(sample.Installed()) {
+    Testing_Progress() {
         installation.Institution = u"St Mary's School"_s;
         sample.Run(u"DELETE FROM Mevo_Pupils"_s);
     }
-    ~Testing_Progress() override { outside.boxes.Expect_All_Asked(); }
 
     void Register(const QString& values, const QString& columns = u"StudentCode, Surname, Forename, DOB"_s) {
         sample.Run(u"INSERT INTO Mevo_Pupils ("_s + columns + u") VALUES ("_s + values + u')');
     }
     void Open() {
         page = std::make_unique<Form14>(outside.platform, navigator, installation);
-        page->resize(1366, 768);
-        page->show();
+        Show_On_Screen(*page);
         page->Timer1_Timer();
     }
     grid::fpSpread& Grid() { return Control<grid::fpSpread>(*page, u"Spread1"_s); }
-    QStringList Row(int row) {
-        QStringList texts;
-        for (int column = 1; column <= Grid().columnCount(); ++column)
-            texts.append(Grid().Text(column, row));
-        return texts;
-    }
+    QStringList Row(int row) { return Grid_Row(Grid(), row); }
     QString Marks(int row) { return Row(row).mid(3).join(u' '); }
 
-    Sample_File sample;
-    Scripted_Platform outside;
-    Recording_Navigator navigator;
-    foundation::Installation installation;
     std::unique_ptr<Form14> page;
 };
 
