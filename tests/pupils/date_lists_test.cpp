@@ -33,18 +33,6 @@ protected:
 
 } // namespace
 
-TEST_F(Lists, OfferRealDatesFrom1980ToLastYearWithABlankBeforeNumbers) {
-    Fill();
-    EXPECT_EQ(lists.Combo2->count(), 31);
-    EXPECT_EQ(lists.Combo2->itemText(8), u" 9"_s);
-    EXPECT_EQ(lists.Combo3->count(), 12);
-    EXPECT_EQ(lists.Combo3->itemText(8), u"September"_s);
-    EXPECT_EQ(lists.Combo4->itemText(0), u" 1980"_s);
-    EXPECT_EQ(lists.Combo4->itemText(lists.Combo4->count() - 1), u" 2025"_s);
-    EXPECT_EQ(lists.Combo4->currentText(), u" 2005"_s);
-    EXPECT_EQ(lists.Text2->text(), u"01/01/2005"_s);
-}
-
 TEST_F(Lists, TheDayFollowsTheLengthOfTheMonth) {
     struct Step {
         int day, month, year; // chosen; 0 leaves a list alone
@@ -61,6 +49,8 @@ TEST_F(Lists, TheDayFollowsTheLengthOfTheMonth) {
         {0, 11, 1999, 30, 12}, {0, 12, 0, 31, 12},
     };
     Fill();
+    EXPECT_EQ(lists.Combo4->itemText(lists.Combo4->count() - 1), u" 2025"_s); // a blank before numbers
+    EXPECT_EQ(lists.Text2->text(), u"01/01/2005"_s);
     for (const Step& step : steps) {
         SCOPED_TRACE(&step - steps);
         if (step.year) lists.Combo4->Set_ListIndex(step.year - 1980);

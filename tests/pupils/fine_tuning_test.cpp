@@ -74,8 +74,6 @@ protected:
 
 TEST_F(Fine_Tuning_Page, PaintsFirstAndShowsTheFirstPupilAfterwards) {
     Load();
-    for (const QString& panel : {u"Frame4"_s, u"Frame5"_s, u"Shape1"_s})
-        EXPECT_FALSE(Shown(panel)) << panel.toStdString();
     EXPECT_EQ(Combo(u"Combo1"_s).count(), 0);
     Click(Edit);
     EXPECT_EQ(Disabled(details), details);
@@ -89,7 +87,7 @@ TEST_F(Fine_Tuning_Page, PaintsFirstAndShowsTheFirstPupilAfterwards) {
     EXPECT_EQ(Combo(u"Combo4"_s).itemText(Combo(u"Combo4"_s).count() - 1), u" 2025"_s);
 }
 
-TEST_F(Fine_Tuning_Page, TheYearIsReadFromTwoDigitsAndTurnsAt30) {
+TEST_F(Fine_Tuning_Page, TheYearIsReadFromTwoDigitsTurnsAt30AndMustBeListed) {
     const std::pair<QString, QString> cases[] = {
         {u"17/04/99"_s, u"17 April 1999"_s},      {u"01/12/05"_s, u"1 December 2005"_s},
         {u"31/01/1930"_s, u"31 January 1930"_s},  {u"28/02/2025"_s, u"28 February 2025"_s},
@@ -106,16 +104,12 @@ TEST_F(Fine_Tuning_Page, TheYearIsReadFromTwoDigitsAndTurnsAt30) {
     EXPECT_EQ(Typed(u"Text2"_s), u"30/06/2018"_s);
     EXPECT_EQ(Caption(u"txAgeY"_s), u"8"_s); // by months begun, on 15 June 2026
     EXPECT_EQ(Caption(u"txAgeM"_s), u"0"_s);
-}
-
-TEST_F(Fine_Tuning_Page, ADateOfBirthOutsideTheListsIsARunTimeError) {
-    constexpr int invalid_property_value = 380;
-    for (const QString& stored : {u"01/03/2026"_s, u"01/13/2018"_s, u"32/01/2018"_s}) {
-        Set(u"Khan"_s, u"DOB = '"_s + stored + u'\'');
+    for (const QString& outside_the_lists : {u"01/03/2026"_s, u"01/13/2018"_s, u"32/01/2018"_s}) {
+        constexpr int invalid_property_value = 380;
+        Set(u"Khan"_s, u"DOB = '"_s + outside_the_lists + u'\'');
         Open();
         Combo(u"Combo1"_s).setCurrentIndex(Item_Of(Code_Of(u"Khan"_s)));
-        EXPECT_EQ(Error_Number([this] { form->Combo1_Click(); }), invalid_property_value)
-            << stored.toStdString();
+        EXPECT_EQ(Error_Number([this] { form->Combo1_Click(); }), invalid_property_value);
     }
 }
 
@@ -222,10 +216,8 @@ TEST_F(Fine_Tuning_Page, UndoOrAnotherPupilDropsWhatWasTyped) {
         Choose(u"Combo5"_s, u"Male"_s);
     };
     const auto expect_all_back = [this] {
-        EXPECT_EQ(Shown_Name(), u"Aisha Khan"_s);
-        EXPECT_EQ(Shown_Birth(), u"13 January 2018"_s);
-        EXPECT_EQ(Typed(u"Text2"_s) + Typed(u"Text5"_s), u"13/01/2018F"_s);
-        EXPECT_EQ(Chosen(u"Combo5"_s), u"Female"_s);
+        EXPECT_EQ(Shown_Name() + u' ' + Shown_Birth(), u"Aisha Khan 13 January 2018"_s);
+        EXPECT_EQ(Typed(u"Text2"_s) + Typed(u"Text5"_s) + Chosen(u"Combo5"_s), u"13/01/2018FFemale"_s);
         EXPECT_EQ(Changed(), QStringList{});
     };
     Click(Edit);

@@ -38,17 +38,11 @@ protected:
 } // namespace
 
 TEST_F(Register, OpensReadyForTheFirstPupil) {
-    EXPECT_EQ(Caption(u"Label10"_s), u"0"_s);
-    EXPECT_EQ(Caption(u"Label11"_s), u""_s);
     EXPECT_EQ(Caption(u"Label13"_s), u"12"_s);
-    EXPECT_EQ(Typed(u"Text2"_s), u"01/01/2005"_s);
+    EXPECT_EQ(Typed(u"Text2"_s) + Typed(u"Text5"_s), u"01/01/2005M"_s);
     EXPECT_EQ(Caption(u"txAgeY"_s) + u'/' + Caption(u"txAgeM"_s), u"21/5"_s);
-    EXPECT_EQ(Combo(u"Combo5"_s).currentText(), u"Male"_s);
-    EXPECT_EQ(Typed(u"Text5"_s), u"M"_s);
-    EXPECT_FALSE(Shown(u"Shape1"_s));
-    EXPECT_FALSE(Shown(u"Shape2"_s));
+    EXPECT_FALSE(Shown(u"Shape1"_s) || Shown(u"Shape2"_s));
     EXPECT_TRUE(Entry(u"Text3"_s).hasFocus());
-    EXPECT_EQ(Control(form, u"Frame1"_s).pos(), QPoint((1366 - 1000) / 2, (768 - 576) / 2));
 }
 
 TEST_F(Register, SaveStoresThePupilInAllTables) {

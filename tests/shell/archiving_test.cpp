@@ -161,6 +161,7 @@ TEST_F(Archiving, OnlyThePasswordInForcePasses) {
 // ---- loading
 
 TEST_F(Archiving, LoadsAnArchiveAndKeepsTheOldDatabase) {
+    archive.Run(u"UPDATE Customer_Details SET Admin_Password = 'of old'"_s);
     Open();
     Load(archive.Path());
     EXPECT_EQ(outside.file_dialogs.asked[0].file_name, u"*.mdb"_s);
@@ -171,12 +172,7 @@ TEST_F(Archiving, LoadsAnArchiveAndKeepsTheOldDatabase) {
     EXPECT_EQ(Caption(*page, u"Label13"_s), u"30"_s);
     EXPECT_EQ(Archives(), QStringList{u"Mevo05_before_load_2026-06-15_10-30-00.mdb"_s});
     EXPECT_EQ(Database_Beside(In_Archives(Archives().first())).Value(Count), u"12"_s);
-}
-
-TEST_F(Archiving, ThePasswordInForceGoesToTheArchiveAndNotToItsCopy) {
-    archive.Run(u"UPDATE Customer_Details SET Admin_Password = 'of old'"_s);
-    Open();
-    Load(archive.Path());
+    // The password in force goes to the archive, and not to its copy.
     EXPECT_EQ(Working_Password(), u"of old"_s);
     EXPECT_EQ(Password_In(archive.Path()), u"secret"_s);
     EXPECT_EQ(archive.Value(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name <> 'MEVO'"_s),
