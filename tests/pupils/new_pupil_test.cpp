@@ -71,14 +71,12 @@ TEST(Replace_Chars, OverwritesInPlace) {
 }
 
 TEST(Normalise_Hyphen, TouchesTheFirstSpacedHyphenOnly) {
-    const std::pair<QString, QString> cases[] = {
-        {u"Smith - Jones"_s, u"Smith-Jones"_s},
-        {u"A - B - C"_s, u"A-B - C"_s},
-        {u"Smith-Jones"_s, u"Smith-Jones"_s},
-        {u"Smith -Jones"_s, u"Smith -Jones"_s},
-        {u" - "_s, u"-"_s},
-        {u""_s, u""_s},
-    };
+    const std::pair<QString, QString> cases[] = {{u"Smith - Jones"_s, u"Smith-Jones"_s},
+                                                 {u"A - B - C"_s, u"A-B - C"_s},
+                                                 {u"Smith-Jones"_s, u"Smith-Jones"_s},
+                                                 {u"Smith -Jones"_s, u"Smith -Jones"_s},
+                                                 {u" - "_s, u"-"_s},
+                                                 {u""_s, u""_s}};
     for (const auto& [surname, normalised] : cases)
         EXPECT_EQ(Normalise_Hyphen(surname), normalised);
 }
@@ -136,21 +134,19 @@ TEST_F(New_Pupil, ACodeThatIsTakenIsRefusedInSilence) {
 }
 
 TEST_F(New_Pupil, NoFieldRunsASecondStatementOrReachesTheEngine) {
-    const QStringList hostile{
-        u"x'); DELETE FROM mevo_pupils; --"_s,
-        u"x', 1, 0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0); DROP TABLE mevo_groups; --"_s,
-        u"x'; ATTACH DATABASE '/tmp/other.db' AS other; --"_s,
-        u"x'; PRAGMA user_version = 7; --"_s,
-        u"' OR (SELECT load_extension('evil')) OR '"_s,
-        u"x' ; UPDATE mevo_pupils SET surname = 'gone"_s,
-        u"x]; DELETE FROM mevo_pupils"_s,
-        u"x\" ; DELETE FROM mevo_pupils; --"_s,
-        u"x'"_s + QChar(0) + u"; DELETE FROM mevo_pupils; --"_s,
-        u"'; BEGIN; DELETE FROM mevo_pupils; COMMIT; --"_s,
-        u"/*"_s,
-        u"--"_s,
-        u"?password"_s,
-    };
+    const QStringList hostile{u"x'); DELETE FROM mevo_pupils; --"_s,
+                              u"x', 1, 0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0); DROP TABLE mevo_groups; --"_s,
+                              u"x'; ATTACH DATABASE '/tmp/other.db' AS other; --"_s,
+                              u"x'; PRAGMA user_version = 7; --"_s,
+                              u"' OR (SELECT load_extension('evil')) OR '"_s,
+                              u"x' ; UPDATE mevo_pupils SET surname = 'gone"_s,
+                              u"x]; DELETE FROM mevo_pupils"_s,
+                              u"x\" ; DELETE FROM mevo_pupils; --"_s,
+                              u"x'"_s + QChar(0) + u"; DELETE FROM mevo_pupils; --"_s,
+                              u"'; BEGIN; DELETE FROM mevo_pupils; COMMIT; --"_s,
+                              u"/*"_s,
+                              u"--"_s,
+                              u"?password"_s};
     const QString others =
         u"SELECT group_concat(StudentCode || Surname || Forename || ifnull(Password, ''), '') FROM Mevo_Pupils WHERE Surname <> 'Hostile' AND Forename <> 'Hostile'"_s;
     const QString tables = sample.Value(u"SELECT group_concat(sql) FROM sqlite_master"_s);
