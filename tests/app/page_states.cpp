@@ -3,8 +3,8 @@
 #include "app/running_program.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/theme.h"
+#include "support/files.h"
 
-#include <QDir>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -127,11 +127,9 @@ void Other_Pages(Tour& tour) {
 
 void Import(Tour& tour) {
     const QString name = u"class list.txt"_s;
-    QFile list(QDir(tour.school.sample.Folder()).filePath(name));
-    if (!list.open(QIODevice::WriteOnly) || list.write(Class_List) < 0)
-        throw std::runtime_error("can't write the class list");
-    list.close();
-    tour.school.outside.file_dialogs.answers = {list.fileName()};
+    const QString file = tour.school.sample.Folder() + u'/' + name;
+    Write_Bytes(file, Class_List);
+    tour.school.outside.file_dialogs.answers = {file};
     tour.Go(u"HotLabel2"_s, u"Form42"_s);
     tour.Show(u"import"_s);
     tour.Click_All({u"PreviewImport"_s});

@@ -2,7 +2,6 @@
 
 #include "app/page_states.h"
 #include "shell/conventions/theme.h"
-#include "support/contrast.h"
 #include "support/controls.h"
 
 #include <QAbstractScrollArea>
@@ -14,6 +13,7 @@
 #include <QSet>
 #include <QTest>
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -141,6 +141,32 @@ void Expect_Same_Help(QWidget& surface) {
 }
 
 // ---- what can be read
+
+double Luminance(const QColor& colour) {
+    const auto light = [](float part) {
+        return part <= 0.03928F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * light(colour.redF()) + 0.7152 * light(colour.greenF()) + 0.0722 * light(colour.blueF());
+}
+
+// Of two colours, from 1 to 21, by the rule of the accessibility guidelines.
+double Contrast(const QColor& one, const QColor& other) {
+    const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+// Between a place's ground, which is its most frequent colour, and what stands out from it most.
+double Contrast_Seen(const QImage& picture, const QRect& place) {
+    QHash<QRgb, int> counts;
+    for (int y = place.top(); y <= place.bottom(); ++y)
+        for (int x = place.left(); x <= place.right(); ++x)
+            ++counts[picture.pixel(x, y)];
+    const auto ground = std::max_element(counts.cbegin(), counts.cend());
+    double most = 1;
+    for (auto colour = counts.cbegin(); colour != counts.cend(); ++colour)
+        most = std::max(most, Contrast(QColor(colour.key()), QColor(ground.key())));
+    return most;
+}
 
 void Expect_Readable(QWidget& surface) {
     constexpr int closer = 3; // so that a letter's lines have their full ink

@@ -3,11 +3,11 @@
 #include "app/running_program.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/main_menu.h"
+#include "support/files.h"
 #include "support/table_changes.h"
 
 #include <QAccessible>
 #include <QCheckBox>
-#include <QFile>
 #include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
@@ -129,10 +129,7 @@ void Without_A_Mouse::Register_A_Pupil() {
 
 void Without_A_Mouse::Import_A_Class() {
     const QString file = sample.Folder() + u"/class.txt"_s;
-    QFile list(file);
-    ASSERT_TRUE(list.open(QIODevice::WriteOnly));
-    list.write("Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n");
-    list.close();
+    Write_Bytes(file, "Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n");
     outside.file_dialogs.answers = {file};
     Go(u"HotLabel2"_s, u"Form42"_s);
     Tab_And_Press(u"PreviewImport"_s);
@@ -324,6 +321,7 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
     Change_The_Password();
     Look_At_The_Progress();
     Delete_A_Pupil();
+    EXPECT_EQ(program.Window().findChildren<shell::Page*>().size(), 1) << "pages left behind";
     Tab_To(u"HotLabel13"_s);
     Expect_Quit_At(Qt::Key_Return);
     ASSERT_EQ(outside.processes.started.size(), 1);

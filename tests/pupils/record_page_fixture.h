@@ -3,27 +3,21 @@
 #include "pupils/pupil_records.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
-#include "support/controls.h"
 #include "support/error_number.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
+#include "support/page_fixture.h"
 #include "support/table_changes.h"
 
 #include <QLineEdit>
-#include <gtest/gtest.h>
 #include <memory>
 
 namespace pupils {
 
-// A page over a database of its own, and what the database held when the test last looked.
-class Record_Page : public testing::Test {
+// A page that changes pupils' records, and what the database held when the test last looked.
+class Record_Page : public test_support::Page_Fixture {
 protected:
-    ~Record_Page() override { outside.boxes.Expect_All_Asked(); }
-
     Record_Data Data() { return {installation, lists, records}; }
     void Show(shell::Page& shown) {
-        shown.resize(1366, 768);
-        shown.show();
+        Show_On_Screen(shown);
         page = &shown;
     }
 
@@ -49,12 +43,15 @@ protected:
     void Look() { seen = test_support::Read_Tables(sample); }
     // What has changed in the file since the last look.
     QStringList Changed() { return test_support::Changes(seen, test_support::Read_Tables(sample)); }
-    void Expect_Box(int number, desktop::Box_Style style, const QString& title, const QString& text) {
-        ASSERT_GT(outside.boxes.shown.size(), number);
-        const test_support::Box_Shown& box = outside.boxes.shown[number];
-        EXPECT_EQ(box.style, style);
-        EXPECT_EQ(box.title, title);
-        EXPECT_EQ(box.text, text);
+    // In any order.
+    void Expect_Changed(QStringList expected) {
+        QStringList changed = Changed();
+        changed.sort();
+        expected.sort();
+        EXPECT_EQ(changed, expected);
+    }
+    void Expect_Box(desktop::Box_Style style, const QString& title, const QString& text) {
+        outside.boxes.Expect_Last(style, title, text);
     }
 
     QString Code_Of(const QString& surname) {
@@ -62,10 +59,6 @@ protected:
                                 .arg(QString(surname).replace(QStringLiteral("'"), QStringLiteral("''"))));
     }
 
-    test_support::Sample_File sample;
-    test_support::Scripted_Platform outside;
-    test_support::Recording_Navigator navigator;
-    foundation::Installation installation = sample.Installed();
     scoring::Pupil_Lists lists;
     Pupil_Records records;
     shell::Page* page = nullptr;

@@ -38,17 +38,11 @@ protected:
 } // namespace
 
 TEST_F(Register, OpensReadyForTheFirstPupil) {
-    EXPECT_EQ(Caption(u"Label10"_s), u"0"_s);
-    EXPECT_EQ(Caption(u"Label11"_s), u""_s);
     EXPECT_EQ(Caption(u"Label13"_s), u"12"_s);
-    EXPECT_EQ(Typed(u"Text2"_s), u"01/01/2005"_s);
+    EXPECT_EQ(Typed(u"Text2"_s) + Typed(u"Text5"_s), u"01/01/2005M"_s);
     EXPECT_EQ(Caption(u"txAgeY"_s) + u'/' + Caption(u"txAgeM"_s), u"21/5"_s);
-    EXPECT_EQ(Combo(u"Combo5"_s).currentText(), u"Male"_s);
-    EXPECT_EQ(Typed(u"Text5"_s), u"M"_s);
-    EXPECT_FALSE(Shown(u"Shape1"_s));
-    EXPECT_FALSE(Shown(u"Shape2"_s));
+    EXPECT_FALSE(Shown(u"Shape1"_s) || Shown(u"Shape2"_s));
     EXPECT_TRUE(Entry(u"Text3"_s).hasFocus());
-    EXPECT_EQ(Control(form, u"Frame1"_s).pos(), QPoint((1366 - 1000) / 2, (768 - 576) / 2));
 }
 
 TEST_F(Register, SaveStoresThePupilInAllTables) {
@@ -72,14 +66,14 @@ TEST_F(Register, AsksBeforeItSavesAndAnythingButYesLeavesTheBoxesFilled) {
     for (const Answer answer : {Answer::No, Answer::Cancel}) {
         Enter_Names(u"Grey"_s, u"Anna"_s);
         Save(answer);
-        EXPECT_EQ(outside.boxes.shown.last().style, Box_Style::Yes_No_Question);
-        EXPECT_EQ(outside.boxes.shown.last().title, u"Saving"_s);
-        EXPECT_EQ(outside.boxes.shown.last().text, u"Do you wish to save these details ?"_s);
+        Expect_Box(Box_Style::Yes_No_Question, u"Saving"_s, u"Do you wish to save these details ?"_s);
         EXPECT_EQ(Typed(u"Text3"_s) + Typed(u"Text4"_s), u"GreyAnna"_s);
     }
     EXPECT_EQ(outside.random.seeds.size(), 2) << "a code is made before the question";
     EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_pupils"_s), u"12"_s);
     EXPECT_EQ(Caption(u"Label10"_s), u"0"_s);
+    Click(u"HotLabel1"_s); // nor does leaving ask
+    EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
 }
 
 TEST_F(Register, AnIncompleteEntryIsRefused) {
@@ -97,20 +91,12 @@ TEST_F(Register, AnIncompleteEntryIsRefused) {
         Entry(u"Text3"_s).setFocus();
         outside.boxes.Will_Answer(Answer::Ok);
         form.HotLabel2_Click();
-        EXPECT_EQ(outside.boxes.shown.last().style, Box_Style::Critical);
-        EXPECT_EQ(outside.boxes.shown.last().title, u"Personal details incomplete"_s);
-        EXPECT_EQ(outside.boxes.shown.last().text, u"All fields should be completed."_s);
+        Expect_Box(Box_Style::Critical, u"Personal details incomplete"_s,
+                   u"All fields should be completed."_s);
         EXPECT_EQ(form.focusWidget()->objectName(), tried.focus);
     }
     EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_pupils"_s), u"12"_s);
     EXPECT_TRUE(outside.random.seeds.isEmpty()) << "no code is made";
-}
-
-TEST_F(Register, ABlankIsAName) {
-    Enter_Names(u" "_s, u" "_s);
-    Save();
-    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_pupils WHERE surname = ' ' AND forename = ' '"_s),
-              u"1"_s);
 }
 
 TEST_F(Register, CountsTheSessionAndClearsForTheNext) {
@@ -118,12 +104,13 @@ TEST_F(Register, CountsTheSessionAndClearsForTheNext) {
     Combo(u"Combo4"_s).Set_ListIndex(40);
     Combo(u"Combo5"_s).Set_ListIndex(1);
     Save();
-    Enter_Names(u"Green"_s, u"Bo"_s);
+    Enter_Names(u" "_s, u" "_s); // blanks are names
     Save();
     EXPECT_EQ(Caption(u"Label10"_s), u"2"_s);
-    EXPECT_EQ(Caption(u"Label11"_s), u"Bo Green"_s);
+    EXPECT_EQ(Caption(u"Label11"_s), u"   "_s);
     EXPECT_EQ(Caption(u"Label13"_s), u"14"_s);
     EXPECT_EQ(counts.Number_Of_Students.As_Long(), 14);
+    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_pupils"_s), u"14"_s);
     EXPECT_EQ(Typed(u"Text3"_s) + Typed(u"Text4"_s), u""_s);
     EXPECT_EQ(Typed(u"Text2"_s), u"01/01/2005"_s);
     EXPECT_EQ(Typed(u"Text5"_s), u"M"_s);
@@ -138,13 +125,6 @@ TEST_F(Register, AFailureToStoreIsSilentAndCountsAllTheSame) {
     EXPECT_EQ(Caption(u"Label10"_s), u"1"_s);
     EXPECT_EQ(Caption(u"Label11"_s), u"Anna Grey"_s);
     EXPECT_EQ(Typed(u"Text3"_s), u""_s);
-    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_pupils"_s), u"12"_s);
-}
-
-TEST_F(Register, MenuDropsWhatWasTypedWithoutAQuestion) {
-    Enter_Names(u"Grey"_s, u"Anna"_s);
-    Click(u"HotLabel1"_s);
-    EXPECT_EQ(navigator.went_to, QList{shell::Page_Id::Main_Menu});
     EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_pupils"_s), u"12"_s);
 }
 

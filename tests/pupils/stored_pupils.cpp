@@ -1,5 +1,7 @@
 #include "pupils/stored_pupils.h"
 
+#include "foundation/schema.h"
+
 using namespace Qt::StringLiterals;
 
 namespace pupils {
@@ -14,13 +16,7 @@ const QStringList& Data_Tables() {
 }
 
 static QString Joined(const QString& suffix) {
-    const QStringList tests{
-        u"Tolvens"_s, u"BliksFriends"_s, u"Karrel"_s, u"BliksLetters"_s, u"BliksLetterNames"_s,
-        u"Drell"_s,   u"Mirvel"_s,       u"Yoon"_s,   u"Pindo"_s};
-    QStringList columns;
-    for (const QString& test : tests)
-        columns.append(test + suffix);
-    return columns.join(u" || ',' || "_s);
+    return foundation::Status_Columns().join(suffix + u" || ',' || "_s) + suffix;
 }
 
 QString Stored_Pupil(const Sample_File& sample, const QString& code) {

@@ -70,7 +70,7 @@ public:
     explicit Killed_Act(const QString& act) : act(act) {
         QDir().mkpath(archives);
         Copy(act == "convert"_L1 ? Older_School() : Old_School(), working);
-        Copy(Archived_School(), archive);
+        Copy(Made().archived.Path(), archive);
         Copy(Old_Archive(), mine);
         sample_data::Write_Template(empty, 1);
         QByteArray lines;
@@ -145,27 +145,26 @@ private:
     static void Copy(const QString& from, const QString& to) {
         if (!QFile::copy(from, to)) throw std::runtime_error("can't copy " + from.toStdString());
     }
-    static QString Old_School() {
-        static const Sample_File sample(Old_Pupils);
-        return sample.Path();
+    // Made once for all runs.
+    struct Schools {
+        Schools() {
+            older.Make_Older();
+            archived.Run(u"UPDATE Mevo_Pupils SET Surname = 'Archived'"_s);
+        }
+        Sample_File old{Old_Pupils};
+        Sample_File older{Old_Pupils};
+        Sample_File archived{Archived_Pupils};
+        Sample_File earlier_archive{Played_Pupils};
+    };
+    static const Schools& Made() {
+        static const Schools made;
+        return made;
     }
-    static QString Older_School() {
-        static const Sample_File sample(Old_Pupils);
-        if (sample.Value(u"SELECT count(*) FROM sqlite_master WHERE name = 'Mevo_Groups'"_s) == "1"_L1)
-            sample.Make_Older();
-        return sample.Path();
-    }
-    static QString Archived_School() {
-        static const Sample_File sample(Archived_Pupils);
-        sample.Run(u"UPDATE Mevo_Pupils SET Surname = 'Archived'"_s);
-        return sample.Path();
-    }
-    static QString Old_Archive() {
-        static const Sample_File sample(Played_Pupils);
-        return sample.Path();
-    }
+    static QString Old_School() { return Made().old.Path(); }
+    static QString Older_School() { return Made().older.Path(); }
+    static QString Old_Archive() { return Made().earlier_archive.Path(); }
     static QStringList Old_Codes() {
-        return Sample_File(Old_Pupils).Column(u"SELECT StudentCode FROM Mevo_Pupils ORDER BY rowid"_s);
+        return Made().old.Column(u"SELECT StudentCode FROM Mevo_Pupils ORDER BY rowid"_s);
     }
     static QString Imported(int i) { return u"%1imported"_s.arg(QChar(u'A' + i)); }
     QString Target() const {
@@ -223,13 +222,9 @@ private:
         EXPECT_GE(whole, told);
         EXPECT_LE(there, whole + 1);
         EXPECT_TRUE(!Is_Done() || (there == Imported_Class && told == Imported_Class));
-        Database_Beside database(working);
-        const QString newcomers = u" IN (SELECT StudentCode FROM Mevo_Pupils WHERE Forename = 'Imported')"_s;
-        QStringList undo;
-        for (const foundation::Test_Tables& test : foundation::Tests_In_Order())
-            undo.append(u"DELETE FROM "_s + test.data_table + u" WHERE StudentCode"_s + newcomers);
-        database.Run(undo + QStringList{u"DELETE FROM Mevo_Pupils WHERE Forename = 'Imported'"_s});
-        EXPECT_EQ(Content(working, working, played), before);
+        const QStringList newcomers = Database_Beside(working).Column(
+            u"SELECT StudentCode FROM Mevo_Pupils WHERE Forename = 'Imported'"_s);
+        EXPECT_EQ(Content(working, working, played + newcomers), before);
     }
     // Who is still registered has all that they had; of one alone may rows be left behind.
     void Expect_Deleted() {

@@ -21,7 +21,7 @@ namespace {
 constexpr int Players = 3;
 constexpr int School = 480; // enough that each of a full run's answers is the only one in its place
 constexpr int Rows_A_Second = 10;
-constexpr int Class_Size = 14;
+constexpr int Newcomers = 14;
 constexpr int Deleted_At_Once = 15; // by the acting program, the first by name
 
 struct Archive_Made {
@@ -39,7 +39,7 @@ protected:
         at_the_start = Read_Answers(school.Path());
         QDir(school.Folder()).mkdir(u"archives"_s);
         QByteArray lines;
-        for (char letter = 'a'; letter < 'a' + Class_Size; ++letter)
+        for (char letter = 'a'; letter < 'a' + Newcomers; ++letter)
             lines += QByteArray("Aa") + letter + ",Soaked,F,14/03/2019,,\r\n";
         Write_Bytes(school.Folder() + u"/class.txt"_s, lines);
     }
@@ -81,7 +81,7 @@ protected:
         since.start();
         while (!since.hasExpired(seconds * 1000) && !HasFailure()) {
             Act(u"import"_s);
-            pupils += Class_Size;
+            pupils += Newcomers;
             Archive();
             Act(u"delete"_s);
             pupils -= Deleted_At_Once;

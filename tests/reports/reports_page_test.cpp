@@ -242,6 +242,9 @@ TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
     Combo().Set_ListIndex(0);
     Choose(code);
     EXPECT_EQ(state.comment.Pupil_Comment, u"O'Brien's \"best\" – Élan 5\u00A0%"_s);
+    installation.Viewing_Mode = true;
+    Open();
+    EXPECT_FALSE(Enabled(*page, u"HotLabel3"_s)); // nobody edits what is in view
 }
 
 TEST_F(Reports_Page, AMissingNormTableMeetsTheBox) {

@@ -1,7 +1,6 @@
 // Each page looks as the picture that is kept of it, so that a change of look is seen, and meant.
 
 #include "app/page_states.h"
-#include "screens/picture_comparison.h"
 #include "shell/conventions/theme.h"
 
 #include <QApplication>
@@ -9,10 +8,11 @@
 #include <QFontInfo>
 #include <QTest>
 #include <QWidget>
+#include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using namespace screens;
 
 namespace {
 
@@ -26,6 +26,70 @@ const bool Fonts_Are_Drawn_In_One_Way = qputenv("FONTCONFIG_FILE", MEVO_FONT_SET
 
 const QDir Kept(QStringLiteral(MEVO_KEPT_PICTURES));
 const QDir Failed(QStringLiteral(MEVO_FAILED_PICTURES));
+
+constexpr int Square = 8;
+
+using Sums = std::array<double, 3>;
+
+void Add(Sums& sums, QRgb colour, int sign) {
+    sums[0] += sign * qRed(colour);
+    sums[1] += sign * qGreen(colour);
+    sums[2] += sign * qBlue(colour);
+}
+
+int Distance(QRgb one, QRgb other) {
+    return std::max({std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
+                     std::abs(qBlue(one) - qBlue(other))});
+}
+
+// Between the mean colours of a square of both.
+double Distance_Of_Means(const QImage& one, const QImage& other, const QRect& square) {
+    Sums sums{};
+    for (int y = square.top(); y <= square.bottom(); ++y)
+        for (int x = square.left(); x <= square.right(); ++x) {
+            Add(sums, one.pixel(x, y), 1);
+            Add(sums, other.pixel(x, y), -1);
+        }
+    double most = 0;
+    for (const double sum : sums)
+        most = std::max(most, std::abs(sum) / (square.width() * square.height()));
+    return most;
+}
+
+// How far two pictures of one size are from each other, of 255.
+struct Difference {
+    double mean = 0;  // over all pixels
+    double local = 0; // of the small square where they differ most, by its own mean
+};
+
+// Edges of letters that fall a little lighter or darker count little: a square is compared by its mean
+// colour.
+Difference Compare(const QImage& one, const QImage& other) {
+    Difference found;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            found.mean += Distance(one.pixel(x, y), other.pixel(x, y));
+    found.mean /= double(one.width()) * one.height();
+    for (int y = 0; y < one.height(); y += Square)
+        for (int x = 0; x < one.width(); x += Square)
+            found.local = std::max(found.local,
+                                   Distance_Of_Means(one, other, QRect(x, y, Square, Square) & one.rect()));
+    return found;
+}
+
+// What differs, dark on white.
+QImage Picture_Of_Difference(const QImage& one, const QImage& other) {
+    QImage picture(one.size().expandedTo(other.size()), QImage::Format_Grayscale8);
+    picture.fill(Qt::black);
+    const QRect both = one.rect() & other.rect();
+    for (int y = both.top(); y <= both.bottom(); ++y)
+        for (int x = both.left(); x <= both.right(); ++x) {
+            constexpr int stronger = 3;
+            const int grey = 255 - std::min(255, stronger * Distance(one.pixel(x, y), other.pixel(x, y)));
+            picture.setPixel(x, y, qRgb(grey, grey, grey));
+        }
+    return picture;
+}
 
 QImage Seen(QWidget& surface) {
     surface.activateWindow();

@@ -139,18 +139,11 @@ namespace {
 
 class Narrow_Places : public Archiving {
 protected:
-    Narrow_Places() { Give_Everybody(working.Folder(), Everything); }
-
     // The rights of everybody to a folder or file.
     static constexpr auto Reading = QFileDevice::Permissions(0x5555);
     static constexpr auto Everything = QFileDevice::Permissions(0x7777);
     static void Give_Everybody(const QString& file, QFileDevice::Permissions rights) {
         QFile::setPermissions(file, rights);
-    }
-    void Share_The_Files() {
-        Give_Everybody(archive.Folder(), Everything);
-        for (const QString& file : {archive.Path(), working.Path(), installation.Archive_Folder})
-            Give_Everybody(file, Everything);
     }
     QStringList Beside_The_Working_Database() const {
         QStringList names = QDir(working.Folder()).entryList(QDir::Files);
@@ -165,41 +158,41 @@ protected:
     }
 };
 
+// Where all may write but to what a case names.
+class Read_Only_Places : public Narrow_Places {
+protected:
+    void SetUp() override {
+        for (const QString& file : {working.Folder(), working.Path(), archive.Folder(), archive.Path(),
+                                    installation.Archive_Folder})
+            Give_Everybody(file, Everything);
+        if (!Plain_Account().Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+    }
+};
+
 } // namespace
 
-TEST_F(Narrow_Places, AReadOnlyFolderHasItsMessageAndNoArchive) {
-    Share_The_Files();
-    Give_Everybody(installation.Archive_Folder, Reading);
-    const Plain_Account account;
-    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
-    Open();
-    Save(In_Archives(u"mine.mdb"_s));
-    EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
-    EXPECT_EQ(Archives(), QStringList());
-}
-
-TEST_F(Narrow_Places, AReadOnlyArchiveIsntReplaced) {
+TEST_F(Read_Only_Places, AnArchiveIsNeitherMadeNorReplacedThere) {
     const QByteArray before = Bytes_Of(archive.Path());
-    Share_The_Files();
-    Give_Everybody(archive.Path(), Reading);
+    for (const QString& place : {installation.Archive_Folder, archive.Path()})
+        Give_Everybody(place, Reading);
     const Plain_Account account;
-    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
     Open();
-    Save(archive.Path());
-    EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
+    for (const QString& file : {In_Archives(u"mine.mdb"_s), archive.Path()}) {
+        Save(file);
+        EXPECT_EQ(Last_Box().title, u"Cannot save archive file"_s);
+    }
+    EXPECT_EQ(Archives(), QStringList());
     EXPECT_EQ(Bytes_Of(archive.Path()), before);
 }
 
 // It takes the password in force behind its copy, so that it could fail when the working database has gone.
-TEST_F(Narrow_Places, AReadOnlyArchiveIsLoadedOnlyIfItHasThePasswordInForce) {
+TEST_F(Read_Only_Places, AReadOnlyArchiveIsLoadedOnlyIfItHasThePasswordInForce) {
     const QByteArray before = Bytes_Of(working.Path());
-    Share_The_Files();
     const QString in_force = archive.Folder() + u"/in force.mdb"_s;
     Write_Changed(in_force, u"UPDATE Customer_Details SET Admin_Password = 'secret'"_s);
     for (const QString& file : {archive.Path(), in_force})
         Give_Everybody(file, Reading);
     const Plain_Account account;
-    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
     Open();
     EXPECT_EQ(Error_Of_Loading(archive.Path()), database::errors::Refused);
     EXPECT_EQ(Bytes_Of(working.Path()), before);
@@ -207,25 +200,21 @@ TEST_F(Narrow_Places, AReadOnlyArchiveIsLoadedOnlyIfItHasThePasswordInForce) {
     EXPECT_EQ(Error_Of_Loading(in_force), 0);
 }
 
-TEST_F(Narrow_Places, AReadOnlyArchiveInWriteAheadModeIsntTakenForABrokenDevice) {
+TEST_F(Read_Only_Places, AReadOnlyArchiveInWriteAheadModeIsntTakenForABrokenDevice) {
     archive.Run(u"PRAGMA journal_mode = WAL"_s);
-    Share_The_Files();
     Give_Everybody(archive.Path(), Reading);
     const Plain_Account account;
-    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
     Open();
     EXPECT_EQ(Error_Of_Loading(archive.Path()), database::errors::Engine_Failure);
 }
 
-TEST_F(Narrow_Places, AWorkingDatabaseThatMayNotBeWrittenStays) {
+TEST_F(Read_Only_Places, AWorkingDatabaseThatMayNotBeWrittenStays) {
     const QByteArray before = Bytes_Of(working.Path());
-    Share_The_Files();
     for (const QString& locked : {working.Path(), working.Folder()}) {
         SCOPED_TRACE(locked.toStdString());
         Give_Everybody(locked, Reading);
         {
             const Plain_Account account;
-            if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
             Open();
             EXPECT_EQ(Error_Of_Loading(archive.Path()), basics::errors::Permission_Denied);
         }
@@ -236,11 +225,9 @@ TEST_F(Narrow_Places, AWorkingDatabaseThatMayNotBeWrittenStays) {
     }
 }
 
-TEST_F(Narrow_Places, WhatAReadOnlyArchiveFolderCantKeepIsKeptBesideTheDatabase) {
-    Share_The_Files();
+TEST_F(Read_Only_Places, WhatAReadOnlyArchiveFolderCantKeepIsKeptBesideTheDatabase) {
     Give_Everybody(installation.Archive_Folder, Reading);
     const Plain_Account account;
-    if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
     Open();
     EXPECT_EQ(Error_Of_Loading(archive.Path()), 0);
     Expect_Whole(working.Path(), u"30"_s);
@@ -272,8 +259,7 @@ TEST_F(Narrow_Places, AFullDiskIsToldAndTakesNothing) {
     disk.Fill_Up_To(100);
     Open();
     Save(In_Archives(u"mine.mdb"_s));
-    EXPECT_EQ(Last_Box().style, Box_Style::Plain);
-    EXPECT_EQ(Last_Box().text, u"An error has occured (Archiving) Error # 61) Description (Disk full)"_s);
+    Expect_Told(u"An error has occured (Archiving) Error # 61) Description (Disk full)"_s);
     EXPECT_EQ(Archives(), QStringList{u"ballast"_s});
     EXPECT_EQ(Bytes_Of(working.Path()), before);
 

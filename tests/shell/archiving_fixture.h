@@ -105,6 +105,9 @@ protected:
             return error.Number;
         }
     }
+    void Expect_Told(const QString& text) const {
+        outside.boxes.Expect_Last(Box_Style::Plain, desktop::Default_Box_Title(), text);
+    }
     const Box_Shown& Last_Box() const { return outside.boxes.shown.last(); }
     QStringList Archives() const { return QDir(installation.Archive_Folder).entryList(QDir::Files); }
     QString In_Archives(const QString& name) const { return installation.Archive_Folder + u'/' + name; }

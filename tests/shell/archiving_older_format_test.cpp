@@ -11,26 +11,21 @@ class Older_Archive : public Archiving {
 protected:
     Older_Archive() { Put(u"jet4-data.mdb"_s); }
     void Put(const QString& name) { Write_Bytes(file, Bytes_Of(Test_Data(name))); }
-    void Expect_The_Question(qsizetype place) const {
-        ASSERT_GT(outside.boxes.shown.size(), place);
-        const Box_Shown& box = outside.boxes.shown[place];
-        EXPECT_EQ(box.style, Box_Style::Yes_No_Information);
-        EXPECT_EQ(box.title, u"Older file format"_s);
-        EXPECT_EQ(box.text,
-                  u"This archive was saved in the older Access format. Do you wish to make a converted "
-                  "copy beside it and go on with that?"_s);
-    }
-
     QString file = In_Archives(u"spring.2009.mdb"_s);
     QString copy = In_Archives(u"spring.2009_converted.mdb"_s);
 };
 
 } // namespace
 
-TEST_F(Older_Archive, IsViewedAsItsConvertedCopy) {
+TEST_F(Older_Archive, IsViewedAsItsConvertedCopyOnlyIfWished) {
     Open();
+    View(file, {Answer::No}); // stops without a word
+    outside.boxes.Expect_Last(
+        Box_Style::Yes_No_Information, u"Older file format"_s,
+        u"This archive was saved in the older Access format. Do you wish to make a converted copy beside it and go on with that?"_s);
+    EXPECT_FALSE(installation.Viewing_Mode);
+    EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
     View(file, {Answer::Yes, Answer::Ok});
-    Expect_The_Question(0);
     EXPECT_EQ(Last_Box().text,
               u"The database "_s + copy + u" is now held in Viewing Mode (note that you cannot edit it)."_s);
     EXPECT_TRUE(installation.Viewing_Mode);
@@ -42,10 +37,13 @@ TEST_F(Older_Archive, IsViewedAsItsConvertedCopy) {
     EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
 }
 
-TEST_F(Older_Archive, IsLoadedAsItsConvertedCopy) {
+TEST_F(Older_Archive, IsLoadedAsItsConvertedCopyOnlyIfWished) {
     Open();
+    Load(file, {Answer::Yes, Answer::No});
+    EXPECT_EQ(outside.boxes.Titles().last(), u"Older file format"_s);
+    EXPECT_EQ(Working(Count), u"12"_s);
+    EXPECT_EQ(Archives(), QStringList{u"spring.2009.mdb"_s});
     Load(file, {Answer::Yes, Answer::Yes, Answer::Ok});
-    Expect_The_Question(1);
     EXPECT_EQ(Last_Box().text,
               u"The database: \r"_s + copy + u"\r has now been loaded and becomes the working database."_s);
     EXPECT_EQ(Working(Count), u"40"_s);
@@ -53,18 +51,6 @@ TEST_F(Older_Archive, IsLoadedAsItsConvertedCopy) {
     EXPECT_EQ(Working_Password(), u"admin"_s);
     EXPECT_EQ(Password_In(copy), u"secret"_s); // the chosen file takes the password in force
     EXPECT_EQ(Bytes_Of(file), Bytes_Of(Test_Data(u"jet4-data.mdb"_s)));
-}
-
-TEST_F(Older_Archive, NoStopsWithoutAWord) {
-    Open();
-    View(file, {Answer::No});
-    EXPECT_EQ(outside.boxes.shown.size(), 1);
-    Load(file, {Answer::Yes, Answer::No});
-    EXPECT_EQ(outside.boxes.shown.size(), 2);
-    EXPECT_FALSE(installation.Viewing_Mode);
-    EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
-    EXPECT_EQ(Working(Count), u"12"_s);
-    EXPECT_EQ(Archives(), QStringList{u"spring.2009.mdb"_s});
 }
 
 TEST_F(Older_Archive, ThatCantBeConvertedIsToldAndChangesNothing) {

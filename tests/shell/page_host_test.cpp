@@ -81,18 +81,6 @@ TEST_F(Host, APageIsGoneBeforeTheNextIsMade) {
     EXPECT_EQ(diary, (QStringList{u"load 0"_s, u"timer 0"_s, u"gone 0"_s, u"load 1"_s, u"timer 1"_s}));
 }
 
-TEST_F(Host, APageOnTopLeavesTheOneBeneathAsItWas) {
-    Show(Page_Id::Main_Menu);
-    Page* beneath = host.Current();
-    host.Open_On_Top(Page_Id::Settings);
-    ASSERT_TRUE(Wait_Until([&] { return host.Current() != beneath; }));
-    EXPECT_FALSE(beneath->isVisible());
-    host.Close_Page();
-    ASSERT_TRUE(Wait_Until([&] { return host.Current() == beneath; }));
-    EXPECT_TRUE(beneath->isVisible());
-    EXPECT_EQ(diary.count(u"load 0"_s), 1);
-}
-
 TEST_F(Host, APressByAScreenReaderBeginsNothingInsideAHandlerOrBehindABox) {
     constexpr int until_let_go = 200; // a button goes up again in whatever event loop runs then
     Show(Page_Id::Main_Menu);

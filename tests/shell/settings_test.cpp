@@ -1,12 +1,9 @@
 #include "shell/settings.h"
 
 #include "platform/basics/run_time_error.h"
-#include "support/controls.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
+#include "support/page_fixture.h"
 
 #include <QLineEdit>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace shell;
@@ -20,19 +17,10 @@ const QString Active_X = u"SOFTWARE\\Macromedia\\FlashPlayerActiveX\\"_s;
 const QString Active_X_32 = u"SOFTWARE\\Wow6432Node\\Macromedia\\FlashPlayerActiveX\\"_s;
 const QString Plug_In = u"SOFTWARE\\Macromedia\\FlashPlayerPlugin\\"_s;
 
-class Settings : public testing::Test {
+class Settings : public Page_Fixture {
 protected:
-    Settings() : installation(sample.Installed()) { installation.Admin_Password = u"admin"_s; }
-    ~Settings() override {
-        outside.boxes.Expect_All_Asked();
-        EXPECT_TRUE(outside.dialogs.acts.isEmpty());
-    }
+    Settings() { installation.Admin_Password = u"admin"_s; }
 
-    void Open() {
-        page.Load();
-        page.resize(1366, 768);
-        page.show();
-    }
     void Will_Type(const QString& entry) {
         outside.dialogs.Will_Do([this, entry](QDialog& dialog) {
             prompts.append(Caption(dialog, u"Label1"_s) + u" / "_s + Caption(dialog, u"Label2"_s));
@@ -47,39 +35,15 @@ protected:
         outside.boxes.Will_Answer(Answer::Yes);
         Click(page, u"HotLabel2"_s);
     }
-    void Change_By(const QString& first_entry, const QString& second_entry) {
-        Open();
-        Will_Type(first_entry);
-        Will_Type(second_entry);
-        outside.boxes.Will_Answer(Answer::Yes);
-        outside.boxes.Will_Answer(Answer::Ok);
-        Click(page, u"HotLabel2"_s);
-    }
     QString Stored() const {
         return sample.Value(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name = 'MEVO'"_s);
     }
-    void Expect_Unchanged() const {
-        EXPECT_EQ(installation.Admin_Password.As_Text(), u"admin"_s);
-        EXPECT_EQ(Stored(), u"admin"_s);
-    }
 
-    Sample_File sample;
-    Scripted_Platform outside;
-    Recording_Navigator navigator;
-    foundation::Installation installation;
     Form20 page{outside.platform, navigator, installation};
     QStringList prompts;
 };
 
 } // namespace
-
-TEST_F(Settings, ShowsTheVersionAndMenuOnlyClosesThePage) {
-    Open();
-    EXPECT_EQ(Caption(page, u"lblVersion"_s), u"5.11    [8 Dec 2011]"_s);
-    Click(page, u"HotLabel1"_s);
-    EXPECT_EQ(navigator.closed, 1);
-    EXPECT_TRUE(navigator.went_to.isEmpty());
-}
 
 TEST_F(Settings, TheLastPlayerFoundIsShown) {
     using Found = Scripted_Registry::Version;
@@ -113,33 +77,41 @@ TEST_F(Settings, TheLastPlayerFoundIsShown) {
     }
 }
 
-TEST_F(Settings, TwoEqualEntriesBecomeThePassword) {
+TEST_F(Settings, OnlyTwoEqualEntriesBecomeThePassword) {
+    const QString password = u"O'Hara \"9\""_s;
+    const std::tuple<QString, QString, QString, QString, QString> cases[] = {
+        // typed twice, the title and the text, what is stored
+        {u"secret"_s, u"Secret"_s, u"Error"_s, u"Cannot change password."_s, u"admin"_s},
+        {password, password, u"New password"_s, u"The new Administrator's password is - "_s + password,
+         password},
+        {u""_s, u""_s, u"New password"_s, u"The new Administrator's password is - "_s, u""_s},
+    };
     sample.Run(u"INSERT INTO Customer_Details (Product_Name, Admin_Password) VALUES ('OTHER', 'theirs')"_s);
-    Change_By(u"O'Hara \"9\""_s, u"O'Hara \"9\""_s);
+    page.Load();
+    for (const auto& [first, second, title, text, stored] : cases) {
+        SCOPED_TRACE(second.toStdString());
+        const QString in_force = installation.Admin_Password.As_Text();
+        Will_Type(first);
+        Will_Type(second);
+        outside.boxes.Will_Answer(Answer::Yes);
+        outside.boxes.Will_Answer(Answer::Ok);
+        Click(page, u"HotLabel2"_s);
+        outside.boxes.Expect_Last(Box_Style::Information, title, text);
+        EXPECT_EQ(prompts, (QStringList{u"Enter your NEW password / Password: "_s + in_force,
+                                        u"Enter NEW password again / Password: "_s + in_force}));
+        prompts.clear();
+        EXPECT_EQ(installation.Admin_Password.As_Text(), stored);
+        EXPECT_EQ(Stored(), stored);
+    }
     EXPECT_EQ(outside.boxes.shown[0].style, Box_Style::Yes_No);
     EXPECT_EQ(outside.boxes.shown[0].title, u"Change admin password"_s);
     EXPECT_EQ(outside.boxes.shown[0].text, u"Do you wish to change your administrator's password ?"_s);
-    EXPECT_EQ(prompts, (QStringList{u"Enter your NEW password / Password: admin"_s,
-                                    u"Enter NEW password again / Password: admin"_s}));
-    EXPECT_EQ(outside.boxes.shown[1].style, Box_Style::Information);
-    EXPECT_EQ(outside.boxes.shown[1].title, u"New password"_s);
-    EXPECT_EQ(outside.boxes.shown[1].text, u"The new Administrator's password is - O'Hara \"9\""_s);
-    EXPECT_EQ(installation.Admin_Password.As_Text(), u"O'Hara \"9\""_s);
-    EXPECT_EQ(Stored(), u"O'Hara \"9\""_s);
     EXPECT_EQ(sample.Value(u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name = 'OTHER'"_s),
               u"theirs"_s);
 }
 
-TEST_F(Settings, EntriesThatDifferOnlyInCaseChangeNothing) {
-    Change_By(u"secret"_s, u"Secret"_s);
-    EXPECT_EQ(outside.boxes.shown[1].style, Box_Style::Information);
-    EXPECT_EQ(outside.boxes.shown[1].title, u"Error"_s);
-    EXPECT_EQ(outside.boxes.shown[1].text, u"Cannot change password."_s);
-    Expect_Unchanged();
-}
-
 TEST_F(Settings, LeavingAnywhereIsSilentAndChangesNothing) {
-    Open();
+    page.Load();
     outside.boxes.Will_Answer(Answer::No);
     Click(page, u"HotLabel2"_s);
     Will_Quit();
@@ -148,23 +120,16 @@ TEST_F(Settings, LeavingAnywhereIsSilentAndChangesNothing) {
     Will_Quit();
     Change();
     EXPECT_EQ(outside.boxes.Titles(), QStringList(3, u"Change admin password"_s));
-    Expect_Unchanged();
+    EXPECT_EQ(installation.Admin_Password.As_Text(), u"admin"_s);
+    EXPECT_EQ(Stored(), u"admin"_s);
 }
 
-TEST_F(Settings, WithoutTheProductsRowTheChangeIsTheRunTimesError) {
+TEST_F(Settings, WithoutTheProductsRowOrTheDatabaseTheChangeFails) {
     sample.Run(u"DELETE FROM Customer_Details"_s);
     page.Load();
-    Will_Type(u"secret"_s);
-    Will_Type(u"secret"_s);
+    for (int entry = 0; entry < 4; ++entry)
+        Will_Type(u"secret"_s);
     EXPECT_THROW(page.Change_Password(), basics::Run_Time_Error);
-}
-
-TEST_F(Settings, AMissingDatabaseMeetsTheBox) {
-    page.Load();
     sample.Move_Away();
-    Will_Type(u"secret"_s);
-    Will_Type(u"secret"_s);
-    outside.boxes.Will_Answer(Answer::Abort);
-    EXPECT_THROW(page.Change_Password(), Program_Ended);
-    EXPECT_EQ(outside.boxes.Titles(), QStringList{u"Error Information: ado_Open"_s});
+    outside.boxes.Expect_Abort_Ends([this] { page.Change_Password(); });
 }

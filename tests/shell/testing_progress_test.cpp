@@ -1,10 +1,6 @@
 #include "shell/testing_progress.h"
 
-#include "support/controls.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
-
-#include <gtest/gtest.h>
+#include "support/page_fixture.h"
 
 using namespace Qt::StringLiterals;
 using namespace shell;
@@ -13,36 +9,25 @@ using desktop::Answer;
 
 namespace {
 
-class Testing_Progress : public testing::Test {
+class Testing_Progress : public Page_Fixture {
 protected:
-    Testing_Progress() : installation(sample.Installed()) {
+    Testing_Progress() {
         installation.Institution = u"St Mary's School"_s;
         sample.Run(u"DELETE FROM Mevo_Pupils"_s);
     }
-    ~Testing_Progress() override { outside.boxes.Expect_All_Asked(); }
 
     void Register(const QString& values, const QString& columns = u"StudentCode, Surname, Forename, DOB"_s) {
         sample.Run(u"INSERT INTO Mevo_Pupils ("_s + columns + u") VALUES ("_s + values + u')');
     }
     void Open() {
         page = std::make_unique<Form14>(outside.platform, navigator, installation);
-        page->resize(1366, 768);
-        page->show();
+        Show_On_Screen(*page);
         page->Timer1_Timer();
     }
     grid::fpSpread& Grid() { return Control<grid::fpSpread>(*page, u"Spread1"_s); }
-    QStringList Row(int row) {
-        QStringList texts;
-        for (int column = 1; column <= Grid().columnCount(); ++column)
-            texts.append(Grid().Text(column, row));
-        return texts;
-    }
+    QStringList Row(int row) { return Grid_Row(Grid(), row); }
     QString Marks(int row) { return Row(row).mid(3).join(u' '); }
 
-    Sample_File sample;
-    Scripted_Platform outside;
-    Recording_Navigator navigator;
-    foundation::Installation installation;
     std::unique_ptr<Form14> page;
 };
 
@@ -79,58 +64,27 @@ TEST_F(Testing_Progress, MarksEachTestByItsOwnStatus) {
     }
 }
 
-TEST_F(Testing_Progress, NobodyRegisteredIsAnEmptyGridThatStillPrints) {
+TEST_F(Testing_Progress, PrintsEvenNobodyAndTellsNoFailure) {
     Open();
     EXPECT_EQ(Grid().rowCount(), 0);
     EXPECT_EQ(Caption(*page, u"Label5"_s), u"0 individuals are registered"_s);
+    outside.Expect_Silent_Unless_Printed([this] { page->HotLabel2_Click(); });
     outside.boxes.Will_Answer(Answer::Ok);
     Click(*page, u"HotLabel2"_s);
     EXPECT_EQ(outside.printers.pages.size(), 1);
-}
-
-TEST_F(Testing_Progress, PrintsAsKindOneAndSaysSo) {
-    Register(u"'A', 'Adams', 'Ann', NULL"_s);
-    Open();
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(*page, u"HotLabel2"_s);
     EXPECT_TRUE(Grid().PrintHeader.endsWith(u"/n/cQuend Mevo - Testing Progress Record./n"_s));
-    ASSERT_EQ(outside.printers.pages.size(), 1);
-    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
-    EXPECT_EQ(outside.boxes.shown[0].title, u"Will be printed"_s);
-    EXPECT_EQ(outside.boxes.shown[0].text, u"Progress chart has been sent to your printer"_s);
+    outside.boxes.Expect_Last(desktop::Box_Style::Information, u"Will be printed"_s,
+                              u"Progress chart has been sent to your printer"_s);
 }
 
-TEST_F(Testing_Progress, ACancelledDialogAndAFaultyPrinterSayNothing) {
-    Open();
-    outside.printers.cancelled = true;
-    Click(*page, u"HotLabel2"_s);
-    EXPECT_TRUE(outside.printers.printed.isEmpty());
-    outside.printers.cancelled = false;
-    outside.printers.broken = true;
-    EXPECT_NO_THROW(page->HotLabel2_Click());
-    EXPECT_TRUE(outside.boxes.shown.isEmpty());
-    outside.printers.broken = false; // the page goes on
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(*page, u"HotLabel2"_s);
-    EXPECT_EQ(outside.printers.printed.size(), 1);
-}
-
-TEST_F(Testing_Progress, FillsOnceThePageHasBeenSeenAndMenuOnlyClosesIt) {
+TEST_F(Testing_Progress, FillsOnceThePageHasBeenSeen) {
     Register(u"'A', 'Adams', 'Ann', NULL"_s);
     page = std::make_unique<Form14>(outside.platform, navigator, installation);
     page->Load();
     EXPECT_EQ(Grid().rowCount(), 0);
     EXPECT_TRUE(Wait_Until([this] { return Grid().rowCount() == 1; }));
-    Click(*page, u"HotLabel1"_s);
-    EXPECT_EQ(navigator.closed, 1);
-    EXPECT_TRUE(navigator.went_to.isEmpty());
-}
-
-TEST_F(Testing_Progress, AMissingDatabaseMeetsTheBoxAndAbortEnds) {
     sample.Move_Away();
-    outside.boxes.Will_Answer(Answer::Abort);
-    EXPECT_THROW(Open(), Program_Ended);
-    EXPECT_EQ(outside.boxes.Titles(), QStringList{u"Error Information: ado_Open"_s});
+    outside.boxes.Expect_Abort_Ends([this] { Open(); });
 }
 
 TEST_F(Testing_Progress, FitsACommonScreenWithoutCrowding) {

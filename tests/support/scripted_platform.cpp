@@ -36,6 +36,19 @@ void Scripted_Boxes::Expect_All_Asked() const {
     EXPECT_TRUE(replies.isEmpty()) << replies.size() << " expected boxes were never shown";
 }
 
+void Scripted_Boxes::Expect_Last(desktop::Box_Style style, const QString& title, const QString& text) const {
+    ASSERT_FALSE(shown.isEmpty()) << title.toStdString();
+    EXPECT_EQ(shown.last().style, style);
+    EXPECT_EQ(shown.last().title, title);
+    EXPECT_EQ(shown.last().text, text);
+}
+
+void Scripted_Boxes::Expect_Abort_Ends(const std::function<void()>& reading) {
+    Will_Answer(desktop::Answer::Abort);
+    EXPECT_THROW(reading(), Program_Ended);
+    EXPECT_EQ(Titles().value(Titles().size() - 1), u"Error Information: ado_Open"_s);
+}
+
 void Recording_Processes::Start(const QString& command_line) {
     if (shell_is_missing) basics::Raise(basics::errors::File_Not_Found);
     started.append(command_line);
@@ -113,6 +126,17 @@ QString Picture_Printer::Print(const desktop::Printed_Document& document, const 
         pages.append(sheet);
     }
     return says_pdf;
+}
+
+void Scripted_Platform::Expect_Silent_Unless_Printed(const std::function<void()>& print) {
+    const qsizetype shown = boxes.shown.size();
+    for (bool* reason : {&printers.cancelled, &printers.broken}) {
+        *reason = true;
+        EXPECT_NO_THROW(print());
+        *reason = false;
+    }
+    EXPECT_TRUE(printers.printed.isEmpty());
+    EXPECT_EQ(boxes.shown.size(), shown);
 }
 
 } // namespace test_support

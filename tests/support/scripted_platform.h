@@ -29,6 +29,9 @@ public:
     desktop::Answer Ask(desktop::Box_Style style, const QString& title, const QString& text) override;
     QStringList Titles() const;
     void Expect_All_Asked() const;
+    void Expect_Last(desktop::Box_Style style, const QString& title, const QString& text) const;
+    // What reads a database that has gone asks about it; Abort ends the program.
+    void Expect_Abort_Ends(const std::function<void()>& reading);
 
     QList<Box_Shown> shown;
 
@@ -207,6 +210,9 @@ struct Scripted_Platform {
     desktop::Platform platform{boxes,  pointer,  clock,     sound,    documents,    processes,
                                ini,    files,    folders,   dialogs,  file_dialogs, input_box,
                                random, printers, clipboard, registry, settings};
+
+    // Neither a cancelled dialog nor a faulty printer has a word told.
+    void Expect_Silent_Unless_Printed(const std::function<void()>& print);
 };
 
 } // namespace test_support
