@@ -1,7 +1,7 @@
 #include "printing/batch_sheets.h"
 
+#include "platform/recorded_page.h"
 #include "printing/batch_list.h"
-#include "printing/recorded_page.h"
 #include "support/printing.h"
 #include "support/scripted_platform.h"
 

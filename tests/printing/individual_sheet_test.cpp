@@ -1,7 +1,7 @@
 #include "printing/individual_sheet.h"
 
+#include "platform/recorded_page.h"
 #include "printing/product_lines.h"
-#include "printing/recorded_page.h"
 #include "support/printing.h"
 #include "support/scripted_platform.h"
 

@@ -1,6 +1,6 @@
 #include "printing/paper_charts.h"
 
-#include "printing/recorded_page.h"
+#include "platform/recorded_page.h"
 #include "support/printing.h"
 #include "support/scripted_platform.h"
 

@@ -6,6 +6,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
+using test_support::Error_Number;
 using namespace scoring::test_index;
 
 namespace {
@@ -115,7 +116,7 @@ TEST_F(Drivers, OneWhoDidNotTakeTheTestInheritsTheFlagInACohort) {
     EXPECT_TRUE(cohort.Cohort_Tolvens_Terminated[1]);
     EXPECT_TRUE(cohort.Cohort_Tolvens_Terminated[2]);
     EXPECT_FALSE(cohort.Cohort_Tolvens_Terminated[3]);
-    EXPECT_EQ(Error_Of([&] { cohort.Cohort_Pupil[2001] = 1; }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { cohort.Cohort_Pupil[2001] = 1; }), basics::errors::Subscript_Out_Of_Range);
 }
 
 TEST_F(Drivers, PindosVerdictIsByTheTriesWithATime) {

@@ -1,44 +1,33 @@
 #include "scoring/item_arithmetic.h"
 
-#include "platform/basics/run_time_error.h"
+#include "support/error_number.h"
 #include "support/printing.h"
 
 #include <QStringList>
-#include <functional>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
-using basics::Run_Time_Error;
 using basics::Value;
+using test_support::Error_Number;
 
 namespace {
 
+// What one of the three counts makes of an item; -1 where it leaves the result alone.
+template<class Count>
+int Counted(Count count, const QString& requested, const QString& chosen, Work_Lists& work) {
+    int result = -1;
+    count(requested, chosen, result, Item_Form::List, work);
+    return result;
+}
 int Correct(const QString& requested, const QString& chosen, Work_Lists& work) {
-    int result = -1;
-    Score_Item(requested, chosen, result, Item_Form::List, work);
-    return result;
+    return Counted(Score_Item, requested, chosen, work);
 }
-
 int Direct(const QString& requested, const QString& chosen, Work_Lists& work) {
-    int result = -1;
-    Seq_Errors_Direct(requested, chosen, result, Item_Form::List, work);
-    return result;
+    return Counted(Seq_Errors_Direct, requested, chosen, work);
 }
-
 int Misplaced(const QString& requested, const QString& chosen, Work_Lists& work) {
-    int result = -1;
-    Seq_Errors_Misplaced(requested, chosen, result, Item_Form::List, work);
-    return result;
-}
-
-int Error_Of(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
+    return Counted(Seq_Errors_Misplaced, requested, chosen, work);
 }
 
 // "1,2,3" and so on, or the same backwards.
@@ -126,9 +115,9 @@ TEST(CountingAnItem, StopsAtTheListsLimits) {
     Work_Lists work;
     const QString longest = Counted_List(100);
     EXPECT_EQ(Correct(longest, longest, work), 100);
-    EXPECT_EQ(Error_Of([&] { Split_Requested(Counted_List(101), work); }), Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { Split_Requested(Counted_List(101), work); }), Subscript_Out_Of_Range);
     EXPECT_EQ(Misplaced(Counted_List(10), Counted_List(10, true), work), 10);
-    EXPECT_EQ(Error_Of([&] { Misplaced(Counted_List(12), Counted_List(12, true), work); }),
+    EXPECT_EQ(Error_Number([&] { Misplaced(Counted_List(12), Counted_List(12, true), work); }),
               Subscript_Out_Of_Range);
 }
 
@@ -136,7 +125,7 @@ TEST(CountingAnItem, AnItemWithoutAValueIsRefused) {
     Work_Lists work;
     int result = 0;
     const auto score = [&](const Value& requested, const Value& chosen) {
-        return Error_Of([&] { Score_Item(requested, chosen, result, Item_Form::List, work); });
+        return Error_Number([&] { Score_Item(requested, chosen, result, Item_Form::List, work); });
     };
     EXPECT_EQ(score(Value(), u"1"_s), basics::errors::Invalid_Use_Of_Null);
     EXPECT_EQ(score(u"1"_s, Value()), basics::errors::Invalid_Use_Of_Null);

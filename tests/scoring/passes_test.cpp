@@ -5,6 +5,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
+using test_support::Error_Number;
 using namespace scoring::test_index;
 using namespace basics::errors;
 
@@ -89,7 +90,7 @@ TEST_F(Passes, RepeatsAndPausesComeFromTheRow) {
 TEST_F(Passes, AMissingRowIsAnError) {
     data.pupils.Student_Code[1] = u"nobody"_s;
     List(Yoon, 1);
-    EXPECT_EQ(Error_Of([&] { Run(Score_Yoon, Yoon); }), 3021);
+    EXPECT_EQ(Error_Number([&] { Run(Score_Yoon, Yoon); }), 3021);
     List(Yoon, 2);
     Put(Yoon, 2, 0, {u"'cap'"_s, u"'cap'"_s});
     Run(Score_Yoon, Yoon, 2);
@@ -110,7 +111,7 @@ TEST_F(Passes, OnlySomeListsMayLackAValue) {
         Put(test.t, 1, 1, {u"'2'"_s, u"NULL"_s});
         const Pass score = test.score;
         const int t = test.t;
-        EXPECT_EQ(Error_Of([&] { Run(score, t); }), error);
+        EXPECT_EQ(Error_Number([&] { Run(score, t); }), error);
         EXPECT_EQ(data.scores.Raw_Score[test.t].As_Integer(), raw);
     }
 }
@@ -133,7 +134,7 @@ TEST_F(Passes, TwoEmptyFieldsAreARightAnswerInMirvelAlone) {
 TEST_F(Passes, OnlyTimesWithinTheBoundsCount) {
     List(Drell, 1);
     Put(Drell, 1, 0, {u"'1'"_s, u"'1'"_s, u"NULL"_s});
-    EXPECT_EQ(Error_Of([&] { Mean_Of(Normed[5]); }), Division_By_Zero);
+    EXPECT_EQ(Error_Number([&] { Mean_Of(Normed[5]); }), Division_By_Zero);
     const std::tuple<QString, QString, int> cases[] = {
         {u"0"_s, u"700"_s, 700},  {u"1000000"_s, u"700"_s, 700}, {u"-5"_s, u"700"_s, 700},
         {u"''"_s, u"700"_s, 700}, {u"999999"_s, u"1"_s, 500000}, {u"2"_s, u"3"_s, 2},
@@ -248,5 +249,5 @@ TEST_F(Passes, MirvelsWindowMovesWithAgeAndLeavesTheRestAsItWas) {
     EXPECT_EQ(items.Item_Chosen(4).As_Text(), u"cap"_s) << "still the younger pupil's";
     EXPECT_EQ(items.Item_Chosen(5).As_Text(), u"van"_s);
     EXPECT_EQ(items.Item_Chosen(16).As_Text(), u"van"_s);
-    EXPECT_EQ(Error_Of([&] { items.Item_Chosen(21); }), Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { items.Item_Chosen(21); }), Subscript_Out_Of_Range);
 }

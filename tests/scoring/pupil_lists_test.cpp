@@ -3,6 +3,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
+using test_support::Error_Number;
 using namespace scoring::test_index;
 
 namespace {
@@ -76,7 +77,7 @@ TEST_F(Lists, RefuseAnAgeWithoutAValueOfAListedPupil) {
     Set(1, u"Drell_age = NULL"_s);
     Load();
     Set(1, u"Yoon = 1"_s);
-    EXPECT_EQ(Error_Of([&] { Load(); }), basics::errors::Invalid_Use_Of_Null);
+    EXPECT_EQ(Error_Number([&] { Load(); }), basics::errors::Invalid_Use_Of_Null);
 }
 
 TEST_F(Lists, TheAgeAtTestIsTheGreatest) {
@@ -101,5 +102,5 @@ TEST_F(Lists, EndAtTwoThousandFiveHundredPupils) {
     Load();
     EXPECT_EQ(lists.Pupils_Listed, 2500);
     sample.Run(u"UPDATE Mevo_Pupils SET Yoon = 1"_s);
-    EXPECT_EQ(Error_Of([&] { Load(); }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { Load(); }), basics::errors::Subscript_Out_Of_Range);
 }
