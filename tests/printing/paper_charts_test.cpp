@@ -123,13 +123,7 @@ TEST_F(Charts_On_Paper, AWhiteChartHasARuleAtEachEdgeAndInTheMiddle) {
 }
 
 TEST_F(Charts_On_Paper, BarsStandInTheirColumns) {
-    struct Case {
-        Chart_Layout layout;
-        QString mode;
-        QRect first;
-        int step;
-    };
-    const Case cases[] = {
+    const std::tuple<Chart_Layout, QString, QRect, int> cases[] = {
         {Large_Chart(false), u"P"_s, {1680, 6820, 720, 2500}, 900},
         {Large_Chart(true), u"P"_s, {1680, 6820, 360, 2500}, 900},
         {Large_Chart(false), u"Z"_s, {1680, 5836, 720, 984}, 900},
@@ -139,17 +133,17 @@ TEST_F(Charts_On_Paper, BarsStandInTheirColumns) {
         {Small_Chart(500, 1000, false), u"Z"_s, {565, 1710, 360, 540}, 450},
         {Small_Chart(500, 1000, true), u"Z"_s, {745, 1710, 180, 540}, 450},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.mode.toStdString() + " " + std::to_string(one.first.x()));
+    for (const auto& [layout, mode, first, step] : cases) {
+        SCOPED_TRACE(mode.toStdString() + " " + std::to_string(first.x()));
         Begin_Anew();
-        if (one.mode == u"P"_s)
-            charts.DrawCentileChart(one.layout, Level_Profile(50), false);
+        if (mode == u"P"_s)
+            charts.DrawCentileChart(layout, Level_Profile(50), false);
         else
-            charts.DrawZScoreChart(one.layout, Level_Profile(84, 1), false);
+            charts.DrawZScoreChart(layout, Level_Profile(84, 1), false);
         const QList<QRect> bars = Outlines();
         ASSERT_EQ(bars.size(), 8);
-        EXPECT_EQ(bars.first(), one.first);
-        EXPECT_EQ(bars.last(), one.first.translated(7 * one.step, 0));
+        EXPECT_EQ(bars.first(), first);
+        EXPECT_EQ(bars.last(), first.translated(7 * step, 0));
     }
 }
 

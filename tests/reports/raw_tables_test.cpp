@@ -44,31 +44,24 @@ const QString Wide = u"fpSpread2plus"_s;
 } // namespace
 
 TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
-    struct Case {
-        int t, younger, older, label_column;
-        QString grid;
-    };
-    const Case cases[] = {{1, 10, 13, 3, u"fpSpread2"_s},
-                          {2, 15, 15, 3, u"fpSpread2"_s},
-                          {4, 10, 12, 3, u"fpSpread2"_s},
-                          {5, 8, 12, 4, u"fpSpread2"_s},
-                          {6, 7, 9, 3, u"fpSpread2"_s},
-                          {8, 15, 25, 6, Wide},
-                          {7, 8, 12, 5, Wide}};
+    const QString narrow = u"fpSpread2"_s;
+    const std::tuple<int, int, int, int, QString> cases[] = {
+        {1, 10, 13, 3, narrow}, {2, 15, 15, 3, narrow}, {4, 10, 12, 3, narrow}, {5, 8, 12, 4, narrow},
+        {6, 7, 9, 3, narrow},   {8, 15, 25, 6, Wide},   {7, 8, 12, 5, Wide}};
     for (const int months : {83, 84}) {
         Set_Age(months);
         page.reset();
-        for (const Case& tried : cases) {
-            SCOPED_TRACE(testing::Message() << "test " << tried.t << " at " << months);
-            Show(tried.t);
-            const int items = months < 84 ? tried.younger : tried.older;
-            EXPECT_EQ(At(1, items + 1, tried.grid), QString::number(items));
-            EXPECT_EQ(At(1, items + 2, tried.grid), u" "_s);
-            EXPECT_EQ(At(tried.label_column, items + 3, tried.grid), u"Child's total"_s);
-            EXPECT_EQ(At(tried.label_column, items + 6, tried.grid), u"Popul'n SD"_s);
-            EXPECT_TRUE(At(2, items + 5, tried.grid).startsWith(u"Paused:"_s));
-            EXPECT_TRUE(Shown(*page, tried.grid));
-            EXPECT_EQ(Control<grid::fpSpread>(*page, tried.grid).horizontalHeader()->length(), 744);
+        for (const auto& [t, younger, older, label_column, sheet] : cases) {
+            SCOPED_TRACE(testing::Message() << "test " << t << " at " << months);
+            Show(t);
+            const int items = months < 84 ? younger : older;
+            EXPECT_EQ(At(1, items + 1, sheet), QString::number(items));
+            EXPECT_EQ(At(1, items + 2, sheet), u" "_s);
+            EXPECT_EQ(At(label_column, items + 3, sheet), u"Child's total"_s);
+            EXPECT_EQ(At(label_column, items + 6, sheet), u"Popul'n SD"_s);
+            EXPECT_TRUE(At(2, items + 5, sheet).startsWith(u"Paused:"_s));
+            EXPECT_TRUE(Shown(*page, sheet));
+            EXPECT_EQ(Control<grid::fpSpread>(*page, sheet).horizontalHeader()->length(), 744);
             EXPECT_FALSE(Shown(*page, u"Picture2"_s));
         }
     }

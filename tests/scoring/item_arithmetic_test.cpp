@@ -65,27 +65,22 @@ TEST(SplittingALine, AShorterListLeavesTheTailOfTheOneBefore) {
 }
 
 TEST(CountingAnItem, TheThreeCountsDiffer) {
-    struct Case {
-        QString requested, chosen;
-        int correct, direct, misplaced;
-    };
-    const Case cases[] = {
+    const std::tuple<QString, QString, int, int, int> cases[] = {
         {u"3,1,2"_s, u"1,3,2"_s, 1, 2, 2}, // two changed places
         {u"3,1,2"_s, u"3,1,2"_s, 3, 0, 0},
-        {u"5,5,1"_s, u"5,2,5"_s, 1, 3, 1}, // one that stands twice counts
-                                           // twice for each time it was
-                                           // chosen
+        // One that stands twice counts twice for each time it was chosen.
+        {u"5,5,1"_s, u"5,2,5"_s, 1, 3, 1},
         {u"1,2,3"_s, u"2,2,2"_s, 1, 2, 0}, // the one in its place takes no part among the misplaced
         {u"1,2,1"_s, u"2,1,2"_s, 0, 4, 4},
         {u"-1"_s, u"-2"_s, 0, 0, 0},
         {u""_s, u""_s, 0, 0, 0},
     };
-    for (const Case& item : cases) {
-        SCOPED_TRACE(item.requested.toStdString() + " " + item.chosen.toStdString());
+    for (const auto& [requested, chosen, correct, direct, misplaced] : cases) {
+        SCOPED_TRACE(requested.toStdString() + " " + chosen.toStdString());
         Work_Lists work;
-        EXPECT_EQ(Correct(item.requested, item.chosen, work), item.correct);
-        EXPECT_EQ(Direct(item.requested, item.chosen, work), item.direct);
-        EXPECT_EQ(Misplaced(item.requested, item.chosen, work), item.misplaced);
+        EXPECT_EQ(Correct(requested, chosen, work), correct);
+        EXPECT_EQ(Direct(requested, chosen, work), direct);
+        EXPECT_EQ(Misplaced(requested, chosen, work), misplaced);
     }
 }
 

@@ -121,7 +121,6 @@ TEST_F(Norms, MeansOfTheBandAreFoundByTheModulesKey) {
         u"INSERT INTO Mevo_Means VALUES ('Bliks letter names band C', 1, 2, 3, 4, 5, 6)"_s); // too late
     QString module = u"Bliks letter names"_s;
     Population_Means means;
-    means.Time_SD = u"as before"_s;
     Get_Population_Means(module, 83, means, holder, installation);
     EXPECT_EQ(module, u"Bliks letter names band C"_s);
     const QString stored = u"SELECT %1 FROM Mevo_Means WHERE Module = 'Bliks letter names band C'"_s;

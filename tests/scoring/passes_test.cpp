@@ -109,26 +109,20 @@ TEST_F(Passes, OnlySomeListsMayLackAValue) {
         List(test.t, 1);
         Put(test.t, 1, 0, {u"'1'"_s, u"'1'"_s});
         Put(test.t, 1, 1, {u"'2'"_s, u"NULL"_s});
-        const Pass score = test.score;
-        const int t = test.t;
-        EXPECT_EQ(Error_Number([&] { Run(score, t); }), error);
+        EXPECT_EQ(Error_Number([this, &one = test] { Run(one.score, one.t); }), error);
         EXPECT_EQ(data.scores.Raw_Score[test.t].As_Integer(), raw);
     }
 }
 
 TEST_F(Passes, TwoEmptyFieldsAreARightAnswerInMirvelAlone) {
-    const std::tuple<Test_Case, QString, int> cases[] = {
-        {Normed[2], u"''"_s, 0},   {Normed[2], u"NULL"_s, 0}, {Normed[4], u"''"_s, 0},
-        {Normed[4], u"NULL"_s, 0}, {Normed[7], u"''"_s, 0},   {Normed[7], u"NULL"_s, 0},
-        {Normed[6], u"''"_s, 8},   {Normed[6], u"NULL"_s, 8},
-    };
-    for (const auto& [test, empty, raw] : cases) {
-        SCOPED_TRACE(test.t);
-        List(test.t, 1);
-        Put(test.t, 1, 0, {empty, empty});
-        Run(test.score, test.t);
-        EXPECT_EQ(data.scores.Raw_Score[test.t].As_Integer(), raw);
-    }
+    for (const int t : {Karrel, Letter_Names, Yoon, Mirvel})
+        for (const QString& empty : {u"''"_s, u"NULL"_s}) {
+            SCOPED_TRACE(t);
+            List(t, 1);
+            Put(t, 1, 0, {empty, empty});
+            Run(Normed[t - 1].score, t);
+            EXPECT_EQ(data.scores.Raw_Score[t].As_Integer(), t == Mirvel ? 8 : 0);
+        }
 }
 
 TEST_F(Passes, OnlyTimesWithinTheBoundsCount) {
@@ -188,19 +182,16 @@ TEST_F(Passes, KarrelShowsPatternsFromEightyFourMonthsOn) {
     Put(Karrel, 1, 0, {u"'Red'"_s, u"'Blue'"_s});
     Put(Karrel, 1, 1, {u"'Cyan'"_s, u"'Cyan'"_s});
     Put(Karrel, 1, 2, {u"'red'"_s, u"'red'"_s});
-    struct Case {
-        int months;
-        QString requested, chosen, right;
-    };
-    for (const Case& seen : {Case{Younger, u"Red"_s, u"Blue"_s, u"Cyan"_s},
-                             Case{Older, u"Checkers"_s, u"Stripes"_s, u"Triangles"_s}}) {
-        SCOPED_TRACE(seen.months);
-        List(Karrel, 1, seen.months);
+    const std::tuple<int, QString, QString, QString> cases[] = {
+        {Younger, u"Red"_s, u"Blue"_s, u"Cyan"_s}, {Older, u"Checkers"_s, u"Stripes"_s, u"Triangles"_s}};
+    for (const auto& [months, requested, chosen, right] : cases) {
+        SCOPED_TRACE(months);
+        List(Karrel, 1, months);
         Run(Score_Karrel, Karrel);
         const Test_Items& items = data.items[Karrel];
-        EXPECT_EQ(items.Item_Requested(25).As_Text(), seen.requested);
-        EXPECT_EQ(items.Item_Chosen(25).As_Text(), seen.chosen);
-        EXPECT_EQ(items.Item_Requested(1).As_Text(), seen.right);
+        EXPECT_EQ(items.Item_Requested(25).As_Text(), requested);
+        EXPECT_EQ(items.Item_Chosen(25).As_Text(), chosen);
+        EXPECT_EQ(items.Item_Requested(1).As_Text(), right);
         EXPECT_EQ(items.Item_Chosen(2).As_Text(), u"red"_s);
         EXPECT_EQ(data.scores.Raw_Score[Karrel].As_Integer(), 2);
     }
