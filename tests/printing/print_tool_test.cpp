@@ -99,6 +99,8 @@ TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
 
 TEST_F(Print_Tool, TheOptionsReachTheSheets) {
     const QString code = Code_Where(u"Yoon = 1"_s);
+    EXPECT_EQ(Print(Batch({u"--label"_s, u"id"_s})).status, 0);
+    EXPECT_TRUE(Told_By(u"pdftotext"_s, {Pdf(), u"-"_s}).contains(u"Mevo ID: "_s + code));
     const auto picture = [&](const QStringList& options) {
         EXPECT_EQ(Print(Individual({code}, options)).status, 0);
         Told_By(u"pdftoppm"_s, {u"-r"_s, u"40"_s, u"-singlefile"_s, u"-png"_s, Pdf(), Pdf()});
