@@ -1,13 +1,10 @@
 #include "conversion/jet_samples.h"
 #include "conversion/plain_database.h"
 #include "foundation/schema.h"
-#include "scores/command_line.h"
+#include "support/database_beside.h"
 #include "support/printing.h"
 
-#include <QBuffer>
-#include <QFile>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 using namespace test_support;
@@ -21,33 +18,11 @@ protected:
         Convert(Test_Data(name), target);
         return target;
     }
-    QString Copy_Of(const QString& name) {
-        return folder.Put(u"expected.sqlite"_s, Bytes_Of(Test_Data(name)));
-    }
-    static void Run(const QString& file, const QStringList& statements) {
-        sqlite3* engine = nullptr;
-        sqlite3_open(file.toUtf8().constData(), &engine);
-        for (const QString& statement : statements)
-            EXPECT_EQ(sqlite3_exec(engine, statement.toUtf8().constData(), nullptr, nullptr, nullptr),
-                      SQLITE_OK)
-                << sqlite3_errmsg(engine);
-        sqlite3_close(engine);
-    }
     static QString Cell(const QString& file, const QString& query) {
         return Plain_Rows(file, query).value(0).value(0);
     }
     Conversion_Folder folder;
 };
-
-QByteArray Scores_Of(const QString& database) {
-    QBuffer output;
-    output.open(QIODevice::WriteOnly);
-    QString told;
-    QTextStream errors(&told);
-    const int status = score_export::Run_Command({u"mevo-scores"_s, database, u"--times"_s}, output, errors);
-    EXPECT_EQ(status, 0) << told.toStdString();
-    return output.data();
-}
 
 } // namespace
 
@@ -63,32 +38,26 @@ TEST_F(Genuine_Files, ComeOutAsWhatTheyWereMadeFrom) {
 }
 
 TEST_F(Genuine_Files, OneOfAnOlderVersionIsConvertedAsItIs) {
-    const QString expected = Copy_Of(u"expected-data.sqlite"_s);
-    Run(expected, {u"DROP TABLE Mevo_Groups"_s, u"ALTER TABLE Mevo_Pupils DROP COLUMN Group_Class"_s,
-                   u"ALTER TABLE Mevo_Pupils DROP COLUMN Password"_s,
-                   u"ALTER TABLE Mevo_Pupils DROP COLUMN Show_Name"_s,
-                   u"ALTER TABLE Mevo_Pupils DROP COLUMN Dob_as_pw"_s});
+    const QString expected = folder.Put(u"expected.sqlite"_s, Bytes_Of(Test_Data(u"expected-data.sqlite"_s)));
+    Database_Beside(expected).Run({u"DROP TABLE Mevo_Groups"_s,
+                                   u"ALTER TABLE Mevo_Pupils DROP COLUMN Group_Class"_s,
+                                   u"ALTER TABLE Mevo_Pupils DROP COLUMN Password"_s,
+                                   u"ALTER TABLE Mevo_Pupils DROP COLUMN Show_Name"_s,
+                                   u"ALTER TABLE Mevo_Pupils DROP COLUMN Dob_as_pw"_s});
     EXPECT_EQ(Tables_That_Differ(expected, Converted(u"jet4-before-5.1.mdb"_s)), QStringList());
-}
-
-TEST_F(Genuine_Files, ScoresAreTheSame) {
-    const QByteArray scores = Scores_Of(Converted(u"jet4-data.mdb"_s));
-    EXPECT_GT(scores.count('\n'), 40);
-    EXPECT_EQ(scores, Scores_Of(Test_Data(u"expected-data.sqlite"_s)));
 }
 
 TEST_F(Genuine_Files, TablesHaveTheProgramsTypesAndKeys) {
     const QString converted = Converted(u"jet4-data.mdb"_s);
-    Run(folder.Place(u"fresh"_s), [] {
-        QStringList statements;
-        for (const foundation::Table& table : foundation::Database_Tables())
-            statements.append(foundation::Create_Table_Statement(table));
-        return statements;
-    }());
+    QStringList statements;
+    for (const foundation::Table& table : foundation::Database_Tables())
+        statements.append(foundation::Create_Table_Statement(table));
+    const QString fresh = folder.Put(u"fresh"_s, {});
+    Database_Beside(fresh).Run(statements);
     const QString columns =
         u"SELECT m.name, i.name, i.type, i.pk FROM sqlite_schema m, pragma_table_info(m.name) i "
         "WHERE m.type = 'table' ORDER BY 1, 2"_s;
-    const QList<QStringList> expected = Plain_Rows(folder.Place(u"fresh"_s), columns);
+    const QList<QStringList> expected = Plain_Rows(fresh, columns);
     ASSERT_GT(expected.size(), 500);
     EXPECT_EQ(Plain_Rows(converted, columns), expected);
     // What the types alone don't tell: no index in the order that the program replaces, and short texts
@@ -112,37 +81,21 @@ TEST_F(Genuine_Files, DatesStandInTheOneFormThatTheProgramWrites) {
 }
 
 // The format's short form of a text: two marks, then a byte a character, and a zero byte wherever it goes
-// over to two bytes a character and back. It is put where a code of twelve characters stood.
-TEST_F(Genuine_Files, TextsInTheShortFormAreRead) {
+// over to two bytes a character and back; and characters beyond the first 65536, which take four bytes. Each
+// is put where a code of twelve characters stood.
+TEST_F(Genuine_Files, TextsOfEveryFormAreRead) {
+    const QString rare = u"Zo\U0001F600\U00020BB7 12345"_s;
     const QByteArray short_form =
         QByteArray::fromHex("fffe") + "Zo\xeb O'Haras " + '\0' + Stored_Text(u"Łą€"_s) + '\0' + "xy";
     const QByteArray code = Stored_Text(u"ROBMIA187MZX"_s);
-    ASSERT_EQ(short_form.size(), code.size());
-    const QByteArray file = Bytes_Of(Test_Data(u"jet4-data.mdb"_s)).replace(code, short_form);
-    const QString target = folder.Place(u"target"_s);
-    Convert(folder.Put(u"source.mdb"_s, file), target);
-    EXPECT_EQ(
-        Cell(target,
-             u"SELECT StudentCode FROM Mevo_Pupils WHERE Surname = 'Robertsham' AND Forename = 'Mia'"_s),
-        u"Zoë O'Haras Łą€xy"_s);
-}
-
-// A character beyond the first 65536 takes four bytes.
-TEST_F(Genuine_Files, RareCharactersAreRead) {
-    const QString rare = u"Zo\U0001F600\U00020BB7 123456"_s;
-    const QByteArray code = Stored_Text(u"ROBMIA187MZX"_s);
-    ASSERT_EQ(Stored_Text(rare).size(), code.size() + 2);
-    const QByteArray file =
-        Bytes_Of(Test_Data(u"jet4-data.mdb"_s)).replace(code, Stored_Text(rare.chopped(1)));
-    const QString target = folder.Place(u"target"_s);
-    Convert(folder.Put(u"source.mdb"_s, file), target);
-    EXPECT_EQ(
-        Cell(target,
-             u"SELECT StudentCode FROM Mevo_Pupils WHERE Surname = 'Robertsham' AND Forename = 'Mia'"_s),
-        rare.chopped(1));
-}
-
-TEST_F(Genuine_Files, LeaveNothingBesideTheTarget) {
-    Converted(u"jet4-template.mdb"_s);
-    EXPECT_EQ(folder.Names(), QStringList{u"jet4-template.mdb.converted"_s});
+    for (const auto& [stored, text] :
+         {std::pair(short_form, u"Zoë O'Haras Łą€xy"_s), {Stored_Text(rare), rare}}) {
+        ASSERT_EQ(stored.size(), code.size());
+        const QByteArray file = Bytes_Of(Test_Data(u"jet4-data.mdb"_s)).replace(code, stored);
+        const QString target = folder.Place(text);
+        Convert(folder.Put(u"source.mdb"_s, file), target);
+        EXPECT_EQ(Cell(target, u"SELECT StudentCode FROM Mevo_Pupils WHERE Surname = 'Robertsham' AND "
+                               "Forename = 'Mia'"_s),
+                  text);
+    }
 }

@@ -27,41 +27,20 @@ QString Day_Of(const QString& text) {
 }
 
 QList<QStringList> Comparable_Rows(const QString& file, const QString& table, const QStringList& columns) {
-    QStringList quoted;
-    for (const QString& column : columns)
-        quoted.append(u'"' + column + u'"');
     QList<QStringList> rows =
-        Plain_Rows(file, u"SELECT %1 FROM \"%2\" ORDER BY rowid"_s.arg(quoted.join(u", "_s), table));
+        Plain_Rows(file, u"SELECT \"%1\" FROM \"%2\" ORDER BY rowid"_s.arg(columns.join(u"\", \""_s), table));
     static const QRegularExpression whole_number(
         u"^-?\\d+\\.0$"_s); // a real in one file may be whole in the other
     for (QStringList& row : rows)
-        for (QString& cell : row)
-            if (whole_number.match(cell).hasMatch()) cell.chop(2);
-    for (qsizetype i = 0; i < columns.size(); ++i) {
-        if (!Holds_Dates(columns[i])) continue;
-        for (QStringList& row : rows)
-            row[i] = Day_Of(row[i]);
-    }
+        for (qsizetype i = 0; i < columns.size(); ++i) {
+            if (whole_number.match(row[i]).hasMatch()) row[i].chop(2);
+            if (Holds_Dates(columns[i])) row[i] = Day_Of(row[i]);
+        }
     return rows;
 }
 
-QStringList Columns_Of(const QString& file, const QString& table) {
-    QStringList columns;
-    for (const QStringList& row :
-         Plain_Rows(file, u"SELECT name FROM pragma_table_info('%1') ORDER BY cid"_s.arg(table)))
-        columns.append(row.first());
-    return columns;
-}
-
-QString First_Difference(const QList<QStringList>& expected, const QList<QStringList>& rows) {
-    if (expected.size() != rows.size())
-        return u"%1 rows instead of %2"_s.arg(rows.size()).arg(expected.size());
-    for (qsizetype row = 0; row < rows.size(); ++row) {
-        for (qsizetype cell = 0; cell < rows[row].size(); ++cell)
-            if (rows[row][cell] != expected[row][cell])
-                return u"row %1: %2 instead of %3"_s.arg(row).arg(rows[row][cell], expected[row][cell]);
-    }
-    return {};
+QString Columns_Of(const QString& table) {
+    return u"SELECT name FROM pragma_table_info('%1') ORDER BY cid"_s.arg(table);
 }
 
 } // namespace
@@ -75,19 +54,15 @@ QList<QStringList> Plain_Rows(const QString& file, const QString& query) {
 }
 
 QStringList Tables_That_Differ(const QString& expected, const QString& file) {
+    const Database_Beside one(expected), other(file);
     QStringList differences;
-    if (Plain_Rows(expected, Table_Names) != Plain_Rows(file, Table_Names))
-        differences.append(u"the tables' names"_s);
-    for (const QStringList& name : Plain_Rows(expected, Table_Names)) {
-        const QString table = name.first();
-        const QStringList columns = Columns_Of(expected, table);
-        if (Columns_Of(file, table) != columns) {
+    if (one.Column(Table_Names) != other.Column(Table_Names)) differences.append(u"the tables' names"_s);
+    for (const QString& table : one.Column(Table_Names)) {
+        const QStringList columns = one.Column(Columns_Of(table));
+        if (other.Column(Columns_Of(table)) != columns)
             differences.append(table + u": its columns"_s);
-            continue;
-        }
-        const QString difference = First_Difference(Comparable_Rows(expected, table, columns),
-                                                    Comparable_Rows(file, table, columns));
-        if (!difference.isEmpty()) differences.append(table + u": "_s + difference);
+        else if (Comparable_Rows(expected, table, columns) != Comparable_Rows(file, table, columns))
+            differences.append(table);
     }
     return differences;
 }

@@ -2,6 +2,7 @@
 // the statements that a record is spliced into, as the engine would get them. CONTRIBUTING.md tells how it is
 // run.
 
+#include "foundation/schema.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/jet_sql.h"
 #include "pupils/import_file.h"
@@ -29,15 +30,11 @@ void Require(bool holds, const char* rule) {
 sqlite3* Open_Engine() {
     sqlite3* engine = nullptr;
     Require(sqlite3_open(":memory:", &engine) == SQLITE_OK, "no engine");
-    const char* const tables =
-        "CREATE TABLE mevo_pupils (studentcode, surname, forename, sex, dob, group_class, \"password\","
-        " show_name, dob_as_pw, Tolvens, BliksFriends, Karrel, BliksLetters, BliksLetterNames, Drell, "
-        "Mirvel, Yoon,"
-        " Pindo, Tolvens_age, BliksFriends_age, Karrel_age, BliksLetters_age, BliksLetterNames_age, "
-        "Drell_age,"
-        " Mirvel_age, Yoon_age, Pindo_age);"
-        "CREATE TABLE mevo_groups (group_name, show_on_list);";
-    Require(sqlite3_exec(engine, tables, nullptr, nullptr, nullptr) == SQLITE_OK, "no tables");
+    for (const foundation::Table& table : foundation::Database_Tables())
+        if (table.name == "Mevo_Pupils"_L1 || table.name == "Mevo_Groups"_L1)
+            Require(sqlite3_exec(engine, foundation::Create_Table_Statement(table).toUtf8().constData(),
+                                 nullptr, nullptr, nullptr) == SQLITE_OK,
+                    "no tables");
     return engine;
 }
 

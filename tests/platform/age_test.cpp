@@ -10,11 +10,7 @@ static QDateTime At(const char* day, const char* time = "00:00") {
 }
 
 TEST(Age, CountsCompletedYearsAndMonths) {
-    struct Case {
-        const char *born, *now;
-        int years, months;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, int, int> cases[] = {
         {"2020-06-15", "2026-06-15", 6, 0},  {"2020-06-15", "2026-06-14", 5, 11},
         {"2020-06-16", "2026-06-15", 5, 11}, {"2020-05-31", "2026-06-30", 6, 0},
         {"2020-05-31", "2026-07-01", 6, 1},  {"2020-01-31", "2026-02-28", 6, 0},
@@ -22,10 +18,10 @@ TEST(Age, CountsCompletedYearsAndMonths) {
         {"2020-12-01", "2026-01-01", 5, 1},  {"2027-01-01", "2026-06-15", -1, 0},
         {"2026-12-01", "2026-06-15", -1, 0},
     };
-    for (const Case& tried : cases) {
-        SCOPED_TRACE(std::string(tried.born) + " to " + tried.now);
-        EXPECT_EQ(Whole_Years_Since(At(tried.born), At(tried.now, "08:30")), tried.years);
-        EXPECT_EQ(Months_Part_Since(At(tried.born), At(tried.now, "08:30")), tried.months);
-        EXPECT_EQ(Age_In_Months(At(tried.born), At(tried.now, "08:30")), tried.years * 12 + tried.months);
+    for (const auto& [born, now, years, months] : cases) {
+        SCOPED_TRACE(std::string(born) + " to " + now);
+        EXPECT_EQ(Whole_Years_Since(At(born), At(now, "08:30")), years);
+        EXPECT_EQ(Months_Part_Since(At(born), At(now, "08:30")), months);
+        EXPECT_EQ(Age_In_Months(At(born), At(now, "08:30")), years * 12 + months);
     }
 }

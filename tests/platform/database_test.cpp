@@ -2,6 +2,8 @@
 #include "platform/database/engine_errors.h"
 #include "platform/database/recordset.h"
 #include "support/error_number.h"
+#include "support/files.h"
+#include "support/other_workstation.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
 
@@ -9,7 +11,6 @@
 #include <QFile>
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 using namespace database;
@@ -34,11 +35,6 @@ protected:
     int Open_Error() {
         return Error_Number([this] { Open(0); });
     }
-    void Overwrite(const QByteArray& content) {
-        QFile file(sample.Path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(content);
-    }
 
     Sample_File sample;
     Connection connection;
@@ -57,8 +53,18 @@ TEST_F(Database, RewindsAfterTheLastRow) {
     EXPECT_EQ(count, 12);
     EXPECT_EQ(Error_Number([this] { rows.MoveNext(); }), errors::No_Current_Record);
     rows.MoveFirst();
+    sample.Run(u"UPDATE Mevo_Pupils SET Show_Name = 1"_s); // no lock is held between reads
     EXPECT_EQ(rows.Fields(u"studentcode"_s).Value().As_Text(), first);
     EXPECT_EQ(Error_Number([this] { rows.Fields(u"nothing"_s); }), errors::No_Such_Field);
+}
+
+TEST_F(Database, ObjectsOutOfOrderAreAdosErrors) {
+    EXPECT_EQ(Error_Number([this] { rows.Set_ActiveConnection(&connection); }), errors::Connection_Invalid);
+    EXPECT_EQ(Error_Number([this] { rows.Open(); }), errors::Connection_Invalid);
+    EXPECT_EQ(Error_Number([this] { rows.MoveFirst(); }), errors::Object_Closed);
+    EXPECT_EQ(Error_Number([this] { connection.Close(); }), errors::Object_Closed);
+    Open();
+    EXPECT_EQ(Error_Number([this] { connection.Open(); }), errors::Object_Open);
 }
 
 TEST_F(Database, ARowThatHasGoneIsAnError) {
@@ -87,16 +93,16 @@ TEST_F(Database, TextsCompareWithoutRegardToCaseBeyondAscii) {
 TEST_F(Database, SortsPlainAndOtherNamesAsTheLanguageDoes) {
     QRandomGenerator random(1);
     const QString characters = u"abcAEeéZz -'"_s;
-    QString rows_to_add;
+    QStringList names;
     for (int i = 0; i < 400; ++i) {
         QString name;
         while (name.size() < 1 + i % 5)
             name += characters[random.bounded(static_cast<int>(characters.size()))];
-        rows_to_add += u"('%1')%2"_s.arg(name.replace(u"'"_s, u"''"_s), i < 399 ? u","_s : u""_s);
+        names.append(u"('"_s + name.replace(u"'"_s, u"''"_s) + u"')"_s);
     }
     sample.Run(u"DROP TABLE Mevo_Groups"_s);
     sample.Run(u"CREATE TABLE Mevo_Groups (Group_Name)"_s);
-    sample.Run(u"INSERT INTO Mevo_Groups (Group_Name) VALUES "_s + rows_to_add);
+    sample.Run(u"INSERT INTO Mevo_Groups (Group_Name) VALUES "_s + names.join(u','));
     Open();
     Query(u"SELECT Group_Name FROM Mevo_Groups ORDER BY Group_Name"_s);
     QCollator english(QLocale(QLocale::English, QLocale::UnitedKingdom));
@@ -129,11 +135,9 @@ TEST_F(Database, RefusesWhatIsNoDatabase) {
     };
     for (const auto& [content, name] : cases) {
         SCOPED_TRACE(name.toStdString());
-        Overwrite(content);
+        test_support::Write_Bytes(sample.Path(), content);
         EXPECT_EQ(Open_Error(), errors::Engine_Failure);
-        QFile file(sample.Path());
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(file.readAll(), content); // looked at and left alone
+        EXPECT_EQ(test_support::Bytes_Of(sample.Path()), content); // looked at and left alone
     }
 }
 
@@ -155,20 +159,11 @@ TEST_F(Database, NeverMakesAMissingFile) {
 }
 
 TEST_F(Database, AFileInUseIsAnErrorAfterTheWait) {
-    sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(sample.Path().toUtf8().constData(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    test_support::Other_Workstation other(sample.Path());
+    other.Hold_Exclusively();
     EXPECT_EQ(Open_Error(), errors::Engine_Failure);
-    ASSERT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+    other.Run(u"COMMIT"_s);
     EXPECT_EQ(Open_Error(), 0);
-    sqlite3_close(other);
-}
-
-TEST_F(Database, HoldsNoLockBetweenReads) {
-    Open();
-    Query(u"SELECT * FROM Mevo_Pupils"_s);
-    rows.MoveNext();
-    EXPECT_NO_THROW(sample.Run(u"UPDATE Mevo_Pupils SET Show_Name = 1"_s));
 }
 
 TEST_F(Database, RunsNoSqlThatLiesInTheFile) {

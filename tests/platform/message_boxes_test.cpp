@@ -36,13 +36,7 @@ Answer Ask(Box_Style style, const QString& text, const std::function<void(QMessa
 } // namespace
 
 TEST(Message_Boxes, EachStyleHasItsIconAndButtons) {
-    struct Case {
-        Box_Style style;
-        QMessageBox::Icon icon;
-        qsizetype buttons;
-        Answer first;
-    };
-    const Case cases[] = {
+    const std::tuple<Box_Style, QMessageBox::Icon, qsizetype, Answer> cases[] = {
         {Box_Style::Plain, QMessageBox::NoIcon, 1, Answer::Ok},
         {Box_Style::Yes_No, QMessageBox::NoIcon, 2, Answer::Yes},
         {Box_Style::Critical, QMessageBox::Critical, 1, Answer::Ok},
@@ -51,16 +45,16 @@ TEST(Message_Boxes, EachStyleHasItsIconAndButtons) {
         {Box_Style::Information, QMessageBox::Information, 1, Answer::Ok},
         {Box_Style::Yes_No_Information, QMessageBox::Information, 2, Answer::Yes},
     };
-    for (const Case& tried : cases) {
-        SCOPED_TRACE(static_cast<int>(tried.style));
-        const Answer answer = Ask(tried.style, u"<b>Some</b>\rwords"_s, [&](const QMessageBox& box) {
-            EXPECT_EQ(box.icon(), tried.icon);
-            EXPECT_EQ(box.buttons().size(), tried.buttons);
+    for (const auto& [style, icon, buttons, first] : cases) {
+        SCOPED_TRACE(static_cast<int>(style));
+        const Answer answer = Ask(style, u"<b>Some</b>\rwords"_s, [&](const QMessageBox& box) {
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.buttons().size(), buttons);
             EXPECT_EQ(box.windowTitle(), u"A title"_s);
             EXPECT_EQ(box.text(), u"<b>Some</b>\nwords"_s);
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
         });
-        EXPECT_EQ(answer, tried.first);
+        EXPECT_EQ(answer, first);
     }
 }
 

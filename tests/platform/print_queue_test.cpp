@@ -1,6 +1,7 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/qt_printers.h"
 #include "platform/preview/view_pro.h"
+#include "support/told_by.h"
 
 #include <QApplication>
 #include <QDir>
@@ -24,11 +25,7 @@ QString Program(const QString& name) {
 }
 
 void Tell(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(Program(program), arguments);
-    ASSERT_TRUE(process.waitForFinished());
-    ASSERT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
+    test_support::Told_By(Program(program), arguments);
 }
 
 // A print service of the tests' own. The library that asks for printers reads CUPS_SERVER once, at its first
@@ -107,7 +104,7 @@ protected:
         return QTest::qWaitFor([this] { return Jobs().size() == earlier_jobs + 1; }, 10000);
     }
 
-    QString Print() { return printers->Print(Sheet(), Place(u"archives"_s)); }
+    QString Print() { return printers->Print(Sheet({{1440, 2880}}), Place(u"archives"_s)); }
     int Error_Of_Printing() {
         try {
             Print();
@@ -118,7 +115,7 @@ protected:
         return 0;
     }
 
-    static desktop::Printed_Document Sheet(const QList<QPoint>& words = {{1440, 2880}}) {
+    static desktop::Printed_Document Sheet(const QList<QPoint>& words) {
         preview::ViewPro sheet;
         sheet.PaperSize = preview::ViewPro::Paper_A4;
         sheet.BeginOutput();
@@ -129,10 +126,8 @@ protected:
     }
     // What another program finds in the last job.
     static QString Words_Of_The_Job() {
-        QProcess words;
-        words.start(u"pdftotext"_s, {u"-bbox"_s, Place(u"spool/"_s + Jobs().last()), u"-"_s});
-        EXPECT_TRUE(words.waitForFinished());
-        return QString::fromUtf8(words.readAll());
+        return test_support::Told_By(u"pdftotext"_s,
+                                     {u"-bbox"_s, Place(u"spool/"_s + Jobs().last()), u"-"_s});
     }
     static QList<QRectF> Places_In(const QString& found) {
         static const QRegularExpression word(
@@ -151,41 +146,32 @@ protected:
 
 } // namespace
 
-TEST_F(Print_Queue, AJobArrivesOnA4WithItsTextInPlace) {
-    EXPECT_EQ(Print(), QString());
-    ASSERT_TRUE(One_Job_Arrives());
-    const QString found = Words_Of_The_Job();
-    EXPECT_TRUE(found.contains(QRegularExpression(u"<page width=\"59[56][0-9.]*\" height=\"84[12]"_s)))
-        << found.toStdString();
-    const QList<QRectF> places = Places_In(found);
-    ASSERT_EQ(places.size(), 1) << found.toStdString();
-    EXPECT_NEAR(places[0].x(), 72, 1.5);
-    EXPECT_NEAR(places[0].y(), 144, 1.5);
-}
-
 // The description is of a printer that leaves 40 points blank at each side, 60 at the top and the bottom.
 TEST_F(Print_Queue, InkThatThePrinterCannotReachIsMovedOrShrunkIntoItsMargins) {
     const QRectF printable(QPointF(40, 60), QPointF(555, 782));
     service->Write(u"margins.ppd"_s, Description_With_Margins);
     Tell(u"lpadmin"_s, {u"-p"_s, u"Office"_s, u"-P"_s, Place(u"margins.ppd"_s)});
     struct Case {
-        QList<QPoint> words; // in twips
-        double left, size;   // of the first one, in points; its size is a share of the told one
+        QList<QPoint> words;      // in twips
+        double left, top, height; // of the first one, in points
     };
     const Case cases[] = {
-        {{{1440, 2880}}, 72, 1},                 // stays
-        {{{144, 200}, {1440, 2880}}, 40, 1},     // both move
-        {{{40, 60}, {11100, 16600}}, 42, 0.863}, // no way but shrinking
+        {{{1440, 2880}}, 72, 144, 11.5},            // stays
+        {{{144, 200}, {1440, 2880}}, 40, 60, 11.5}, // both move
+        {{{40, 60}, {11100, 16600}}, 42, 60, 9.9},  // no way but shrinking
     };
     for (const Case& tried : cases) {
         SCOPED_TRACE(tried.left);
         earlier_jobs = Jobs().size();
-        printers->Print(Sheet(tried.words), {});
+        EXPECT_EQ(printers->Print(Sheet(tried.words), {}), QString());
         ASSERT_TRUE(One_Job_Arrives());
-        const QList<QRectF> places = Places_In(Words_Of_The_Job());
+        const QString found = Words_Of_The_Job();
+        EXPECT_TRUE(found.contains(QRegularExpression(u"<page width=\"59[56][0-9.]*\" height=\"84[12]"_s)));
+        const QList<QRectF> places = Places_In(found);
         ASSERT_EQ(places.size(), tried.words.size());
         EXPECT_NEAR(places[0].x(), tried.left, 1.5);
-        EXPECT_NEAR(places[0].height(), 11.5 * tried.size, 0.6);
+        EXPECT_NEAR(places[0].y(), tried.top, 3);
+        EXPECT_NEAR(places[0].height(), tried.height, 0.6);
         for (const QRectF& place : places)
             EXPECT_TRUE(printable.adjusted(-0.5, -3, 0.5, 3).contains(place)) << "to the ink, not the line";
     }

@@ -1,17 +1,19 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/qt_printers.h"
 #include "platform/grid/grid_printing.h"
+#include "support/error_number.h"
 #include "support/printing.h"
+#include "support/told_by.h"
 
 #include <QDir>
 #include <QPainter>
 #include <QPrinterInfo>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using test_support::Told_By;
 
 namespace {
 
@@ -23,14 +25,6 @@ desktop::Printed_Document Two_Sheets() {
                 painter.drawText(QPointF(2 * 1440, 3 * 1440), u"word%1"_s.arg(page));
                 painter.fillRect(QRectF(2 * 1440, 4 * 1440, 1440, 1440), Qt::gray);
             }};
-}
-
-QString Told_By(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
-        throw std::runtime_error(program.toStdString() + ": " + process.errorString().toStdString());
-    return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 class Pdf : public testing::Test {
@@ -50,25 +44,19 @@ TEST_F(Pdf, IsVectorA4WithItsFontsAndFindableWords) {
     EXPECT_EQ(Files(), QStringList{u"two.pdf"_s});
 
     const QString info = Told_By(u"pdfinfo"_s, {file});
-    EXPECT_TRUE(info.contains(QRegularExpression(u"Pages: +2\\n"_s))) << info.toStdString();
-    EXPECT_TRUE(info.contains(u"(A4)"_s)) << info.toStdString();
-
-    QStringList fonts = Told_By(u"pdffonts"_s, {file}).split(u'\n', Qt::SkipEmptyParts);
-    fonts = fonts.mid(2); // two lines of headings
-    EXPECT_EQ(fonts.size(), 2);
-    for (const QString& font : fonts)
-        EXPECT_TRUE(font.contains(QRegularExpression(u" yes (yes|no) +yes "_s)))
-            << font.toStdString(); // embedded
-
-    const QStringList pictures = Told_By(u"pdfimages"_s, {u"-list"_s, file}).split(u'\n', Qt::SkipEmptyParts);
-    EXPECT_EQ(pictures.size(), 2) << "more than two lines of headings: something was painted as a picture";
+    EXPECT_TRUE(info.contains(QRegularExpression(u"Pages: +2\\n"_s)) && info.contains(u"(A4)"_s))
+        << info.toStdString();
+    const QString fonts = Told_By(u"pdffonts"_s, {file}); // below two lines of headings, each embedded
+    EXPECT_EQ(fonts.count(u'\n'), 2 + 2) << fonts.toStdString();
+    EXPECT_EQ(fonts.count(QRegularExpression(u" yes (yes|no) +yes "_s)), 2) << fonts.toStdString();
+    const QString pictures = Told_By(u"pdfimages"_s, {u"-list"_s, file});
+    EXPECT_EQ(pictures.count(u'\n'), 2) << "more than the headings: something was painted as a picture";
 
     const QString words = Told_By(u"pdftotext"_s, {u"-bbox"_s, file, u"-"_s});
-    auto found = QRegularExpression(u"xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*yMax=\"([0-9.]+)\">(\\w+)<"_s)
-                     .globalMatch(words);
+    static const QRegularExpression placed(
+        u"xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*yMax=\"([0-9.]+)\">(\\w+)<"_s);
     QStringList texts;
-    while (found.hasNext()) {
-        const QRegularExpressionMatch word = found.next();
+    for (const auto& word : placed.globalMatch(words)) {
         EXPECT_NEAR(word.captured(1).toDouble(), 144, 1.5); // points
         EXPECT_LT(word.captured(2).toDouble(), 216 - 6);
         EXPECT_NEAR(word.captured(3).toDouble(), 216 + 12 * 0.212, 1.5); // the baseline and what hangs below

@@ -4,10 +4,10 @@
 #include "platform/basics/number_text.h"
 #include "platform/basics/value.h"
 #include "support/error_number.h"
+#include "support/files.h"
 #include "support/printing.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -94,11 +94,11 @@ TEST(BoundedList, RefusesAPlaceBeyondItsEnds) {
 TEST(NativePath, FindsWhatDiffersInCaseAndKeepsWhatIsMissing) {
     const QTemporaryDir folder;
     QDir(folder.path()).mkpath(u"System"_s);
-    QFile file(folder.filePath(u"System/P_Grey.BMP"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(Native_Path(folder.path() + u"\\system\\p_grey.bmp"_s), file.fileName());
+    const QString file = folder.filePath(u"System/P_Grey.BMP"_s);
+    test_support::Write_Bytes(file, "");
+    EXPECT_EQ(Native_Path(folder.path() + u"\\system\\p_grey.bmp"_s), file);
     EXPECT_EQ(Native_Path(folder.path() + u"\\system\\absent.bmp"_s),
               folder.filePath(u"System/absent.bmp"_s));
-    EXPECT_EQ(Native_Path(folder.path() + u"/\\System\\P_Grey.BMP"_s), file.fileName());
+    EXPECT_EQ(Native_Path(folder.path() + u"/\\System\\P_Grey.BMP"_s), file);
 }
 #endif

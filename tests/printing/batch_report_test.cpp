@@ -1,7 +1,7 @@
 #include "printing/batch_report.h"
 
-#include "platform/basics/run_time_error.h"
 #include "support/controls.h"
+#include "support/error_number.h"
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
 
@@ -90,18 +90,12 @@ TEST_F(Batch_Report_Page, TheFilterListsAGroupAndAnEmptyOneOffersNothing) {
     EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
     Choose_Group(u"Reception"_s);
     EXPECT_EQ(Pupils().count(), Count_Where(Has_A_Score + u" AND Group_Class = 'Reception'"_s).toInt());
-    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s));
+    Choose_Group(u"Mrs O'Hara's class"_s); // the query can't take it, and nothing is said
+    EXPECT_EQ(Pupils().count(), 0);
+    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s)); // as it stood
     Choose_Group(u"Nobody"_s);
     EXPECT_EQ(Pupils().count(), 0);
     EXPECT_FALSE(Enabled(*page, u"HotLabel9"_s));
-}
-
-TEST_F(Batch_Report_Page, AGroupThatTheQueryCannotTakeLeavesAnEmptyListInSilence) {
-    Open();
-    Click(*page, u"HotLabel7"_s);
-    Choose_Group(u"Mrs O'Hara's class"_s);
-    EXPECT_EQ(Pupils().count(), 0);
-    EXPECT_TRUE(Enabled(*page, u"HotLabel9"_s)); // as it stood
 }
 
 TEST_F(Batch_Report_Page, NinePupilsMakeTwoPagesThatCanBeTurned) {
@@ -180,11 +174,6 @@ TEST_F(Batch_Report_Page, ThePupilOnTheReportsPageKeepsHisCentiles) {
 TEST_F(Batch_Report_Page, MoreThanTwoThousandPupilsAreABoundsError) {
     Make();
     data.pupils.Pupils_Listed = 2001;
-    try {
-        page->Load();
-        FAIL() << "2001 pupils were taken";
-    } catch (const basics::Run_Time_Error& error) {
-        EXPECT_EQ(error.Number, basics::errors::Subscript_Out_Of_Range);
-    }
+    EXPECT_EQ(Error_Number([this] { page->Load(); }), basics::errors::Subscript_Out_Of_Range);
     EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
 }

@@ -52,28 +52,20 @@ TEST_F(Individual_Report_Page, OpensWithTheWholeReportAtTheSmallestZoom) {
 }
 
 TEST_F(Individual_Report_Page, ABoxTakesItsSectionOutAndBringsItBack) {
-    struct Box {
-        QString box;
-        QString label;
-        QString caption;
-        QString text;
-    };
-    const Box boxes[] = {{u"Check3"_s, u"Label8"_s, u"Summary"_s, u"Module"_s},
-                         {u"Check4"_s, u"Label9"_s, u"Profile"_s, u"Centiles"_s},
-                         {u"Check1"_s, u"Label2"_s, u"Legend"_s, u"Accuracy"_s},
-                         {u"Check2"_s, u"Label3"_s, u"Comments"_s, u"Works with care."_s}};
-    for (const Box& one : boxes) {
-        SCOPED_TRACE(one.caption.toStdString());
-        EXPECT_EQ(Caption(page, one.label), one.caption);
-        Click(page, one.box);
-        EXPECT_FALSE(On_View(one.text));
-        for (const Box& other : boxes) {
-            if (other.box != one.box) {
-                EXPECT_TRUE(On_View(other.text)) << other.text.toStdString();
-            }
-        }
-        Click(page, one.label); // the caption belongs to its box
-        EXPECT_TRUE(On_View(one.text));
+    const std::tuple<QString, QString, QString, QString> boxes[] = {
+        {u"Check3"_s, u"Label8"_s, u"Summary"_s, u"Module"_s},
+        {u"Check4"_s, u"Label9"_s, u"Profile"_s, u"Centiles"_s},
+        {u"Check1"_s, u"Label2"_s, u"Legend"_s, u"Accuracy"_s},
+        {u"Check2"_s, u"Label3"_s, u"Comments"_s, u"Works with care."_s}};
+    for (const auto& [box, label, caption, text] : boxes) {
+        SCOPED_TRACE(caption.toStdString());
+        EXPECT_EQ(Caption(page, label), caption);
+        Click(page, box);
+        for (const auto& other : boxes)
+            EXPECT_EQ(On_View(std::get<3>(other)), std::get<0>(other) != box)
+                << std::get<3>(other).toStdString();
+        Click(page, label); // the caption belongs to its box
+        EXPECT_TRUE(On_View(text));
     }
 }
 

@@ -1,7 +1,7 @@
 #include "printing/individual_sheet.h"
 
+#include "platform/recorded_page.h"
 #include "printing/product_lines.h"
-#include "printing/recorded_page.h"
 #include "support/printing.h"
 #include "support/scripted_platform.h"
 
@@ -57,28 +57,19 @@ protected:
 } // namespace
 
 TEST_F(Individual_Report_Sheet, TextsStandWhereTheTwipsSay) {
-    struct Text {
-        QString text;
-        int x;
-        int y;
-        int size;
-        bool bold;
-    };
-    const Text texts[] = {
-        {u"Mevo ID: SMIOLI633THJ"_s, 913 + 90, 984 + 30, 9, false},
-        {u"D.O.B: 09/02/2020"_s, 913 + 3700 + 90, 984 + 30, 9, false},
-        {u"Date printed: 15/06/2026"_s, 913 + 6500 + 90, 984 + 30, 9, false},
-        {u"Accuracy"_s, 440, 9560, 8, true},
-        {u"Assessor's comments"_s, 144, 11264, 10, true},
-        {u"Works with care."_s, 144, 11480, 9, false},
+    const std::tuple<QString, QPoint, preview::Text_Style> texts[] = {
+        {u"Mevo ID: SMIOLI633THJ"_s, {913 + 90, 984 + 30}, {9, false}},
+        {u"D.O.B: 09/02/2020"_s, {913 + 3700 + 90, 984 + 30}, {9, false}},
+        {u"Date printed: 15/06/2026"_s, {913 + 6500 + 90, 984 + 30}, {9, false}},
+        {u"Accuracy"_s, {440, 9560}, {8, true}},
+        {u"Assessor's comments"_s, {144, 11264}, {10, true}},
+        {u"Works with care."_s, {144, 11480}, {9, false}},
     };
     const preview::Drawing& page = Build();
-    for (const Text& text : texts) {
-        SCOPED_TRACE(text.text.toStdString());
-        const auto& line = Only_Line(page, text.text);
-        EXPECT_EQ(QPoint(line.x, line.y), QPoint(text.x, text.y));
-        EXPECT_EQ(line.style.font_size, text.size);
-        EXPECT_EQ(line.style.bold, text.bold);
+    for (const auto& [text, place, style] : texts) {
+        const auto line = Only_Line(page, text);
+        EXPECT_EQ(QPoint(line.x, line.y), place) << text.toStdString();
+        EXPECT_EQ(line.style, style) << text.toStdString();
     }
     EXPECT_EQ(sheet.PageCount(), 1);
 }
@@ -89,60 +80,47 @@ TEST_F(Individual_Report_Sheet, TheHeadingOfTheScoresIsBoldOnGreyEachTime) {
     for (int build = 1; build <= 2; ++build) {
         SCOPED_TRACE(build);
         const preview::Drawing& page = Build();
-        for (const QString& heading : {u"Module"_s, u"Score"_s, u"Test age"_s}) {
-            const auto& line = Only_Line(page, heading);
-            EXPECT_TRUE(line.style.bold);
-            EXPECT_EQ(Colour_At(page, line.x, line.y).rgb(), QColor(192, 192, 192).rgb());
-        }
-        EXPECT_EQ(Lines_Drawn(page, Qt::black).first().pen.width, 10) << "the chart's are wider";
-        const auto& name = Only_Line(page, u"Letter names"_s);
-        EXPECT_FALSE(name.style.bold);
+        const auto heading = Only_Line(page, u"Module"_s), name = Only_Line(page, u"Letter names"_s);
+        EXPECT_TRUE(heading.style.bold && !name.style.bold);
+        EXPECT_EQ(Colour_At(page, heading.x, heading.y), QColor(192, 192, 192));
         EXPECT_EQ(Colour_At(page, name.x, name.y).rgb(), QColor(Qt::white).rgb());
+        EXPECT_EQ(Lines_Drawn(page, Qt::black).first().pen.width, 10) << "the chart's are wider";
     }
 }
 
 TEST_F(Individual_Report_Sheet, ABlankCellIsAHyphenAndABlankNameIsNot) {
-    const auto hyphens_in = [this](int column_left, int column_right) {
-        int count = 0;
-        for (const auto& line : Lines_Of(Build({.Profile = false}), u"-"_s))
-            if (line.x >= column_left && line.x < column_right) ++count;
-        return count;
+    const auto hyphens = [this](int from, int to) { // of the places from the left
+        const auto all = Lines_Of(Build({.Profile = false}), u"-"_s);
+        return std::count_if(all.begin(), all.end(),
+                             [&](const auto& one) { return one.x >= from && one.x < to; });
     };
-    constexpr int names = 792;
-    constexpr int numbers = 792 + 1440;
-    constexpr int centiles = numbers + 720;
-    EXPECT_EQ(hyphens_in(names, numbers), 0);
-    EXPECT_EQ(hyphens_in(numbers, centiles), 9);
+    constexpr int names = 792, numbers = names + 1440, centiles = numbers + 720;
+    EXPECT_EQ(hyphens(names, numbers), 0);
+    EXPECT_EQ(hyphens(numbers, centiles), 9);
     state.summary(2, 1) = u""_s;  // an empty name prints as a space
     state.summary(3, 1) = u" "_s; // a space is the blank of this column
     state.summary(4, 2) = u" "_s; // and not of the others
-    EXPECT_EQ(hyphens_in(names, numbers), 1);
-    EXPECT_EQ(hyphens_in(numbers, centiles), 8);
+    EXPECT_EQ(hyphens(names, numbers), 1);
+    EXPECT_EQ(hyphens(numbers, centiles), 8);
 }
 
 TEST_F(Individual_Report_Sheet, TheChartFollowsTheScaleAndTheGround) {
     Score_All_At(84, 0.995);
-    struct Case {
-        QString mode;
-        QString ground;
-        QString title;
-        QColor low_in_chart; // above the chart's lower edge, left of the bars
-        int bar_top;
-    };
-    const Case cases[] = {
+    const QString z_title = u"Standard Deviation Units (Z Scores)"_s;
+    const std::tuple<QString, QString, QString, QColor, int> cases[] = {
         {u"P"_s, u"GREY"_s, u"Centiles"_s, Qt::black, 9320 - 84 * 50},
         {u"P"_s, u"WHITE"_s, u"Centiles"_s, Qt::white, 9320 - 84 * 50},
-        {u"Z"_s, u"GREY"_s, u"Standard Deviation Units (Z Scores)"_s, Qt::white, 6820 - 979},
-        {u"Z"_s, u"WHITE"_s, u"Standard Deviation Units (Z Scores)"_s, Qt::white, 6820 - 979},
+        {u"Z"_s, u"GREY"_s, z_title, Qt::white, 6820 - 979},
+        {u"Z"_s, u"WHITE"_s, z_title, Qt::white, 6820 - 979},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE((one.mode + one.ground).toStdString());
-        state.Chart_Mode = one.mode;
-        state.Chart_Background = one.ground;
+    for (const auto& [mode, ground, title, low_in_chart, bar_top] : cases) {
+        SCOPED_TRACE((mode + ground).toStdString());
+        state.Chart_Mode = mode;
+        state.Chart_Background = ground;
         const preview::Drawing& page = Build({.Legend = false});
-        EXPECT_EQ(Lines_Of(page, one.title).size(), 1);
-        EXPECT_EQ(Colour_At(page, 1300, 9300).rgb(), one.low_in_chart.rgb());
-        EXPECT_EQ(Rectangles_Filled(page, Red).first().y, one.bar_top + 20);
+        EXPECT_EQ(Lines_Of(page, title).size(), 1);
+        EXPECT_EQ(Colour_At(page, 1300, 9300).rgb(), low_in_chart.rgb()); // left of the bars
+        EXPECT_EQ(Rectangles_Filled(page, Red).first().y, bar_top + 20);
     }
 }
 
@@ -169,13 +147,12 @@ TEST_F(Individual_Report_Sheet, ALongCommentIsWholeAndTheFootGivesWay) {
     EXPECT_EQ(sheet.PageCount(), 1);
     QStringList printed;
     double last = 0;
-    for (const preview::Operation& operation : page.operations)
-        if (const auto* line = std::get_if<preview::Text_Operation>(&operation))
-            if (line->text.startsWith(u"word"_s)) {
-                printed += line->text.split(u' ');
-                last = std::max(last, Ink_Of(*line).bottom());
-                EXPECT_LE(Ink_Of(*line).right(), 144 + 10080);
-            }
+    for (const auto& line : All_Of<preview::Text_Operation>(page))
+        if (line.text.startsWith(u"word"_s)) {
+            printed += line.text.split(u' ');
+            last = std::max(last, Ink_Of(line).bottom());
+            EXPECT_LE(Ink_Of(line).right(), 144 + 10080);
+        }
     EXPECT_EQ(printed, words);
     ASSERT_GT(last, 14810); // or this comment is too short for the case
     EXPECT_LT(last, 16838);

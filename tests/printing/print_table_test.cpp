@@ -51,10 +51,6 @@ protected:
 
 TEST_F(Printed_Grids, HeadersAndFootersOfTheReportsTables) {
     const QString blanks(10, u' ');
-    struct Case {
-        Table_To_Print table;
-        QString header, footer_end;
-    };
     const QString detail_header = u"/fn\"Arial\"/fz\"14\"/fb1/cSt Mary's/nursery School/n/cTest data for "
                                   u"Yoon/n/nSmith Oliver/n/c/fz\"12\"/fb0/n"
                                   u"ID:  SMIOLI633THJ"_s +
@@ -65,20 +61,19 @@ TEST_F(Printed_Grids, HeadersAndFootersOfTheReportsTables) {
         u"Summary Data Table./n/n/nSmith Oliver"
         u"/n/c/fz\"12\"/fb0/nID:  SMIOLI633THJ"_s +
         blanks + u"Date of birth: 09/02/2020/n/n"_s;
-    const Case cases[] = {
+    const std::tuple<Table_To_Print, QString, QString> cases[] = {
         {Table_To_Print::Wide_Detail, detail_header, u"/nReport printed on:  15/06/2026/n/n"_s},
         {Table_To_Print::Summary, summary_header, u"/nReport printed on: 15/06/2026/n/n"_s},
         {Table_To_Print::Detail, detail_header, u"/nReport printed on:  15/06/2026/n/n"_s},
     };
-    for (const Case& tried : cases) {
-        SCOPED_TRACE(static_cast<int>(tried.table));
-        EXPECT_TRUE(Print(tried.table));
-        EXPECT_EQ(grid.PrintHeader, tried.header);
-        EXPECT_EQ(grid.PrintFooter, Long_Product_Line() + tried.footer_end);
-        EXPECT_EQ(grid.PrintOrientation, 1);
+    for (const auto& [table, header, footer_end] : cases) {
+        SCOPED_TRACE(static_cast<int>(table));
+        EXPECT_TRUE(Print(table));
+        EXPECT_EQ(grid.PrintHeader, header);
+        EXPECT_EQ(grid.PrintFooter, Long_Product_Line() + footer_end);
         EXPECT_EQ(grid.PrintMarginLeft, 1440);
         EXPECT_EQ(Printed_Texts().filter(u"Age at test:  6y 3m"_s).isEmpty(),
-                  tried.table == Table_To_Print::Summary);
+                  table == Table_To_Print::Summary);
         EXPECT_FALSE(Printed_Texts().contains(u"Heading"_s)); // no column heads
         EXPECT_EQ(Printed_Texts().first(), installation.Institution);
         EXPECT_TRUE(Printed_Texts().filter(u"Page"_s).isEmpty());

@@ -16,10 +16,8 @@ protected:
                    u'\'');
     }
     void Set_Age(int months) {
-        for (const QString& column :
-             {u"Tolvens_age"_s, u"BliksFriends_age"_s, u"Karrel_age"_s, u"BliksLetters_age"_s,
-              u"BliksLetterNames_age"_s, u"Drell_age"_s, u"Mirvel_age"_s, u"Yoon_age"_s})
-            Set(u"Mevo_Pupils"_s, column + u" = "_s + QString::number(months));
+        for (int t = 1; t <= scoring::Normed_Tests; ++t)
+            Set(u"Mevo_Pupils"_s, u"%1_age = %2"_s.arg(scoring::Test_At(t).Status_Column).arg(months));
     }
     void Show(int t) {
         if (!page) Open();
@@ -28,6 +26,13 @@ protected:
     }
     QString At(int column, int row, const QString& grid = u"fpSpread2"_s) {
         return Control<grid::fpSpread>(*page, grid).Text(column, row);
+    }
+    // The cells of a row, with a bar between.
+    QString Row(int row) {
+        QStringList cells;
+        for (int column = 1; column <= 6; ++column)
+            cells.append(At(column, row));
+        return cells.join(u'|');
     }
     int Rows(const QString& grid = u"fpSpread2"_s) { return Control<grid::fpSpread>(*page, grid).rowCount(); }
 
@@ -39,31 +44,24 @@ const QString Wide = u"fpSpread2plus"_s;
 } // namespace
 
 TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
-    struct Case {
-        int t, younger, older, label_column;
-        QString grid;
-    };
-    const Case cases[] = {{1, 10, 13, 3, u"fpSpread2"_s},
-                          {2, 15, 15, 3, u"fpSpread2"_s},
-                          {4, 10, 12, 3, u"fpSpread2"_s},
-                          {5, 8, 12, 4, u"fpSpread2"_s},
-                          {6, 7, 9, 3, u"fpSpread2"_s},
-                          {8, 15, 25, 6, Wide},
-                          {7, 8, 12, 5, Wide}};
+    const QString narrow = u"fpSpread2"_s;
+    const std::tuple<int, int, int, int, QString> cases[] = {
+        {1, 10, 13, 3, narrow}, {2, 15, 15, 3, narrow}, {4, 10, 12, 3, narrow}, {5, 8, 12, 4, narrow},
+        {6, 7, 9, 3, narrow},   {8, 15, 25, 6, Wide},   {7, 8, 12, 5, Wide}};
     for (const int months : {83, 84}) {
         Set_Age(months);
         page.reset();
-        for (const Case& tried : cases) {
-            SCOPED_TRACE(testing::Message() << "test " << tried.t << " at " << months);
-            Show(tried.t);
-            const int items = months < 84 ? tried.younger : tried.older;
-            EXPECT_EQ(At(1, items + 1, tried.grid), QString::number(items));
-            EXPECT_EQ(At(1, items + 2, tried.grid), u" "_s);
-            EXPECT_EQ(At(tried.label_column, items + 3, tried.grid), u"Child's total"_s);
-            EXPECT_EQ(At(tried.label_column, items + 6, tried.grid), u"Popul'n SD"_s);
-            EXPECT_TRUE(At(2, items + 5, tried.grid).startsWith(u"Paused:"_s));
-            EXPECT_TRUE(Shown(*page, tried.grid));
-            EXPECT_EQ(Control<grid::fpSpread>(*page, tried.grid).horizontalHeader()->length(), 744);
+        for (const auto& [t, younger, older, label_column, sheet] : cases) {
+            SCOPED_TRACE(testing::Message() << "test " << t << " at " << months);
+            Show(t);
+            const int items = months < 84 ? younger : older;
+            EXPECT_EQ(At(1, items + 1, sheet), QString::number(items));
+            EXPECT_EQ(At(1, items + 2, sheet), u" "_s);
+            EXPECT_EQ(At(label_column, items + 3, sheet), u"Child's total"_s);
+            EXPECT_EQ(At(label_column, items + 6, sheet), u"Popul'n SD"_s);
+            EXPECT_TRUE(At(2, items + 5, sheet).startsWith(u"Paused:"_s));
+            EXPECT_TRUE(Shown(*page, sheet));
+            EXPECT_EQ(Control<grid::fpSpread>(*page, sheet).horizontalHeader()->length(), 744);
             EXPECT_FALSE(Shown(*page, u"Picture2"_s));
         }
     }
@@ -77,15 +75,9 @@ TEST_F(Raw_Tables, AnEndedTestShowsWhatWasNotReached) {
         "Level_52_holes_req = '-1', Level_52_holes_chosen = '-2', Level_52_time = 0"_s);
     Show(1);
     EXPECT_EQ(At(3, 1), u"Holes chosen"_s);
-    EXPECT_EQ(At(2, 2), u"3,1,2"_s);
-    EXPECT_EQ(At(4, 2), u"0"_s); // without time bars no time has been read
-    EXPECT_EQ(At(5, 2), u"1"_s);
-    EXPECT_EQ(At(6, 2), u"2"_s);
-    EXPECT_EQ(At(2, 3), u"5,6"_s);
-    EXPECT_EQ(At(3, 3), u""_s);
-    EXPECT_EQ(At(5, 3), u" "_s);
-    EXPECT_EQ(At(2, 14), u"Not attempted"_s);
-    EXPECT_EQ(At(6, 14), u" "_s);
+    EXPECT_EQ(Row(2), u"1|3,1,2|1,3,2|0|1|2"_s); // without time bars no time has been read
+    EXPECT_EQ(Row(3), u"2|5,6|| | | "_s);
+    EXPECT_EQ(Row(14), u"13|Not attempted|| | | "_s);
 
     page->HotLabel2_Click();
     Click(*page, u"BtnEnh11"_s);
@@ -101,10 +93,7 @@ TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
     Set(u"Mevo_Karrel_data"_s, u"Level_11_req = 'Red', Level_11_colourchosen = 'Cyan'"_s);
     Show(3);
     EXPECT_EQ(Rows(), 27);
-    EXPECT_EQ(At(2, 2), u"Checkers"_s);
-    EXPECT_EQ(At(3, 2), u"Triangles"_s);
-    EXPECT_EQ(At(4, 2), u"1.01"_s);
-    EXPECT_EQ(At(5, 2), u"0"_s);
+    EXPECT_EQ(Row(2), u"1|Checkers|Triangles|1.01|0| "_s);
     EXPECT_EQ(At(1, 21), u"20"_s);
     EXPECT_EQ(At(3, 23), u"Child's total"_s);
     const QString right = At(5, 23);
@@ -114,8 +103,7 @@ TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
     // The time pass leaves the total at nought, and the score alone.
     page->HotLabel2_Click();
     Click(*page, u"BtnEnh13"_s);
-    EXPECT_EQ(At(5, 23), u"0"_s);
-    EXPECT_EQ(At(4, 23), u"20.10"_s);
+    EXPECT_EQ(Row(23), u" | |Child's total|20.10|0| "_s);
     EXPECT_EQ(scores.scores.Raw_Score[3].As_Text(), right);
 }
 
@@ -132,14 +120,10 @@ TEST_F(Raw_Tables, TheTargetsPlaceIsNamed) {
 
 TEST_F(Raw_Tables, SomeTablesSetTheRowsAndOthersLeaveThem) {
     Set_Age(90);
-    Show(1);
-    EXPECT_EQ(Rows(), 20);
-    Show(2);
-    EXPECT_EQ(Rows(), 22);
-    Show(6);
-    EXPECT_EQ(Rows(), 22);
-    Show(9);
-    EXPECT_EQ(Rows(), 28);
+    for (const auto& [test, rows] : {std::pair(1, 20), {2, 22}, {6, 22}, {9, 28}}) {
+        Show(test);
+        EXPECT_EQ(Rows(), rows) << test;
+    }
     Show(7);
     EXPECT_EQ(Rows(Wide), 18);
     Show(8);
@@ -161,15 +145,12 @@ TEST_F(Raw_Tables, PindoShowsEveryTryAndTheVerdict) {
     Set(u"Mevo_Pindo_data"_s, tries.join(u", "_s));
     Set(u"Mevo_Pupils"_s, u"Pindo_age = 87"_s);
     Show(9);
-    EXPECT_EQ(At(1, 2), u"Hat 1st"_s);
+    EXPECT_EQ(Row(2), u"Hat 1st|Sky blue|Green|1.50|No| "_s);
+    EXPECT_EQ(Row(3), u"Hat 2nd|Sky blue|Sky blue|1.50|Yes| "_s);
+    EXPECT_EQ(Row(10), u"Left arm 1st|Sky blue|Sky blue| | | "_s);
     EXPECT_EQ(At(1, 25), u"Right leg 4th"_s);
-    EXPECT_EQ(At(3, 2), u"Green"_s);
-    EXPECT_EQ(At(5, 2), u"No"_s);
-    EXPECT_EQ(At(5, 3), u"Yes"_s);
-    EXPECT_EQ(At(4, 10), u" "_s);
-    EXPECT_EQ(At(4, 26), u"12.00"_s);
-    EXPECT_EQ(At(4, 27), u"8"_s);
-    EXPECT_EQ(At(2, 27), u"Unsatisfactory"_s);
+    EXPECT_EQ(Row(26), u" | |Total time (secs)|12.00| | "_s);
+    EXPECT_EQ(Row(27), u" |Unsatisfactory|Attempts (optimum=6)|8| | "_s);
     EXPECT_EQ(Caption(*page, u"Label16"_s), u"Pindo test unsatisfactory (Number of errors: 2)."_s);
     EXPECT_EQ(Caption(*page, u"Label17"_s), u"7:03"_s);
     Choose(code);

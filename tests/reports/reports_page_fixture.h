@@ -41,6 +41,11 @@ protected:
         return sample.Value(u"SELECT StudentCode FROM Mevo_Pupils WHERE "_s + condition +
                             u" ORDER BY StudentCode LIMIT 1"_s);
     }
+    void End_Tolvens_Early(const QString& code) {
+        sample.Run(u"UPDATE Mevo_Tolvens_data SET Level_52_holes_req = '-1', Level_52_holes_chosen = '-2' "
+                   "WHERE StudentCode = '"_s +
+                   code + u'\'');
+    }
     QRect Place(const QString& name) { return Control(*page, name).geometry(); }
     QString Cell(int column, int row) {
         return Control<grid::fpSpread>(*page, u"fpSpread1"_s).Text(column, row);

@@ -6,6 +6,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
+using test_support::Error_Number;
 using namespace scoring::test_index;
 
 namespace {
@@ -89,10 +90,10 @@ TEST_F(Drivers, ACohortPutsTheCentilesBackAndNoMore) {
     Score_Cohort(
         2, [&](const QString& text) { labels.append(text); }, cohort, pass);
     EXPECT_EQ(labels, (QStringList{u"Scoring student 1/2"_s, u"Scoring student 2/2"_s}));
-    EXPECT_EQ(cohort.Cohort_Raw_Centile[1][Yoon], 25);
-    EXPECT_EQ(cohort.Cohort_Raw_Centile[1][Drell], 0);
-    EXPECT_EQ(cohort.Cohort_Raw_Centile[2][Drell], 8);
-    EXPECT_EQ(cohort.Cohort_Raw_Centile[2][Yoon], 0);
+    for (const auto& [pupil, yoon, drell] : {std::tuple(1, 25, 0), {2, 0, 8}}) {
+        EXPECT_EQ(cohort.Cohort_Raw_Centile[pupil][Yoon], yoon);
+        EXPECT_EQ(cohort.Cohort_Raw_Centile[pupil][Drell], drell);
+    }
     EXPECT_FLOAT_EQ(cohort.Cohort_Raw_ZScore[2][Drell], -1.405F);
     EXPECT_EQ(cohort.Cohort_Raw_ZScore[2][Yoon], 0);
     EXPECT_EQ(cohort.Cohort_Time_Centile[2][Drell], 0);
@@ -115,27 +116,23 @@ TEST_F(Drivers, OneWhoDidNotTakeTheTestInheritsTheFlagInACohort) {
     EXPECT_TRUE(cohort.Cohort_Tolvens_Terminated[1]);
     EXPECT_TRUE(cohort.Cohort_Tolvens_Terminated[2]);
     EXPECT_FALSE(cohort.Cohort_Tolvens_Terminated[3]);
-    EXPECT_EQ(Error_Of([&] { cohort.Cohort_Pupil[2001] = 1; }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { cohort.Cohort_Pupil[2001] = 1; }), basics::errors::Subscript_Out_Of_Range);
 }
 
 TEST_F(Drivers, PindosVerdictIsByTheTriesWithATime) {
-    struct Case {
-        int valid;
-        QString cell, text, word;
-    };
-    const Case cases[] = {
+    const std::tuple<int, QString, QString, QString> cases[] = {
         {5, u""_s, u""_s, u""_s},
         {6, u"OK"_s, u"Pindo test satisfactorily."_s, u"Satisfactory"_s},
         {8, u"2 errs"_s, u"Pindo test unsatisfactory (Number of errors: 2)."_s, u"Unsatisfactory"_s},
     };
-    for (const Case& tried : cases) {
-        SCOPED_TRACE(tried.valid);
-        Tries(1, tried.valid);
+    for (const auto& [valid, cell, text, word] : cases) {
+        SCOPED_TRACE(valid);
+        Tries(1, valid);
         Score_Chosen_Pupil(1, Passes_Wanted::Raw, {}, pass, cells);
         const Pindo_Verdict verdict = Verdict_On_Pindo(1, data.pupils, data.scores);
-        EXPECT_EQ(verdict.Summary_Cell, tried.cell);
-        EXPECT_EQ(verdict.Page_Text, tried.text);
-        EXPECT_EQ(verdict.Table_Word, tried.word);
+        EXPECT_EQ(verdict.Summary_Cell, cell);
+        EXPECT_EQ(verdict.Page_Text, text);
+        EXPECT_EQ(verdict.Table_Word, word);
         data.pupils.Test_Status[Pindo][1] = 0;
         EXPECT_EQ(Verdict_On_Pindo(1, data.pupils, data.scores).Page_Text, u""_s);
     }

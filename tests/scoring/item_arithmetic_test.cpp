@@ -1,44 +1,33 @@
 #include "scoring/item_arithmetic.h"
 
-#include "platform/basics/run_time_error.h"
+#include "support/error_number.h"
 #include "support/printing.h"
 
 #include <QStringList>
-#include <functional>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
-using basics::Run_Time_Error;
 using basics::Value;
+using test_support::Error_Number;
 
 namespace {
 
+// What one of the three counts makes of an item; -1 where it leaves the result alone.
+template<class Count>
+int Counted(Count count, const QString& requested, const QString& chosen, Work_Lists& work) {
+    int result = -1;
+    count(requested, chosen, result, Item_Form::List, work);
+    return result;
+}
 int Correct(const QString& requested, const QString& chosen, Work_Lists& work) {
-    int result = -1;
-    Score_Item(requested, chosen, result, Item_Form::List, work);
-    return result;
+    return Counted(Score_Item, requested, chosen, work);
 }
-
 int Direct(const QString& requested, const QString& chosen, Work_Lists& work) {
-    int result = -1;
-    Seq_Errors_Direct(requested, chosen, result, Item_Form::List, work);
-    return result;
+    return Counted(Seq_Errors_Direct, requested, chosen, work);
 }
-
 int Misplaced(const QString& requested, const QString& chosen, Work_Lists& work) {
-    int result = -1;
-    Seq_Errors_Misplaced(requested, chosen, result, Item_Form::List, work);
-    return result;
-}
-
-int Error_Of(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
+    return Counted(Seq_Errors_Misplaced, requested, chosen, work);
 }
 
 // "1,2,3" and so on, or the same backwards.
@@ -76,27 +65,22 @@ TEST(SplittingALine, AShorterListLeavesTheTailOfTheOneBefore) {
 }
 
 TEST(CountingAnItem, TheThreeCountsDiffer) {
-    struct Case {
-        QString requested, chosen;
-        int correct, direct, misplaced;
-    };
-    const Case cases[] = {
+    const std::tuple<QString, QString, int, int, int> cases[] = {
         {u"3,1,2"_s, u"1,3,2"_s, 1, 2, 2}, // two changed places
         {u"3,1,2"_s, u"3,1,2"_s, 3, 0, 0},
-        {u"5,5,1"_s, u"5,2,5"_s, 1, 3, 1}, // one that stands twice counts
-                                           // twice for each time it was
-                                           // chosen
+        // One that stands twice counts twice for each time it was chosen.
+        {u"5,5,1"_s, u"5,2,5"_s, 1, 3, 1},
         {u"1,2,3"_s, u"2,2,2"_s, 1, 2, 0}, // the one in its place takes no part among the misplaced
         {u"1,2,1"_s, u"2,1,2"_s, 0, 4, 4},
         {u"-1"_s, u"-2"_s, 0, 0, 0},
         {u""_s, u""_s, 0, 0, 0},
     };
-    for (const Case& item : cases) {
-        SCOPED_TRACE(item.requested.toStdString() + " " + item.chosen.toStdString());
+    for (const auto& [requested, chosen, correct, direct, misplaced] : cases) {
+        SCOPED_TRACE(requested.toStdString() + " " + chosen.toStdString());
         Work_Lists work;
-        EXPECT_EQ(Correct(item.requested, item.chosen, work), item.correct);
-        EXPECT_EQ(Direct(item.requested, item.chosen, work), item.direct);
-        EXPECT_EQ(Misplaced(item.requested, item.chosen, work), item.misplaced);
+        EXPECT_EQ(Correct(requested, chosen, work), correct);
+        EXPECT_EQ(Direct(requested, chosen, work), direct);
+        EXPECT_EQ(Misplaced(requested, chosen, work), misplaced);
     }
 }
 
@@ -126,9 +110,9 @@ TEST(CountingAnItem, StopsAtTheListsLimits) {
     Work_Lists work;
     const QString longest = Counted_List(100);
     EXPECT_EQ(Correct(longest, longest, work), 100);
-    EXPECT_EQ(Error_Of([&] { Split_Requested(Counted_List(101), work); }), Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { Split_Requested(Counted_List(101), work); }), Subscript_Out_Of_Range);
     EXPECT_EQ(Misplaced(Counted_List(10), Counted_List(10, true), work), 10);
-    EXPECT_EQ(Error_Of([&] { Misplaced(Counted_List(12), Counted_List(12, true), work); }),
+    EXPECT_EQ(Error_Number([&] { Misplaced(Counted_List(12), Counted_List(12, true), work); }),
               Subscript_Out_Of_Range);
 }
 
@@ -136,7 +120,7 @@ TEST(CountingAnItem, AnItemWithoutAValueIsRefused) {
     Work_Lists work;
     int result = 0;
     const auto score = [&](const Value& requested, const Value& chosen) {
-        return Error_Of([&] { Score_Item(requested, chosen, result, Item_Form::List, work); });
+        return Error_Number([&] { Score_Item(requested, chosen, result, Item_Form::List, work); });
     };
     EXPECT_EQ(score(Value(), u"1"_s), basics::errors::Invalid_Use_Of_Null);
     EXPECT_EQ(score(u"1"_s, Value()), basics::errors::Invalid_Use_Of_Null);

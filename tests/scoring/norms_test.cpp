@@ -4,6 +4,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
+using test_support::Error_Number;
 using namespace basics::errors;
 
 namespace {
@@ -12,7 +13,7 @@ class Norms : public Scoring_Bench {
 protected:
     int Load_Error(const QString& change) {
         sample.Run(change);
-        return Error_Of([&] { Load_All_Norms(holder, installation, data.norms); });
+        return Error_Number([&] { Load_All_Norms(holder, installation, data.norms); });
     }
 
     qint16 Centile_Of(int raw, const QString& column) {
@@ -77,9 +78,9 @@ TEST_F(Norms, ALookUpWritesTheRunningTestsSlotAndNoOther) {
 TEST_F(Norms, WhatLiesOutsideTheTablesIsAFaultOrNoScore) {
     Use_Plain_Norms();
     EXPECT_EQ(Centile_Of(70, u"5"_s), 70);
-    EXPECT_EQ(Error_Of([&] { Centile_Of(71, u"5"_s); }), Subscript_Out_Of_Range);
-    EXPECT_EQ(Error_Of([&] { Centile_Of(1, u"9"_s); }), Subscript_Out_Of_Range);
-    EXPECT_EQ(Error_Of([&] { Centile_Of(1, u"3"_s); }), Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { Centile_Of(71, u"5"_s); }), Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { Centile_Of(1, u"9"_s); }), Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { Centile_Of(1, u"3"_s); }), Subscript_Out_Of_Range);
     Raw_To_Centile(7, u"tolvens_norms"_s, u"5"_s, data.norms, data.scores);
     EXPECT_EQ(data.scores.Raw_Centile[1], 0) << "names are compared letter by letter";
 }
@@ -120,7 +121,6 @@ TEST_F(Norms, MeansOfTheBandAreFoundByTheModulesKey) {
         u"INSERT INTO Mevo_Means VALUES ('Bliks letter names band C', 1, 2, 3, 4, 5, 6)"_s); // too late
     QString module = u"Bliks letter names"_s;
     Population_Means means;
-    means.Time_SD = u"as before"_s;
     Get_Population_Means(module, 83, means, holder, installation);
     EXPECT_EQ(module, u"Bliks letter names band C"_s);
     const QString stored = u"SELECT %1 FROM Mevo_Means WHERE Module = 'Bliks letter names band C'"_s;

@@ -5,6 +5,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
+using test_support::Error_Number;
 using namespace scoring::test_index;
 using namespace basics::errors;
 
@@ -89,7 +90,7 @@ TEST_F(Passes, RepeatsAndPausesComeFromTheRow) {
 TEST_F(Passes, AMissingRowIsAnError) {
     data.pupils.Student_Code[1] = u"nobody"_s;
     List(Yoon, 1);
-    EXPECT_EQ(Error_Of([&] { Run(Score_Yoon, Yoon); }), 3021);
+    EXPECT_EQ(Error_Number([&] { Run(Score_Yoon, Yoon); }), 3021);
     List(Yoon, 2);
     Put(Yoon, 2, 0, {u"'cap'"_s, u"'cap'"_s});
     Run(Score_Yoon, Yoon, 2);
@@ -108,32 +109,26 @@ TEST_F(Passes, OnlySomeListsMayLackAValue) {
         List(test.t, 1);
         Put(test.t, 1, 0, {u"'1'"_s, u"'1'"_s});
         Put(test.t, 1, 1, {u"'2'"_s, u"NULL"_s});
-        const Pass score = test.score;
-        const int t = test.t;
-        EXPECT_EQ(Error_Of([&] { Run(score, t); }), error);
+        EXPECT_EQ(Error_Number([this, &one = test] { Run(one.score, one.t); }), error);
         EXPECT_EQ(data.scores.Raw_Score[test.t].As_Integer(), raw);
     }
 }
 
 TEST_F(Passes, TwoEmptyFieldsAreARightAnswerInMirvelAlone) {
-    const std::tuple<Test_Case, QString, int> cases[] = {
-        {Normed[2], u"''"_s, 0},   {Normed[2], u"NULL"_s, 0}, {Normed[4], u"''"_s, 0},
-        {Normed[4], u"NULL"_s, 0}, {Normed[7], u"''"_s, 0},   {Normed[7], u"NULL"_s, 0},
-        {Normed[6], u"''"_s, 8},   {Normed[6], u"NULL"_s, 8},
-    };
-    for (const auto& [test, empty, raw] : cases) {
-        SCOPED_TRACE(test.t);
-        List(test.t, 1);
-        Put(test.t, 1, 0, {empty, empty});
-        Run(test.score, test.t);
-        EXPECT_EQ(data.scores.Raw_Score[test.t].As_Integer(), raw);
-    }
+    for (const int t : {Karrel, Letter_Names, Yoon, Mirvel})
+        for (const QString& empty : {u"''"_s, u"NULL"_s}) {
+            SCOPED_TRACE(t);
+            List(t, 1);
+            Put(t, 1, 0, {empty, empty});
+            Run(Normed[t - 1].score, t);
+            EXPECT_EQ(data.scores.Raw_Score[t].As_Integer(), t == Mirvel ? 8 : 0);
+        }
 }
 
 TEST_F(Passes, OnlyTimesWithinTheBoundsCount) {
     List(Drell, 1);
     Put(Drell, 1, 0, {u"'1'"_s, u"'1'"_s, u"NULL"_s});
-    EXPECT_EQ(Error_Of([&] { Mean_Of(Normed[5]); }), Division_By_Zero);
+    EXPECT_EQ(Error_Number([&] { Mean_Of(Normed[5]); }), Division_By_Zero);
     const std::tuple<QString, QString, int> cases[] = {
         {u"0"_s, u"700"_s, 700},  {u"1000000"_s, u"700"_s, 700}, {u"-5"_s, u"700"_s, 700},
         {u"''"_s, u"700"_s, 700}, {u"999999"_s, u"1"_s, 500000}, {u"2"_s, u"3"_s, 2},
@@ -187,19 +182,16 @@ TEST_F(Passes, KarrelShowsPatternsFromEightyFourMonthsOn) {
     Put(Karrel, 1, 0, {u"'Red'"_s, u"'Blue'"_s});
     Put(Karrel, 1, 1, {u"'Cyan'"_s, u"'Cyan'"_s});
     Put(Karrel, 1, 2, {u"'red'"_s, u"'red'"_s});
-    struct Case {
-        int months;
-        QString requested, chosen, right;
-    };
-    for (const Case& seen : {Case{Younger, u"Red"_s, u"Blue"_s, u"Cyan"_s},
-                             Case{Older, u"Checkers"_s, u"Stripes"_s, u"Triangles"_s}}) {
-        SCOPED_TRACE(seen.months);
-        List(Karrel, 1, seen.months);
+    const std::tuple<int, QString, QString, QString> cases[] = {
+        {Younger, u"Red"_s, u"Blue"_s, u"Cyan"_s}, {Older, u"Checkers"_s, u"Stripes"_s, u"Triangles"_s}};
+    for (const auto& [months, requested, chosen, right] : cases) {
+        SCOPED_TRACE(months);
+        List(Karrel, 1, months);
         Run(Score_Karrel, Karrel);
         const Test_Items& items = data.items[Karrel];
-        EXPECT_EQ(items.Item_Requested(25).As_Text(), seen.requested);
-        EXPECT_EQ(items.Item_Chosen(25).As_Text(), seen.chosen);
-        EXPECT_EQ(items.Item_Requested(1).As_Text(), seen.right);
+        EXPECT_EQ(items.Item_Requested(25).As_Text(), requested);
+        EXPECT_EQ(items.Item_Chosen(25).As_Text(), chosen);
+        EXPECT_EQ(items.Item_Requested(1).As_Text(), right);
         EXPECT_EQ(items.Item_Chosen(2).As_Text(), u"red"_s);
         EXPECT_EQ(data.scores.Raw_Score[Karrel].As_Integer(), 2);
     }
@@ -248,5 +240,5 @@ TEST_F(Passes, MirvelsWindowMovesWithAgeAndLeavesTheRestAsItWas) {
     EXPECT_EQ(items.Item_Chosen(4).As_Text(), u"cap"_s) << "still the younger pupil's";
     EXPECT_EQ(items.Item_Chosen(5).As_Text(), u"van"_s);
     EXPECT_EQ(items.Item_Chosen(16).As_Text(), u"van"_s);
-    EXPECT_EQ(Error_Of([&] { items.Item_Chosen(21); }), Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { items.Item_Chosen(21); }), Subscript_Out_Of_Range);
 }

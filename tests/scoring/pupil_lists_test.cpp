@@ -3,6 +3,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace scoring;
+using test_support::Error_Number;
 using namespace scoring::test_index;
 
 namespace {
@@ -42,7 +43,7 @@ protected:
 
 } // namespace
 
-TEST_F(Lists, HoldWhoeverHasDoneAnyTest) {
+TEST_F(Lists, HoldWhoeverHasDoneAnyTestInTheOrderOfNamesWhateverTheCase) {
     EXPECT_EQ(Names(), QStringList());
     Set(1, u"Pindo = 1"_s);
     Set(2, u"Tolvens = 1, BliksFriends = 1, Yoon = NULL"_s); // the sum has no value
@@ -52,9 +53,6 @@ TEST_F(Lists, HoldWhoeverHasDoneAnyTest) {
     EXPECT_EQ(lists.Test_Status[Pindo][2], 1);
     EXPECT_EQ(lists.Student_Code[2], codes[1]);
     EXPECT_EQ(Pupil_List_Entry(lists, 2), u"Grey Zoe ("_s + codes[1] + u')');
-}
-
-TEST_F(Lists, AreInTheOrderOfSurnameThenForenameWhateverTheCase) {
     for (int p = 1; p <= 4; ++p)
         Set(p, u"Yoon = 1"_s);
     EXPECT_EQ(Names(), (QStringList{u"Élan Bo"_s, u"Ember Cy"_s, u"grey Anna"_s, u"Grey Zoe"_s}));
@@ -76,7 +74,7 @@ TEST_F(Lists, RefuseAnAgeWithoutAValueOfAListedPupil) {
     Set(1, u"Drell_age = NULL"_s);
     Load();
     Set(1, u"Yoon = 1"_s);
-    EXPECT_EQ(Error_Of([&] { Load(); }), basics::errors::Invalid_Use_Of_Null);
+    EXPECT_EQ(Error_Number([&] { Load(); }), basics::errors::Invalid_Use_Of_Null);
 }
 
 TEST_F(Lists, TheAgeAtTestIsTheGreatest) {
@@ -101,5 +99,5 @@ TEST_F(Lists, EndAtTwoThousandFiveHundredPupils) {
     Load();
     EXPECT_EQ(lists.Pupils_Listed, 2500);
     sample.Run(u"UPDATE Mevo_Pupils SET Yoon = 1"_s);
-    EXPECT_EQ(Error_Of([&] { Load(); }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([&] { Load(); }), basics::errors::Subscript_Out_Of_Range);
 }

@@ -39,12 +39,3 @@ void Scoring_Bench::Use_Plain_Norms() {
                 data.norms.Time_Norms[t][age][c] = Plain_Time(c);
         }
 }
-
-int Scoring_Bench::Error_Of(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const basics::Run_Time_Error& error) {
-        return error.Number;
-    }
-    return 0;
-}

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/basics/run_time_error.h"
 #include "scoring/scoring.h"
+#include "support/error_number.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
@@ -28,8 +28,6 @@ protected:
     // Norms in which every raw score is its own centile, and centile c of every test takes 100 ms more than
     // the next: 100 ms at 99, 9900 ms at 1.
     void Use_Plain_Norms();
-
-    static int Error_Of(const std::function<void()>& work);
 
     test_support::Sample_File sample{4};
     foundation::Installation installation = sample.Installed();

@@ -82,28 +82,24 @@ TEST_F(Player, AFaultIsOneLineAndTouchesNothing) {
     const QString text = sample.Folder() + u"/text"_s;
     Write_Bytes(text, "Surname,Forename\n");
     const QByteArray before = Bytes_Of(sample.Path());
-    struct Case {
-        QStringList arguments;
-        const char* told; // a part of the line
+    const std::pair<QStringList, QString> cases[] = {
+        {{}, u"Usage"_s},
+        {{sample.Path(), u"--all"_s, u"--code"_s, u"A"_s}, u"Usage"_s},
+        {{sample.Path(), u"--code"_s, u"NOBODY"_s}, u"No pupil has the code NOBODY"_s},
+        {{sample.Path(), u"--all"_s, u"--rate"_s, u"0"_s}, u"--rate"_s},
+        {{sample.Path(), u"--all"_s, u"--count"_s, u"0"_s}, u"--count"_s},
+        {{sample.Path(), u"--all"_s, u"--journal"_s, sample.Folder()}, u"Can't write"_s},
+        {{sample.Folder(), u"--all"_s}, u"folder"_s},
+        {{sample.Folder() + u"/nothing"_s, u"--all"_s}, u"Could not find file"_s},
+        {{text, u"--all"_s}, u"Unrecognized database format"_s},
     };
-    const Case cases[] = {
-        {{}, "Usage"},
-        {{sample.Path(), u"--all"_s, u"--code"_s, u"A"_s}, "Usage"},
-        {{sample.Path(), u"--code"_s, u"NOBODY"_s}, "No pupil has the code NOBODY"},
-        {{sample.Path(), u"--all"_s, u"--rate"_s, u"0"_s}, "--rate"},
-        {{sample.Path(), u"--all"_s, u"--count"_s, u"0"_s}, "--count"},
-        {{sample.Path(), u"--all"_s, u"--journal"_s, sample.Folder()}, "Can't write"},
-        {{sample.Folder(), u"--all"_s}, "folder"},
-        {{sample.Folder() + u"/nothing"_s, u"--all"_s}, "Could not find file"},
-        {{text, u"--all"_s}, "Unrecognized database format"},
-    };
-    for (const Case& tried : cases) {
-        SCOPED_TRACE(tried.told);
-        const Outcome outcome = Play(tried.arguments);
+    for (const auto& [arguments, told] : cases) {
+        SCOPED_TRACE(told.toStdString());
+        const Outcome outcome = Play(arguments);
         EXPECT_EQ(outcome.status, 2);
         EXPECT_EQ(outcome.output, u""_s);
         EXPECT_EQ(outcome.error.count(u'\n'), 1);
-        EXPECT_TRUE(outcome.error.contains(QString::fromLatin1(tried.told))) << outcome.error.toStdString();
+        EXPECT_TRUE(outcome.error.contains(told)) << outcome.error.toStdString();
     }
     EXPECT_EQ(Bytes_Of(sample.Path()), before);
 }

@@ -16,9 +16,17 @@ inline const QString Note =
 
 // Questions to a recorded page. A text that isn't there fails with a list of those that are.
 
+template<class Kind>
+QList<Kind> All_Of(const preview::Drawing& page) {
+    QList<Kind> found;
+    for (const preview::Operation& operation : page.operations)
+        if (const auto* one = std::get_if<Kind>(&operation)) found.append(*one);
+    return found;
+}
+
 QStringList Texts_On(const preview::Drawing& page);
 QList<preview::Text_Operation> Lines_Of(const preview::Drawing& page, const QString& text);
-const preview::Text_Operation& Only_Line(const preview::Drawing& page, const QString& text);
+preview::Text_Operation Only_Line(const preview::Drawing& page, const QString& text);
 
 QList<preview::Rectangle_Operation> Rectangles_Filled(const preview::Drawing& page, const QColor& colour);
 QList<preview::Line_Operation> Lines_Drawn(const preview::Drawing& page, const QColor& colour);

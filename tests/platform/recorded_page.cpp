@@ -1,6 +1,4 @@
-#include "printing/recorded_page.h"
-
-#include "platform/preview/text_metrics.h"
+#include "platform/recorded_page.h"
 
 #include <stdexcept>
 
@@ -12,14 +10,6 @@ using preview::Drawing;
 using preview::Line_Operation;
 using preview::Rectangle_Operation;
 using preview::Text_Operation;
-
-template<class Kind>
-static QList<Kind> All_Of(const Drawing& page) {
-    QList<Kind> found;
-    for (const preview::Operation& operation : page.operations)
-        if (const auto* one = std::get_if<Kind>(&operation)) found.append(*one);
-    return found;
-}
 
 QStringList Texts_On(const Drawing& page) {
     QStringList texts;
@@ -35,18 +25,12 @@ QList<Text_Operation> Lines_Of(const Drawing& page, const QString& text) {
     return lines;
 }
 
-const Text_Operation& Only_Line(const Drawing& page, const QString& text) {
-    const Text_Operation* found = nullptr;
-    for (const preview::Operation& operation : page.operations) {
-        const auto* line = std::get_if<Text_Operation>(&operation);
-        if (!line || line->text != text) continue;
-        if (found) throw std::runtime_error("more than one '" + text.toStdString() + "'");
-        found = line;
-    }
-    if (!found)
-        throw std::runtime_error("no '" + text.toStdString() + "' among " +
+Text_Operation Only_Line(const Drawing& page, const QString& text) {
+    const QList<Text_Operation> found = Lines_Of(page, text);
+    if (found.size() != 1)
+        throw std::runtime_error(std::to_string(found.size()) + " times '" + text.toStdString() + "' among " +
                                  Texts_On(page).join(u" | "_s).toStdString());
-    return *found;
+    return found.first();
 }
 
 QList<Rectangle_Operation> Rectangles_Filled(const Drawing& page, const QColor& colour) {
