@@ -1,7 +1,7 @@
 #include "reports/table_panel.h"
 
-#include "printing/print_table.h"
 #include "printing/print_outcome.h"
+#include "printing/print_table.h"
 #include "reports/profile_bars.h"
 #include "scoring/tables/raw_tables.h"
 
