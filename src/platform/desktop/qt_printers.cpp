@@ -109,10 +109,9 @@ void Take_Whole_Sheets(QPagedPaintDevice& device) {
 
 // Full sheets or not, the printer's own margins stay known.
 QRectF Printable_By(const QPrinter& printer) {
-    constexpr double twips_per_point = 20;
     QPageLayout layout = printer.pageLayout();
     layout.setUnits(QPageLayout::Point);
-    return Whole_Paper.marginsRemoved(layout.minimumMargins() * twips_per_point);
+    return Whole_Paper.marginsRemoved(layout.minimumMargins() * basics::Twips_Per_Point);
 }
 
 // A document's name as the name of a file on any system.
