@@ -2,6 +2,7 @@
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/played_sound.h"
 #include "platform/desktop/qt_printers.h"
 #include "platform/desktop/user_settings.h"
 #include "platform/desktop/windows_services.h"
@@ -11,7 +12,6 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -24,9 +24,7 @@
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QScrollArea>
-#include <QSoundEffect>
 #include <QStringDecoder>
-#include <QTimer>
 #include <QUrl>
 #include <cstdio>
 #include <cstdlib>
@@ -156,21 +154,8 @@ class Qt_Sound final : public Sound {
 public:
     void Play(const QString& file) override {
         const QString native = basics::Native_Path(file);
-        if (!QFileInfo::exists(native)) return;
-        QSoundEffect effect;
-        effect.setSource(QUrl::fromLocalFile(native));
-        QEventLoop until_the_end;
-        QObject::connect(&effect, &QSoundEffect::playingChanged, &until_the_end, [&] {
-            if (!effect.isPlaying()) until_the_end.quit();
-        });
-        QTimer::singleShot(Longest_Click_Ms, &until_the_end, &QEventLoop::quit);
-        effect.play();
-        until_the_end.exec(QEventLoop::ExcludeUserInputEvents);
+        if (QFileInfo::exists(native)) Play_To_Its_End(native);
     }
-
-private:
-    // Without a sound device the toolkit reports a sound as playing for ever.
-    static constexpr int Longest_Click_Ms = 500;
 };
 
 class Qt_Documents final : public Documents {
