@@ -25,6 +25,7 @@ install(CODE "
     endif()" COMPONENT settings_beside)
 
 if(WIN32)
+    include(MevoInstallWindows)
     return()
 endif()
 

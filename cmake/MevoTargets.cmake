@@ -66,10 +66,31 @@ function(mevo_library name)
     target_link_libraries(${name} PUBLIC mevo_options ${arg_LINKS})
 endfunction()
 
+# What Windows shows of a program and how it is to run it; the words are those of its page in the manual.
+function(mevo_windows_resources name)
+    set(MEVO_PROGRAM ${name})
+    set(MEVO_DESCRIPTION ${name})
+    set(page ${PROJECT_SOURCE_DIR}/packaging/man/${name}.1)
+    if(EXISTS ${page})
+        file(STRINGS ${page} line REGEX "^${name} .- ")
+        string(REGEX REPLACE "^${name} .- " "" MEVO_DESCRIPTION "${line}")
+    endif()
+    set(folder ${PROJECT_SOURCE_DIR}/packaging/windows)
+    set(MEVO_MANIFEST ${CMAKE_CURRENT_BINARY_DIR}/${name}.manifest)
+    configure_file(${folder}/mevo.manifest ${MEVO_MANIFEST} @ONLY)
+    configure_file(${folder}/mevo.rc ${name}.rc @ONLY)
+    target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc)
+    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}.rc PROPERTIES OBJECT_DEPENDS
+        "${MEVO_MANIFEST};${folder}/mevo.ico" COMPILE_DEFINITIONS MEVO_ICON="${folder}/mevo.ico")
+endfunction()
+
 # mevo_program(name SOURCES ... LINKS ...): lands in build/bin.
 function(mevo_program name)
     cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
+    if(WIN32)
+        mevo_windows_resources(${name})
+    endif()
     target_link_libraries(${name} PRIVATE mevo_options ${arg_LINKS})
 endfunction()
 

@@ -1,15 +1,35 @@
 #include "jetreader/limits.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <sys/resource.h>
 #endif
 
 namespace jet_reader {
 
+constexpr std::uint64_t Megabyte = 1024 * 1024;
+constexpr std::uint64_t Most_Memory = 512 * Megabyte;
+
+static std::uint64_t Most_Seconds(std::uint64_t file_size) {
+    constexpr std::uint64_t at_least = 10;
+    return at_least + file_size / Megabyte;
+}
+
 #ifdef _WIN32
 
-void Limit_This_Process(std::uint64_t) {
-    // The converter's own wait bounds the time; memory is bounded by the file's claims, which are checked.
+// A process joins a job for good, and the job lives as long as the process.
+void Limit_This_Process(std::uint64_t file_size) {
+    constexpr std::uint64_t ticks_a_second = 10'000'000;
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_PROCESS_MEMORY | JOB_OBJECT_LIMIT_PROCESS_TIME;
+    limits.BasicLimitInformation.PerProcessUserTimeLimit.QuadPart =
+        static_cast<LONGLONG>(Most_Seconds(file_size) * ticks_a_second);
+    limits.ProcessMemoryLimit = Most_Memory;
+    const HANDLE job = CreateJobObjectW(nullptr, nullptr);
+    if (!job) return;
+    SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    AssignProcessToJobObject(job, GetCurrentProcess());
 }
 
 #else
@@ -27,11 +47,9 @@ static void Limit(int resource, rlim_t most) {
 }
 
 void Limit_This_Process(std::uint64_t file_size) {
-    constexpr std::uint64_t megabyte = 1024 * 1024;
-    constexpr rlim_t seconds_at_least = 10;
-    Limit(RLIMIT_CPU, seconds_at_least + file_size / megabyte);
+    Limit(RLIMIT_CPU, Most_Seconds(file_size));
     Limit(RLIMIT_CORE, 0);
-    if (Bounds_Memory) Limit(RLIMIT_AS, 512 * megabyte);
+    if (Bounds_Memory) Limit(RLIMIT_AS, Most_Memory);
 }
 
 #endif

@@ -14,6 +14,9 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
 #endif
 
 using conversion::jet_stream::Record;
@@ -56,10 +59,11 @@ std::vector<MdbCatalogEntry*> User_Tables(MdbHandle* file) {
     return tables;
 }
 
-void Write_All(const char* path, Stream& stream) {
-    const std::uint64_t size = std::filesystem::file_size(path);
+void Write_All(const std::u8string& path, Stream& stream) {
+    const std::uint64_t size = std::filesystem::file_size(std::filesystem::path(path));
     jet_reader::Limit_This_Process(size);
-    const std::unique_ptr<MdbHandle, Closer> file(mdb_open(path, MDB_NOFLAGS));
+    const std::unique_ptr<MdbHandle, Closer> file(
+        mdb_open(reinterpret_cast<const char*>(path.c_str()), MDB_NOFLAGS));
     if (!file) throw Damage("its first page can't be read");
     const std::vector<MdbCatalogEntry*> tables = User_Tables(file.get());
     std::uint64_t rows = 0;
@@ -75,6 +79,26 @@ void Write_All(const char* path, Stream& stream) {
     stream.Put_Record(Record::End);
 }
 
+#ifdef _WIN32
+
+// The system's own form of an argument: what main gets has lost the characters that the code page lacks.
+std::u8string First_Argument(char**) {
+    int count = 0;
+    wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    const std::u8string first = std::filesystem::path(wide[1]).u8string();
+    LocalFree(wide);
+    return first;
+}
+
+#else
+
+std::u8string First_Argument(char** argv) {
+    const std::string first = argv[1];
+    return {first.begin(), first.end()};
+}
+
+#endif
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -88,7 +112,7 @@ int main(int argc, char** argv) {
     Stream stream;
     int status = 0;
     try {
-        Write_All(argv[1], stream);
+        Write_All(First_Argument(argv), stream);
     } catch (const std::exception& fault) {
         stream.Put_Record(Record::Fault);
         stream.Put_Text(fault.what());

@@ -1,0 +1,58 @@
+# Sourced by the commands beside it, from the top folder: what a program for Windows is linked with, by version and digest.
+
+WINDOWS_LIBRARIES=${MEVO_WINDOWS_LIBRARIES:-../shared/windows/mingw-libraries.tar.xz}
+WINDOWS_LIBRARIES_DIGEST=36c4006f83e2ab0200a3937ec8d39e1f26af3036fe2d674baf575c43eaaa27b5
+LIBRARIES_FOLDER=build-windows/libraries
+
+MDBTOOLS=mdbtools-1.0.0
+MDBTOOLS_DIGEST=316000e477e8db780698a28ad8540558d3fc341aa130b031ae8007eea480c9f1
+# Debian's source package. Its own servers don't give it everywhere; the digest says that it is the same file.
+MDBTOOLS_PLACES=(
+    http://deb.debian.org/debian/pool/main/m/mdbtools/mdbtools_1.0.0+dfsg.orig.tar.xz
+    https://snapshot.debian.org/archive/debian/20230601T000000Z/pool/main/m/mdbtools/mdbtools_1.0.0%2Bdfsg.orig.tar.xz
+    http://archive.ubuntu.com/ubuntu/pool/universe/m/mdbtools/mdbtools_1.0.0+dfsg.orig.tar.xz
+)
+
+# has_digest FILE DIGEST
+has_digest() {
+    echo "$2  $1" | sha256sum --check --status
+}
+
+# fetch FILE DIGEST PLACE...: from the first place that gives it.
+fetch() {
+    local file=$1 digest=$2 place
+    shift 2
+    [ -e "$file" ] && has_digest "$file" "$digest" && return
+    mkdir -p "$(dirname "$file")"
+    for place in "$@"; do
+        curl --fail --silent --location --connect-timeout 15 --output "$file" "$place" && has_digest "$file" "$digest" && return
+    done
+    rm -f "$file"
+    echo "None of these gives $(basename "$file") with the digest $digest: $*" >&2
+    return 1
+}
+
+# unpacked ARCHIVE DIGEST FOLDER: once for each digest.
+unpacked() {
+    [ -e "$3/.$2" ] && return
+    has_digest "$1" "$2" || { echo "$1 hasn't the digest $2." >&2; return 1; }
+    rm -rf "$3"
+    mkdir -p "$3"
+    tar --extract --file "$1" --directory "$3" --strip-components 1
+    touch "$3/.$2"
+}
+
+# Both sets of libraries below LIBRARIES_FOLDER, where CMakePresets.json looks for them.
+provide_libraries() {
+    local mdbtools=$LIBRARIES_FOLDER/downloads/$MDBTOOLS.tar.xz
+    if [ ! -e "$LIBRARIES_FOLDER/mingw/.built-here" ]; then
+        [ -e "$WINDOWS_LIBRARIES" ] || {
+            echo "No libraries for Windows at $WINDOWS_LIBRARIES. MEVO_WINDOWS_LIBRARIES names their archive;" \
+                "packaging/windows/build_libraries makes them anew." >&2
+            return 1
+        }
+        unpacked "$WINDOWS_LIBRARIES" "$WINDOWS_LIBRARIES_DIGEST" "$LIBRARIES_FOLDER/mingw"
+    fi
+    fetch "$mdbtools" "$MDBTOOLS_DIGEST" "${MDBTOOLS_PLACES[@]}"
+    unpacked "$mdbtools" "$MDBTOOLS_DIGEST" "$LIBRARIES_FOLDER/mdbtools"
+}
