@@ -76,12 +76,13 @@ function(mevo_windows_resources name)
         string(REGEX REPLACE "^${name} .- " "" MEVO_DESCRIPTION "${line}")
     endif()
     set(folder ${PROJECT_SOURCE_DIR}/packaging/windows)
+    set(MEVO_ICON ${folder}/mevo.ico)
     set(MEVO_MANIFEST ${CMAKE_CURRENT_BINARY_DIR}/${name}.manifest)
     configure_file(${folder}/mevo.manifest ${MEVO_MANIFEST} @ONLY)
     configure_file(${folder}/mevo.rc ${name}.rc @ONLY)
     target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc)
-    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}.rc PROPERTIES OBJECT_DEPENDS
-        "${MEVO_MANIFEST};${folder}/mevo.ico" COMPILE_DEFINITIONS MEVO_ICON="${folder}/mevo.ico")
+    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}.rc PROPERTIES
+        OBJECT_DEPENDS "${MEVO_MANIFEST};${MEVO_ICON}")
 endfunction()
 
 # mevo_program(name SOURCES ... LINKS ...): lands in build/bin.
