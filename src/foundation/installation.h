@@ -24,7 +24,7 @@ struct Installation {
     QString Institution; // heads every printout
 };
 
-// The connection string for a database file.
+// `database_path` is a full path; it may hold a semicolon.
 QString Connection_String_For(const QString& database_path);
 
 } // namespace foundation

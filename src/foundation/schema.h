@@ -67,7 +67,7 @@ QList<Table> Database_Tables();
 // What a file of any version must hold to be a database of the suite: its tables, each with the column by
 // which the program finds rows in it. What version 5.1 brought isn't among them.
 database::Tables Needed_Tables();
-// As an upgrade tells it: the two names must be spelt so.
+// Both names are compared letter by letter, as when a database is opened.
 bool Is_Of_Version_51(const database::Tables& tables);
 
 QString Declared_Type(const Column& column);
