@@ -21,7 +21,6 @@ struct Prepared_Statement {
     std::shared_ptr<Row_Store> rows; // those it gave last; their room is used again once nobody reads them
 };
 
-// What comes of running one.
 struct Statement_Result {
     std::shared_ptr<const Row_Shape> shape;
     QString table;

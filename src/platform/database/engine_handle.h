@@ -72,7 +72,7 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
 };
 
-// A name for a statement, whatever it holds.
+// The name in double quotes, as a statement takes it whatever characters it holds.
 QString Quoted(const QString& name);
 
 } // namespace database

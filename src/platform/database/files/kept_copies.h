@@ -29,8 +29,8 @@ public:
     Kept_Copy(const Kept_Copy&) = delete;
     Kept_Copy& operator=(const Kept_Copy&) = delete;
 
-    // And removes the oldest beyond the number that is kept, where it may; never itself, what the order
-    // spares, or what was just put in the other's place.
+    // Keeps it for good, and removes the oldest beyond the number that is kept, where it may; never itself,
+    // what the order spares, or what was just put in the other's place.
     void Stay();
 
 private:
