@@ -15,7 +15,7 @@ struct Cell_Look {
     bool bold = false;
 };
 
-// Where a grid prints, and as what.
+// The printer that a grid goes to, and what the sheets are called there.
 struct Print_Outlet {
     desktop::Printers& printers;
     QString document;   // as the printer's queue names it
