@@ -23,8 +23,7 @@ int Twips(double place) {
     return static_cast<int>(basics::Round_To_Even(place));
 }
 
-// ---- the scales: fractions of the chart's height, from its top
-
+// Top and height are fractions of the chart's height, from its top; grey goes from 0, black, to 255.
 struct Shade {
     int grey;
     double top;
@@ -74,8 +73,6 @@ int ZScore_Height(double z, int scale) {
 
 } // namespace
 
-// ---- profiles
-
 // All but the centiles may still be an earlier pupil's while the centile is 0.
 Profile Profile_Of(const scoring::Score_Store& scores) {
     Profile profile;
@@ -104,8 +101,6 @@ Profile Profile_Of(int p, const scoring::Cohort_Tables& cohort) {
     profile.friends_terminated = cohort.Cohort_Friends_Terminated[p];
     return profile;
 }
-
-// ---- layouts
 
 Chart_Layout Large_Chart(bool show_time_bars) {
     constexpr Chart_Place place{1200, 4320, 8000, 5000};
@@ -154,8 +149,6 @@ Chart_Layout Small_Chart(int left, int top, bool show_time_bars) {
     };
 }
 
-// ---- a bar
-
 namespace {
 
 // Places on a page are whole numbers of 16 bits; one beyond them is an error, not a bar somewhere else.
@@ -200,8 +193,6 @@ void DrawBar(ViewPro& sheet, int x, int y, int width, int height, Bar_Colour col
         boxes.Ask(desktop::Box_Style::Plain, desktop::Default_Box_Title(), u"Error in DrawBar"_s);
     }
 }
-
-// ---- the ground
 
 Paper_Charts::Paper_Charts(ViewPro& sheet, desktop::Message_Boxes& boxes) : sheet(sheet), boxes(boxes) {
 }
@@ -270,8 +261,6 @@ void Paper_Charts::Draw_Column_Labels(const Chart_Layout& layout) {
     sheet.TableTextHooked(u"Tolvens|Friends|Karrel|Letters|L. Names|Drell|Mirvel|Yoon;"_s);
     sheet.FontSize = 8;
 }
-
-// ---- the charts
 
 // Gives the height of a line, by which the scale's texts are placed however small they are.
 int Paper_Charts::Begin_Scale() {
@@ -375,8 +364,6 @@ void Paper_Charts::Draw_Profile(const Chart_Layout& layout, const Profile& profi
     else
         DrawZScoreChart(layout, profile, look.show_time_bars);
 }
-
-// ---- legend and note
 
 void Paper_Charts::Draw_Extra_Legend(int x, int y, bool show_time_bars) {
     constexpr int side = 240;
