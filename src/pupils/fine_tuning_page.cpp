@@ -21,8 +21,6 @@ static int Test_Index(std::size_t i) {
     return static_cast<int>(i) + 1; // balls count from 0, tests from 1
 }
 
-// ---- opening
-
 void Form15::Load() {
     Show_Retest_Panels(false);
     sex->Set_Sex_Combo();
@@ -52,8 +50,6 @@ void Form15::Take_Pupil(int p) {
         pupils.Test_Date[t][p] = holder.Field(test.Date_Column).Text_Or_Empty();
     }
 }
-
-// ---- choosing a pupil
 
 void Form15::Combo1_Click() {
     Current_Pupil = Combo1->ListIndex() + 1;
@@ -130,8 +126,6 @@ void Form15::Set_Date_Combos(int index) {
     if (date->day == 29 && date->month == 2 && birth->Combo2->count() == 29) birth->Combo2->Set_ListIndex(28);
 }
 
-// ---- personal details
-
 std::function<void()> Form15::For_Current_Pupil(void (Form15::*work)(int index)) {
     return [this, work] {
         if (Current_Pupil > 0) (this->*work)(Current_Pupil);
@@ -181,8 +175,6 @@ void Form15::Undo_Personal_Details(int index) {
     sex->Combo5->Set_ListIndex(undo.sex == "M"_L1 ? 0 : 1);
 }
 
-// ---- retesting
-
 void Form15::Set_Retest_Buttons_Enabled(bool enabled) {
     HotLabel6->setEnabled(enabled);
     HotLabel7->setEnabled(enabled);
@@ -231,8 +223,6 @@ void Form15::Save_Retest_Flags(int index) {
     holder.ado_Close();
     Combo1->Set_ListIndex(kept_index);
 }
-
-// ---- elsewhere
 
 void Form15::HotLabel1_Click() {
     navigator.Go_To(shell::Page_Id::Main_Menu);

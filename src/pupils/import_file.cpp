@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace pupils {
 
-// ---- reading
-
 namespace {
 
 // Far more than the lines of one pass can fill with names.
@@ -72,8 +70,6 @@ QStringList Import_Fields(QStringView line) {
     fields.append(line.toString());
     return fields;
 }
-
-// ---- dates
 
 namespace {
 
@@ -139,8 +135,6 @@ QString Format_Import_Date(const QString& text) {
     return date ? date->toString(u"dd/MM/yy"_s) : text;
 }
 
-// ---- validation
-
 namespace {
 
 constexpr qsizetype Lowest_Last_Field = 5;
@@ -203,8 +197,6 @@ QString Validate_Import_Record(QStringList& fields, qint16 line_number) {
         if (!test.passes(fields)) return u"Record "_s + basics::Plain_Number(line_number) + test.message;
     return Passed;
 }
-
-// ---- the walk
 
 void Walk_Import_Text(QStringView text, Import_Pass& pass, const Import_Steps& steps) {
     Line_Reader reader(text);

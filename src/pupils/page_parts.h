@@ -12,8 +12,6 @@
 
 namespace pupils {
 
-// The parts that these pages are laid out of.
-
 // Two option buttons of which one holds.
 struct Yes_No {
     QRadioButton* yes = nullptr;
