@@ -58,8 +58,10 @@ struct Test_Tables {
     QString time_norms;
 };
 
+// The nine tests in the order of scoring; the first stands at place 0.
 const QList<Test_Tables>& Tests_In_Order();
 QStringList Status_Columns();
+// `item` counts from 1 within its level.
 QString Item_Column(const Item_Level& level, int item, const Item_Part& part);
 
 QList<Table> Database_Tables();
