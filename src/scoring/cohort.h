@@ -21,7 +21,7 @@ struct Cohort_Tables {
     Of_Each_Pupil<bool> Cohort_Friends_Terminated;
 };
 
-// Told the text of the batch page's progress label.
+// Called with the text of the batch page's progress label.
 using Progress_Label = std::function<void(const QString& text)>;
 
 // The raw pass for the first count entries of Cohort_Pupil. The centiles of the pupil scored before are put
