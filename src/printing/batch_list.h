@@ -15,7 +15,7 @@ inline QString All_Groups() {
     return QStringLiteral("ALL");
 }
 
-// Takes one text of a list's next row.
+// Called with the text of each row.
 using Take_Text = std::function<void(const QString& text)>;
 
 // Both give whether all rows were read: an error ends the list in silence, as far as it was filled.

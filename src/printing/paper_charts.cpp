@@ -271,7 +271,7 @@ int Paper_Charts::Begin_Scale() {
     return sheet.TextHeight();
 }
 
-// Reads upwards. Its middle is where a chart of the report's own height has it.
+// Reads upwards. The middle is that of the individual report's chart, the only one with titles.
 void Paper_Charts::Draw_Axis_Title(const Chart_Place& place, int line, const QString& title) {
     constexpr int upright = 900;
     constexpr int middle = 2160;

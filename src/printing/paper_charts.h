@@ -57,6 +57,7 @@ struct Chart_Layout {
     int low_centile;     // "Trm" stands clear of a bar that is lower
 };
 
+// The chart of the individual report, and one of a batch sheet with its left top corner there.
 Chart_Layout Large_Chart(bool show_time_bars);
 Chart_Layout Small_Chart(int left, int top, bool show_time_bars);
 
