@@ -84,7 +84,7 @@ void Form15::Populate_Year_List() {
     birth->Populate_Year_List(First_Year, birth->Current_Year() - Usual_Age - First_Year);
 }
 
-// An item that the list doesn't have is an error of the list, as the year of a child not yet one year old.
+// The list refuses an item that it doesn't have, such as the present year.
 static void Choose_Item(shell::Click_Combo* list, int index) {
     if (index < -1 || index >= list->count()) basics::Raise(basics::errors::Invalid_Property_Value);
     list->Set_ListIndex(index);

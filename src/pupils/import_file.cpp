@@ -217,7 +217,7 @@ void Walk_Import_Text(QStringView text, Import_Pass& pass, const Import_Steps& s
 }
 
 QString Erroneous_Records_Text(const Import_Pass& pass) {
-    const QString blank_line = u"\r\r"_s; // without line feeds
+    const QString blank_line = u"\r\r"_s;
     return basics::Plain_Number(pass.error_count) +
            u" record(s) could not be imported because of invalid data."_s + blank_line +
            u"Erroneous records are:"_s + blank_line + pass.error_text;
