@@ -166,7 +166,7 @@ private:
     }
 
     // The toolkit ignores an unknown name in silence, and takes a job for a stopped printer as done. A
-    // printer that is gone is told once; then the usual one takes its place, or a PDF.
+    // printer that is gone is reported once; then the usual one takes its place, or a PDF.
     void Refuse_What_Cannot_Print(const QString& name, const QStringList& available) {
         if (!available.contains(name)) {
             choice.reset();

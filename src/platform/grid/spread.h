@@ -65,7 +65,7 @@ public:
     // fault of the printer, an action or an orientation that the grid doesn't know is a run-time error.
     QString Action(int action, const Print_Outlet& outlet);
 
-    // What would be printed now.
+    // The grid as Action would print it now.
     Printed_Grid Printed() const;
 
 Q_SIGNALS:

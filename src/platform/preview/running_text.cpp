@@ -75,7 +75,7 @@ std::vector<Text_Operation> Parts_Across(const Running_Text& running, const Band
     return parts;
 }
 
-// The highest strip that no text takes which stands above or below one of the parts.
+// The highest strip that is free of every text above or below one of the parts.
 Span Free_Strip(const std::vector<Extent>& texts, const std::vector<Span>& parts, const Span& whole) {
     Span highest{whole.from, whole.from};
     double free_from = whole.from;
@@ -98,7 +98,7 @@ struct Placing {
     int aside = 0;      // how far they move to the right
 };
 
-// Places with the clearance at both sides, which isn't set narrower.
+// The part with the clearance at both sides, which stays as wide as it is.
 Span Placed(const Span& part, double squeeze, int aside) {
     const double middle = (part.from + part.to) / 2 + aside;
     const double half = (Length(part) / 2 - Clear_At_Sides) * squeeze + Clear_At_Sides;
