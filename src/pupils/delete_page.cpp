@@ -14,7 +14,7 @@ using desktop::Answer;
 namespace {
 
 const QString All_Groups = u"ALL GROUPS"_s;
-const QString Default_Group = u"UNIVERSAL"_s; // in upper case
+const QString Default_Group = u"UNIVERSAL"_s; // compared with names in upper case
 
 using Statements = QStringList;
 

@@ -110,7 +110,7 @@ static std::optional<Birth_Numbers> Read_By_Position(const QString& date) {
 // A pupil without a date of birth, or with a text that is none, leaves the lists where they start, so that a
 // date can be chosen. Until one is, the stored text stays theirs.
 void Form15::Set_Date_Combos(int index) {
-    constexpr int pivot = 30; // doesn't move
+    constexpr int pivot = 30; // years from 30 on are of the 1900s, whatever the clock says
     birth->Populate_Date_List(Longest_Month, 1);
     birth->Populate_Months_List();
     Populate_Year_List();

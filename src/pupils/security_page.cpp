@@ -165,7 +165,8 @@ void Form2::Combo2_Click() {
     Fill_Groups(Combo2->ListIndex() + 1);
 }
 
-// The reload on the way goes back to the first group, where the panel stays: its choice isn't kept.
+// Loading everyone afresh chooses the first group, before the choice is kept: so the panel goes back to that
+// group.
 void Form2::Update_Group_Settings() {
     Update_Group_Row();
     Update_Groups_For_All_Students();
