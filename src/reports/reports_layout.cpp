@@ -76,7 +76,7 @@ static QLabel* Make_Picture(const QString& name, const QPixmap& picture, QWidget
     return label;
 }
 
-// A choice between two entries.
+// Of the two entries one is always chosen.
 static void Pair(HotLabel* one, HotLabel* other, QObject* owner) {
     auto* pair = new QButtonGroup(owner);
     for (HotLabel* label : {one, other}) {

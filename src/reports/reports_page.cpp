@@ -196,7 +196,7 @@ void Form30::ShowWhite_Click() {
     Change_Background(u"WHITE"_s);
 }
 
-// The line is on the way of the keys only while it leads somewhere.
+// The Tab key stops at the line only while the line leads somewhere.
 void Form30::Show_In_Label7(const QString& text) {
     Label7->Set_Caption(text);
     const bool leads_back = text == Way_Back;
