@@ -29,7 +29,7 @@ public:
         if (goes_on && Choose(typed, 0)) return;
         const bool one_key_again = typed.count(key) == typed.size();
         if (goes_on && !one_key_again && !digit) return;
-        if (digit) typed = key; // of another number
+        if (digit) typed = key; // begins another number
         Choose(key, 1);
     }
 

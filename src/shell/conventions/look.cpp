@@ -140,7 +140,7 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex*
     painter->restore();
 }
 
-// A box or option has its mark of the focus around the whole of it, and room for that at the left.
+// A check box or option has the mark of the focus around the whole of it, which needs room at the left.
 QRect Look::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
     constexpr int room = 4;
     const QRect usual = QProxyStyle::subElementRect(element, option, widget);
