@@ -65,7 +65,7 @@ bool Is_Centile_Scale(const QString& Chart_Mode) {
     return Chart_Mode == "P"_L1;
 }
 
-// The product goes through its text, so that noise behind the decimals can't tip a half.
+// Rounded by its decimal text, so that noise behind the decimals can't tip a half.
 int ZScore_Height(double z, int scale) {
     constexpr int single_precision_digits = 7;
     return Twips(QString::number(z * scale, 'g', single_precision_digits).toDouble());

@@ -70,7 +70,7 @@ struct Chart_Look {
 enum class Bar_Colour { Red, Blue };
 
 // A bar of its colour in a black frame, with a label at its right. It hangs from y; a negative height stands
-// on y. No height, no bar. An error is told, and ends the bar.
+// on y. No height, no bar. An error is shown in a box, and ends the bar.
 void DrawBar(preview::ViewPro& sheet, int x, int y, int width, int height, Bar_Colour colour,
              const QString& label, desktop::Message_Boxes& boxes);
 
