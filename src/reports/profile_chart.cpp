@@ -15,7 +15,7 @@ namespace reports {
 
 namespace {
 
-// The chart as a list of its columns. The bars, being drawings, aren't told of.
+// The chart as a list of its columns. The bars are drawings, and no items of the list.
 class Chart_Interface final : public QAccessibleWidget {
 public:
     explicit Chart_Interface(Profile_Chart* chart)
