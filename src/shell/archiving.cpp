@@ -282,7 +282,7 @@ bool Form60::Lacks_The_Password(database::Recordset& row) const {
            row.Fields(u"Admin_Password"_s).Value() != installation.Admin_Password;
 }
 
-// What would keep an archive from taking the password is met before its content replaces anything.
+// Fails, before anything is replaced, where the archive wouldn't take the password.
 void Form60::Require_That_It_Takes_The_Password(const QString& archive) {
     holder.Let_Go();
     database::Connection connection;

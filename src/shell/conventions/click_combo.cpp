@@ -19,7 +19,7 @@ public:
     }
 
     void keyboardSearch(const QString& key) override {
-        constexpr int between_digits_ms = 1500; // they are looked for on the keyboard
+        constexpr int between_digits_ms = 1500; // digits have to be looked for on the keyboard
         if (key.isEmpty()) return;
         const bool digit = key.at(0).isDigit();
         const int interval = digit ? between_digits_ms : QApplication::keyboardInputInterval();

@@ -56,7 +56,7 @@ void Draw_Option_Dot(QPainter& painter, const QStyleOption& option) {
     painter.drawEllipse(ring.center(), ring.width() * 0.28, ring.height() * 0.28);
 }
 
-// An arrow that tells of a list which opens downwards.
+// The arrow of a list that drops down.
 void Draw_Chevron(QPainter& painter, const QPointF& centre, const QColor& ink) {
     painter.setPen(QPen(ink, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
