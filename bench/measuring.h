@@ -27,8 +27,8 @@ inline double Median(std::vector<double> values) {
     return *middle;
 }
 
-// Most is a time that a teacher doesn't notice; the line says whether it is kept, and fails nothing: the
-// machine may be busy with other things.
+// `most_ms` is a time that a teacher doesn't notice. The line says whether it was kept, and fails nothing:
+// the machine may be busy with other things.
 inline void Tell_Whether_Below(benchmark::State& state, double mean_ms, double most_ms) {
     const std::string most = "below " + std::to_string(static_cast<int>(most_ms)) + " ms";
     state.SetLabel(mean_ms < most_ms ? most : "NOT " + most);

@@ -27,8 +27,6 @@ constexpr double Longest_Start_Ms = 300;
 constexpr int Most_Memory_MB = 120;
 constexpr int Pupils = 2500;
 
-// ---- in the process that is measured
-
 // Of this program alone: what the system's accounts say of a process includes the one that started it.
 double Peak_Memory_MB() {
     QFile status(u"/proc/self/status"_s);
@@ -38,7 +36,7 @@ double Peak_Memory_MB() {
     return 0;
 }
 
-// Tells who waits at the other end of the pipe, and ends.
+// Tells the measuring process, at the other end of the pipe, how much memory was taken, and ends.
 [[noreturn]] void Reached() {
     QTextStream(stdout) << Peak_Memory_MB() << Qt::endl;
     std::_Exit(0);
@@ -97,8 +95,6 @@ int Run_The_Program(const QString& folder, bool on_to_reports) {
     return QApplication::exec();
 }
 
-// ---- in the process that measures
-
 // A folder that looks like an installed program's, on a school of its own.
 class Installed_Folder {
 public:
@@ -120,7 +116,7 @@ private:
     QTemporaryDir folder;
 };
 
-// Until it tells what it has reached; gives its memory, in MB.
+// Starts this program as the one to be measured, and waits until it has got there; gives its memory, in MB.
 double Start(const QStringList& arguments) {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);

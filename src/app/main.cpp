@@ -10,16 +10,16 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    // The entry in the menu of applications, whose icon the windows get too.
+    // Names the program's entry in the menu of applications: a desktop gives the windows that entry's icon.
     QGuiApplication::setDesktopFileName(u"mevo"_s);
     QApplication::setWindowIcon(QIcon::fromTheme(u"mevo"_s));
-    // Between two pages there is a moment without a window.
+    // The program ends through Processes::End alone, also while its window is hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     shell::Apply_Theme(application);
     desktop::Qt_Platform platform;
     app::Program program(platform.Ports());
     program.Start(QApplication::applicationDirPath());
-    // Where no window manager enlarges a window, it has its size already.
+    // Without a window manager nothing would enlarge the window.
     program.Window().setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
     program.Window().showMaximized();
     return QApplication::exec();

@@ -21,8 +21,7 @@ class Program {
 public:
     explicit Program(desktop::Platform& platform);
 
-    // The window, and after a second start-up and the Main menu. The program's folder is where its assets
-    // lie.
+    // Runs start-up and opens the Main menu, a second after the call. The assets lie in the program's folder.
     void Start(const QString& program_folder);
 
     shell::Page_Host& Window() { return host; }

@@ -74,7 +74,7 @@ bool Same_Value(const Source_Value& value, const Statement& row, int column) {
     return false;
 }
 
-// Of a text, too, if it is one: a column of numbers keeps "12" as 12.
+// A text that is a number counts too: a column of numbers keeps "12" as 12.
 std::optional<double> Number_In(const Source_Value& value) {
     if (value.tag == Value_Tag::Whole || value.tag == Value_Tag::Real) return As_Double(value);
     bool is_number = false;

@@ -8,7 +8,7 @@ using database::Access;
 using database::Quoted;
 using Statement = database::Engine_Statement;
 
-// Failures of it and of its statements are Refusals with the engine's words.
+// Its failures and those of its statements are Refusals with the engine's own words.
 class Engine final : public database::Engine_Handle {
 public:
     Engine(const QString& file, Access access); // the file must exist

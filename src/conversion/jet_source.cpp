@@ -40,7 +40,7 @@ const char* const Settings_Of_The_Library[] = {"MDBOPTS", "MDBICONV", "MDB_JET3_
 }
 
 // The reader's output, taken piece by piece. Waiting for more is where the converter spends its time, so the
-// watcher is called from here.
+// watcher is called while it waits.
 class Told {
 public:
     Told(const QString& file, const Reader_Program& reader, const Progress& progress, const Watcher& watcher)

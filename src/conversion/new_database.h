@@ -24,7 +24,7 @@ public:
     void Begin_Table(const Source_Table& table) override;
     void Take_Row(const Source_Row& row) override;
     void End_Table() override;
-    // Ends the writing, looks the file over and counts its rows.
+    // Ends the writing. Throws a Refusal unless the file is sound and gives back every row that was read.
     QList<Table_Summary> Finish();
 
 private:

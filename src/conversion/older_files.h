@@ -6,7 +6,7 @@
 
 namespace conversion {
 
-// Files of the older format, for a page that is given one.
+// What a page asks when the user chose a file of the older format.
 class Older_Files {
 public:
     virtual ~Older_Files() = default;

@@ -54,7 +54,7 @@ protected:
     std::unique_ptr<database::Recordset> recordset;
 };
 
-// The Main menu's holder has a count-only form beside the three.
+// For the Main menu, which only counts.
 class Counting_Access_Holder : public Access_Holder {
 public:
     using Access_Holder::Access_Holder;

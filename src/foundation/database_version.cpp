@@ -31,7 +31,7 @@ bool Groups_Table_Exists(const Installation& installation) {
         const QString name = schema->Fields(u"Table_Name"_s).Value().As_Text();
         if (name.startsWith("MSys"_L1)) continue;
         names[++count] = name;
-        met |= name == "Mevo_Groups"_L1; // spelt so; the file itself would take any case
+        met |= name == "Mevo_Groups"_L1; // in this spelling only, though the file itself would take any case
     }
     schema->Close();
     connection.Close();

@@ -10,8 +10,8 @@ namespace foundation {
 // the whole process.
 struct Installation {
     QString App_Path;              // the program's folder, without a backslash at its end
-    QString Database_Path;         // the working database
-    QString Empty_Database_Path;   // the empty template
+    QString Database_Path;         // the working database, also while an archive is in view
+    QString Empty_Database_Path;   // norms and no pupils; what a clean start begins with
     QString Archive_Folder;        // offered by the archive dialogs
     QString Common_AppData_Path;   // set only when it was asked for
     QString Current_Database_Path; // the database in use: the working one, or an archive in view
@@ -24,7 +24,7 @@ struct Installation {
     QString Institution; // heads every printout
 };
 
-// The connection string for a database file.
+// `database_path` is a full path; it may hold a semicolon.
 QString Connection_String_For(const QString& database_path);
 
 } // namespace foundation

@@ -177,7 +177,7 @@ Table Data_Table(const Test_Tables& test) {
 constexpr int Youngest_Norm_Age = 4;
 constexpr int Oldest_Norm_Age = 8;
 
-// first, then one column for each year of age, named by a pattern that takes the age.
+// Its columns: `first`, then one for each year of age, which `pattern` names with the age as %1.
 Table Norm_Table(const QString& name, const QString& first, const QString& pattern) {
     QStringList columns = {first};
     for (int age = Youngest_Norm_Age; age <= Oldest_Norm_Age; ++age)
@@ -220,7 +220,7 @@ database::Tables Needed_Tables() {
     for (const Table& table : Database_Tables()) {
         const QString& first = table.columns.first().name;
         if (table.name == New_In_51) continue;
-        // The place of its row tells a raw score, whatever its column says.
+        // A raw score is told by the place of its row, whatever its column is called.
         needed[table.name] = first == Raw_Score ? QStringList() : QStringList{first};
     }
     return needed;

@@ -58,8 +58,10 @@ struct Test_Tables {
     QString time_norms;
 };
 
+// The nine tests in the order of scoring; the first stands at place 0.
 const QList<Test_Tables>& Tests_In_Order();
 QStringList Status_Columns();
+// `item` counts from 1 within its level.
 QString Item_Column(const Item_Level& level, int item, const Item_Part& part);
 
 QList<Table> Database_Tables();
@@ -67,7 +69,7 @@ QList<Table> Database_Tables();
 // What a file of any version must hold to be a database of the suite: its tables, each with the column by
 // which the program finds rows in it. What version 5.1 brought isn't among them.
 database::Tables Needed_Tables();
-// As an upgrade tells it: the two names must be spelt so.
+// Both names are compared letter by letter, as when a database is opened.
 bool Is_Of_Version_51(const database::Tables& tables);
 
 QString Declared_Type(const Column& column);

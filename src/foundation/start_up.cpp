@@ -110,7 +110,7 @@ void Form8::Timer1_Timer(const QString& program_folder) {
     if (Read_Product_Ini(platform, installation) == "BLANK"_L1) Find_CommonAppData();
     installation.Current_Database_Path = installation.Database_Path;
     installation.Connection_String = Connection_String_For(installation.Current_Database_Path);
-    // A conversion that fails has told the user; the pages then show what the file still gives.
+    // A conversion that failed has already told the user; the pages then show what the file still gives.
     if (!Database_Is_Version_51(installation)) Convert_Database_To_51(installation, platform);
     Read_Customer_Details(platform, installation);
 }

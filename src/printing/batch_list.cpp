@@ -86,8 +86,6 @@ QString AgeFromMonths(int months) {
     return QString::number(months / 12) + u':' + QString::number(months % 12).rightJustified(2, u'0');
 }
 
-// One connection for all queries: opening one for each costs more than the reading. Where it can't be opened
-// each query tries by itself, and tells the user what stands in the way.
 void Compute_All_Scores(const scoring::Progress_Label& show_progress, scoring::Cohort_Tables& cohort,
                         scoring::Scoring& scoring) {
     const int listed = scoring.pupils.Pupils_Listed;

@@ -15,7 +15,7 @@ inline QString All_Groups() {
     return QStringLiteral("ALL");
 }
 
-// Takes one text of a list's next row.
+// Called with the text of each row.
 using Take_Text = std::function<void(const QString& text)>;
 
 // Both give whether all rows were read: an error ends the list in silence, as far as it was filled.
@@ -36,17 +36,17 @@ qint16 FindInArray(const basics::Bounded<QString, Highest>& array, const QString
 // way to the pupil, and the code is what follows its first " - ": a surname with that in it hides its pupil.
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils);
 
-// What to tell when some of them weren't found.
+// The message for so many chosen pupils who weren't found.
 QString Surname_Message(qsizetype errors);
 
-// "7:03" for 87
+// "7:03" for 87 months.
 QString AgeFromMonths(int months);
 
 // Scores all listed pupils, each in the row of their place in the list.
 void Compute_All_Scores(const scoring::Progress_Label& show_progress, scoring::Cohort_Tables& cohort,
                         scoring::Scoring& scoring);
 
-// Puts the places into the batch.
+// Makes them the first entries of the batch; those behind them stay as they were.
 void Take_Batch(const QList<qint16>& places, scoring::Cohort_Tables& cohort);
 
 } // namespace printing

@@ -32,8 +32,6 @@ void Form92::Load() {
     Compute_All_Scores();
 }
 
-// ---- scoring
-
 void Form92::Compute_All_Scores() {
     Label5->setText(u"PLEASE WAIT...Computing individual scores"_s);
     const desktop::Wait_Pointer busy(platform.pointer);
@@ -50,8 +48,6 @@ void Form92::Show_Progress(const QString& text) {
     Label10->repaint();
     shell::Paint_Meanwhile(platform);
 }
-
-// ---- lists
 
 void Form92::Load_Group_Filter(const QString& connection_string) {
     cboGroupFilter->Clear();
@@ -92,8 +88,6 @@ QStringList Form92::Selected_Entries() const {
         if (lstPupils->item(i)->isSelected()) entries.append(lstPupils->item(i)->text());
     return entries;
 }
-
-// ---- the report
 
 // A selection with a pupil who can't be found changes nothing: the report on view can still be drawn anew.
 void Form92::HotLabel9_Click() {
@@ -141,8 +135,6 @@ void Form92::Option_Click() {
 QString Form92::Document_Name() const {
     return u"Mevo batch report"_s;
 }
-
-// ---- controls
 
 static QListWidget* Make_List(const QString& name, const QString& told, const QRect& place, QWidget* parent) {
     auto* list = new QListWidget(parent);

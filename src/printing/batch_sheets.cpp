@@ -76,8 +76,6 @@ void Batch_Sheets::Draw_Miniature(int rank, int count, int x, int y) {
     sheet.DrawText(144, rule, u"Assessor's comments"_s);
 }
 
-// ---- the pupil's line
-
 QString Batch_Sheets::Label_Of(int p) const {
     return options.label == Pupil_Label::Name ? sources.pupils.Pupil_Name_List[p]
                                               : u"Mevo ID: "_s + sources.pupils.Student_Code[p];

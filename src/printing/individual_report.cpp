@@ -39,8 +39,6 @@ QString Form94::Document_Name() const {
     return u"Mevo individual report"_s;
 }
 
-// ---- controls
-
 void Form94::Lay_Out() {
     constexpr int left = 24;
     constexpr int width = 936;
@@ -112,7 +110,7 @@ void Form94::Lay_Out_Preferences() {
     Check2 = preference(u"Check2", u"Label3", u"Comments"_s, Label3);
 }
 
-// The texts of the four captions don't tell of their boxes; they are the system's own, spelling included.
+// The help texts of the four captions don't fit their boxes; they are the system's own, spelling included.
 void Form94::Tell_Helps() {
     auto* help = new shell::Help_Line(this, [this](const QString& text) { Label1->setText(text); });
     Tell_Common_Helps(*help, u"Copy the report to the clipboard as a Windows Metafile (.WMF)"_s);

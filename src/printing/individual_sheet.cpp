@@ -91,8 +91,6 @@ void Individual_Sheet::Draw_Institution_At_Foot() {
     sheet.ForeColor = Qt::black;
 }
 
-// ---- the score table
-
 // A name is blank when it is one space, all else when it is empty: a name that is empty prints as a space.
 static QString Score_Cell(int column, const QString& text) {
     const QString blank = column == scoring::summary_column::Module ? u" "_s : QString();
@@ -136,8 +134,6 @@ void Individual_Sheet::Unshade_Cell(int row) {
     sheet.FontBold = unshaded_bold;
 }
 
-// ---- the chart
-
 void Individual_Sheet::Draw_Profile() {
     const reports::Report_State& state = sources.state;
     charts.Draw_Profile(Large_Chart(state.Show_Time_Bars), Profile_Of(sources.scores),
@@ -145,8 +141,6 @@ void Individual_Sheet::Draw_Profile() {
     // The mark of an earlier build brings the note back as well.
     if (charts.Has_Terminated_Mark) charts.Draw_Terminated_Note(500, 4160);
 }
-
-// ---- notes and comment
 
 namespace {
 

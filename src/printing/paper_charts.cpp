@@ -23,8 +23,7 @@ int Twips(double place) {
     return static_cast<int>(basics::Round_To_Even(place));
 }
 
-// ---- the scales: fractions of the chart's height, from its top
-
+// Top and height are fractions of the chart's height, from its top; grey goes from 0, black, to 255.
 struct Shade {
     int grey;
     double top;
@@ -66,15 +65,13 @@ bool Is_Centile_Scale(const QString& Chart_Mode) {
     return Chart_Mode == "P"_L1;
 }
 
-// The product goes through its text, so that noise behind the decimals can't tip a half.
+// Rounded by its decimal text, so that noise behind the decimals can't tip a half.
 int ZScore_Height(double z, int scale) {
     constexpr int single_precision_digits = 7;
     return Twips(QString::number(z * scale, 'g', single_precision_digits).toDouble());
 }
 
 } // namespace
-
-// ---- profiles
 
 // All but the centiles may still be an earlier pupil's while the centile is 0.
 Profile Profile_Of(const scoring::Score_Store& scores) {
@@ -104,8 +101,6 @@ Profile Profile_Of(int p, const scoring::Cohort_Tables& cohort) {
     profile.friends_terminated = cohort.Cohort_Friends_Terminated[p];
     return profile;
 }
-
-// ---- layouts
 
 Chart_Layout Large_Chart(bool show_time_bars) {
     constexpr Chart_Place place{1200, 4320, 8000, 5000};
@@ -154,8 +149,6 @@ Chart_Layout Small_Chart(int left, int top, bool show_time_bars) {
     };
 }
 
-// ---- a bar
-
 namespace {
 
 // Places on a page are whole numbers of 16 bits; one beyond them is an error, not a bar somewhere else.
@@ -200,8 +193,6 @@ void DrawBar(ViewPro& sheet, int x, int y, int width, int height, Bar_Colour col
         boxes.Ask(desktop::Box_Style::Plain, desktop::Default_Box_Title(), u"Error in DrawBar"_s);
     }
 }
-
-// ---- the ground
 
 Paper_Charts::Paper_Charts(ViewPro& sheet, desktop::Message_Boxes& boxes) : sheet(sheet), boxes(boxes) {
 }
@@ -271,8 +262,6 @@ void Paper_Charts::Draw_Column_Labels(const Chart_Layout& layout) {
     sheet.FontSize = 8;
 }
 
-// ---- the charts
-
 // Gives the height of a line, by which the scale's texts are placed however small they are.
 int Paper_Charts::Begin_Scale() {
     sheet.TextAlign = 0;
@@ -282,7 +271,7 @@ int Paper_Charts::Begin_Scale() {
     return sheet.TextHeight();
 }
 
-// Reads upwards. Its middle is where a chart of the report's own height has it.
+// Reads upwards. The middle is that of the individual report's chart, the only one with titles.
 void Paper_Charts::Draw_Axis_Title(const Chart_Place& place, int line, const QString& title) {
     constexpr int upright = 900;
     constexpr int middle = 2160;
@@ -375,8 +364,6 @@ void Paper_Charts::Draw_Profile(const Chart_Layout& layout, const Profile& profi
     else
         DrawZScoreChart(layout, profile, look.show_time_bars);
 }
-
-// ---- legend and note
 
 void Paper_Charts::Draw_Extra_Legend(int x, int y, bool show_time_bars) {
     constexpr int side = 240;

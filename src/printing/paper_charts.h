@@ -42,9 +42,9 @@ struct Chart_Place {
 // a batch sheet. Lengths are twips, font sizes points.
 struct Chart_Layout {
     Chart_Place place;
-    bool has_titles;       // the title of the axis and the names of the bands
-    int bar_step;          // from one test to the next
-    int bar_width;         //
+    bool has_titles; // the title of the axis and the names of the bands
+    int bar_step;    // from one test to the next
+    int bar_width;
     int first_centile_bar; // left edge of the first test's bar
     int first_zscore_bar;
     int time_bar_offset; // from the accuracy bar's left edge to the time bar's
@@ -57,10 +57,10 @@ struct Chart_Layout {
     int low_centile;     // "Trm" stands clear of a bar that is lower
 };
 
+// The chart of the individual report, and one of a batch sheet with its left top corner there.
 Chart_Layout Large_Chart(bool show_time_bars);
 Chart_Layout Small_Chart(int left, int top, bool show_time_bars);
 
-// How the profiles of a report are shown.
 struct Chart_Look {
     QString ground;     // "GREY" for bands, else lines on white
     QString Chart_Mode; // "P" for centiles, "Z" for z-scores
@@ -70,11 +70,11 @@ struct Chart_Look {
 enum class Bar_Colour { Red, Blue };
 
 // A bar of its colour in a black frame, with a label at its right. It hangs from y; a negative height stands
-// on y. No height, no bar. An error is told, and ends the bar.
+// on y. No height, no bar. An error is shown in a box, and ends the bar.
 void DrawBar(preview::ViewPro& sheet, int x, int y, int width, int height, Bar_Colour colour,
              const QString& label, desktop::Message_Boxes& boxes);
 
-// Draws profiles on a sheet.
+// Draws the profile charts of both reports on a sheet, which must outlive it.
 class Paper_Charts {
 public:
     Paper_Charts(preview::ViewPro& sheet, desktop::Message_Boxes& boxes);
@@ -83,7 +83,7 @@ public:
     bool Has_Terminated_Mark = false;
 
     void Set_Up(const Chart_Place& place); // the pen's state before the frame; what follows builds on it
-    // All of a chart, once it is set up.
+    // A whole chart, once it is set up.
     void Draw_Profile(const Chart_Layout& layout, const Profile& profile, const Chart_Look& look);
     void Draw_Grey_Bands(const Chart_Place& place, const QString& Chart_Mode);
     void Draw_White_Lines(const Chart_Place& place, const QString& Chart_Mode);

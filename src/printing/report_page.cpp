@@ -19,8 +19,6 @@ Report_Page::Report_Page(desktop::Platform& platform, shell::Navigator& navigato
     : Page(platform, navigator, Frame_Size), installation(installation) {
 }
 
-// ---- controls
-
 void Report_Page::Make_Preview(const QRect& place) {
     Preview = new preview::Preview_Window(ViewPro1, platform.printers, platform.clipboard, Frame1);
     Preview->setObjectName(u"ViewPro1"_s);
@@ -96,8 +94,6 @@ void Report_Page::Tell_Common_Helps(shell::Help_Line& help, const QString& copyi
     help.Tell(zooms[1], u"Reduce the report to two thirds of full size."_s);
     help.Tell(zooms[2], u"Reduce the report to 40% of full size to view the whole page."_s);
 }
-
-// ---- entries
 
 void Report_Page::Set_Zoom(int percent) {
     Preview->Set_ZoomPercent(percent);

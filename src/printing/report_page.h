@@ -40,7 +40,7 @@ protected:
 
     virtual void Draw_Anew() = 0; // the sheets that are there
 
-    // As the printer's queue shows the sheets. No pupil is named there.
+    // The sheets' name in the printer's queue, which names no pupil.
     virtual QString Document_Name() const = 0;
 
     static constexpr QSize Frame_Size{1240, 664};

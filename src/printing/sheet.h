@@ -7,29 +7,29 @@
 
 namespace printing {
 
-// What both reports do alike with a sheet of paper.
+// What both reports do alike with a sheet of paper. Lengths are twips, font sizes points.
 
-inline constexpr int Usual_Line = 10; // twips
+inline constexpr int Usual_Line = 10; // the width of a pen
 
 // The settings with which a report page opens.
 void Set_Up_Sheet(preview::ViewPro& sheet, int cell_padding);
 
-// The line of head and foot in the bar notation.
+// Head and foot of every page, each as "left|centre|right".
 void Draw_Running_Texts(preview::ViewPro& sheet, const QString& head, const QString& foot);
 
-// A line of bold text that is centred above the body of the sheet.
+// A line of bold text, centred above the body of the sheet.
 void Draw_Centred(preview::ViewPro& sheet, int y, int width, int font_size, const QString& text);
 
-// A rule over the width of the sheet's body, at height y.
+// A rule over the width of the sheet's body.
 void Draw_Rule(preview::ViewPro& sheet, int y);
 
 // A text as one cell of a table or one part of a running line: it must not hold what divides these.
 QString Cell(QString text);
 
-// The row of a table.
+// A row for ViewPro::TableText; makes each text a cell.
 QString Table_Row(const QStringList& texts);
 
-// Today's date as it is printed.
+// As dd/mm/yyyy.
 QString Today(const desktop::Clock& clock);
 
 } // namespace printing

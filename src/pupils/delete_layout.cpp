@@ -1,5 +1,3 @@
-// Where the Delete page's controls stand, and what each tells of itself.
-
 #include "pupils/delete_page.h"
 #include "pupils/page_parts.h"
 

@@ -14,7 +14,7 @@ using desktop::Answer;
 namespace {
 
 const QString All_Groups = u"ALL GROUPS"_s;
-const QString Default_Group = u"UNIVERSAL"_s; // in upper case
+const QString Default_Group = u"UNIVERSAL"_s; // compared with names in upper case
 
 using Statements = QStringList;
 
@@ -66,8 +66,6 @@ QString Codes_In_Group(database::Recordset& members) {
 }
 
 } // namespace
-
-// ---- opening
 
 void Form9::Load() {
     Timer1->start(Deferred_Ms);
@@ -131,8 +129,6 @@ void Form9::Combo1_Click() {
     HotLabel5->Set_Caption(empty_group ? u"Disband Group"_s : u"Delete all from Group"_s);
 }
 
-// ---- selecting
-
 void Form9::Selected_Count(int& count) {
     count = ListView1->Selected_Count();
 }
@@ -155,8 +151,6 @@ void Form9::HotLabel3_Click() {
 void Form9::HotLabel4_Click() {
     Select_All_Rows(false);
 }
-
-// ---- individual deletion
 
 bool Form9::Confirmed(const QString& title, int individuals) {
     const QString text = individuals > 1
@@ -207,8 +201,6 @@ void Form9::DeletePupil(const QString& code, bool& result) {
         // The first failure ends it without a word; what is gone by then stays gone.
     }
 }
-
-// ---- groups
 
 void Form9::Delete_Group_Action() {
     const QString name = Combo1->currentText();
@@ -277,8 +269,6 @@ void Form9::Delete_Multiple_Test_Tables(const QString& name) {
         connection->Execute(
             With(statement + u"studentcode IN (?studentcode_list)"_s, u"?studentcode_list"_s, codes));
 }
-
-// ---- elsewhere
 
 void Form9::HotLabel1_Click() {
     navigator.Go_To(shell::Page_Id::Main_Menu);

@@ -1,5 +1,3 @@
-// Where the Fine tuning page's controls stand, and what each tells of itself.
-
 #include "pupils/fine_tuning_page.h"
 
 using namespace Qt::StringLiterals;

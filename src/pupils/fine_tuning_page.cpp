@@ -21,8 +21,6 @@ static int Test_Index(std::size_t i) {
     return static_cast<int>(i) + 1; // balls count from 0, tests from 1
 }
 
-// ---- opening
-
 void Form15::Load() {
     Show_Retest_Panels(false);
     sex->Set_Sex_Combo();
@@ -52,8 +50,6 @@ void Form15::Take_Pupil(int p) {
         pupils.Test_Date[t][p] = holder.Field(test.Date_Column).Text_Or_Empty();
     }
 }
-
-// ---- choosing a pupil
 
 void Form15::Combo1_Click() {
     Current_Pupil = Combo1->ListIndex() + 1;
@@ -88,7 +84,7 @@ void Form15::Populate_Year_List() {
     birth->Populate_Year_List(First_Year, birth->Current_Year() - Usual_Age - First_Year);
 }
 
-// An item that the list doesn't have is an error of the list, as the year of a child not yet one year old.
+// The list refuses an item that it doesn't have, such as the present year.
 static void Choose_Item(shell::Click_Combo* list, int index) {
     if (index < -1 || index >= list->count()) basics::Raise(basics::errors::Invalid_Property_Value);
     list->Set_ListIndex(index);
@@ -114,7 +110,7 @@ static std::optional<Birth_Numbers> Read_By_Position(const QString& date) {
 // A pupil without a date of birth, or with a text that is none, leaves the lists where they start, so that a
 // date can be chosen. Until one is, the stored text stays theirs.
 void Form15::Set_Date_Combos(int index) {
-    constexpr int pivot = 30; // doesn't move
+    constexpr int pivot = 30; // years from 30 on are of the 1900s, whatever the clock says
     birth->Populate_Date_List(Longest_Month, 1);
     birth->Populate_Months_List();
     Populate_Year_List();
@@ -129,8 +125,6 @@ void Form15::Set_Date_Combos(int index) {
     // February was chosen in the usual year, which took the 29th away.
     if (date->day == 29 && date->month == 2 && birth->Combo2->count() == 29) birth->Combo2->Set_ListIndex(28);
 }
-
-// ---- personal details
 
 std::function<void()> Form15::For_Current_Pupil(void (Form15::*work)(int index)) {
     return [this, work] {
@@ -181,8 +175,6 @@ void Form15::Undo_Personal_Details(int index) {
     sex->Combo5->Set_ListIndex(undo.sex == "M"_L1 ? 0 : 1);
 }
 
-// ---- retesting
-
 void Form15::Set_Retest_Buttons_Enabled(bool enabled) {
     HotLabel6->setEnabled(enabled);
     HotLabel7->setEnabled(enabled);
@@ -231,8 +223,6 @@ void Form15::Save_Retest_Flags(int index) {
     holder.ado_Close();
     Combo1->Set_ListIndex(kept_index);
 }
-
-// ---- elsewhere
 
 void Form15::HotLabel1_Click() {
     navigator.Go_To(shell::Page_Id::Main_Menu);

@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace pupils {
 
-// ---- reading
-
 namespace {
 
 // Far more than the lines of one pass can fill with names.
@@ -72,8 +70,6 @@ QStringList Import_Fields(QStringView line) {
     fields.append(line.toString());
     return fields;
 }
-
-// ---- dates
 
 namespace {
 
@@ -139,8 +135,6 @@ QString Format_Import_Date(const QString& text) {
     return date ? date->toString(u"dd/MM/yy"_s) : text;
 }
 
-// ---- validation
-
 namespace {
 
 constexpr qsizetype Lowest_Last_Field = 5;
@@ -204,8 +198,6 @@ QString Validate_Import_Record(QStringList& fields, qint16 line_number) {
     return Passed;
 }
 
-// ---- the walk
-
 void Walk_Import_Text(QStringView text, Import_Pass& pass, const Import_Steps& steps) {
     Line_Reader reader(text);
     while (!reader.At_End()) {
@@ -225,7 +217,7 @@ void Walk_Import_Text(QStringView text, Import_Pass& pass, const Import_Steps& s
 }
 
 QString Erroneous_Records_Text(const Import_Pass& pass) {
-    const QString blank_line = u"\r\r"_s; // without line feeds
+    const QString blank_line = u"\r\r"_s;
     return basics::Plain_Number(pass.error_count) +
            u" record(s) could not be imported because of invalid data."_s + blank_line +
            u"Erroneous records are:"_s + blank_line + pass.error_text;

@@ -56,7 +56,6 @@ struct Import_Steps {
 // Validates each record. The pass is filled as the walk goes, so that it tells how far one got that failed.
 void Walk_Import_Text(QStringView text, Import_Pass& pass, const Import_Steps& steps);
 
-// What the user is told of bad records.
 QString Erroneous_Records_Text(const Import_Pass& pass);
 
 } // namespace pupils

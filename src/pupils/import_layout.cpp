@@ -1,5 +1,3 @@
-// Where the Import page's controls stand, and what each tells of itself.
-
 #include "pupils/import_page.h"
 #include "pupils/page_parts.h"
 

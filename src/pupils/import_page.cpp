@@ -37,8 +37,6 @@ QString Dialog_Filter(const QString& described) {
 
 } // namespace
 
-// ---- preview
-
 void Form42::PreviewImport_Click() {
     try {
         desktop::File_Question question;
@@ -91,8 +89,6 @@ void Form42::Fill_Spread(const QString& surname, const QString& forename, const 
         Spread1->Set_Text(++column, row, text.left(Longest_Cell));
 }
 
-// ---- import
-
 void Form42::HotLabel3_Click() {
     if (platform.boxes.Ask(Box_Style::Yes_No_Question, u"Confirm all details accurate and complete"_s,
                            u"Are you sure that all these details are accurate?"_s) != Answer::Yes)
@@ -119,8 +115,6 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
         basics::Plain_Number(line_count) +
         u" pupils have now been imported. Please now check their settings on the Security page"_s);
 }
-
-// ---- the others
 
 void Form42::HotLabel4_Click() {
     try {

@@ -130,8 +130,6 @@ QString New_Group_Statement(const QString& group) {
                        {{u"?group_name"_s, group}});
 }
 
-// ---- the code
-
 QString Pupil_Maker::Random_Letter() {
     return QChar(u'A' + static_cast<int>(platform.random.Next() * Alphabet));
 }
@@ -172,8 +170,6 @@ void Pupil_Maker::Generate_StudentCode(const QString& surname, const QString& fo
     New_StudentCode += Random_Letters(Code_Letters);
     Replace_Chars(New_StudentCode, u"'"_s, u'O');
 }
-
-// ---- the statements
 
 void Pupil_Maker::Run_All_Statements(QStringList& fields) {
     if (fields.size() < place::Count) basics::Raise(basics::errors::Subscript_Out_Of_Range);

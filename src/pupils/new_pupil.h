@@ -22,7 +22,7 @@ QString New_Pupil_Statement(const QStringList& fields, const QString& student_co
 QString Group_Test_Statement(const QString& group);
 QString New_Group_Statement(const QString& group);
 
-// Makes pupils, for every page that does.
+// Makes pupils for the Register page and the Import page.
 class Pupil_Maker {
 public:
     Pupil_Maker(desktop::Platform& platform, const foundation::Installation& installation)

@@ -47,8 +47,8 @@ Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QStrin
                    const QPoint& corner, QWidget* parent) {
     const Yes_No pair{Make_Option(yes_name, u"Yes"_s, question, corner, parent),
                       Make_Option(no_name, u"No"_s, question, corner + QPoint(76, 0), parent)};
-    // Without a group of their own they would be one with those of the panels inside their parent, and take
-    // these off the Tab key's way.
+    // Without a group of their own they would belong to one group with those of the panels inside their
+    // parent, which the Tab key would then pass over.
     auto* group = new QButtonGroup(parent);
     group->addButton(pair.yes);
     group->addButton(pair.no);

@@ -12,8 +12,6 @@
 
 namespace pupils {
 
-// The parts that these pages are laid out of.
-
 // Two option buttons of which one holds.
 struct Yes_No {
     QRadioButton* yes = nullptr;
@@ -23,7 +21,7 @@ struct Yes_No {
     void Set(bool value) const { (value ? yes : no)->setChecked(true); }
 };
 
-// The two stand side by side from the corner on.
+// Side by side, from the corner to the right.
 Yes_No Make_Yes_No(const QString& yes_name, const QString& no_name, const QString& question,
                    const QPoint& corner, QWidget* parent);
 
@@ -35,7 +33,7 @@ shell::Click_Combo* Make_Combo(const QString& name, const QString& accessible_na
 QLabel* Make_Number(const QString& name, const QRect& place, QWidget* parent); // a count, at the right
 QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent);
 
-// The help line that speaks through the label.
+// A help line whose texts the label shows.
 shell::Help_Line* Help_In(QLabel* label, QObject* owner);
 
 // Reads all pupils by their names into the lists and the box to choose from. `take` fills what the page needs

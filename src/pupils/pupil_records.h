@@ -47,7 +47,6 @@ struct Record_Data {
     Pupil_Records& records;
 };
 
-// Fills the lists from the groups table.
 void Load_Groups(foundation::Access_Holder& holder, const foundation::Installation& installation,
                  Group_Lists& groups);
 

@@ -1,5 +1,3 @@
-// Where the Register page's controls stand, and what each tells of itself.
-
 #include "pupils/page_parts.h"
 #include "pupils/register_page.h"
 

@@ -40,8 +40,6 @@ bool Form10::Invalid_Name_Entered() {
     return true;
 }
 
-// ---- clearing
-
 void Form10::Populate_Year_List() {
     birth->Populate_Year_List(First_Year, Chosen_Year_Item);
 }
@@ -64,8 +62,6 @@ void Form10::Clear_For_New_Student() {
     birth->Populate_Months_List();
     Populate_Year_List();
 }
-
-// ---- saving
 
 void Form10::HotLabel2_Click() {
     if (Invalid_Name_Entered()) return;
@@ -106,8 +102,6 @@ void Form10::Count_New_Person() {
 void Form10::HotLabel1_Click() {
     navigator.Go_To(shell::Page_Id::Main_Menu);
 }
-
-// ---- the progress bar
 
 void Form10::Show_ProgBar() {
     Shape1->show();

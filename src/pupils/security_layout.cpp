@@ -1,5 +1,3 @@
-// Where the Security page's controls stand, and what each tells of itself.
-
 #include "pupils/security_page.h"
 
 using namespace Qt::StringLiterals;

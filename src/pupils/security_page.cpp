@@ -20,8 +20,6 @@ static QString Without_Apostrophes(QString text) {
     return text.remove(u'\'');
 }
 
-// ---- opening
-
 void Form2::Load() {
     records.groups.Group_Count = 1;
     Current_Pupil = 1;
@@ -63,8 +61,6 @@ void Form2::Take_Pupil(int p) {
     records.Pupil_Dob_As_Pw[p] = Number_Or_Zero(holder.Field(u"Dob_as_pw"_s));
 }
 
-// ---- the grid
-
 void Form2::SpreadSheet_Headings() {
     const QString headings[] = {u"User ID"_s,  u"Student"_s,     u"D.O.B"_s,
                                 u"Password"_s, u"Group/Class"_s, u"Login list"_s};
@@ -98,8 +94,6 @@ void Form2::Bring_Into_View(int row) {
     else
         Spread1->scrollTo(Spread1->model()->index(row - 1, 0), QAbstractItemView::PositionAtTop);
 }
-
-// ---- one pupil
 
 void Form2::Combo1_Click() {
     const int p = Combo1->ListIndex() + 1;
@@ -149,8 +143,6 @@ void Form2::Update_Pupil_Settings() {
     Populate_SpreadSheet(pupils.Pupils_Listed);
 }
 
-// ---- group settings
-
 void Form2::Fill_Group_Combos() {
     for (shell::Click_Combo* list : {Combo2, Combo3, Combo4, Combo5})
         list->Clear();
@@ -173,7 +165,8 @@ void Form2::Combo2_Click() {
     Fill_Groups(Combo2->ListIndex() + 1);
 }
 
-// The reload on the way goes back to the first group, where the panel stays: its choice isn't kept.
+// Loading everyone afresh chooses the first group, before the choice is kept: so the panel goes back to that
+// group.
 void Form2::Update_Group_Settings() {
     Update_Group_Row();
     Update_Groups_For_All_Students();
@@ -204,8 +197,6 @@ void Form2::Update_Groups_For_All_Students() {
     Run(statement);
     Load_Everyone_Afresh();
 }
-
-// ---- group names
 
 void Form2::Run(const QString& statement) {
     holder.ado_Open(installation.Connection_String, statement, u"Optimistic"_s);
@@ -279,8 +270,7 @@ void Form2::Disband_Group() {
     Fill_Student_Settings(Current_Pupil);
 }
 
-// ---- enabling: item 0 is the default group, which keeps its name and its row
-
+// Item 0 is the default group, which keeps its name and its row.
 void Form2::Combo4_Click() {
     const bool may_change = Combo4->ListIndex() >= 1;
     Text3->setEnabled(may_change);
@@ -298,8 +288,6 @@ void Form2::Text3_Change() {
 void Form2::Text4_Change() {
     HotLabel3->setEnabled(!Text4->text().isEmpty());
 }
-
-// ---- entries
 
 void Form2::HotLabel1_Click() {
     navigator.Go_To(shell::Page_Id::Main_Menu);

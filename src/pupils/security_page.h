@@ -46,7 +46,7 @@ public:
     void Text3_Change();
     void Text4_Change();
     void HotLabel1_Click(); // the menu
-    void HotLabel2_Click(); // Print
+    void HotLabel2_Click(); // prints the grid
     void HotLabel3_Click(); // adds a group
 
 private:

@@ -7,8 +7,8 @@
 
 namespace pupils {
 
-// Tells how far work on many pupils has come, and keeps the window painted meanwhile. What the user does
-// waits for the end of the work.
+// Shows how far work on many pupils has come, and keeps the window painted meanwhile. What the user does
+// waits until the work is over.
 class Work_Bar final : public QProgressBar {
 public:
     Work_Bar(desktop::Platform& platform, const QString& name, const QString& accessible_name,

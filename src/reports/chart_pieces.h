@@ -23,8 +23,8 @@ enum class Measure { Accuracy, Time };
 // blue.
 QFrame* Make_Bar(const QString& name, Measure measure, QWidget* parent);
 
-// A test's column as the keyboard and a screen reader meet it: an item of a list, in words. One of the eight
-// is on the way of the Tab key; the arrow keys lead to the others.
+// A test's column as the keyboard and a screen reader meet it: an item of a list, in words. The Tab key stops
+// at one of the eight; the arrow keys lead to the others.
 class Chart_Row final : public QWidget {
     Q_OBJECT
 public:

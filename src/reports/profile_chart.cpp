@@ -15,7 +15,7 @@ namespace reports {
 
 namespace {
 
-// The chart as a list of its columns. The bars, being drawings, aren't told of.
+// The chart as a list of its columns. The bars are drawings, and no items of the list.
 class Chart_Interface final : public QAccessibleWidget {
 public:
     explicit Chart_Interface(Profile_Chart* chart)
@@ -179,7 +179,7 @@ void Profile_Chart::Show_ZScore_Bars(const Eight_Centiles& centiles) {
     }
 }
 
-// Whether a time bar is seen is Set_Bar_Widths' alone on this scale.
+// On this scale Set_Bar_Widths alone decides whether time bars are seen.
 void Profile_Chart::Show_Time_ZScore_Bars(const Eight_Centiles& centiles) {
     for (int t = 1; t <= 8; ++t)
         Place(Time_Shape(t), ZScore_Place(centiles[static_cast<std::size_t>(t - 1)]));

@@ -40,15 +40,15 @@ public:
     // shading leaves the ground. A missing or unreadable file is a run-time error.
     void Load_Ground(const QString& app_path);
 
-    // Of the scores in store, on the scale in force; Show_Bars takes the time bars, if they are on, and the
-    // marks along.
+    // From the score store, on the scale in force; Show_Bars also sets the time bars, if they are on, and the
+    // marks.
     void Show_Bars();
     void Show_Time_Bars();
     void Show_Centile_Bars(const Eight_Centiles& centiles); // the scale in force becomes centiles
     void Show_Time_Centile_Bars(const Eight_Centiles& centiles);
     void Show_ZScore_Bars(const Eight_Centiles& centiles);
     void Show_Time_ZScore_Bars(const Eight_Centiles& centiles);
-    // A z-score without a height is told in a box and leaves the height.
+    // A z-score that has no height is reported in a box, and `height` stays as it was.
     void Convert_Z_Score_To_Bar_Height(double z, qint16& height);
     void Set_Bar_Widths(bool show_time, int width); // pixels, of the accuracy bars
     void Reset_Bars();

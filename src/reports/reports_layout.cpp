@@ -1,5 +1,3 @@
-// Where the Reports page's controls stand, and what each tells of itself.
-
 #include "reports/chart_pictures.h"
 #include "reports/reports_page.h"
 #include "scoring/test_catalogue.h"
@@ -78,7 +76,7 @@ static QLabel* Make_Picture(const QString& name, const QPixmap& picture, QWidget
     return label;
 }
 
-// Two entries of which one holds.
+// Of the two entries one is always chosen.
 static void Pair(HotLabel* one, HotLabel* other, QObject* owner) {
     auto* pair = new QButtonGroup(owner);
     for (HotLabel* label : {one, other}) {

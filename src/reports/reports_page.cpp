@@ -16,8 +16,6 @@ constexpr int Whole_Column = Profile_Chart::Column_Width;
 constexpr int Half_Column = Whole_Column / 2;
 const QString Way_Back = u"Show the bar chart"_s;
 
-// ---- opening
-
 void Form30::Load() {
     Show_Progress_Width(1);
     state.Show_Time_Bars = false;
@@ -62,8 +60,6 @@ void Form30::Load_Students() {
 bool Form30::Has_Pupil() const {
     return Combo1->ListIndex() >= 0;
 }
-
-// ---- choosing a pupil
 
 void Form30::Combo1_Click() {
     state.Current_Pupil = static_cast<qint16>(Combo1->ListIndex() + 1);
@@ -130,8 +126,6 @@ void Form30::Show_Progress_Width(int width) {
     strip_painted.start();
 }
 
-// ---- time bars
-
 void Form30::Toggle_Show_TimeBars(int p) {
     state.Show_Time_Bars = !state.Show_Time_Bars;
     if (!state.Show_Time_Bars) {
@@ -153,8 +147,6 @@ void Form30::Show_Time_Flag() {
     Image4->setAccessibleName(state.Show_Time_Bars ? u"Time bars on"_s : u"Time bars off"_s);
     Time_Key->setVisible(state.Show_Time_Bars);
 }
-
-// ---- scale and ground
 
 void Form30::Copy_Scale_Picture() {
     Image2->setPixmap((state.Chart_Mode == "Z"_L1 ? Image7 : Image6)->pixmap());
@@ -204,9 +196,7 @@ void Form30::ShowWhite_Click() {
     Change_Background(u"WHITE"_s);
 }
 
-// ---- chart and tables
-
-// The line is on the way of the keys only while it leads somewhere.
+// The Tab key stops at the line only while the line leads somewhere.
 void Form30::Show_In_Label7(const QString& text) {
     Label7->Set_Caption(text);
     const bool leads_back = text == Way_Back;
@@ -265,8 +255,6 @@ void Form30::Show_Summary_Cells() {
 void Form30::Describe_Chart() {
     if (Has_Pupil()) Picture2->Describe();
 }
-
-// ---- entries
 
 void Form30::HotLabel1_Click() {
     navigator.Go_To(shell::Page_Id::Main_Menu);

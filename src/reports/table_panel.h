@@ -34,7 +34,7 @@ public:
     void Show_Which_Raw_Data(int t, int p);    // any other t does nothing
 
     // Prints the table on screen, with its heading, on the printer chosen last; nothing if there is none. A
-    // fault of the printer is told in a box.
+    // fault of the printer is shown in a box.
     void Print(const Report_State& state, const foundation::Installation& installation,
                desktop::Platform& platform);
 

@@ -21,11 +21,11 @@ struct Cohort_Tables {
     Of_Each_Pupil<bool> Cohort_Friends_Terminated;
 };
 
-// Told the text of the batch page's progress label.
+// Called with the text of the batch page's progress label.
 using Progress_Label = std::function<void(const QString& text)>;
 
-// The raw pass for the first count entries of Cohort_Pupil. The centiles of the pupil scored before are put
-// back, and no more of them: Raw_Score and Raw_ZScore are the last entry's. The terminated flags aren't
+// The raw pass for the first count entries of Cohort_Pupil. Afterwards the score store has the centiles again
+// that it had before; Raw_Score and Raw_ZScore stay those of the last entry. The terminated flags aren't
 // cleared from entry to entry, so one who didn't take the test inherits the one before.
 void Score_Cohort(int count, const Progress_Label& show_progress, Cohort_Tables& cohort, Scoring& scoring);
 

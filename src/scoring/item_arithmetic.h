@@ -38,8 +38,8 @@ void Split_Chosen(const basics::Value& text, Work_Lists& work);
 void Score_Item(const basics::Value& requested, const basics::Value& chosen, int& result, Item_Form form,
                 Work_Lists& work);
 
-// Chosen elements that stand anywhere in the requested list, less those in place: it counts on Score_Item
-// having seen the same item just before.
+// Chosen elements that stand anywhere in the requested list, less those in place. Score_Item must have seen
+// the same item just before.
 void Seq_Errors_Direct(const basics::Value& requested, const basics::Value& chosen, int& result,
                        Item_Form form, Work_Lists& work);
 

@@ -24,7 +24,7 @@ private:
     std::vector<basics::Value> values;
 };
 
-// Which columns of a row hold a test's items; looked up once for all rows of a shape.
+// The columns of a row that hold a test's items; looked up once for all rows of a shape.
 class Item_Places {
 public:
     void Find(const database::Recordset& rows, const Item_Columns& names);

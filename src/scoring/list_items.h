@@ -19,6 +19,7 @@ void Add_Up_Lists(int t, Scoring& scoring);
 // The same, with each item's sequence errors counted directly after its score.
 void Add_Up_Lists_And_Sequence_Errors(int t, Sequence_Errors_Rule rule, Scoring& scoring);
 
+// The raw pass must have loaded the items.
 bool Has_Unreached_Item(int t, const Item_Store& items);
 
 } // namespace scoring

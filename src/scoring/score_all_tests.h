@@ -7,7 +7,8 @@
 
 namespace scoring {
 
-// Told the width of the progress strip in pixels as each test is through; an empty one asks for no progress.
+// Called with the width of the progress strip, in pixels, as each test is through; empty where no progress is
+// shown.
 using Progress_Strip = std::function<void(int width)>;
 
 // The raw pass over all nine tests of the pupil at place p. A test is scored only if its status is 1.

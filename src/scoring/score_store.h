@@ -28,8 +28,8 @@ struct Score_Store {
     bool Friends_Terminated = false;
 };
 
-// Takes every test's score back by its mark alone; what else an earlier pupil left is not shown while the
-// centile is 0.
+// Sets the centiles to 0, which marks tests without a score, and Pindo's attempts; what else an earlier pupil
+// left isn't shown then.
 void Clear_Scores(Score_Store& scores);
 
 void Clear_Terminated_Flags(Score_Store& scores);

@@ -35,7 +35,6 @@ inline constexpr int Test_Date = 9;
 inline constexpr int Test_Age = 10;
 } // namespace summary_column
 
-// Row of test t.
 constexpr int Summary_Row(int t) {
     return t + 1;
 }

@@ -54,6 +54,7 @@ struct Test_Entry {
     Item_Columns Columns;
 };
 
+// t from 1 to 9; any other is run-time error 9.
 const Test_Entry& Test_At(int t);
 
 } // namespace scoring

@@ -16,7 +16,7 @@ Item_Range All_Items(int t);
 
 enum class Item_Load { Answers, Times, Answers_And_Times };
 
-// Reads items into the store. Answers bring the counts of repeats and pauses along.
+// Reads items into the store; answers from the pupil's own row bring the counts of repeats and pauses along.
 void Load_Items(int t, Item_Range range, Item_Load load, int p, database::Recordset* rs, Scoring& scoring);
 
 // More than 0 and less than 1000000 milliseconds; an item that wasn't timed has none.
@@ -29,7 +29,7 @@ void Look_Up_Raw_Total(int t, int p, Scoring& scoring);
 // norms. Without a valid time it is run-time error 11.
 void Add_Up_Times(int t, Item_Range range, int p, Scoring& scoring);
 
-// A time pass as most tests have it.
+// The time pass of all normed tests but Karrel: sets the sum of times to 0, reads the times and adds them up.
 void Time_Items(int t, Item_Range range, int p, database::Recordset* rs, Scoring& scoring);
 
 // One word that takes another's place, in requested and chosen alike; other texts pass unchanged.

@@ -32,8 +32,6 @@ const QString No_Choice = u"*.mdb"_s; // what an Open dialog's file name is unti
 
 } // namespace
 
-// ---- the page
-
 Form60::Form60(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
                Menu_Counts& counts, database::File_Copies& copies, conversion::Older_Files& older_files)
     : Page(platform, navigator, Frame_Size),
@@ -150,8 +148,6 @@ QString Form60::Chosen_Archive(const QString& title) {
     return older_files.Is_One(basics::Native_Path(answer)) ? Converted_Copy(answer) : answer;
 }
 
-// ---- archives of the older format
-
 QString Form60::Converted_Copy(const QString& file) {
     const QString title = u"Older file format"_s;
     const Answer answer = platform.boxes.Ask(
@@ -185,8 +181,6 @@ void Form60::Show_Progress(const conversion::Progress& progress) {
     conversion_bar->show();
     conversion_bar->repaint();
 }
-
-// ---- saving
 
 // A 12-hour clock without morning or afternoon: two saves of a day may suggest the same name.
 QString Form60::Create_Unique_Filename() const {
@@ -247,8 +241,6 @@ void Form60::Save_As(const QString& file) {
                        u"Your database has been archived as "_s + file);
 }
 
-// ---- replacing the working database
-
 bool Form60::Confirmed(const QString& title, Wrong_Password wrong) {
     if (counts.Number_Of_Students.As_Integer() <= 0) return true; // nobody's results can be lost
     const QString text =
@@ -290,7 +282,7 @@ bool Form60::Lacks_The_Password(database::Recordset& row) const {
            row.Fields(u"Admin_Password"_s).Value() != installation.Admin_Password;
 }
 
-// What would keep an archive from taking the password is met before its content replaces anything.
+// Fails, before anything is replaced, where the archive wouldn't take the password.
 void Form60::Require_That_It_Takes_The_Password(const QString& archive) {
     holder.Let_Go();
     database::Connection connection;
@@ -360,8 +352,6 @@ void Form60::Clear_Working_Database() {
     Set_Archive_Buttons();
     Label13->setText(u"0"_s);
 }
-
-// ---- viewing an archive
 
 void Form60::HotLabel3_Click() {
     View_Archived_Database();

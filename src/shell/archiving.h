@@ -47,7 +47,7 @@ private:
     QString Chosen_Archive(const QString& title);
     QString Converted_Copy(const QString& file);
     void Show_Progress(const conversion::Progress& progress);
-    QString Why_No_Archive(const QString& file) const; // that name isn't taken for a save; empty if it is
+    QString Why_No_Archive(const QString& file) const; // why the name isn't taken for a save; empty if it is
     void Save_As(const QString& file);
     bool Confirmed(const QString& title, Wrong_Password wrong);
     bool Password_Accepted(Wrong_Password wrong);

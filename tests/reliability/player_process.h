@@ -20,7 +20,7 @@ public:
     Player_Process& operator=(const Player_Process&) = delete;
 
     bool Is_Playing() const { return process.state() == QProcess::Running; }
-    void Stop(); // at its next pause
+    void Stop(); // it ends at its next pause
     // What it said while it played and as it stopped; its exit status.
     QString Told() { return QString::fromUtf8(process.readAll()).simplified(); }
     int Status() const { return process.exitCode(); }

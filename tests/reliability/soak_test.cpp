@@ -75,7 +75,7 @@ protected:
         ASSERT_TRUE(QFile::rename(folder + u"mine.mdb"_s, made.file));
         archives.append(made);
     }
-    // A class comes, and goes with one of those who are being tested.
+    // Imports a class, and deletes it together with one pupil who is being tested.
     void Work_For(qint64 seconds) {
         QElapsedTimer since;
         since.start();

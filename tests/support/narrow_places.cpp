@@ -58,7 +58,7 @@ static void Set_File_Size_Limit(rlim_t bytes) {
 }
 
 Bounded_Files::Bounded_Files(qint64 bytes) : there(true) {
-    std::signal(SIGXFSZ, SIG_IGN); // an error and not the end
+    std::signal(SIGXFSZ, SIG_IGN); // a write that is too long then fails instead of ending the process
     Set_File_Size_Limit(static_cast<rlim_t>(bytes));
 }
 

@@ -24,7 +24,7 @@ private:
     QString folder;
 };
 
-// Bounds how long files may become that this process writes, as a quota does.
+// Limits the size of the files that this process writes, as a quota does.
 class Bounded_Files {
 public:
     explicit Bounded_Files(qint64 bytes);

@@ -211,7 +211,7 @@ struct Scripted_Platform {
                                ini,    files,    folders,   dialogs,  file_dialogs, input_box,
                                random, printers, clipboard, registry, settings};
 
-    // Neither a cancelled dialog nor a faulty printer has a word told.
+    // Prints with a cancelled dialog and with a faulty printer: neither may show a box or let an error out.
     void Expect_Silent_Unless_Printed(const std::function<void()>& print);
 };
 

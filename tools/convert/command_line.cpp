@@ -65,8 +65,7 @@ std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& o
                    parser.isSet(force) ? If_There_Is_One::Replace : If_There_Is_One::Refuse};
 }
 
-// ---- tables of text: the first column from the left, the others from the right
-
+// The first column stands at the left, the others at the right.
 QString Text_Table(const QList<QStringList>& rows) {
     QList<qsizetype> widths(rows.first().size());
     for (const QStringList& row : rows)
@@ -113,8 +112,6 @@ QString Comparison_Text(const conversion::Comparison& comparison) {
         text += u"... and %1 more\n"_s.arg(differing - comparison.Examples().size());
     return text + (differing == 0 ? u"All values are equal.\n"_s : u"They differ.\n"_s);
 }
-
-// ---- one file, and a folder of them
 
 class Command {
 public:

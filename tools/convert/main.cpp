@@ -14,8 +14,8 @@
 
 namespace {
 
-// A signal finds nothing but a variable like this. It is only asked for, so that the unfinished file goes on
-// the way of any other failure.
+// A signal handler may set nothing but a variable like this. The conversion asks for it, so that the
+// unfinished file goes the way of any other failure.
 volatile std::sig_atomic_t was_interrupted = 0;
 
 bool Somebody_Sits_Before_The_Errors() {

@@ -67,8 +67,6 @@ double Widened(float single) {
 
 } // namespace
 
-// ---- a table's description
-
 Table_Reader::Table_Reader(MdbHandle* file, MdbCatalogEntry* entry, std::uint64_t file_size)
     : file(file), table(mdb_read_table(entry)), file_size(file_size), name(entry->object_name) {
     if (!table) Fail("its description can't be read");
@@ -129,8 +127,6 @@ void Table_Reader::Write_Description(Stream& stream) const {
     for (const std::uint16_t place : key)
         stream.Put(place);
 }
-
-// ---- its rows
 
 void Table_Reader::Write_To(Stream& stream) {
     Write_Description(stream);
@@ -264,8 +260,6 @@ std::string Table_Reader::Text_Of(const std::uint8_t* bytes, std::size_t size) c
     text.resize(static_cast<std::size_t>(length));
     return text;
 }
-
-// ---- values that lie on pages of their own
 
 std::string Table_Reader::Chunk(std::uint32_t page_and_row) {
     void* page = nullptr;

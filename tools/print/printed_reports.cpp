@@ -71,8 +71,6 @@ Office::Office(const Print_Request& request, desktop::Platform& platform)
            [&] { scoring::Load_Pupil_Lists(page_holder, installation, platform.clock, data.pupils); });
 }
 
-// ---- individual reports
-
 int Office::Place_Of(const QString& code) const {
     for (int p = 1; p <= data.pupils.Pupils_Listed; ++p)
         if (data.pupils.Student_Code[p] == code) return p;
@@ -116,8 +114,6 @@ Printed_Document Office::Individual_Reports(const QStringList& codes) {
                 sheets[static_cast<std::size_t>(page - 1)].paint(painter, 1);
             }};
 }
-
-// ---- the batch
 
 void Office::Require_Group(const QString& group) const {
     bool found = group == printing::All_Groups();

@@ -57,7 +57,7 @@ private:
     desktop::Processes& processes;
 };
 
-// Gives the file to import.
+// Writes the file to import, and gives it when asked.
 class One_Class_List final : public desktop::File_Dialogs {
 public:
     explicit One_Class_List(QString file) : file(std::move(file)) {

@@ -6,9 +6,8 @@
 
 namespace test_player {
 
-// A log of what was committed, one line a row: when, code, test and digest, with tabs
-// between. A line is on the disk before the
-// next sitting begins, so that a crash leaves at most one committed row without its line.
+// A log of what was committed, one line a row: when, code, test and digest, with tabs between. A line is on
+// the disk before the next sitting begins, so that a crash leaves at most one committed row without its line.
 class Answer_Journal {
 public:
     explicit Answer_Journal(const QString& name); // goes on behind what the file holds

@@ -6,13 +6,12 @@
 namespace basics {
 
 // Windows-1252, the Western code page, one byte a character. A character that it lacks becomes its base
-// letter
-// ("ł" an "l", "ő" an "o") or a like sign; what has none becomes a question mark. A mark that only joins the
-// character before it gives no byte.
+// letter ("ł" an "l", "ő" an "o") or a like sign; what has none becomes a question mark. A mark that only
+// joins the character before it gives no byte.
 QByteArray To_Code_Page_1252(char32_t character);
 
-// Text in the system's single-byte code page; Windows-1252 where none is set. What the latter leaves empty
-// stays as it came.
+// Text in the system's single-byte code page; Windows-1252 where none is set. The five bytes that
+// Windows-1252 leaves empty stay as they came.
 QString From_Code_Page(const QByteArray& bytes);
 
 } // namespace basics

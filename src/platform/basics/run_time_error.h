@@ -71,10 +71,9 @@ inline constexpr int Unknown_Table = -2147217865;
 inline constexpr int Row_Has_Gone = -2147217864;
 } // namespace errors
 
-// The run-time error of that number with its customary description.
+// The run-time error of that number with its customary description; Raise throws it.
 Run_Time_Error Customary_Error(int number);
 
-// Throws it.
 [[noreturn]] void Raise(int number);
 
 } // namespace basics

@@ -36,7 +36,7 @@ public:
     // Runs a statement that returns no rows; gives the number of rows it affected.
     int Execute(const QString& sql);
 
-    // Meets the error that a change of the file would meet; changes nothing.
+    // Throws the error that a change of the file would meet; changes nothing.
     void Rehearse_A_Change() { Opened().Rehearse_A_Change(); }
 
     // The tables of the file: rows with one field, Table_Name.
@@ -50,7 +50,7 @@ private:
     Kept_Engine* keeper = nullptr;
 };
 
-// A statement that is set and run by its text alone.
+// A statement that returns no rows, set and run by its text alone.
 class Command {
 public:
     Connection* ActiveConnection = nullptr;

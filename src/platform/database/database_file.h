@@ -9,8 +9,8 @@ namespace database {
 // Both open and close the file. On POSIX systems that drops the locks which this process holds on it, so they
 // are asked only while no connection of the process has it open.
 
-// Whether the engine, with the journal's name behind it, takes no path of that length. The system takes
-// longer ones.
+// Whether the path, with the ending of its journal, is longer than the engine takes. The system takes longer
+// ones.
 bool Is_Path_Too_Long(const QString& file);
 
 // Throws a run-time error that says what the file is instead of a database: missing, a folder, a Jet file ...

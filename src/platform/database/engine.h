@@ -21,7 +21,6 @@ struct Prepared_Statement {
     std::shared_ptr<Row_Store> rows; // those it gave last; their room is used again once nobody reads them
 };
 
-// What comes of running one.
 struct Statement_Result {
     std::shared_ptr<const Row_Shape> shape;
     QString table;
@@ -43,8 +42,8 @@ public:
     // Whether the connection string still leads to this very file.
     bool Serves(const QString& connection_string) const;
 
-    // Runs one statement of the Jet dialect. One that is to be written through comes with its rows'
-    // identities, if its rows have any.
+    // Runs one statement of the Jet dialect. With `to_be_written` its rows come with their identities, where
+    // they have any.
     Statement_Result Run_Jet(const QString& jet, bool to_be_written);
     // Runs one statement of the engine's own dialect with values for its place holders.
     Statement_Result Run(const QString& sql, const std::vector<basics::Value>& values = {});

@@ -14,8 +14,8 @@ namespace errors = basics::errors;
 // The engine's last error on this handle, as the data layer reports it.
 [[noreturn]] void Raise_Engine_Error(sqlite3* engine, int result);
 
-// Refuses an open file that is written through a log beside it and may not be changed: the log can't be
-// ended, of which the engine would only say that the device failed.
+// Refuses an open file that is written through a log beside it and may not be changed: its log can't be
+// ended, which the engine would report as a failure of the device.
 void Refuse_Log_Of_Read_Only_File(sqlite3* engine);
 
 // An error of the engine with a text of our own.

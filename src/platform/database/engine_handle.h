@@ -15,7 +15,7 @@ enum class Access { Read_Only, Read_Write };
 // The engine, open on one file as it comes: nothing is hardened, and nothing is waited for.
 class Engine_Handle {
 public:
-    // Told of each failure of the handle and of its statements, with the engine's result; throws.
+    // Called with the engine's result at each failure of the handle and of its statements; throws.
     using Fail = std::function<void(sqlite3* engine, int result)>;
     // A std::runtime_error with the engine's words.
     static void Throw_Its_Words(sqlite3* engine, int result);
@@ -72,7 +72,7 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
 };
 
-// A name for a statement, whatever it holds.
+// The name in double quotes, as a statement takes it whatever characters it holds.
 QString Quoted(const QString& name);
 
 } // namespace database

@@ -29,8 +29,6 @@ using Tokens = QList<Token>;
     Raise_Engine_Error(errors::Syntax, description);
 }
 
-// ---- from text to tokens
-
 bool Starts_Word(QChar c) {
     return c.isLetter() || c == u'_';
 }
@@ -136,8 +134,6 @@ void Drop_The_End_Mark(Tokens& tokens) {
         Refuse(u"Invalid SQL statement; expected 'DELETE', 'INSERT', 'SELECT', or 'UPDATE'."_s);
 }
 
-// ---- sums of texts
-
 // One sum: operands joined by "+" on one level of parentheses.
 struct Sum {
     QList<qsizetype> plus_signs;
@@ -182,8 +178,7 @@ void Join_Texts(Tokens& tokens) {
         finish(sum);
 }
 
-// ---- definitions
-
+// Gives each TEXT(n) of a definition its limit of n characters.
 void Limit_Texts(Tokens& tokens) {
     if (!tokens.first().Is("CREATE"_L1) && !tokens.first().Is("ALTER"_L1)) return;
     for (qsizetype at = 1; at + 3 < tokens.size(); ++at) {
@@ -197,14 +192,13 @@ void Limit_Texts(Tokens& tokens) {
     }
 }
 
-// ---- order
-
+// Gives each term of ORDER BY the program's collation.
 void Sort_By_Text_Order(Tokens& tokens) {
     const QString collate = u"COLLATE "_s + QLatin1StringView(Text_Order);
     for (qsizetype at = 0; at + 2 < tokens.size(); ++at) {
         if (!tokens[at].Is("ORDER"_L1) || !tokens[at + 1].Is("BY"_L1)) continue;
         int depth = 0;
-        bool named = false; // the term at hand has its collation
+        bool named = false; // the term at hand has its collation already
         for (at += 2; at < tokens.size(); ++at) {
             const Token& token = tokens[at];
             if (token.Is("("_L1)) ++depth;
@@ -223,8 +217,7 @@ void Sort_By_Text_Order(Tokens& tokens) {
     }
 }
 
-// ---- the table that a recordset can write to
-
+// The table that a recordset can write to: the only one of a SELECT that reads plain rows.
 std::optional<QString> Only_Table(const Tokens& tokens) {
     if (!tokens.first().Is("SELECT"_L1)) return std::nullopt;
     static const QLatin1StringView derived[] = {"DISTINCT"_L1, "GROUP"_L1, "UNION"_L1, "JOIN"_L1,
@@ -249,8 +242,6 @@ QString Joined(const Tokens& tokens) {
         texts.append(token.text);
     return texts.join(u' ');
 }
-
-// ---- lifting texts
 
 bool Takes_Values(QStringView jet) {
     static const QLatin1StringView words[] = {"SELECT"_L1, "INSERT"_L1, "UPDATE"_L1, "DELETE"_L1};

@@ -20,11 +20,11 @@ struct Translated_Statement {
     QString with_row_identity;
 };
 
-// A statement whose text literals were taken out, so that statements which differ in nothing else are one to
-// the engine: it prepares it once.
+// A statement without its text literals, so that the engine prepares statements that differ in nothing else
+// only once.
 struct Lifted_Statement {
     QString shape;                    // with "?" in the place of each text
-    std::vector<basics::Value> texts; // what they hold
+    std::vector<basics::Value> texts; // what each "?" stands for, in order
     bool is_lifted = false;           // otherwise the shape is the statement as it came
 };
 

@@ -20,7 +20,7 @@ public:
 private:
     std::unique_ptr<Engine> engine;
     bool letting_go_later = false;
-    QObject events; // where the program's next look at its events finds the request; drops it when it goes
+    QObject events; // receives the request to let go; one that is pending goes with it
 };
 
 } // namespace database

@@ -49,8 +49,8 @@ public:
     void MoveNext();
 
     int Field_Count() const;
-    // Which column has this name, without regard to case; -1 if none. Holds for all recordsets of the same
-    // shape, so that who reads many rows looks it up once.
+    // The place of the column of this name, without regard to case; -1 if there is none. It holds for all
+    // recordsets of the same shape, so that a caller who reads many rows looks it up once.
     int Column_Of(const QString& name) const;
     // The column's value in the current row, put where the caller keeps it; a column that isn't there is
     // error 3265.

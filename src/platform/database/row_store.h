@@ -22,7 +22,7 @@ struct Any_Case_Equal {
     }
 };
 
-// What is alike in all rows of a statement: told once when it is prepared, shared by all that read it.
+// What all rows of a statement share: asked once when it is prepared.
 struct Row_Shape {
     explicit Row_Shape(sqlite3_stmt* statement);
 

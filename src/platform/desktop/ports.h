@@ -135,8 +135,8 @@ struct File_Question {
 class File_Dialogs {
 public:
     virtual ~File_Dialogs() = default;
-    // The full name chosen; empty if the dialog was cancelled. A file that isn't taken is told why, and the
-    // dialog stays.
+    // The full name chosen; empty if the dialog was cancelled. Where a file isn't taken the user is told why,
+    // and the dialog stays.
     virtual QString Open_File(const File_Question& question) = 0;
     virtual QString Save_File(const File_Question& question) = 0;
 };

@@ -17,7 +17,7 @@ struct Printed_Document {
     std::function<void(QPainter& painter, int page)> paint; // pages count from 1
 };
 
-// The printer of the workstation.
+// The printer that the user chose, the usual one, or a PDF where there is none.
 class Printers {
 public:
     virtual ~Printers() = default;

@@ -62,7 +62,7 @@ QRectF Ink_On(const Printed_Document& document, int page) {
     return {QPointF(ink.topLeft()) * twips_per_pixel, QSizeF(ink.size()) * twips_per_pixel};
 }
 
-// Where a length that is centred there begins, when it must stay between the two ends.
+// The start of a length that is to be centred at `centre`, but must stay between the two ends.
 double Start_Between(double from, double to, double centre, double length) {
     return std::max(from, std::min(centre - length / 2, to - length));
 }
@@ -77,15 +77,16 @@ QTransform Ink_Into(const QRectF& printable, const QRectF& ink) {
     return QTransform::fromTranslate(x, y).scale(scale, scale).translate(-ink.left(), -ink.top());
 }
 
-// A printer that can't print to the paper's edges would lose what lies there. A sheet with no ink there
-// stays.
+// A printer that can't print to the paper's edges would lose what lies there. A sheet without ink there is
+// painted as it is.
 QTransform Placed_For(const QRectF& printable, const Printed_Document& document, int page) {
     if (printable.contains(Whole_Paper)) return {};
     const QRectF ink = Ink_On(document, page);
     return ink.isEmpty() || printable.contains(ink) ? QTransform() : Ink_Into(printable, ink);
 }
 
-// The printable part of the paper counts in twips. False if the device refused a new page.
+// `printable` is the part of the paper that the printer reaches, in twips. False if the device refused a new
+// page.
 bool Paint_Pages(const Printed_Document& document, QPagedPaintDevice& device, QPainter& painter,
                  int dots_per_inch, const QRectF& printable = Whole_Paper) {
     for (int page = 1; page <= document.pages; ++page) {
@@ -107,7 +108,7 @@ void Take_Whole_Sheets(QPagedPaintDevice& device) {
     device.setPageMargins(QMarginsF(0, 0, 0, 0));
 }
 
-// Full sheets or not, the printer's own margins stay known.
+// The printer's own margins, which it knows also while it is set to whole sheets.
 QRectF Printable_By(const QPrinter& printer) {
     QPageLayout layout = printer.pageLayout();
     layout.setUnits(QPageLayout::Point);
@@ -165,7 +166,7 @@ private:
     }
 
     // The toolkit ignores an unknown name in silence, and takes a job for a stopped printer as done. A
-    // printer that is gone is told once; then the usual one takes its place, or a PDF.
+    // printer that is gone is reported once; then the usual one takes its place, or a PDF.
     void Refuse_What_Cannot_Print(const QString& name, const QStringList& available) {
         if (!available.contains(name)) {
             choice.reset();

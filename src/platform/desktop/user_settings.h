@@ -12,7 +12,7 @@ QString User_Settings_File();
 // Settings in that initialisation file, which is made with the first value.
 std::unique_ptr<User_Settings> Make_User_Settings(const QString& file);
 
-// Where nothing is to be remembered.
+// For programs that leave the account's own settings alone.
 class No_User_Settings final : public User_Settings {
 public:
     QString Value(const QString&, const QString& missing) override { return missing; }

@@ -51,6 +51,7 @@ struct Row_Range {
 // still makes one sheet.
 std::vector<Row_Range> Page_Breaks(const std::vector<double>& row_heights, double room);
 
+// One sheet at least. Document_Of gives them to the printer under a name that its queue shows.
 std::vector<Sheet> Lay_Out_Sheets(const Printed_Grid& grid);
 desktop::Printed_Document Document_Of(std::vector<Sheet> sheets, const QString& name);
 

@@ -8,8 +8,8 @@
 
 namespace grid {
 
-// Text set into a given width, without any painting. All measures are twips; no screen's or printer's
-// resolution has a part in them.
+// Text set into a given width, without any painting. All measures are twips, whatever the resolution of a
+// screen or printer.
 
 QFont Font_For(const Print_Font& font);
 double Text_Width(const Print_Font& font, const QString& text);

@@ -15,7 +15,7 @@ struct Cell_Look {
     bool bold = false;
 };
 
-// Where a grid prints, and as what.
+// The printer that a grid goes to, and what the sheets are called there.
 struct Print_Outlet {
     desktop::Printers& printers;
     QString document;   // as the printer's queue names it
@@ -65,7 +65,7 @@ public:
     // fault of the printer, an action or an orientation that the grid doesn't know is a run-time error.
     QString Action(int action, const Print_Outlet& outlet);
 
-    // What would be printed now.
+    // The grid as Action would print it now.
     Printed_Grid Printed() const;
 
 Q_SIGNALS:

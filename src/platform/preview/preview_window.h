@@ -12,7 +12,7 @@ namespace preview {
 class Preview_Window final : public QAbstractScrollArea {
     Q_OBJECT
 public:
-    // The document must not go before anything is asked of this window; its ShowOutput is answered here.
+    // The document must live as long as this window is asked anything; the window answers its ShowOutput.
     Preview_Window(ViewPro& document, desktop::Printers& printers, desktop::Clipboard& clipboard,
                    QWidget* parent = nullptr);
 

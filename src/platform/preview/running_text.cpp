@@ -75,7 +75,7 @@ std::vector<Text_Operation> Parts_Across(const Running_Text& running, const Band
     return parts;
 }
 
-// The highest strip that no text takes which stands above or below one of the parts.
+// The highest strip that is free of every text above or below one of the parts.
 Span Free_Strip(const std::vector<Extent>& texts, const std::vector<Span>& parts, const Span& whole) {
     Span highest{whole.from, whole.from};
     double free_from = whole.from;
@@ -98,7 +98,7 @@ struct Placing {
     int aside = 0;      // how far they move to the right
 };
 
-// Places with the clearance at both sides, which isn't set narrower.
+// The part with the clearance at both sides, which stays as wide as it is.
 Span Placed(const Span& part, double squeeze, int aside) {
     const double middle = (part.from + part.to) / 2 + aside;
     const double half = (Length(part) / 2 - Clear_At_Sides) * squeeze + Clear_At_Sides;
@@ -114,9 +114,9 @@ public:
           whole{double(band.top), double(band.bottom)},
           ink_height(ink_height) {}
 
-    // A line of one part that no strip holds is set narrower at its place. Where the tightest letters don't
-    // help it goes aside as well, and gets narrower still: it never lies on another text while there is a
-    // way.
+    // A line of one part that no strip holds is set narrower at its place. Where even the tightest letters
+    // don't fit it is moved aside as well, and set narrower still: it never lies on another text while there
+    // is a way.
     Placing Best() const {
         const Placing as_it_is = At(1, 0);
         if (Fits(as_it_is) || parts.size() != 1) return as_it_is;
@@ -141,7 +141,7 @@ private:
 
     bool Fits(const Placing& placing) const { return Length(placing.strip) >= ink_height; }
 
-    // As little aside as it can; where nothing is free it gives what doesn't fit.
+    // As little aside as it can; where nothing is free the result doesn't fit.
     Placing Aside(double squeeze) const {
         for (int distance = Step_Aside; distance < Length(room); distance += Step_Aside) {
             for (const int aside : {distance, -distance}) {

@@ -21,13 +21,14 @@ struct Cell_Room {
     bool bordered = true;
 };
 
-// What a line may take at most: a number or a name reads better whole, though it takes of the paddings.
+// The most that a line may take, in twips: a number or a name reads better whole, though it uses part of the
+// paddings.
 int Widest_Line(const Cell_Room& room);
 
 // The lines that a cell's text takes. A text that is somewhat too wide is set narrower, in a table without
 // borders a good deal: such rows are labels, and a second line would land on what they stand above. Otherwise
-// it is broken at blanks, and a word that is too wide by itself is cut
-// short, so that nothing runs over the neighbour.
+// it is broken at blanks, and a word that is too wide by itself is cut short, so that nothing runs over the
+// neighbour.
 QStringList Cell_Lines(const Text_Style& style, const QString& text, const Cell_Room& room);
 
 } // namespace preview

@@ -8,8 +8,8 @@
 
 namespace preview {
 
-// The one place where text is measured, in twips. A font is sized in units of a twip, so that neither a
-// screen's nor a printer's resolution has a part in it.
+// The one place where text is measured, in twips. A font is sized in units of a twip, so that the resolution
+// of a screen or printer changes nothing.
 
 QFont Font_Of(const Text_Style& style);
 

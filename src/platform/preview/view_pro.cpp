@@ -12,7 +12,7 @@
 namespace preview {
 namespace {
 
-// 210 by 297 millimetres.
+// A4, 210 by 297 millimetres, in twips.
 constexpr int A4_Width = 11906;
 constexpr int A4_Height = 16838;
 

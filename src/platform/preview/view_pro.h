@@ -47,7 +47,7 @@ public:
     // Called before and after each cell of a hooked table, with the row from 1.
     std::function<void(int row)> Before_Cell;
     std::function<void(int row)> After_Cell;
-    // Told by ShowOutput; the preview window sets it.
+    // Called by ShowOutput; the preview window sets it.
     std::function<void()> On_Show;
 
     void Set_PageMargins(int left, int right, int bottom, int top);

@@ -25,8 +25,8 @@ constexpr int First_Item_Row = 2;
 enum class Shown_As {
     Row_Number,
     Stored,            // the field as it came
-    Requested_Or_Note, // an item that wasn't reached says so
-    Chosen_Or_Blank,   // no answer is left blank
+    Requested_Or_Note, // a note in place of an item that wasn't reached
+    Chosen_Or_Blank,   // blank for an item without an answer
     Target_Position,
     Plain_Time,
     Rounded_Time,

@@ -19,7 +19,7 @@ public:
     }
 
     void keyboardSearch(const QString& key) override {
-        constexpr int between_digits_ms = 1500; // they are looked for on the keyboard
+        constexpr int between_digits_ms = 1500; // digits have to be looked for on the keyboard
         if (key.isEmpty()) return;
         const bool digit = key.at(0).isDigit();
         const int interval = digit ? between_digits_ms : QApplication::keyboardInputInterval();
@@ -29,7 +29,7 @@ public:
         if (goes_on && Choose(typed, 0)) return;
         const bool one_key_again = typed.count(key) == typed.size();
         if (goes_on && !one_key_again && !digit) return;
-        if (digit) typed = key; // of another number
+        if (digit) typed = key; // begins another number
         Choose(key, 1);
     }
 

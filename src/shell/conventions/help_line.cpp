@@ -78,8 +78,8 @@ bool Help_Line::eventFilter(QObject* watched, QEvent* event) {
             Describe(*told);
         if (const Text* text = Text_For(control)) show((*text)());
     } else if (event->type() == QEvent::MouseMove) {
-        // A move that a control left over reaches what it stands on too, at the control's place. It isn't
-        // meant for that.
+        // A move of the pointer that a control ignores goes on to the widget beneath it, which it isn't meant
+        // for.
         if (!qobject_cast<QAbstractScrollArea*>(control) &&
             control->childAt(static_cast<QMouseEvent*>(event)->pos()))
             return false;

@@ -99,7 +99,7 @@ void HotLabel::paintEvent(QPaintEvent*) {
     Draw_Caption(painter, chosen.text);
 }
 
-// The caption as told: an ampersand in it is one.
+// `place` is the letter to underline, -1 for none. An ampersand of the caption itself stays one.
 static QString With_Mnemonic(QString caption, qsizetype place) {
     const qsizetype before = place < 0 ? 0 : caption.left(place).count(u'&');
     caption.replace(u"&"_s, u"&&"_s);
@@ -144,8 +144,6 @@ void HotLabel::keyPressEvent(QKeyEvent* event) {
     else
         QAbstractButton::keyPressEvent(event);
 }
-
-// ---- mnemonics
 
 namespace {
 

@@ -56,7 +56,7 @@ void Draw_Option_Dot(QPainter& painter, const QStyleOption& option) {
     painter.drawEllipse(ring.center(), ring.width() * 0.28, ring.height() * 0.28);
 }
 
-// An arrow that tells of a list which opens downwards.
+// The arrow of a list that drops down.
 void Draw_Chevron(QPainter& painter, const QPointF& centre, const QColor& ink) {
     painter.setPen(QPen(ink, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
@@ -140,7 +140,7 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex*
     painter->restore();
 }
 
-// A box or option has its mark of the focus around the whole of it, and room for that at the left.
+// A check box or option has the mark of the focus around the whole of it, which needs room at the left.
 QRect Look::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
     constexpr int room = 4;
     const QRect usual = QProxyStyle::subElementRect(element, option, widget);

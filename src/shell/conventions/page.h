@@ -71,7 +71,7 @@ protected:
     QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, const QRect& place,
                        QWidget* parent = nullptr);
 
-    // A help line that speaks through a label of that name.
+    // A help line, and the label that shows its texts.
     struct Help {
         QLabel* label;
         Help_Line* line;

@@ -24,7 +24,6 @@ void Play_Click(const foundation::Installation& installation, desktop::Platform&
 // The version text that a key of the registry holds; empty if it holds none.
 QString Read_Flash_Version(const QString& key, desktop::Platform& platform);
 
-// Puts a form in the middle of the screen.
 void Center_Control(QWidget& form);
 
 } // namespace shell

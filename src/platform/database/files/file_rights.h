@@ -7,8 +7,8 @@ namespace database {
 // Whoever may use a database may use what replaces it or is made beside it, whichever account makes it. On
 // systems where a file takes its folder's rights by itself nothing is done here.
 
-// Whose rights a file takes that is to stand at `place`: those of what stands there, else of the database in
-// its folder that most may use, else of `otherwise`. Empty if there is none of these.
+// The file whose rights one that is made at `place` takes: what stands there, else the database in its folder
+// that most may use, else `otherwise`. Empty if there is none of these.
 QString Rights_Model(const QString& place, const QString& otherwise);
 
 // Gives an open file or folder the rights of another, and its owner and group as far as the account may.

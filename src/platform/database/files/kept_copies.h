@@ -18,19 +18,19 @@ inline constexpr int Most_Kept_Copies = 10;
 // Whether a file has such a name, in any letter case.
 bool Has_Name_Of_Kept_Copy(const QString& file);
 
-// One that is being kept: it stands in its folder, and goes again unless the replacement succeeds.
+// A copy that is being kept: it stands in its folder already, and is removed again unless Stay is called.
 class Kept_Copy {
 public:
     using Write = std::function<void(New_File&)>;
-    // Keeps what the order replaces, in the folder that it names, which is made if it is missing, or else
-    // beside what is replaced; the failure there is let through.
+    // Copies what the order replaces into the folder that the order names, which is made if it is missing;
+    // where that fails, beside what is replaced. A failure there is thrown.
     Kept_Copy(const Replacement& order, const Write& write);
     ~Kept_Copy();
     Kept_Copy(const Kept_Copy&) = delete;
     Kept_Copy& operator=(const Kept_Copy&) = delete;
 
-    // And removes the oldest beyond the number that is kept, where it may; never itself, what the order
-    // spares, or what was just put in the other's place.
+    // Keeps it for good, and removes the oldest beyond the number that is kept, where it may; never itself,
+    // what the order spares, or what was just put in the other's place.
     void Stay();
 
 private:

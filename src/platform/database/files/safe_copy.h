@@ -14,7 +14,7 @@ struct Replacement {
     QString target;
     Tables tables;   // that the new database must hold, and which of their columns
     QString reason;  // what replaces it, for the name under which the old database is kept: "load"
-    QDateTime when;  // and when
+    QDateTime when;  // when it is replaced, which that name tells too
     QString keep_in; // the folder for the old database; where it can't be there, its own folder serves
     QStringList spared = {}; // kept databases that stay though they are the oldest: one in view
 };
