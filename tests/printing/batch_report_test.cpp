@@ -1,13 +1,8 @@
 #include "printing/batch_report.h"
 
-#include "support/controls.h"
+#include "reports/scored_page.h"
 #include "support/error_number.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 using namespace printing;
 using namespace test_support;
 using desktop::Answer;
@@ -17,14 +12,11 @@ namespace {
 const QString Has_A_Score =
     u"Tolvens + BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon > 0"_s;
 
-class Batch_Report_Page : public testing::Test {
+class Batch_Report_Page : public Scored_Page {
 protected:
-    Batch_Report_Page() : installation(sample.Installed()) {}
-    ~Batch_Report_Page() override { outside.boxes.Expect_All_Asked(); }
-
     void Make() {
-        scoring::Load_All_Norms(holder, installation, data.norms);
-        scoring::Load_Pupil_Lists(holder, installation, outside.clock, data.pupils);
+        scoring::Load_All_Norms(scoring_holder, installation, scores.norms);
+        scoring::Load_Pupil_Lists(scoring_holder, installation, outside.clock, scores.pupils);
         page = std::make_unique<Form92>(outside.platform, navigator, installation, state, scoring);
         page->resize(1366, 768);
     }
@@ -55,15 +47,6 @@ protected:
         return sample.Value(u"SELECT count(*) FROM Mevo_Pupils WHERE "_s + condition);
     }
 
-    Sample_File sample{40};
-    Scripted_Platform outside;
-    Recording_Navigator navigator;
-    foundation::Installation installation;
-    scoring::Scoring_Data data;
-    foundation::Access_Holder holder{outside.platform};
-    foundation::Access_Holder scoring_holder{outside.platform};
-    scoring::Scoring scoring = scoring::Pass_Over(data, installation, scoring_holder);
-    reports::Report_State state;
     std::unique_ptr<Form92> page;
 };
 
@@ -72,7 +55,7 @@ protected:
 TEST_F(Batch_Report_Page, OpensWithAllPupilsListedAndScored) {
     Open();
     EXPECT_EQ(Caption(*page, u"Label5"_s),
-              u"There are %1 pupils who have scores."_s.arg(data.pupils.Pupils_Listed));
+              u"There are %1 pupils who have scores."_s.arg(scores.pupils.Pupils_Listed));
     EXPECT_EQ(Caption(*page, u"Label10"_s), u"ALL pupils are currently listed."_s);
     EXPECT_EQ(Pupils().count(), Count_Where(Has_A_Score).toInt());
     EXPECT_EQ(Control<QComboBox>(*page, u"cboGroupFilter"_s).itemText(0), u"ALL"_s);
@@ -162,18 +145,17 @@ TEST_F(Batch_Report_Page, NothingIsPrintedOrCopiedBeforeAReport) {
     EXPECT_EQ(navigator.closed, 1);
 }
 
-TEST_F(Batch_Report_Page, ThePupilOnTheReportsPageKeepsHisCentiles) {
+TEST_F(Batch_Report_Page, ThePupilOnTheReportsPageKeepsTheirCentiles) {
     Make();
-    for (int t = 1; t <= 8; ++t)
-        data.scores.Raw_Centile[t] = static_cast<qint16>(10 * t);
+    scores.scores.Raw_Centile.Fill(40);
     page->Load();
-    for (int t = 1; t <= 8; ++t)
-        EXPECT_EQ(data.scores.Raw_Centile[t], 10 * t);
+    for (int t = 1; t <= scoring::Normed_Tests; ++t)
+        EXPECT_EQ(scores.scores.Raw_Centile[t], 40);
 }
 
 TEST_F(Batch_Report_Page, MoreThanTwoThousandPupilsAreABoundsError) {
     Make();
-    data.pupils.Pupils_Listed = 2001;
+    scores.pupils.Pupils_Listed = 2001;
     EXPECT_EQ(Error_Number([this] { page->Load(); }), basics::errors::Subscript_Out_Of_Range);
     EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);
 }

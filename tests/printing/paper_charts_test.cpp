@@ -18,10 +18,6 @@ QColor Grey_Of(int lightness) {
     return QColor(lightness, lightness, lightness);
 }
 
-QRect Place_Of(const preview::Rectangle_Operation& rectangle) {
-    return {rectangle.x, rectangle.y, rectangle.width, rectangle.height};
-}
-
 class Charts_On_Paper : public testing::Test {
 protected:
     Charts_On_Paper() { sheet.BeginOutput(); }
@@ -32,17 +28,19 @@ protected:
         DrawBar(sheet, x, y, width, height, colour, label, boxes);
     }
     const preview::Drawing& Page() { return sheet.Page(1); }
-    QList<QRect> Outlines() {
+    // Of the rectangles that are wanted.
+    template<class Wanted>
+    QList<QRect> Places(Wanted wanted) {
         QList<QRect> found;
         for (const auto& one : All_Of<preview::Rectangle_Operation>(Page()))
-            if (one.outline && one.outline->colour == Black) found.append(Place_Of(one));
+            if (wanted(one)) found.append({one.x, one.y, one.width, one.height});
         return found;
     }
+    QList<QRect> Outlines() {
+        return Places([](const auto& one) { return one.outline && one.outline->colour == Black; });
+    }
     QList<QRect> Fills(const QColor& colour) {
-        QList<QRect> found;
-        for (const auto& rectangle : Rectangles_Filled(Page(), colour))
-            found.append(Place_Of(rectangle));
-        return found;
+        return Places([&](const auto& one) { return !one.outline && one.fill == colour; });
     }
     void Begin_Anew() {
         sheet.EndOutput();
