@@ -61,20 +61,6 @@ TEST_F(Norms, TheRowsPlaceGivesTheRawScore) {
     EXPECT_EQ(Centile_Of(20, u"5"_s), 21);
 }
 
-TEST_F(Norms, ALookUpWritesTheRunningTestsSlotAndNoOther) {
-    Use_Plain_Norms();
-    data.scores.Current_Test = 4;
-    Raw_To_Centile(16, u"Drell_Norms"_s, u"6"_s, data.norms, data.scores);
-    Time_To_Centile(Plain_Time(84), u"Drell_TimeNorms"_s, u"6"_s, data.norms, data.scores);
-    EXPECT_EQ(data.scores.Raw_Score[4].As_Integer(), 16);
-    EXPECT_EQ(data.scores.Raw_Centile[4], 16);
-    EXPECT_DOUBLE_EQ(data.scores.Raw_ZScore[4].As_Double(), -0.995);
-    EXPECT_EQ(data.scores.Time_Score[4].As_Long(), 1600);
-    EXPECT_EQ(data.scores.Time_Centile[4].As_Integer(), 84);
-    EXPECT_DOUBLE_EQ(data.scores.Time_ZScore[4].As_Double(), 0.995);
-    EXPECT_EQ(data.scores.Raw_Centile[6], 0);
-}
-
 TEST_F(Norms, WhatLiesOutsideTheTablesIsAFaultOrNoScore) {
     Use_Plain_Norms();
     EXPECT_EQ(Centile_Of(70, u"5"_s), 70);

@@ -46,35 +46,6 @@ protected:
 
 } // namespace
 
-TEST_F(Passes, EachTestReadsItsOwnAnswersTimesAndNorms) {
-    for (const Test_Case& test : Normed) {
-        SCOPED_TRACE(test.t);
-        List(test.t, 1, 60);
-        Put(test.t, 1, 0, {u"'cap'"_s, u"'cap'"_s, u"2000"_s});
-        Put(test.t, 1, 2, {u"'cap'"_s, u"'van'"_s, u"1000"_s});
-        const int items = test.t == Mirvel ? 8 : Test_At(test.t).Items;
-        data.norms.Centile_Norms[test.t][5 + 1][items - 1] = static_cast<qint16>(90 + test.t);
-        Run(test.score, test.t);
-        EXPECT_EQ(data.scores.Raw_Score[test.t].As_Integer(), items - 1);
-        EXPECT_EQ(data.scores.Raw_Centile[test.t], 90 + test.t);
-        Run(test.time, test.t);
-        EXPECT_EQ(data.items[test.t].Time_Count, items);
-        EXPECT_EQ(data.items[test.t].Time_Sum, 2000 * items - 1000);
-    }
-}
-
-TEST_F(Passes, TheAgeAtTheTestItselfSelectsTheNorms) {
-    data.norms.Centile_Norms[Tolvens][4 + 1][0] = 44;
-    data.norms.Centile_Norms[Yoon][8 + 1][0] = 88;
-    List(Tolvens, 1, 59);
-    List(Yoon, 1, 96);
-    Put(Tolvens, 1, 0, {u"'1'"_s, u"'2'"_s});
-    Put(Yoon, 1, 0, {u"'cap'"_s, u"'van'"_s});
-    Score_All_Tests(1, {}, pass);
-    EXPECT_EQ(data.scores.Raw_Centile[Tolvens], 44);
-    EXPECT_EQ(data.scores.Raw_Centile[Yoon], 88);
-}
-
 TEST_F(Passes, RepeatsAndPausesComeFromTheRow) {
     List(Drell, 1);
     Put(Drell, 1, 0, {u"'1'"_s, u"'1'"_s});
