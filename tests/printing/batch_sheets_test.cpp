@@ -93,8 +93,8 @@ TEST_F(Batch_Report_Sheets, ALongNameStaysInItsCellAndAboveTheChart) {
         pupils.Pupil_Name_List[1] = name;
         Build(1);
         const preview::Drawing& page = sheets.Page(1);
-        auto in_cell = All_Of<preview::Text_Operation>(page);
-        in_cell.removeIf([](const auto& line) { return line.x != 514; });
+        const auto in_cell =
+            Those_Of<preview::Text_Operation>(page, [](const auto& line) { return line.x == 514; });
         ASSERT_EQ(in_cell.size(), 1); // one line
         EXPECT_LE(Ink_Of(in_cell[0]).right(), 500 + 1720);
         EXPECT_LT(Ink_Of(in_cell[0]).bottom(), 1000);

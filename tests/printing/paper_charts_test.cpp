@@ -28,20 +28,17 @@ protected:
         DrawBar(sheet, x, y, width, height, colour, label, boxes);
     }
     const preview::Drawing& Page() { return sheet.Page(1); }
-    // Of the rectangles that are wanted.
-    template<class Wanted>
-    QList<QRect> Places(Wanted wanted) {
-        QList<QRect> found;
-        for (const auto& one : All_Of<preview::Rectangle_Operation>(Page()))
-            if (wanted(one)) found.append({one.x, one.y, one.width, one.height});
-        return found;
+    static QList<QRect> Places(const QList<preview::Rectangle_Operation>& rectangles) {
+        QList<QRect> places;
+        for (const auto& one : rectangles)
+            places.append({one.x, one.y, one.width, one.height});
+        return places;
     }
     QList<QRect> Outlines() {
-        return Places([](const auto& one) { return one.outline && one.outline->colour == Black; });
+        return Places(Those_Of<preview::Rectangle_Operation>(
+            Page(), [](const auto& one) { return one.outline && one.outline->colour == Black; }));
     }
-    QList<QRect> Fills(const QColor& colour) {
-        return Places([&](const auto& one) { return !one.outline && one.fill == colour; });
-    }
+    QList<QRect> Fills(const QColor& colour) { return Places(Rectangles_Filled(Page(), colour)); }
     void Begin_Anew() {
         sheet.EndOutput();
         sheet.BeginOutput();
