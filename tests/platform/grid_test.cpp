@@ -293,15 +293,3 @@ TEST_F(Grid, AListBreaksBehindItsCommasAndIsWholeInItsTip) {
     QApplication::sendEvent(grid.viewport(), &pointed);
     EXPECT_TRUE(QToolTip::text().remove(QChar(0x200B)).contains(list)) << QToolTip::text().toStdString();
 }
-
-TEST_F(Grid, Action32PrintsAndNothingElseDoes) {
-    fpSpread grid(u"Spread1"_s, 1, 1, nullptr);
-    outside.printers.says_pdf = u"/archives/Sheet.pdf"_s;
-    EXPECT_EQ(Print(grid), u"/archives/Sheet.pdf"_s);
-    EXPECT_EQ(outside.printers.printed, QStringList{u"Sheet"_s});
-    EXPECT_EQ(outside.printers.pdf_folders, QStringList{u"/archives"_s});
-    EXPECT_THROW(grid.Action(31, {outside.printers, u"Sheet"_s, u""_s}), basics::Run_Time_Error);
-    grid.PrintOrientation = 2;
-    EXPECT_THROW(Print(grid), basics::Run_Time_Error);
-    EXPECT_EQ(outside.printers.printed.size(), 1);
-}
