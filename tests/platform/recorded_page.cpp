@@ -40,12 +40,10 @@ QList<Line_Operation> Lines_Drawn(const Drawing& page, const QColor& colour) {
 }
 
 QColor Colour_At(const Drawing& page, int x, int y) {
-    QColor colour = Qt::white;
-    for (const Rectangle_Operation& rectangle : All_Of<Rectangle_Operation>(page))
-        if (rectangle.fill && x >= rectangle.x && x < rectangle.x + rectangle.width && y >= rectangle.y &&
-            y < rectangle.y + rectangle.height)
-            colour = *rectangle.fill;
-    return colour;
+    const auto there = Those_Of<Rectangle_Operation>(page, [&](const auto& one) {
+        return one.fill && QRect(one.x, one.y, one.width, one.height).contains(x, y);
+    });
+    return there.isEmpty() ? Qt::white : *there.last().fill;
 }
 
 QStringList Overlaps(const Drawing& page) {
