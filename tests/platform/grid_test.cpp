@@ -1,4 +1,3 @@
-#include "platform/basics/run_time_error.h"
 #include "platform/grid/spread.h"
 #include "support/printing.h"
 #include "support/scripted_platform.h"
