@@ -1,50 +1,36 @@
 #include "conversion/jet_samples.h"
 #include "conversion/plain_database.h"
 #include "convert/command_line.h"
+#include "support/command_line.h"
 #include "support/database_beside.h"
-#include "support/printing.h"
 
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTest>
 #include <csignal>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace test_support;
 
 namespace {
 
-struct Outcome {
-    int status;
-    QString output;
-    QString errors;
-};
+const QString Tool = u"mevo-convert"_s;
 
 class Convert_Command : public testing::Test {
 protected:
     Outcome Run(const QStringList& arguments) {
-        QBuffer output;
-        output.open(QIODevice::WriteOnly);
-        QString told;
-        QTextStream errors(&told);
-        const int status =
-            convert_command::Run_Command(QStringList{u"mevo-convert"_s} + arguments,
-                                         {output, errors, shows_progress, [this] { return interrupted; },
-                                          conversion::Reader_Beside_This_Program()});
-        return {status, QString::fromUtf8(output.data()), told};
-    }
-    static bool Is_One_Line(const QString& errors, const QString& told) {
-        return errors.startsWith(u"mevo-convert: "_s) && errors.count(u'\n') == 1 && errors.contains(told);
+        return Outcome_Of([&](QIODevice& output, QTextStream& errors) {
+            return convert_command::Run_Command(QStringList{Tool} + arguments,
+                                                {output, errors, false, [this] { return interrupted; },
+                                                 conversion::Reader_Beside_This_Program()});
+        });
     }
 
     Conversion_Folder folder;
     QString source = folder.Put(u"school.mdb"_s, Bytes_Of(Test_Data(u"jet4-data.mdb"_s)));
     QString target = folder.Place(u"new.mdb"_s);
-    bool shows_progress = false;
     bool interrupted = false;
 };
 
@@ -62,10 +48,7 @@ TEST_F(Convert_Command, TellsTheRowsOfEachTable) {
 
 TEST_F(Convert_Command, ReplacesOnlyWhenTold) {
     folder.Put(u"new.mdb"_s, "something of the user's");
-    const Outcome refused = Run({source, target});
-    EXPECT_EQ(refused.status, 2);
-    EXPECT_EQ(refused.output, u""_s);
-    EXPECT_TRUE(Is_One_Line(refused.errors, u"there already"_s)) << refused.errors.toStdString();
+    Run({source, target}).Expect_Refusal(Tool, u"there already"_s);
     EXPECT_EQ(Bytes_Of(target), "something of the user's");
 
     EXPECT_EQ(Run({source, target, u"--force"_s}).status, 0);
@@ -130,10 +113,10 @@ TEST_F(Convert_Command, AFolderIsDoneToItsEnd) {
     const QString out = folder.Place(u"deep/out"_s);
 
     const Outcome first = Run({u"--folder"_s, in, out});
-    EXPECT_EQ(first.status, 2);
-    EXPECT_TRUE(Is_One_Line(first.errors, u"b.mdb: It is protected by a database password"_s))
-        << first.errors.toStdString();
     EXPECT_TRUE(first.output.endsWith(u"2 of 3 files converted.\n"_s));
+    EXPECT_EQ(first.status, 2);
+    ASSERT_EQ(first.errors.size(), 1);
+    EXPECT_TRUE(first.errors[0].contains(u"b.mdb: It is protected by a database password"_s));
     EXPECT_EQ(QDir(out).entryList(QDir::Files), (QStringList{u"a.mdb"_s, u"C.MDB"_s}));
     EXPECT_EQ(Tables_That_Differ(Test_Data(u"expected-template.sqlite"_s), out + u"/a.mdb"_s), QStringList());
 
@@ -151,9 +134,7 @@ TEST_F(Convert_Command, AFolderIsDoneToItsEnd) {
 
 TEST_F(Convert_Command, InterruptedItLeavesNothing) {
     interrupted = true;
-    const Outcome outcome = Run({source, target});
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_TRUE(Is_One_Line(outcome.errors, u"Interrupted"_s));
+    Run({source, target}).Expect_Refusal(Tool, u"Interrupted"_s);
     EXPECT_EQ(folder.Names(), QStringList{u"school.mdb"_s});
 }
 
@@ -162,9 +143,7 @@ TEST_F(Convert_Command, ASummaryThatNobodyTakesIsAFailure) {
     QProcess process;
     process.setStandardOutputFile(u"/dev/full"_s);
     process.start(QCoreApplication::applicationDirPath() + u"/mevo-convert"_s, {source, target});
-    ASSERT_TRUE(process.waitForFinished());
-    EXPECT_EQ(process.exitCode(), 2);
-    EXPECT_TRUE(Is_One_Line(QString::fromUtf8(process.readAllStandardError()), u"Can't write"_s));
+    End_Of(process).Expect_Refusal(Tool, u"Can't write"_s);
 }
 
 // The real process, with a reader that never ends its file.
@@ -183,10 +162,7 @@ TEST_F(Convert_Command, SignalsEndItCleanly) {
             QTest::qWait(50);
         ASSERT_TRUE(has_begun());
         kill(static_cast<pid_t>(process.processId()), signal);
-        ASSERT_TRUE(process.waitForFinished());
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(process.exitCode(), 2);
-        EXPECT_TRUE(Is_One_Line(QString::fromUtf8(process.readAllStandardError()), u"Interrupted"_s));
+        End_Of(process).Expect_Refusal(Tool, u"Interrupted"_s);
         EXPECT_EQ(folder.Names(), (QStringList{u"bin"_s, u"school.mdb"_s}));
     }
 }
@@ -199,9 +175,7 @@ TEST_F(Convert_Command, WrongUseIsOneLine) {
                                          {source, u""_s},
                                          {source, target, u"--check"_s, u"--force"_s},
                                          {source, target, u"--fast"_s}}) {
-        const Outcome outcome = Run(arguments);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_TRUE(Is_One_Line(outcome.errors, u""_s)) << outcome.errors.toStdString();
+        Run(arguments).Expect_Refusal(Tool, u""_s);
     }
     EXPECT_EQ(Run({u"--help"_s}).status, 0);
     EXPECT_EQ(folder.Names(), QStringList{u"school.mdb"_s});

@@ -19,7 +19,7 @@ protected:
         return target;
     }
     static QString Cell(const QString& file, const QString& query) {
-        return Plain_Rows(file, query).value(0).value(0);
+        return Database_Beside(file).Value(query);
     }
     Conversion_Folder folder;
 };
@@ -71,8 +71,6 @@ TEST_F(Genuine_Files, TablesHaveTheProgramsTypesAndKeys) {
 
 TEST_F(Genuine_Files, DatesStandInTheOneFormThatTheProgramWrites) {
     const QString converted = Converted(u"jet4-data.mdb"_s);
-    EXPECT_EQ(Cell(converted, u"SELECT DOB FROM Mevo_Pupils WHERE StudentCode = 'GREREN288IXR'"_s),
-              u"01/11/2004"_s);
     EXPECT_EQ(
         Cell(
             converted,

@@ -47,16 +47,15 @@ QStringList Conversion_Folder::Names() const {
     return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-QList<conversion::Table_Summary> Convert(const QString& source, const QString& target) {
-    return conversion::Convert_Jet_File(source, target, conversion::If_There_Is_One::Refuse,
-                                        conversion::Reader_Beside_This_Program(),
+QList<conversion::Table_Summary> Convert(const QString& source, const QString& target,
+                                         const conversion::Reader_Program& reader) {
+    return conversion::Convert_Jet_File(source, target, conversion::If_There_Is_One::Refuse, reader,
                                         [](const conversion::Progress&) {});
 }
 
 QString Why_Refused(const QString& source, const QString& target, const conversion::Reader_Program& reader) {
     try {
-        conversion::Convert_Jet_File(source, target, conversion::If_There_Is_One::Refuse, reader,
-                                     [](const conversion::Progress&) {});
+        Convert(source, target, reader);
     } catch (const conversion::Refusal& refusal) {
         return refusal.Why();
     }

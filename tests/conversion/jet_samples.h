@@ -31,7 +31,9 @@ private:
 };
 
 // Converts without replacing; throws the refusal.
-QList<conversion::Table_Summary> Convert(const QString& source, const QString& target);
+QList<conversion::Table_Summary>
+Convert(const QString& source, const QString& target,
+        const conversion::Reader_Program& reader = conversion::Reader_Beside_This_Program());
 // The refusal's text; empty where there was none.
 QString Why_Refused(const QString& source, const QString& target,
                     const conversion::Reader_Program& reader = conversion::Reader_Beside_This_Program());

@@ -104,6 +104,26 @@ Way Told_Table(const std::vector<Column>& columns, const std::vector<std::uint16
     };
 }
 
+// One row of one table, made of these parts.
+template<class... Parts>
+Way Told_Row(const Column& column, Parts... parts) {
+    return [=](Stream& stream) {
+        One_Table(stream, 1, {column});
+        stream.Put_Record(Record::Row);
+        (stream.Put(parts), ...);
+        Finish(stream, 1);
+    };
+}
+
+// Half of the rows, and then something else.
+Way Half_Told(const std::function<void()>& then) {
+    return [=](Stream& stream) {
+        Pupils(stream, 2, {"AAA"});
+        stream.Flush();
+        then();
+    };
+}
+
 const std::map<std::string, Way> Ways = {
     // Sound, but like none of the genuine files.
     {"twins", Told_Rows(4, {"AAA", "BBB", "AAA", "CCC"}, 4)},
@@ -117,18 +137,8 @@ const std::map<std::string, Way> Ways = {
              Text(stream, std::string(100'000, 'x'));
          }
      }},
-    {"silent",
-     [](Stream& stream) {
-         Pupils(stream, 2, {"AAA"});
-         stream.Flush();
-         std::this_thread::sleep_for(std::chrono::hours(1));
-     }},
-    {"crashing",
-     [](Stream& stream) {
-         Pupils(stream, 2, {"AAA"});
-         stream.Flush();
-         std::abort();
-     }},
+    {"silent", Half_Told([] { std::this_thread::sleep_for(std::chrono::hours(1)); })},
+    {"crashing", Half_Told([] { std::abort(); })},
     {"one row less", Told_Rows(2, {"AAA"}, 1)},
     {"one row more", Told_Rows(1, {"AAA", "BBB"}, 1)},
     {"without an end",
@@ -136,31 +146,13 @@ const std::map<std::string, Way> Ways = {
          Pupils(stream, 1, {"AAA"});
          End_Table(stream, 1);
      }},
-    {"long claim",
-     [](Stream& stream) {
-         One_Table(stream, 1);
-         stream.Put_Record(Record::Row);
-         stream.Put(Value_Tag::Text);
-         stream.Put(std::uint32_t{0xffffffff});
-     }},
-    {"no such value",
-     [](Stream& stream) {
-         One_Table(stream, 1);
-         stream.Put_Record(Record::Row);
-         stream.Put(std::uint8_t{99});
-     }},
+    {"long claim", Told_Row({"StudentCode"}, Value_Tag::Text, std::uint32_t{0xffffffff})},
+    {"no such value", Told_Row({"StudentCode"}, std::uint8_t{99})},
     {"no such key", Told_Table(Pupil, {7})},
     {"no columns", Told_Table({})},
     {"no name", Told_Table(Pupil, {}, "")},
     {"no column name", Told_Table({{"StudentCode"}, {""}})},
-    {"impossible date",
-     [](Stream& stream) {
-         One_Table(stream, 1, {{"DOB", Column_Type::Date, 8}});
-         stream.Put_Record(Record::Row);
-         stream.Put(Value_Tag::Date);
-         stream.Put(1e300);
-         Finish(stream, 1);
-     }},
+    {"impossible date", Told_Row({"DOB", Column_Type::Date, 8}, Value_Tag::Date, 1e300)},
     {"two tables of a name",
      [](Stream& stream) {
          Start(stream, 2, 0);

@@ -21,8 +21,7 @@ protected:
     }
     QList<conversion::Table_Summary> Converted(const char* way) {
         qputenv("MEVO_ODD_READER", way);
-        return conversion::Convert_Jet_File(source, target, conversion::If_There_Is_One::Refuse, reader,
-                                            [](const conversion::Progress&) {});
+        return Convert(source, target, reader);
     }
     QList<QStringList> Rows(const QString& query) const { return Plain_Rows(target, query); }
 

@@ -58,15 +58,6 @@ TEST_F(Database, RewindsAfterTheLastRow) {
     EXPECT_EQ(Error_Number([this] { rows.Fields(u"nothing"_s); }), errors::No_Such_Field);
 }
 
-TEST_F(Database, ObjectsOutOfOrderAreAdosErrors) {
-    EXPECT_EQ(Error_Number([this] { rows.Set_ActiveConnection(&connection); }), errors::Connection_Invalid);
-    EXPECT_EQ(Error_Number([this] { rows.Open(); }), errors::Connection_Invalid);
-    EXPECT_EQ(Error_Number([this] { rows.MoveFirst(); }), errors::Object_Closed);
-    EXPECT_EQ(Error_Number([this] { connection.Close(); }), errors::Object_Closed);
-    Open();
-    EXPECT_EQ(Error_Number([this] { connection.Open(); }), errors::Object_Open);
-}
-
 TEST_F(Database, ARowThatHasGoneIsAnError) {
     Open();
     Query(u"SELECT * FROM Mevo_Groups WHERE Group_Name = 'Universal'"_s);

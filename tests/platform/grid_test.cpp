@@ -1,4 +1,3 @@
-#include "platform/basics/run_time_error.h"
 #include "platform/grid/spread.h"
 #include "support/printing.h"
 #include "support/scripted_platform.h"
@@ -292,16 +291,4 @@ TEST_F(Grid, AListBreaksBehindItsCommasAndIsWholeInItsTip) {
     QHelpEvent pointed(QEvent::ToolTip, grid.visualItemRect(grid.item(0, 0)).center(), {});
     QApplication::sendEvent(grid.viewport(), &pointed);
     EXPECT_TRUE(QToolTip::text().remove(QChar(0x200B)).contains(list)) << QToolTip::text().toStdString();
-}
-
-TEST_F(Grid, Action32PrintsAndNothingElseDoes) {
-    fpSpread grid(u"Spread1"_s, 1, 1, nullptr);
-    outside.printers.says_pdf = u"/archives/Sheet.pdf"_s;
-    EXPECT_EQ(Print(grid), u"/archives/Sheet.pdf"_s);
-    EXPECT_EQ(outside.printers.printed, QStringList{u"Sheet"_s});
-    EXPECT_EQ(outside.printers.pdf_folders, QStringList{u"/archives"_s});
-    EXPECT_THROW(grid.Action(31, {outside.printers, u"Sheet"_s, u""_s}), basics::Run_Time_Error);
-    grid.PrintOrientation = 2;
-    EXPECT_THROW(Print(grid), basics::Run_Time_Error);
-    EXPECT_EQ(outside.printers.printed.size(), 1);
 }

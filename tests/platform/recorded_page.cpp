@@ -19,10 +19,7 @@ QStringList Texts_On(const Drawing& page) {
 }
 
 QList<Text_Operation> Lines_Of(const Drawing& page, const QString& text) {
-    QList<Text_Operation> lines;
-    for (const Text_Operation& line : All_Of<Text_Operation>(page))
-        if (line.text == text) lines.append(line);
-    return lines;
+    return Those_Of<Text_Operation>(page, [&](const auto& line) { return line.text == text; });
 }
 
 Text_Operation Only_Line(const Drawing& page, const QString& text) {
@@ -34,26 +31,19 @@ Text_Operation Only_Line(const Drawing& page, const QString& text) {
 }
 
 QList<Rectangle_Operation> Rectangles_Filled(const Drawing& page, const QColor& colour) {
-    QList<Rectangle_Operation> found;
-    for (const Rectangle_Operation& rectangle : All_Of<Rectangle_Operation>(page))
-        if (!rectangle.outline && rectangle.fill == colour) found.append(rectangle);
-    return found;
+    return Those_Of<Rectangle_Operation>(
+        page, [&](const auto& rectangle) { return !rectangle.outline && rectangle.fill == colour; });
 }
 
 QList<Line_Operation> Lines_Drawn(const Drawing& page, const QColor& colour) {
-    QList<Line_Operation> found;
-    for (const Line_Operation& line : All_Of<Line_Operation>(page))
-        if (line.pen.colour == colour) found.append(line);
-    return found;
+    return Those_Of<Line_Operation>(page, [&](const auto& line) { return line.pen.colour == colour; });
 }
 
 QColor Colour_At(const Drawing& page, int x, int y) {
-    QColor colour = Qt::white;
-    for (const Rectangle_Operation& rectangle : All_Of<Rectangle_Operation>(page))
-        if (rectangle.fill && x >= rectangle.x && x < rectangle.x + rectangle.width && y >= rectangle.y &&
-            y < rectangle.y + rectangle.height)
-            colour = *rectangle.fill;
-    return colour;
+    const auto there = Those_Of<Rectangle_Operation>(page, [&](const auto& one) {
+        return one.fill && QRect(one.x, one.y, one.width, one.height).contains(x, y);
+    });
+    return there.isEmpty() ? Qt::white : *there.last().fill;
 }
 
 QStringList Overlaps(const Drawing& page) {

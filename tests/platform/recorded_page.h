@@ -16,12 +16,17 @@ inline const QString Note =
 
 // Questions to a recorded page. A text that isn't there fails with a list of those that are.
 
-template<class Kind>
-QList<Kind> All_Of(const preview::Drawing& page) {
+template<class Kind, class Wanted>
+QList<Kind> Those_Of(const preview::Drawing& page, Wanted wanted) {
     QList<Kind> found;
     for (const preview::Operation& operation : page.operations)
-        if (const auto* one = std::get_if<Kind>(&operation)) found.append(*one);
+        if (const auto* one = std::get_if<Kind>(&operation); one && wanted(*one)) found.append(*one);
     return found;
+}
+
+template<class Kind>
+QList<Kind> All_Of(const preview::Drawing& page) {
+    return Those_Of<Kind>(page, [](const Kind&) { return true; });
 }
 
 QStringList Texts_On(const preview::Drawing& page);

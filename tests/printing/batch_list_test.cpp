@@ -40,38 +40,6 @@ TEST(BatchList, TheCodeIsWhatFollowsTheFirstDivider) {
               (QList<qint16>{1, -1, 2, -1, -1}));
 }
 
-TEST(BatchList, TheMessageCountsAndKeepsItsLines) {
-    const QStringList lines = Surname_Message(2).split(u'\r');
-    ASSERT_EQ(lines.size(), 10);
-    EXPECT_TRUE(
-        lines[0].startsWith(u"There are 2 surnames in the database which are composed of two names"_s));
-    EXPECT_EQ(lines[2], u"Example: Thompson - Ellis"_s);
-    EXPECT_EQ(lines[7], u"Example: Thompson-Ellis"_s);
-}
-
-TEST(BatchList, ListsThePupilsOfAGroupWhoHaveAScore) {
-    const Sample_File sample(40);
-    sample.Run(
-        u"UPDATE Mevo_Pupils SET Tolvens = 0, BliksFriends = 0, Karrel = 0, BliksLetters = 0, "
-        "BliksLetterNames = 0, Drell = 0, Mirvel = 0, Yoon = 0, Pindo = 1 WHERE StudentCode = "
-        "(SELECT StudentCode FROM Mevo_Pupils WHERE Yoon = 1 AND Group_Class = 'Reception' LIMIT 1)"_s);
-    const QString connection = sample.Installed().Connection_String;
-    const QString scored =
-        u"SELECT Surname || ', ' || Forename || ' - ' || StudentCode FROM Mevo_Pupils WHERE Tolvens + "
-        "BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon > 0"_s;
-    const std::pair<QString, QString> cases[] = {
-        {u"ALL"_s, scored}, {u"reception"_s, scored + u" AND Group_Class = 'Reception'"_s}};
-    for (const auto& [group, sql] : cases) {
-        QStringList entries, expected = sample.Column(sql);
-        EXPECT_TRUE(
-            Read_Pupil_Entries(connection, group, [&](const QString& text) { entries.append(text); }));
-        EXPECT_FALSE(expected.isEmpty());
-        entries.sort();
-        expected.sort();
-        EXPECT_EQ(entries, expected);
-    }
-}
-
 TEST(BatchList, AnErrorEndsAListInSilence) {
     const Sample_File sample;
     const QString connection = sample.Installed().Connection_String;

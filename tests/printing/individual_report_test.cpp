@@ -1,40 +1,28 @@
 #include "printing/individual_report.h"
 
+#include "printing/pupil_on_paper.h"
 #include "support/controls.h"
-#include "support/scripted_platform.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 using namespace printing;
 using namespace test_support;
 using desktop::Pointer_Shape;
 
 namespace {
 
-class Individual_Report_Page : public testing::Test {
+class Individual_Report_Page : public Pupil_On_Paper {
 protected:
     Individual_Report_Page() {
-        installation.Institution = u"Hillside"_s;
-        installation.Archive_Folder = u"/archives"_s;
-        state.Pupil_Name = u"Smith Oliver"_s;
-        state.comment.Pupil_Comment = u"Works with care."_s;
         scores.Raw_Centile[1] = 40;
         page.resize(1366, 768);
         page.Load();
     }
-    ~Individual_Report_Page() override { outside.boxes.Expect_All_Asked(); }
 
     preview::Preview_Window& Preview() { return Control<preview::Preview_Window>(page, u"ViewPro1"_s); }
     // A screen reader is told the words of the page on view.
     bool On_View(const QString& text) { return Preview().accessibleDescription().contains(text); }
     bool Ticked(int i) { return !Control<QLabel>(page, u"Image1(%1)"_s.arg(i)).pixmap().isNull(); }
 
-    Scripted_Platform outside;
     Recording_Navigator navigator;
-    foundation::Installation installation;
-    reports::Report_State state;
-    scoring::Score_Store scores;
     Form94 page{outside.platform, navigator, {installation, state, scores}};
 };
 

@@ -2,27 +2,16 @@
 
 #include "platform/recorded_page.h"
 #include "printing/product_lines.h"
-#include "support/printing.h"
-#include "support/scripted_platform.h"
+#include "printing/pupil_on_paper.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 using namespace printing;
 using namespace test_support;
 
 namespace {
 
-constexpr Report_Sections Nothing{.Summary = false, .Profile = false, .Legend = false, .Comments = false};
-
-class Individual_Report_Sheet : public testing::Test {
+class Individual_Report_Sheet : public Pupil_On_Paper {
 protected:
     Individual_Report_Sheet() {
-        installation.Institution = u"Hillside Primary School"_s;
-        state.Current_Student_Code = u"SMIOLI633THJ"_s;
-        state.Pupil_Name = u"Smith Oliver"_s;
-        state.Pupil_DOB = u"09/02/2020"_s;
-        state.comment.Pupil_Comment = u"Works with care."_s;
         scoring::Show_Test_Names(state.summary);
         report.Report_Setup();
     }
@@ -46,10 +35,6 @@ protected:
         return words;
     }
 
-    Scripted_Platform outside;
-    foundation::Installation installation;
-    reports::Report_State state;
-    scoring::Score_Store scores;
     preview::ViewPro sheet;
     Individual_Sheet report{sheet, {installation, state, scores}, outside.platform};
 };
@@ -214,7 +199,7 @@ TEST_F(Individual_Report_Sheet, InsideTheMarginsAllMovesAndTheSchoolStandsAlone)
 TEST_F(Individual_Report_Sheet, WhatDividesCellsIsNoTroubleInAName) {
     installation.Institution = u"St Mary's; Leeds | North"_s;
     state.Pupil_DOB = u"09|02;2020"_s;
-    const preview::Drawing& page = Build(Nothing);
+    const preview::Drawing& page = Build();
     EXPECT_EQ(Lines_Of(page, u"St Mary's\u037E Leeds \u00A6 North"_s).size(), 2);
     EXPECT_EQ(Only_Line(page, u"Date printed: 15/06/2026"_s).x, 913 + 6500 + 90);
 }

@@ -18,10 +18,6 @@ QColor Grey_Of(int lightness) {
     return QColor(lightness, lightness, lightness);
 }
 
-QRect Place_Of(const preview::Rectangle_Operation& rectangle) {
-    return {rectangle.x, rectangle.y, rectangle.width, rectangle.height};
-}
-
 class Charts_On_Paper : public testing::Test {
 protected:
     Charts_On_Paper() { sheet.BeginOutput(); }
@@ -32,18 +28,17 @@ protected:
         DrawBar(sheet, x, y, width, height, colour, label, boxes);
     }
     const preview::Drawing& Page() { return sheet.Page(1); }
+    static QList<QRect> Places(const QList<preview::Rectangle_Operation>& rectangles) {
+        QList<QRect> places;
+        for (const auto& one : rectangles)
+            places.append({one.x, one.y, one.width, one.height});
+        return places;
+    }
     QList<QRect> Outlines() {
-        QList<QRect> found;
-        for (const auto& one : All_Of<preview::Rectangle_Operation>(Page()))
-            if (one.outline && one.outline->colour == Black) found.append(Place_Of(one));
-        return found;
+        return Places(Those_Of<preview::Rectangle_Operation>(
+            Page(), [](const auto& one) { return one.outline && one.outline->colour == Black; }));
     }
-    QList<QRect> Fills(const QColor& colour) {
-        QList<QRect> found;
-        for (const auto& rectangle : Rectangles_Filled(Page(), colour))
-            found.append(Place_Of(rectangle));
-        return found;
-    }
+    QList<QRect> Fills(const QColor& colour) { return Places(Rectangles_Filled(Page(), colour)); }
     void Begin_Anew() {
         sheet.EndOutput();
         sheet.BeginOutput();

@@ -3,29 +3,20 @@
 #include "platform/basics/run_time_error.h"
 #include "printing/grid_print.h"
 #include "printing/product_lines.h"
-#include "support/printing.h"
-#include "support/scripted_platform.h"
+#include "printing/pupil_on_paper.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 using namespace printing;
+using namespace test_support;
 
 namespace {
 
-class Printed_Grids : public testing::Test {
+class Printed_Grids : public Pupil_On_Paper {
 protected:
     Printed_Grids() {
         installation.Institution = u"St Mary's/nursery School"_s;
-        installation.Archive_Folder = u"/archives"_s;
-        state.Current_Student_Code = u"SMIOLI633THJ"_s;
-        state.Pupil_Name = u"Smith Oliver"_s;
-        state.Pupil_DOB = u"09/02/2020"_s;
-        state.Pupil_Age_Text = u" 6y 3m"_s;
         grid.Set_Text(1, 0, u"Heading"_s);
         grid.Set_Text(1, 1, u"value"_s);
     }
-    ~Printed_Grids() override { outside.boxes.Expect_All_Asked(); }
 
     bool Print(Table_To_Print table) {
         return Print_Table({table, grid, u"Test data for Yoon"_s}, state, installation, outside.platform);
@@ -40,9 +31,6 @@ protected:
         return texts;
     }
 
-    test_support::Scripted_Platform outside;
-    foundation::Installation installation;
-    reports::Report_State state;
     QWidget page;
     grid::fpSpread& grid = *new grid::fpSpread(u"Spread1"_s, 2, 3, &page);
 };
@@ -96,7 +84,7 @@ TEST_F(Printed_Grids, APdfIsToldAndLiesInTheArchiveFolder) {
     EXPECT_FALSE(Print(Table_To_Print::Summary));
     EXPECT_FALSE(Print(Grid_Kind::Security_Settings));
     EXPECT_EQ(outside.printers.pdf_folders, (QStringList{u"/archives"_s, u"/archives"_s}));
-    for (const test_support::Box_Shown& box : outside.boxes.shown) {
+    for (const Box_Shown& box : outside.boxes.shown) {
         EXPECT_EQ(box.style, desktop::Box_Style::Information);
         EXPECT_TRUE(box.text.contains(u"/archives/Mevo summary.pdf"_s)) << box.text.toStdString();
     }

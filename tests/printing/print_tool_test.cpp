@@ -1,47 +1,28 @@
 #include "print/command_line.h"
 
 #include "printing/individual_report.h"
-#include "reports/reports_page.h"
-#include "support/controls.h"
+#include "reports/reports_page_fixture.h"
+#include "support/command_line.h"
 #include "support/files.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
 #include "support/told_by.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QRegularExpression>
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace test_support;
 
 namespace {
 
-struct Outcome {
-    int status;
-    QString output;
-    QStringList errors;
-};
-
 Outcome Print(const QStringList& arguments) {
-    QString output;
-    QString told;
-    QTextStream out(&output);
-    QTextStream errors(&told);
-    const int status = paper_output::Run_Command(QStringList{u"mevo-print"_s} + arguments, out, errors);
-    return {status, output, told.split(u'\n', Qt::SkipEmptyParts)};
+    return Outcome_Of([&](QIODevice& device, QTextStream& errors) {
+        QTextStream output(&device);
+        return paper_output::Run_Command(QStringList{u"mevo-print"_s} + arguments, output, errors);
+    });
 }
 
-class Print_Tool : public testing::Test {
+class Print_Tool : public Reports_Page {
 protected:
     QString Pdf() const { return sample.Folder() + u"/report.pdf"_s; }
-    QString Code_Where(const QString& condition, int skip = 0) const {
-        return sample.Value(
-            u"SELECT StudentCode FROM Mevo_Pupils WHERE %1 ORDER BY StudentCode LIMIT 1 OFFSET %2"_s
-                .arg(condition)
-                .arg(skip));
-    }
     QStringList Individual(const QStringList& codes, const QStringList& options = {}) const {
         return QStringList{sample.Path(), u"individual"_s} + codes + QStringList{u"--out"_s, Pdf()} + options;
     }
@@ -51,8 +32,6 @@ protected:
     QStringList Files() const {
         return QDir(sample.Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
-
-    Sample_File sample{40};
 };
 
 } // namespace
@@ -60,25 +39,13 @@ protected:
 // The words on the sheet are those that the program's own pages show for the pupil.
 TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
     const QString code = Code_Where(u"Tolvens = 1 AND BliksFriends = 1 AND Yoon = 1 AND Drell = 1"_s);
-    sample.Run(u"UPDATE Mevo_Pupils SET Comment = 'Élan & care' WHERE StudentCode = '"_s + code + u'\'');
-    Scripted_Platform outside;
+    Set(code, u"Comment = 'Élan & care'"_s);
     outside.clock.now = QDateTime::currentDateTime();
-    Recording_Navigator navigator;
-    foundation::Installation installation = sample.Installed();
-    installation.App_Path = QStringLiteral(MEVO_ASSETS);
     installation.Institution =
         sample.Value(u"SELECT Institution FROM Customer_Details WHERE Product_Name = 'MEVO'"_s);
-    scoring::Scoring_Data scores;
-    foundation::Access_Holder holder(outside.platform);
-    scoring::Scoring scoring = scoring::Pass_Over(scores, installation, holder);
-    reports::Report_State state;
-    reports::Form30 reports_page(outside.platform, navigator, {installation, scores, scoring, state});
-    reports_page.Load();
-    reports_page.Timer2_Timer();
-    auto& pupils = Control<shell::Click_Combo>(reports_page, u"Combo1"_s);
-    pupils.Set_ListIndex(pupils.findText(code, Qt::MatchContains));
-    Click(reports_page, u"HotLabel2"_s); // the time bars
-    Click(reports_page, u"ShowZScores"_s);
+    Open_On(code);
+    Click(*page, u"HotLabel2"_s); // the time bars
+    Click(*page, u"ShowZScores"_s);
     printing::Form94 report_page(outside.platform, navigator, {installation, state, scores.scores});
     report_page.Load();
     QStringList shown = Control<preview::Preview_Window>(report_page, u"ViewPro1"_s)
@@ -144,12 +111,7 @@ TEST_F(Print_Tool, WhateverIsWrongIsOneLineAndLeavesNoFile) {
     const QStringList before = Files();
     for (const auto& [arguments, told] : cases) {
         SCOPED_TRACE(arguments.join(u' ').toStdString());
-        const Outcome outcome = Print(arguments);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.output, u""_s);
-        ASSERT_EQ(outcome.errors.size(), 1);
-        EXPECT_TRUE(outcome.errors.first().startsWith(u"mevo-print: "_s));
-        EXPECT_TRUE(outcome.errors.first().contains(told)) << outcome.errors.first().toStdString();
+        Print(arguments).Expect_Refusal(u"mevo-print"_s, told);
         EXPECT_EQ(Files(), before);
     }
 }
@@ -157,23 +119,17 @@ TEST_F(Print_Tool, WhateverIsWrongIsOneLineAndLeavesNoFile) {
 TEST_F(Print_Tool, AFailureLeavesAnEarlierFileAsItWas) {
     Write_Bytes(Pdf(), "an earlier report");
     const QString code = Code_Where(u"Tolvens = 1"_s);
-    sample.Run(
-        u"UPDATE Mevo_Tolvens_data SET Level_11_holes_req = NULL WHERE StudentCode = '%1'"_s.arg(code));
+    Set(code, u"Level_11_holes_req = NULL"_s, u"Mevo_Tolvens_data"_s);
     for (const QStringList& arguments : {Individual({code}), Batch()}) {
-        const Outcome outcome = Print(arguments);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.errors, QStringList{u"mevo-print: Pupil "_s + code + u": Invalid use of Null"_s});
+        Print(arguments).Expect_Refusal(u"mevo-print"_s, u": Pupil "_s + code + u": Invalid use of Null"_s);
         EXPECT_EQ(Bytes_Of(Pdf()), "an earlier report");
     }
 }
 
 TEST_F(Print_Tool, ASurnameWithADividerIsNamed) {
     const QString code = Code_Where(u"Yoon = 1"_s);
-    sample.Run(u"UPDATE Mevo_Pupils SET Surname = 'Thompson - Ellis' WHERE StudentCode = '"_s + code + u'\'');
-    const Outcome outcome = Print(Batch());
-    EXPECT_EQ(outcome.status, 2);
-    ASSERT_EQ(outcome.errors.size(), 1);
-    EXPECT_TRUE(outcome.errors.first().contains(u"Thompson - Ellis"_s));
+    Set(code, u"Surname = 'Thompson - Ellis'"_s);
+    Print(Batch()).Expect_Refusal(u"mevo-print"_s, u"Thompson - Ellis"_s);
     EXPECT_EQ(Print(Individual({code})).status, 0); // one at a time they can be printed
 }
 
@@ -188,11 +144,10 @@ TEST_F(Print_Tool, RunsWithoutADisplayAndSaysNothingElse) {
         QProcess process;
         process.setProcessEnvironment(bare);
         process.start(QStringLiteral(MEVO_PRINT), arguments);
-        ASSERT_TRUE(process.waitForFinished());
-        EXPECT_EQ(process.exitCode(), status);
-        const QByteArray errors = process.readAllStandardError();
-        EXPECT_EQ(errors.count('\n'), status == 0 ? 0 : 1) << errors.toStdString();
-        EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
+        const Outcome outcome = End_Of(process);
+        EXPECT_EQ(outcome.status, status);
+        EXPECT_EQ(outcome.errors.size(), status == 0 ? 0 : 1) << outcome.errors.join(u'\n').toStdString();
+        EXPECT_EQ(outcome.output, u""_s);
     }
     EXPECT_TRUE(Told_By(u"pdfinfo"_s, {Pdf()}).contains(QRegularExpression(u"Pages: +1\n"_s)));
     const Outcome help = Print({u"--help"_s});

@@ -69,9 +69,9 @@ class Killed_Act {
 public:
     explicit Killed_Act(const QString& act) : act(act) {
         QDir().mkpath(archives);
-        Copy(act == "convert"_L1 ? Older_School() : Old_School(), working);
+        Copy(act == "convert"_L1 ? Made().older.Path() : Made().old.Path(), working);
         Copy(Made().archived.Path(), archive);
-        Copy(Old_Archive(), mine);
+        Copy(Made().earlier_archive.Path(), mine);
         sample_data::Write_Template(empty, 1);
         QByteArray lines;
         for (int i = 0; i < Imported_Class; ++i)
@@ -160,9 +160,6 @@ private:
         static const Schools made;
         return made;
     }
-    static QString Old_School() { return Made().old.Path(); }
-    static QString Older_School() { return Made().older.Path(); }
-    static QString Old_Archive() { return Made().earlier_archive.Path(); }
     static QStringList Old_Codes() {
         return Made().old.Column(u"SELECT StudentCode FROM Mevo_Pupils ORDER BY rowid"_s);
     }
@@ -171,7 +168,7 @@ private:
         const QString& file = act == "archive"_L1 ? mine : working;
         return Content(file, file, played);
     }
-    QString Shape() const { return act == "convert"_L1 ? Older_School() : Old_School(); }
+    QString Shape() const { return act == "convert"_L1 ? Made().older.Path() : Made().old.Path(); }
 
     QStringList Kept() const {
         QStringList kept;
@@ -205,7 +202,7 @@ private:
     }
     void Expect_Archived() {
         const QString found = Content(mine, mine, played);
-        const QString earlier = Content(Old_Archive(), Old_Archive(), played);
+        const QString earlier = Content(Made().earlier_archive.Path(), Made().earlier_archive.Path(), played);
         EXPECT_TRUE(found == before || (found == earlier && !Is_Done())) << "a torn archive";
     }
     int Count(const QString& condition) const {
@@ -240,7 +237,8 @@ private:
         }
         EXPECT_LE(left_in_part, Is_Done() ? 0 : 1);
         EXPECT_TRUE(!Is_Done() || gone.size() == Deleted_Pupils);
-        EXPECT_EQ(Content(working, working, gone + played), Content(Old_School(), working, gone + played));
+        EXPECT_EQ(Content(working, working, gone + played),
+                  Content(Made().old.Path(), working, gone + played));
     }
 
     QString act;

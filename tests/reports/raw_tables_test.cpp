@@ -11,22 +11,16 @@ class Raw_Tables : public Reports_Page {
 protected:
     Raw_Tables() { code = Code_Where(All_Normed + u" AND Pindo = 1"_s); }
 
-    void Set(const QString& table, const QString& assignments) {
-        sample.Run(u"UPDATE "_s + table + u" SET "_s + assignments + u" WHERE StudentCode = '"_s + code +
-                   u'\'');
-    }
     void Set_Age(int months) {
         for (int t = 1; t <= scoring::Normed_Tests; ++t)
-            Set(u"Mevo_Pupils"_s, u"%1_age = %2"_s.arg(scoring::Test_At(t).Status_Column).arg(months));
+            Set(code, u"%1_age = %2"_s.arg(scoring::Test_At(t).Status_Column).arg(months));
     }
     void Show(int t) {
         if (!page) Open();
         Choose(code);
         Click(*page, u"BtnEnh1%1"_s.arg(t));
     }
-    QString At(int column, int row, const QString& grid = u"fpSpread2"_s) {
-        return Control<grid::fpSpread>(*page, grid).Text(column, row);
-    }
+    QString At(int column, int row, const QString& grid = u"fpSpread2"_s) { return Cell(column, row, grid); }
     // The cells of a row, with a bar between.
     QString Row(int row) {
         QStringList cells;
@@ -69,10 +63,11 @@ TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
 
 TEST_F(Raw_Tables, AnEndedTestShowsWhatWasNotReached) {
     Set_Age(90);
-    Set(u"Mevo_Tolvens_data"_s,
+    Set(code,
         u"Level_11_holes_req = '3,1,2', Level_11_holes_chosen = '1,3,2', Level_11_time = 2369, "
         "Level_12_holes_req = '5,6', Level_12_holes_chosen = '-2', Level_12_time = 0, "
-        "Level_52_holes_req = '-1', Level_52_holes_chosen = '-2', Level_52_time = 0"_s);
+        "Level_52_holes_req = '-1', Level_52_holes_chosen = '-2', Level_52_time = 0"_s,
+        u"Mevo_Tolvens_data"_s);
     Show(1);
     EXPECT_EQ(At(3, 1), u"Holes chosen"_s);
     EXPECT_EQ(Row(2), u"1|3,1,2|1,3,2|0|1|2"_s); // without time bars no time has been read
@@ -89,8 +84,8 @@ TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
     QStringList times;
     for (int i = 1; i <= 25; ++i)
         times.append(u"Level_1%1_time = %2"_s.arg(i).arg(i <= 20 ? 1005 : 1000000));
-    Set(u"Mevo_Karrel_data"_s, times.join(u", "_s));
-    Set(u"Mevo_Karrel_data"_s, u"Level_11_req = 'Red', Level_11_colourchosen = 'Cyan'"_s);
+    times.append(u"Level_11_req = 'Red', Level_11_colourchosen = 'Cyan'"_s);
+    Set(code, times.join(u", "_s), u"Mevo_Karrel_data"_s);
     Show(3);
     EXPECT_EQ(Rows(), 27);
     EXPECT_EQ(Row(2), u"1|Checkers|Triangles|1.01|0| "_s);
@@ -108,9 +103,10 @@ TEST_F(Raw_Tables, KarrelHasAsManyRowsAsItemsWereTried) {
 }
 
 TEST_F(Raw_Tables, TheTargetsPlaceIsNamed) {
-    Set(u"Mevo_Yoon_data"_s,
+    Set(code,
         u"Choices_1 = 'cup,cap', Shown_1 = 'cup', Choices_2 = 'cup,cap', Shown_2 = 'cap', "
-        "Choices_3 = NULL, Shown_3 = NULL"_s);
+        "Choices_3 = NULL, Shown_3 = NULL"_s,
+        u"Mevo_Yoon_data"_s);
     Show(8);
     EXPECT_EQ(At(3, 2, Wide), u"Left"_s);
     EXPECT_EQ(At(3, 3, Wide), u"Right"_s);
@@ -142,8 +138,8 @@ TEST_F(Raw_Tables, PindoShowsEveryTryAndTheVerdict) {
         tries.append(u"Level_1%1_requested = 'LBLU', Level_1%1_chosen = '%2', Level_1%1_time = %3"_s.arg(i)
                          .arg(i == 1 ? u"GREN"_s : u"LBLU"_s)
                          .arg(i <= 8 ? u"1500"_s : u"NULL"_s));
-    Set(u"Mevo_Pindo_data"_s, tries.join(u", "_s));
-    Set(u"Mevo_Pupils"_s, u"Pindo_age = 87"_s);
+    Set(code, tries.join(u", "_s), u"Mevo_Pindo_data"_s);
+    Set(code, u"Pindo_age = 87"_s);
     Show(9);
     EXPECT_EQ(Row(2), u"Hat 1st|Sky blue|Green|1.50|No| "_s);
     EXPECT_EQ(Row(3), u"Hat 2nd|Sky blue|Sky blue|1.50|Yes| "_s);

@@ -3,7 +3,6 @@
 
 #include <QAccessible>
 #include <QPlainTextEdit>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace reports;
@@ -11,9 +10,10 @@ using namespace test_support;
 using desktop::Answer;
 using shell::Page_Id;
 
+const QString Tolvens_Ended = u"Level_52_holes_req = '-1', Level_52_holes_chosen = '-2'"_s;
+
 TEST_F(Reports_Page, OpensOnTheFirstOfThePupilsWithResults) {
-    sample.Run(u"UPDATE Mevo_Pupils SET Surname = 'aardvark', Forename = 'Zoë' WHERE StudentCode = '"_s +
-               Code_Where(All_Normed) + u'\'');
+    Set(Code_Where(All_Normed), u"Surname = 'aardvark', Forename = 'Zoë'"_s);
     const QStringList listed = sample.Column(
         u"SELECT StudentCode FROM Mevo_Pupils WHERE Tolvens + BliksFriends + Karrel + BliksLetters "
         "+ BliksLetterNames + Drell + Mirvel + Yoon + Pindo > 0"_s);
@@ -24,13 +24,6 @@ TEST_F(Reports_Page, OpensOnTheFirstOfThePupilsWithResults) {
     EXPECT_EQ(Combo().currentText(), u"aardvark Zoë (%1)"_s.arg(state.Current_Student_Code));
     EXPECT_EQ(state.Pupil_Name, u"aardvark Zoë"_s);
     EXPECT_TRUE(Shown(*page, u"Picture2"_s));
-}
-
-TEST_F(Reports_Page, ANullStatusLeavesThePupilOutHoweverMuchIsDone) {
-    const QString code = Code_Where(All_Normed);
-    sample.Run(u"UPDATE Mevo_Pupils SET Pindo = NULL WHERE StudentCode = '"_s + code + u'\'');
-    Open();
-    EXPECT_EQ(Combo().findText(code, Qt::MatchContains), -1);
 }
 
 TEST_F(Reports_Page, WithoutAnyResultItSaysSo) {
@@ -46,14 +39,13 @@ TEST_F(Reports_Page, AStrangeZScoreIsToldAndLeavesTheHeight) {
     qint16 height = 77;
     Control<Profile_Chart>(*page, u"Picture2"_s).Convert_Z_Score_To_Bar_Height(0.5, height);
     EXPECT_EQ(height, 77);
-    EXPECT_EQ(outside.boxes.shown[0].title, u"Error"_s);
-    EXPECT_EQ(outside.boxes.shown[0].text, u"There has been an error calculating the bar height"_s);
-    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Information);
+    outside.boxes.Expect_Last(desktop::Box_Style::Information, u"Error"_s,
+                              u"There has been an error calculating the bar height"_s);
 }
 
 TEST_F(Reports_Page, BarsStandAtTheScoresOfTheStoredAnswersAndOnlyOfTestsTaken) {
     const QString code = Code_Where(All_Normed);
-    sample.Run(u"UPDATE Mevo_Pupils SET Karrel = 0 WHERE StudentCode = '"_s + code + u'\'');
+    Set(code, u"Karrel = 0"_s);
     Open();
     page->HotLabel2_Click();
     Choose(code);
@@ -73,8 +65,7 @@ TEST_F(Reports_Page, BarsStandAtTheScoresOfTheStoredAnswersAndOnlyOfTestsTaken) 
 
 TEST_F(Reports_Page, TheTimePassRunsOnceForAPupil) {
     const QString code = Code_Where(All_Normed);
-    Open();
-    Choose(code);
+    Open_On(code);
     EXPECT_FALSE(state.Time_Scores_Ready);
     EXPECT_EQ(Cell(6, 2), u"0.00"_s);
     EXPECT_FALSE(Shown(*page, u"Shape12(0)"_s));
@@ -87,8 +78,7 @@ TEST_F(Reports_Page, TheTimePassRunsOnceForAPupil) {
     EXPECT_NE(time, u"0.00"_s);
 
     // New answers show whether off and on again reads anew; choosing the pupil does.
-    sample.Run(u"UPDATE Mevo_Tolvens_data SET Level_11_time = 1, Level_12_time = 1 WHERE StudentCode = '"_s +
-               code + u'\'');
+    Set(code, u"Level_11_time = 1, Level_12_time = 1"_s, u"Mevo_Tolvens_data"_s);
     page->HotLabel2_Click();
     EXPECT_EQ(Place(u"Shape1"_s).width(), 64);
     EXPECT_FALSE(Shown(*page, u"Shape12(0)"_s));
@@ -99,29 +89,14 @@ TEST_F(Reports_Page, TheTimePassRunsOnceForAPupil) {
     EXPECT_TRUE(Shown(*page, u"Shape12(0)"_s));
 }
 
-TEST_F(Reports_Page, MarksShowTheTestsThatWereEndedEarly) {
+// What a bar's row says is what the summary has of that test, on the scale in force.
+TEST_F(Reports_Page, TheChartIsAListInWordsOfTheBarsAndMarksItShows) {
     const QString code = Code_Where(
         All_Normed +
         u" AND StudentCode NOT IN (SELECT StudentCode FROM Mevo_Friends_data WHERE Lev54req = '-1')"_s);
-    End_Tolvens_Early(code);
-    Open();
-    Choose(code);
-    EXPECT_TRUE(Shown(*page, u"Image12"_s));
-    EXPECT_FALSE(Shown(*page, u"Image13"_s));
-    EXPECT_EQ(Place(u"Image12"_s).top(), Place(u"Shape1"_s).top() - 18);
-    page->ShowZScores_Click();
-    EXPECT_EQ(Place(u"Image12"_s).top(), Place(u"Shape1"_s).top() - 18);
-    Choose(Code_Where(u"Tolvens = 0 AND BliksFriends = 0 AND Karrel + Pindo + Yoon > 0"_s));
-    EXPECT_FALSE(Shown(*page, u"Image12"_s));
-}
-
-// What a bar's row says is what the summary has of that test, on the scale in force.
-TEST_F(Reports_Page, TheChartIsAListInWordsOfWhatItShows) {
-    const QString code = Code_Where(All_Normed);
-    End_Tolvens_Early(code);
-    sample.Run(u"UPDATE Mevo_Pupils SET Karrel = 0, Drell_age = 87 WHERE StudentCode = '"_s + code + u'\'');
-    Open();
-    Choose(code);
+    Set(code, Tolvens_Ended, u"Mevo_Tolvens_data"_s);
+    Set(code, u"Karrel = 0, Drell_age = 87"_s);
+    Open_On(code);
     QAccessibleInterface* chart = QAccessible::queryAccessibleInterface(&Control(*page, u"Picture2"_s));
     EXPECT_EQ(chart->role(), QAccessible::List);
     ASSERT_EQ(chart->childCount(), 8);
@@ -135,20 +110,25 @@ TEST_F(Reports_Page, TheChartIsAListInWordsOfWhatItShows) {
     EXPECT_TRUE(
         chart->child(0)->text(QAccessible::Description).startsWith(u"'T' signifies that 'Tolvens'"_s));
     EXPECT_EQ(row(3), u"Karrel: not taken"_s);
-    EXPECT_EQ(row(6), u"Drell: centile "_s + Cell(3, 7) + u", age at test 7 y 3 m"_s);
-    const bool friends_ended = Shown(*page, u"Image13"_s);
+    const QString age = u", age at test 7 y 3 m"_s;
+    EXPECT_EQ(row(6), u"Drell: centile "_s + Cell(3, 7) + age);
+    const auto expect_the_mark_above_its_bar = [this] {
+        EXPECT_TRUE(Shown(*page, u"Image12"_s));
+        EXPECT_EQ(Place(u"Image12"_s).top(), Place(u"Shape1"_s).top() - 18);
+        EXPECT_FALSE(Shown(*page, u"Image13"_s));
+    };
+    expect_the_mark_above_its_bar();
     scores.scores.Tolvens_Terminated = false; // a batch report leaves the flags of its last pupil
-    scores.scores.Friends_Terminated = !friends_ended;
+    scores.scores.Friends_Terminated = true;
     page->HotLabel2_Click();
-    EXPECT_EQ(row(6),
-              u"Drell: centile "_s + Cell(3, 7) + u", age at test 7 y 3 m, time centile "_s + Cell(7, 7));
+    EXPECT_EQ(row(6), u"Drell: centile "_s + Cell(3, 7) + age + u", time centile "_s + Cell(7, 7));
     Click(*page, u"ShowZScores"_s);
-    EXPECT_EQ(row(6),
-              u"Drell: z-score "_s + Cell(5, 7) + u", age at test 7 y 3 m, time z-score "_s + Cell(8, 7));
+    EXPECT_EQ(row(6), u"Drell: z-score "_s + Cell(5, 7) + age + u", time z-score "_s + Cell(8, 7));
     EXPECT_TRUE(row(1).endsWith(u", terminated"_s));
-    EXPECT_EQ(row(2).endsWith(u", terminated"_s), friends_ended);
-    EXPECT_TRUE(Shown(*page, u"Image12"_s));
-    EXPECT_EQ(Shown(*page, u"Image13"_s), friends_ended);
+    EXPECT_FALSE(row(2).endsWith(u", terminated"_s));
+    expect_the_mark_above_its_bar();
+    Choose(Code_Where(u"Tolvens = 0 AND BliksFriends = 0 AND Karrel + Pindo + Yoon > 0"_s));
+    EXPECT_FALSE(Shown(*page, u"Image12"_s));
 }
 
 TEST_F(Reports_Page, AMissingGroundIsTheLoadsOwnError) {
@@ -173,9 +153,8 @@ TEST_F(Reports_Page, ReportsStartFromTheChartOnly) {
 
 TEST_F(Reports_Page, ATestNotDoneIsToldSo) {
     const QString code = Code_Where(All_Normed);
-    sample.Run(u"UPDATE Mevo_Pupils SET Yoon = 0, Pindo = 0 WHERE StudentCode = '"_s + code + u'\'');
-    Open();
-    Choose(code);
+    Set(code, u"Yoon = 0, Pindo = 0"_s);
+    Open_On(code);
     outside.boxes.Will_Answer(Answer::Ok);
     outside.boxes.Will_Answer(Answer::Ok);
     page->Test_Button_Click(8);
@@ -213,9 +192,8 @@ TEST_F(Reports_Page, ATestDoneWithoutANormOpensItsTable) {
 TEST_F(Reports_Page, TheCommentIsSavedOnlyIfItChanged) {
     const QString code = Code_Where(All_Normed);
     const QString stored = u"SELECT Comment FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\'';
-    sample.Run(u"UPDATE Mevo_Pupils SET Comment = NULL WHERE StudentCode = '"_s + code + u'\'');
-    Open();
-    Choose(code);
+    Set(code, u"Comment = NULL"_s);
+    Open_On(code);
     outside.dialogs.Will_Do([](QDialog& dialog) { Click(dialog, u"HotLabel1"_s); });
     page->HotLabel3_Click();
     EXPECT_EQ(sample.Value(stored), u"NULL"_s);
@@ -245,10 +223,8 @@ TEST_F(Reports_Page, AMissingNormTableMeetsTheBox) {
 TEST_F(Reports_Page, ANullWhereNoneMayBeIsARunTimeError) {
     const QString code = Code_Where(All_Normed);
     Open();
-    sample.Run(u"UPDATE Mevo_Tolvens_data SET Level_11_holes_req = NULL WHERE StudentCode = '"_s + code +
-               u'\'');
-    const int index = Combo().findText(code, Qt::MatchContains);
-    Combo().setCurrentIndex(index);
+    Set(code, u"Level_11_holes_req = NULL"_s, u"Mevo_Tolvens_data"_s);
+    Combo().setCurrentIndex(Combo().findText(code, Qt::MatchContains));
     EXPECT_EQ(Error_Number([&] { page->Combo1_Click(); }), basics::errors::Invalid_Use_Of_Null);
     sample.Run(u"UPDATE Yoon_Norms SET \"Age 7 Centile\" = NULL WHERE \"Raw Score\" = 3"_s);
     EXPECT_EQ(Error_Number([&] { Load(); }), basics::errors::Invalid_Use_Of_Null);

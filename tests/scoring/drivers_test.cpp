@@ -17,14 +17,12 @@ protected:
 
     // All answers right; Tolvens ended early if asked for.
     void Completed(int t, int p, bool unreached_item = false) {
-        List(t, p);
-        Put(t, p, 0, {u"'cap'"_s, u"'cap'"_s});
+        Take(t, p, {u"'cap'"_s, u"'cap'"_s});
         if (unreached_item) Put(t, p, 13, {u"'-1'"_s, u"'-2'"_s});
     }
 
     void Tries(int p, int valid) {
-        List(Pindo, p);
-        Put(Pindo, p, 0, {u"'LRED'"_s, u"'LRED'"_s, u"0"_s});
+        Take(Pindo, p, {u"'LRED'"_s, u"'LRED'"_s, u"0"_s});
         for (int i = 1; i <= valid; ++i)
             Put(Pindo, p, i, {u"'LRED'"_s, u"'GREN'"_s, u"900"_s});
     }

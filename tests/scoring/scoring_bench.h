@@ -25,6 +25,12 @@ protected:
     // Lists test t as completed at that age.
     void List(int t, int p, int months = 60, int status = 1);
 
+    // Lists it, and answers every item of it so.
+    void Take(int t, int p, const Answers& all, int months = 60) {
+        List(t, p, months);
+        Put(t, p, 0, all);
+    }
+
     // Norms in which every raw score is its own centile, and centile c of every test takes 100 ms more than
     // the next: 100 ms at 99, 9900 ms at 1.
     void Use_Plain_Norms();

@@ -2,24 +2,24 @@
 
 #include "app/page_states.h"
 #include "shell/conventions/theme.h"
+#include "support/pictures.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFontInfo>
 #include <QTest>
 #include <QWidget>
-#include <algorithm>
-#include <array>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using namespace test_support;
 
 namespace {
 
 // A letter that is another, an edge that moves by two pixels and a ground that is darker by ten of 255 make
 // more.
 constexpr double Largest_Mean = 0.3;
-constexpr double Largest_Local = 12;
+constexpr int Largest_Local = 12;
 
 // Read when the application starts, so set before main.
 const bool Fonts_Are_Drawn_In_One_Way = qputenv("FONTCONFIG_FILE", MEVO_FONT_SETTINGS);
@@ -27,53 +27,20 @@ const bool Fonts_Are_Drawn_In_One_Way = qputenv("FONTCONFIG_FILE", MEVO_FONT_SET
 const QDir Kept(QStringLiteral(MEVO_KEPT_PICTURES));
 const QDir Failed(QStringLiteral(MEVO_FAILED_PICTURES));
 
-constexpr int Square = 8;
-
-using Sums = std::array<double, 3>;
-
-void Add(Sums& sums, QRgb colour, int sign) {
-    sums[0] += sign * qRed(colour);
-    sums[1] += sign * qGreen(colour);
-    sums[2] += sign * qBlue(colour);
-}
-
-int Distance(QRgb one, QRgb other) {
-    return std::max({std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
-                     std::abs(qBlue(one) - qBlue(other))});
-}
-
-// Between the mean colours of a square of both.
-double Distance_Of_Means(const QImage& one, const QImage& other, const QRect& square) {
-    Sums sums{};
-    for (int y = square.top(); y <= square.bottom(); ++y)
-        for (int x = square.left(); x <= square.right(); ++x) {
-            Add(sums, one.pixel(x, y), 1);
-            Add(sums, other.pixel(x, y), -1);
-        }
-    double most = 0;
-    for (const double sum : sums)
-        most = std::max(most, std::abs(sum) / (square.width() * square.height()));
-    return most;
-}
-
 // How far two pictures of one size are from each other, of 255.
 struct Difference {
-    double mean = 0;  // over all pixels
-    double local = 0; // of the small square where they differ most, by its own mean
+    double mean = 0; // over all pixels
+    int local = 0;   // of the small square where they differ most, by its own mean
 };
 
-// Edges of letters that fall a little lighter or darker count little: a square is compared by its mean
-// colour.
 Difference Compare(const QImage& one, const QImage& other) {
+    constexpr int square = 8; // pixels
     Difference found;
     for (int y = 0; y < one.height(); ++y)
         for (int x = 0; x < one.width(); ++x)
             found.mean += Distance(one.pixel(x, y), other.pixel(x, y));
     found.mean /= double(one.width()) * one.height();
-    for (int y = 0; y < one.height(); y += Square)
-        for (int x = 0; x < one.width(); x += Square)
-            found.local = std::max(found.local,
-                                   Distance_Of_Means(one, other, QRect(x, y, Square, Square) & one.rect()));
+    found.local = Largest_Distance(one, other, one.size() / square);
     return found;
 }
 
@@ -131,7 +98,7 @@ TEST(Screens, LookAsInThePicturesKept) {
     QApplication::setCursorFlashTime(0);
     const bool renewing = qEnvironmentVariableIsSet("MEVO_RENEW_PICTURES");
     QStringList names;
-    test_support::Go_Through_All_Pages([&](const QString& state, QWidget& surface) {
+    Go_Through_All_Pages([&](const QString& state, QWidget& surface) {
         const QImage seen = Seen(surface);
         names.append(state + u".png"_s);
         if (renewing)

@@ -1,30 +1,18 @@
 #include "scores/command_line.h"
 #include "scores/score_lines.h"
+#include "support/command_line.h"
 #include "support/files.h"
-#include "support/printing.h"
 #include "support/sample_file.h"
 
-#include <QBuffer>
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
-using test_support::Sample_File;
+using namespace test_support;
 
 namespace {
 
-struct Outcome {
-    int status;
-    QString output;
-    QStringList errors;
-};
-
 Outcome Export(const QStringList& arguments) {
-    QBuffer output;
-    output.open(QIODevice::WriteOnly);
-    QString told;
-    QTextStream errors(&told);
-    const int status = score_export::Run_Command(QStringList{u"mevo-scores"_s} + arguments, output, errors);
-    return {status, QString::fromUtf8(output.data()), told.split(u'\n', Qt::SkipEmptyParts)};
+    return Outcome_Of([&](QIODevice& output, QTextStream& errors) {
+        return score_export::Run_Command(QStringList{u"mevo-scores"_s} + arguments, output, errors);
+    });
 }
 
 // Line ends apart: a checkout may change those of a text file.
@@ -43,8 +31,7 @@ TEST(ScoreExport, AgreesWithScoresWorkedOutElsewhere) {
     const Outcome outcome = Export({folder + u"/expected-data.sqlite"_s, u"--times"_s});
     EXPECT_EQ(outcome.status, 0);
     const QStringList records = Records(outcome.output);
-    const QStringList expected =
-        Records(QString::fromUtf8(test_support::Bytes_Of(folder + u"/expected-scores.csv"_s)));
+    const QStringList expected = Records(QString::fromUtf8(Bytes_Of(folder + u"/expected-scores.csv"_s)));
     ASSERT_EQ(records.size(), expected.size());
     for (qsizetype i = 0; i < records.size(); ++i)
         EXPECT_EQ(records[i], expected[i]) << "record " << i;
@@ -78,7 +65,7 @@ TEST(ScoreExport, FailsInOneLineAndWritesNothing) {
     const Sample_File no_norms;
     no_norms.Run(u"DROP TABLE Yoon_TimeNorms"_s);
     const QString text = sample.Folder() + u"/text.mdb"_s;
-    test_support::Write_Bytes(text, "a line of text, and no database at all");
+    Write_Bytes(text, "a line of text, and no database at all");
     const std::pair<QStringList, QString> cases[] = {
         {{}, u"Usage"_s},
         {{sample.Path(), sample.Path()}, u"Usage"_s},
@@ -91,22 +78,12 @@ TEST(ScoreExport, FailsInOneLineAndWritesNothing) {
     };
     for (const auto& [arguments, told] : cases) {
         SCOPED_TRACE(told.toStdString());
-        const Outcome outcome = Export(arguments);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.output, u""_s);
-        ASSERT_EQ(outcome.errors.size(), 1);
-        EXPECT_TRUE(outcome.errors.first().contains(told)) << outcome.errors.first().toStdString();
+        Export(arguments).Expect_Refusal(u"mevo-scores"_s, told);
     }
     EXPECT_EQ(Export({u"--help"_s}).status, 0);
-}
-
-TEST(ScoreExport, AFaultNamesThePupil) {
-    const Sample_File sample;
     const QString code = sample.Value(u"SELECT StudentCode FROM Mevo_Pupils WHERE Tolvens = 1 LIMIT 1"_s);
     sample.Run(
         u"UPDATE Mevo_Tolvens_data SET Level_11_holes_req = NULL WHERE StudentCode = '%1'"_s.arg(code));
-    const Outcome outcome = Export({sample.Path()});
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.output, u""_s);
-    EXPECT_EQ(outcome.errors, QStringList{u"mevo-scores: Pupil "_s + code + u": Invalid use of Null"_s});
+    Export({sample.Path()})
+        .Expect_Refusal(u"mevo-scores"_s, u": Pupil "_s + code + u": Invalid use of Null"_s);
 }

@@ -2,13 +2,11 @@
 #include "testplayer/command_line.h"
 
 #include "foundation/schema.h"
+#include "support/command_line.h"
 #include "support/files.h"
 #include "support/other_workstation.h"
-#include "support/printing.h"
 #include "support/sample_file.h"
 #include "support/written_answers.h"
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace test_support;
@@ -18,17 +16,11 @@ namespace {
 
 class Player : public testing::Test {
 protected:
-    struct Outcome {
-        int status;
-        QString output;
-        QString error;
-    };
     Outcome Play(const QStringList& arguments) {
-        Outcome outcome;
-        QTextStream output(&outcome.output);
-        QTextStream errors(&outcome.error);
-        outcome.status = Run_Command(QStringList{u"mevo-testplayer"_s} + arguments, pause, output, errors);
-        return outcome;
+        return Outcome_Of([&](QIODevice& device, QTextStream& errors) {
+            QTextStream output(&device);
+            return Run_Command(QStringList{u"mevo-testplayer"_s} + arguments, pause, output, errors);
+        });
     }
     QList<Stored_Answers> Journal() const { return Answer_Journal::Read(journal); }
     void Forget_All_Tests() const {
@@ -52,7 +44,7 @@ TEST_F(Player, StoresEveryTestOfEveryPupilWithStatusAgeAndDate) {
     const int sittings = 12 * 9;
     const Outcome outcome = Play({sample.Path(), u"--all"_s, u"--rate"_s, u"20"_s, u"--count"_s,
                                   QString::number(sittings), u"--journal"_s, journal});
-    EXPECT_EQ(outcome.status, 0) << outcome.error.toStdString();
+    EXPECT_EQ(outcome.status, 0) << outcome.errors.join(u'\n').toStdString();
     EXPECT_EQ(outcome.output, u"108 rows committed\n"_s);
     EXPECT_EQ(pauses, QList<int>(sittings - 1, 50));
     const Answers_In_A_File found = Read_Answers(sample.Path());
@@ -95,11 +87,7 @@ TEST_F(Player, AFaultIsOneLineAndTouchesNothing) {
     };
     for (const auto& [arguments, told] : cases) {
         SCOPED_TRACE(told.toStdString());
-        const Outcome outcome = Play(arguments);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.output, u""_s);
-        EXPECT_EQ(outcome.error.count(u'\n'), 1);
-        EXPECT_TRUE(outcome.error.contains(told)) << outcome.error.toStdString();
+        Play(arguments).Expect_Refusal(u"mevo-testplayer"_s, told);
     }
     EXPECT_EQ(Bytes_Of(sample.Path()), before);
 }
