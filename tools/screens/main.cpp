@@ -13,6 +13,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTest>
@@ -195,7 +196,14 @@ private:
         Click(u"HotLabel5"_s);
         pictures.Take(window, form + u"_enlarged"_s);
         Click(u"HotLabel3"_s);
-        pictures.Keep(QApplication::clipboard()->image(), form + u"_sheet"_s);
+        pictures.Keep(Picture_On_The_Clipboard(), form + u"_sheet"_s);
+    }
+
+    // Wine gives no bitmap back that it made of another one by itself; the same picture lies there as PNG.
+    static QImage Picture_On_The_Clipboard() {
+        const QImage picture = QApplication::clipboard()->image();
+        if (!picture.isNull()) return picture;
+        return QImage::fromData(QApplication::clipboard()->mimeData()->data(u"image/png"_s));
     }
 
     void Choose_A_Pupil_With_Marks() {

@@ -70,7 +70,6 @@ void Apply_Theme(QApplication& application) {
     QFont font = application.font();
     font.setFamilies({u"Segoe UI"_s, u"Liberation Sans"_s, u"Arial"_s});
     font.setPixelSize(14);
-    application.setFont(font);
 
     QPalette palette = application.palette();
     palette.setColor(QPalette::Window, colours::Ground);
@@ -87,6 +86,8 @@ void Apply_Theme(QApplication& application) {
     palette.setColor(QPalette::Disabled, QPalette::Base, colours::Disabled_Ground);
     application.setPalette(palette);
     application.setStyleSheet(Style_Sheet());
+    application.setFont(
+        font); // last: a sheet brings back the fonts that some systems have for lists and tables
 }
 
 QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, QWidget* parent) {
