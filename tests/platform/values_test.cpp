@@ -2,6 +2,7 @@
 #include "platform/basics/dates.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
+#include "platform/basics/text_order.h"
 #include "platform/basics/value.h"
 #include "support/error_number.h"
 #include "support/files.h"
@@ -9,6 +10,7 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <compare>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,26 @@ TEST(Rounding, TiesGoToTheEvenNumber) {
         SCOPED_TRACE(number);
         EXPECT_EQ(Round_To_Even(number), rounded);
     }
+}
+
+TEST(NameOrder, IsOneOnEverySystem) {
+    // Each comes before all that follow; "=" stands between those that differ in case or coding alone.
+    const QStringList places =
+        u"; Zoe;- none -;'Ann';(Ann);10 Owls;2 Owls;Ægir=æGIR;Agnes;d'Arcy=D'ARCY;De Souza Ava=de souza ava;"
+        "De Souza Zoe;Dean;Đorđe;Edge;Elan;Élan=éLAN=E\u0301lan;Ember;Galla;Gal·la=Gaŀla;Ipek;İpek;Işık;"
+        "Łukasz;Lukes;Nậm=Na\u0302\u0323m;Nunez;Nuñez;Núñez;O Hara;O'Hara=O'HARA;O’Hara;Oakes;Odegaard;"
+        "Ødegaard;Odell;Smith;Smith Jones;Smith-Jones;Smithson;Strass;Straß=STRAẞ;Szabo;"
+        "Zoe=ZOE=Zo\u00ADe;Zoé;Zoë;Zog;Þór;"
+        "Αθηνά;Ёлкин;Иван;王;\uFFFD;𠮷"_s.split(u';');
+    for (qsizetype at = 0; at < places.size() * places.size(); ++at) {
+        const qsizetype one = at / places.size();
+        const qsizetype other = at % places.size();
+        for (const QString& left : places[one].split(u'='))
+            for (const QString& right : places[other].split(u'='))
+                EXPECT_EQ(Compare_Names(left.toStdString(), right.toStdString()) <=> 0, one <=> other)
+                    << qPrintable(left + u" and "_s + right);
+    }
+    EXPECT_EQ(Compare_Names("Zo\xFF", "zo\uFFFD"), 0);
 }
 
 TEST(StoredDates, AreReadInEveryFormThatFilesHold) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+namespace basics {
+
+// The order of names in lists, the same on every system: below 0 where the left one comes first, 0 where the
+// two are the same but for case. Blanks come first, then punctuation, other signs, digits, the Latin letters
+// and all other letters. Accents count where two names differ in nothing else. Texts are in UTF-8; bytes that
+// aren't count as U+FFFD.
+int Compare_Names(std::string_view left, std::string_view right);
+
+} // namespace basics
