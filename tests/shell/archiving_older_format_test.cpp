@@ -2,7 +2,6 @@
 #include "conversion/plain_database.h"
 #include "shell/archiving_fixture.h"
 
-using namespace Qt::StringLiterals;
 using namespace test_support;
 
 namespace {
@@ -24,7 +23,7 @@ TEST_F(Older_Archive, IsViewedAsItsConvertedCopyOnlyIfWished) {
         Box_Style::Yes_No_Information, u"Older file format"_s,
         u"This archive was saved in the older Access format. Do you wish to make a converted copy beside it and go on with that?"_s);
     EXPECT_FALSE(installation.Viewing_Mode);
-    EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
+    EXPECT_EQ(installation.Connection_String, Names_File(sample.Path()));
     View(file, {Answer::Yes, Answer::Ok});
     EXPECT_EQ(Last_Box().text,
               u"The database "_s + copy + u" is now held in Viewing Mode (note that you cannot edit it)."_s);
@@ -71,7 +70,7 @@ TEST_F(Older_Archive, ThatCantBeConvertedIsToldAndChangesNothing) {
         EXPECT_TRUE(
             Last_Box().text.startsWith(u"The archive "_s + file + u" can't be converted.\r"_s + reason));
         EXPECT_FALSE(installation.Viewing_Mode);
-        EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
+        EXPECT_EQ(installation.Connection_String, Names_File(sample.Path()));
         EXPECT_EQ(Archives(), QStringList{u"spring.2009.mdb"_s});
         EXPECT_FALSE(Shown(*page, u"pbrConversion"_s));
         EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);

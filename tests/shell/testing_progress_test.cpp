@@ -39,9 +39,8 @@ TEST_F(Testing_Progress, ListsAllPupilsByNameUnderTheTwelveHeadings) {
     Register(u"'D', 'Okafor', 'Ama', '12/02/18'"_s);
     Register(u"NULL, 'Adams', NULL, NULL"_s);
     Open();
-    EXPECT_EQ(Row(0),
-              (QStringList{u"User ID"_s, u"Names"_s, u"DOB"_s, u"Tolvens"_s, u"Friends"_s, u"Karrel"_s,
-                           u"Letters"_s, u"Names"_s, u"Drell"_s, u"Mirvel"_s, u"Yoon"_s, u"Pindo"_s}));
+    EXPECT_EQ(Row(0).join(u'|'),
+              u"User ID|Names|DOB|Tolvens|Friends|Karrel|Letters|Names|Drell|Mirvel|Yoon|Pindo"_s);
     EXPECT_EQ(Row(1).mid(0, 3), (QStringList{u""_s, u"Adams "_s, u""_s}));
     EXPECT_EQ(Row(2).mid(0, 3), (QStringList{u"D"_s, u"Okafor Ama"_s, u"12/02/2018"_s}));
     EXPECT_EQ(Row(3).mid(0, 3), (QStringList{u"C"_s, u"okafor Chidi"_s, u"29/04/2020"_s}));
@@ -85,26 +84,4 @@ TEST_F(Testing_Progress, FillsOnceThePageHasBeenSeen) {
     EXPECT_TRUE(Wait_Until([this] { return Grid().rowCount() == 1; }));
     sample.Move_Away();
     outside.boxes.Expect_Abort_Ends([this] { Open(); });
-}
-
-TEST_F(Testing_Progress, FitsACommonScreenWithoutCrowding) {
-    Register(u"'A', 'Adams', 'Ann', NULL"_s);
-    Open();
-    const QWidget& frame = Control(*page, u"Frame1"_s);
-    EXPECT_TRUE(page->rect().contains(frame.geometry()));
-    QList<QRect> taken;
-    for (const QString& name :
-         {u"Label4"_s, u"Label3"_s, u"Label5"_s, u"Spread1"_s, u"HotLabel1"_s, u"HotLabel2"_s}) {
-        const QWidget& control = Control(*page, name);
-        EXPECT_TRUE(frame.rect().contains(control.geometry())) << name.toStdString();
-        EXPECT_GE(control.width(), control.sizeHint().width() * (name == u"Spread1"_s ? 0 : 1))
-            << name.toStdString();
-        for (const QRect& other : taken)
-            EXPECT_FALSE(control.geometry().intersects(other)) << name.toStdString();
-        taken.append(control.geometry());
-    }
-    int columns = 0;
-    for (int column = 0; column < Grid().columnCount(); ++column)
-        columns += Grid().columnWidth(column);
-    EXPECT_LE(columns, Grid().viewport()->width()); // nothing to scroll sideways
 }
