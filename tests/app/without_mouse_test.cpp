@@ -63,7 +63,6 @@ protected:
         By_Letter(entry);
         Follow_To(form);
     }
-    void Expect_Stored(const QString& sql, const QString& value) { EXPECT_EQ(sample.Value(sql), value); }
     // What has changed in the file since it was last looked at: something, and nothing of another kind.
     void Expect_Changed(const QString& kind) {
         const Table_Rows found = Read_Tables(sample);
@@ -108,8 +107,8 @@ public:
         Press(Qt::Key_Tab);
         outside.boxes.Will_Answer(Answer::Yes);
         Press(Qt::Key_Space);
-        Expect_Stored(u"SELECT Forename || Sex || DOB FROM Mevo_Pupils WHERE Surname = 'Newton'"_s,
-                      u"IslaF05/02/2020"_s);
+        EXPECT_EQ(sample.Value(u"SELECT Forename || Sex || DOB FROM Mevo_Pupils WHERE Surname = 'Newton'"_s),
+                  u"IslaF05/02/2020"_s);
         Expect_Changed(u"Mevo_\\w+ NEWISL\\w+: new"_s);
     }
 
@@ -135,14 +134,14 @@ public:
         Tab_And_Press(u"HotLabel5"_s);
         Tab_And_Press(u"Image1(0)"_s, Qt::Key_Space);
         Tab_And_Press(u"HotLabel7"_s);
-        Expect_Stored(done + chosen, u"0"_s);
+        const QString row = u"Mevo_Pupils "_s + chosen.sliced(1).chopped(1);
+        Expect_Changed(row + u" Tolvens: 1 -> 0"_s);
         Tab_And_Press(u"HotLabel4"_s);
         EXPECT_EQ(Focused(), u"Text3"_s);
         Press(Qt::Key_Tab);
         Type(u"Renamed"_s); // in place of what was selected
         Tab_And_Press(u"HotLabel2"_s);
-        Expect_Stored(u"SELECT Forename FROM Mevo_Pupils WHERE StudentCode = "_s + chosen, u"Renamed"_s);
-        Expect_Changed(u"Mevo_Pupils %1 (Tolvens: 1 -> 0|Forename: )"_s.arg(chosen.sliced(1).chopped(1)));
+        Expect_Changed(row + u" Forename: .* -> 'Renamed'"_s);
     }
 
     void Arrange_A_Group() {
@@ -254,7 +253,7 @@ public:
         EXPECT_EQ(Caption(Page(), u"Label5"_s), u"1"_s);
         outside.boxes.Will_Answer(Answer::Yes);
         Tab_And_Press(u"HotLabel2"_s);
-        Expect_Stored(u"SELECT COUNT(*) FROM Mevo_Pupils WHERE Surname = 'Newton'"_s, u"0"_s);
+        EXPECT_EQ(sample.Value(u"SELECT COUNT(*) FROM Mevo_Pupils WHERE Surname = 'Newton'"_s), u"0"_s);
         Expect_Changed(u"Mevo_\\w+ NEWISL\\w+: gone"_s);
     }
 

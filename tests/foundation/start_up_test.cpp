@@ -82,15 +82,12 @@ TEST_F(Start_Up, AnErrorInTheIniIsToldAndStartUpGoesOn) {
     EXPECT_EQ(installation.Database_Path, u""_s);
 }
 
-TEST_F(Start_Up, TheMachinesFolderHasTheDefaultLayout) {
+TEST_F(Start_Up, TheMachinesFolderHasTheDefaultLayoutAndWithoutItTheProgramEnds) {
     outside.folders.common_app_data = u"C:\\ProgramData"_s;
     Form8(outside.platform, installation).Find_CommonAppData();
     EXPECT_EQ(installation.Database_Path,
               u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\Mevo05Data.mdb"_s);
     EXPECT_EQ(installation.Archive_Folder, u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\archives"_s);
-}
-
-TEST_F(Start_Up, WithoutThatFolderTheProgramEnds) {
     outside.folders.result = 1;
     outside.boxes.Will_Answer(Answer::Ok);
     EXPECT_THROW(Form8(outside.platform, installation).Find_CommonAppData(), Program_Ended);

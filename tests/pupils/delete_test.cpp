@@ -306,8 +306,7 @@ TEST_F(Delete_Page, AnApostropheOrAnAttackBreaksItsStatements) {
 TEST_F(Delete_Page, MoreGroupsThanTheListHoldsAreAnError) {
     sample.Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 96) "
                "INSERT INTO Mevo_Groups (Group_Name) SELECT 'G' || i FROM n"_s);
-    form = std::make_unique<Form9>(outside.platform, navigator, Data(), counts);
-    EXPECT_EQ(Error_Number([this] { form->Load(); }), basics::errors::Subscript_Out_Of_Range);
+    EXPECT_EQ(Error_Number([this] { Open(); }), basics::errors::Subscript_Out_Of_Range);
 }
 
 } // namespace pupils

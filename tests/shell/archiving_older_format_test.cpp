@@ -8,8 +8,7 @@ namespace {
 
 class Older_Archive : public Archiving {
 protected:
-    Older_Archive() { Put(u"jet4-data.mdb"_s); }
-    void Put(const QString& name) { Write_Bytes(file, Bytes_Of(Test_Data(name))); }
+    Older_Archive() { Write_Bytes(file, Bytes_Of(Test_Data(u"jet4-data.mdb"_s))); }
     QString file = In_Archives(u"spring.2009.mdb"_s);
     QString copy = In_Archives(u"spring.2009_converted.mdb"_s);
 };

@@ -1,7 +1,5 @@
 #include "shell/conventions/page_host.h"
 
-#include "platform/basics/run_time_error.h"
-#include "shell/conventions/click_combo.h"
 #include "support/controls.h"
 #include "support/scripted_platform.h"
 
@@ -129,16 +127,6 @@ TEST_F(Host, TheWindowBearsThePagesCaptionAndItsCloseMarkLeavesThePage) {
     EXPECT_FALSE(host.close());
     Wait_For(u"timer 4"_s);
     EXPECT_EQ(host.windowTitle(), u"Registering"_s);
-}
-
-TEST(ClickCombo, ASelectionByProgramRaisesClickEvenIfItIsTheSame) {
-    Click_Combo combo(u"Combo1"_s, nullptr);
-    combo.AddItem(u"one"_s);
-    int clicks = 0;
-    QObject::connect(&combo, &Click_Combo::Click, [&] { ++clicks; });
-    combo.Set_ListIndex(0);
-    combo.Set_ListIndex(0);
-    EXPECT_EQ(clicks, 2);
 }
 
 // The errors of the program itself are met at the Main menu's Quit.
