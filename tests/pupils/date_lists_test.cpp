@@ -27,11 +27,10 @@ protected:
 } // namespace
 
 TEST_F(Lists, TheDayFollowsTheLengthOfTheMonth) {
-    struct Step {
+    const struct {
         int day, month, year; // chosen; 0 leaves a list alone
         int days, selected;   // the day list after it
-    };
-    const Step steps[] = {
+    } steps[] = {
         {31, 5, 2004, 31, 31}, // 31 May
         {0, 4, 0, 30, 30},     // April: shrinks, the last day is selected
         {0, 5, 0, 31, 30},     // May again: grows, the day stays
@@ -44,7 +43,7 @@ TEST_F(Lists, TheDayFollowsTheLengthOfTheMonth) {
     Fill();
     EXPECT_EQ(lists.Combo4->itemText(lists.Combo4->count() - 1), u" 2025"_s); // a blank before numbers
     EXPECT_EQ(lists.Text2->text(), u"01/01/2005"_s);
-    for (const Step& step : steps) {
+    for (const auto& step : steps) {
         SCOPED_TRACE(&step - steps);
         if (step.year) lists.Combo4->Set_ListIndex(step.year - 1980);
         if (step.month) lists.Combo3->Set_ListIndex(step.month - 1);

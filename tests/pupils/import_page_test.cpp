@@ -153,17 +153,16 @@ TEST_F(Import, AnApostropheOrALongNameCostsWhatItBreaksInSilence) {
 // ---- hostile files
 
 TEST_F(Import, HostileFilesEndInATextOrInSilence) {
-    struct Case {
-        const char* name;
-        QByteArray bytes;
-        QString told; // the bad records; empty for a clean preview
-    };
     const QString fields = u"Record 1 has an incorrect number of fields.\r\n"_s;
     const QString second = u"Record 2 has an incorrect number of fields.\r\n"_s;
     const QString third = u"Record 3 has an incorrect number of fields.\r\n"_s;
     const QString gender = u"Record 1 has an invalid or missing gender indicator.\r\n"_s;
     constexpr qsizetype ten_mb = 10'000'000;
-    const Case cases[] = {
+    const struct {
+        const char* name;
+        QByteArray bytes;
+        QString told; // the bad records; empty for a clean preview
+    } cases[] = {
         {"one line without a comma", QByteArray(ten_mb, 'x'), fields},
         {"one line of commas", QByteArray(ten_mb, ','), fields},
         {"a surname of ten megabytes", QByteArray(ten_mb, 'x') + ",Al,M,1/2/2003,,", u""_s},
@@ -177,7 +176,7 @@ TEST_F(Import, HostileFilesEndInATextOrInSilence) {
         {"a header", "Surname,Forename,Gender,DOB,Group,Password", gender},
         {"an empty file", "", u""_s},
     };
-    for (const Case& tried : cases) {
+    for (const auto& tried : cases) {
         SCOPED_TRACE(tried.name);
         if (!tried.told.isEmpty()) outside.boxes.Will_Answer(Answer::Ok);
         Preview_Bytes(tried.bytes);

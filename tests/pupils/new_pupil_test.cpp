@@ -24,16 +24,15 @@ protected:
 TEST_F(New_Pupil, TheCodeFollowsTheLengthOfEachName) {
     // Drawn in turn: K, 4, 1, 7, Q, X, Z, and round again.
     const QList<double> numbers{0.39, 0.5, 0.12, 0.8, 0.62, 0.89, 0.97};
-    struct Case {
+    const struct {
         QString surname, forename, code;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {u"Smith"_s, u"Jo"_s, u"SMIJOK417QXZ"_s},    {u"O"_s, u"Al"_s, u"OKNALD758ZKN"_s},
         {u"O'Brien"_s, u"Ann"_s, u"OOBANN341UQX"_s}, {u"Le Fay"_s, u"'"_s, u"LE OKN175XZK"_s},
         {u""_s, u"Ann"_s, u"ANN341UQX"_s},           {u"straße"_s, u"ßen"_s, u"STRßEN341UQX"_s},
         {u"ßa"_s, u"éa"_s, u"ßAKÉAN175XZK"_s},       {u"𠮷田太郎"_s, u"😀"_s, u"𠮷田太😀KN175XZK"_s},
     };
-    for (const Case& tried : cases) {
+    for (const auto& tried : cases) {
         SCOPED_TRACE(tried.surname.toStdString());
         outside.random = {};
         outside.random.numbers = numbers;
@@ -125,10 +124,8 @@ TEST_F(New_Pupil, NoFieldRunsASecondStatementOrReachesTheEngine) {
 
 TEST_F(New_Pupil, PlaceHoldersWithinFieldsFollowTheOrderOfReplacing) {
     ASSERT_TRUE(Insert({u"?forename"_s, u"?surname"_s, u"F"_s, u"14/03/03"_s, u""_s, u""_s}));
-    EXPECT_EQ(
-        sample.Value(u"SELECT surname || '|' || forename FROM Mevo_Pupils WHERE StudentCode = '%1'"_s.arg(
-            maker.New_StudentCode)),
-        u"?surname|?surname"_s);
+    Expect_Changed(Rows_Of_A_New_Pupil(maker.New_StudentCode,
+                                       u"'?surname'|'?surname'|'F'|'14/03/03'|'Universal'|''|1"_s));
     const QString without_end = u"?forename"_s.repeated(5000);
     EXPECT_FALSE(Insert({without_end, without_end, u"F"_s, u"14/03/03"_s, u""_s, u""_s}));
 }

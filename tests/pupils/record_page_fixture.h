@@ -3,7 +3,6 @@
 #include "foundation/schema.h"
 #include "pupils/pupil_records.h"
 #include "shell/conventions/click_combo.h"
-#include "shell/conventions/page.h"
 #include "support/error_number.h"
 #include "support/page_fixture.h"
 #include "support/table_changes.h"

@@ -69,14 +69,13 @@ TEST_F(Register, AsksBeforeItSavesAndAnythingButYesLeavesTheBoxesFilled) {
 }
 
 TEST_F(Register, AnIncompleteEntryIsRefused) {
-    struct Case {
+    const struct {
         QString surname, forename, sex;
         QString focus; // after the box
-    };
-    const Case cases[] = {{u""_s, u"Anna"_s, u"F"_s, u"Text3"_s},
-                          {u"Grey"_s, u""_s, u"F"_s, u"Text3"_s},
-                          {u"Grey"_s, u"Anna"_s, u""_s, u"Combo5"_s}}; // the list that fills Text5
-    for (const Case& tried : cases) {
+    } cases[] = {{u""_s, u"Anna"_s, u"F"_s, u"Text3"_s},
+                 {u"Grey"_s, u""_s, u"F"_s, u"Text3"_s},
+                 {u"Grey"_s, u"Anna"_s, u""_s, u"Combo5"_s}}; // the list that fills Text5
+    for (const auto& tried : cases) {
         Enter_Names(tried.surname, tried.forename);
         Type(u"Text5"_s, tried.sex);
         Control(form, u"Text3"_s).setFocus();
@@ -103,8 +102,7 @@ TEST_F(Register, CountsTheSessionAndClearsForTheNext) {
     EXPECT_EQ(counts.Number_Of_Students.As_Long(), 14);
     EXPECT_EQ(Pupils(), u"14"_s);
     EXPECT_EQ(Typed(u"Text3"_s) + Typed(u"Text4"_s), u""_s);
-    EXPECT_EQ(Typed(u"Text2"_s), u"01/01/2005"_s);
-    EXPECT_EQ(Typed(u"Text5"_s), u"M"_s);
+    EXPECT_EQ(Typed(u"Text2"_s) + Typed(u"Text5"_s), u"01/01/2005M"_s);
     EXPECT_TRUE(Control(form, u"Text3"_s).hasFocus());
 }
 
