@@ -1,21 +1,17 @@
+#include "support/files.h"
 #include "support/printing.h"
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 #include <QUrl>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using test_support::Bytes_Of;
 
 namespace {
-
-QString Text_Of(const QString& file) {
-    QFile page(file);
-    return page.open(QIODevice::ReadOnly) ? QString::fromUtf8(page.readAll()) : QString();
-}
 
 QStringList Found(const QString& text, const QString& pattern) {
     QStringList found;
@@ -38,8 +34,8 @@ QStringList Texts_Of_Boxes() {
     QDirIterator sources(QStringLiteral(MEVO_SOURCES), {u"*.cpp"_s}, QDir::Files,
                          QDirIterator::Subdirectories);
     while (sources.hasNext())
-        for (const QString& told :
-             Found(Text_Of(sources.next()), u"(?s)boxes\\.Ask\\([^,]*,[^,]*,(.*?)\\)(?:;| [!=]=)"_s))
+        for (const QString& told : Found(QString::fromUtf8(Bytes_Of(sources.next())),
+                                         u"(?s)boxes\\.Ask\\([^,]*,[^,]*,(.*?)\\)(?:;| [!=]=)"_s))
             for (const QString& literal : Found(told, u"\"((?:[^\"\\\\]|\\\\.)+)\""_s))
                 pieces += literal.split(QRegularExpression(u"\\\\[rn]"_s), Qt::SkipEmptyParts);
     return pieces;
@@ -47,7 +43,7 @@ QStringList Texts_Of_Boxes() {
 
 // As it is read: without mark-up.
 QString Troubleshooting() {
-    QString section = Found(Text_Of(Manuals().filePath(Software_Guide)),
+    QString section = Found(QString::fromUtf8(Bytes_Of(Manuals().filePath(Software_Guide))),
                             u"(?s)<section id=\"troubleshooting\">(.*?)</section>"_s)
                           .value(0);
     return section.remove(QRegularExpression(u"<[^>]*>"_s));
@@ -61,7 +57,7 @@ TEST(Manuals, EveryLinkAndPictureLeadsSomewhere) {
     QSet<QString> linked;
     for (const QString& name : {Teachers_Manual, Software_Guide}) {
         SCOPED_TRACE(name.toStdString());
-        const QString page = Text_Of(folder.filePath(name));
+        const QString page = QString::fromUtf8(Bytes_Of(folder.filePath(name)));
         const QStringList ids = Found(page, u"\\sid=\"([^\"]+)\""_s);
         const QSet<QString> places(ids.begin(), ids.end());
         EXPECT_EQ(places.size(), ids.size()) << "a place is named twice";

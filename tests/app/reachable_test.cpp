@@ -142,6 +142,20 @@ void Expect_Same_Help(QWidget& surface) {
 
 // ---- what can be read
 
+// Labels are as wide as their words, and none stands in another's place.
+void Expect_Room(QWidget& surface) {
+    QList<QLabel*> labels = surface.findChildren<QLabel*>();
+    labels.removeIf([](const QLabel* label) { return !label->isVisible() || label->text().isEmpty(); });
+    for (const QLabel* label : labels) {
+        EXPECT_TRUE(label->wordWrap() || label->width() >= label->sizeHint().width())
+            << Name_Of(label).toStdString();
+        for (const QLabel* other : labels)
+            EXPECT_FALSE(other != label && other->parent() == label->parent() &&
+                         other->geometry().intersects(label->geometry()))
+                << Name_Of(label).toStdString() << " and " << Name_Of(other).toStdString();
+    }
+}
+
 double Luminance(const QColor& colour) {
     const auto light = [](float part) {
         return part <= 0.03928F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -194,6 +208,7 @@ TEST(Every_Page, CanBeUsedWithoutAMouseAndWithoutSight) {
         surface.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&surface));
         Expect_Told(*QAccessible::queryAccessibleInterface(&surface));
+        Expect_Room(surface);
         Expect_Readable(surface);
         Expect_Focus_Shows(surface);
         Expect_Same_Help(surface);

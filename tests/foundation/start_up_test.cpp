@@ -4,7 +4,7 @@
 #include "foundation/database_version.h"
 #include "platform/basics/run_time_error.h"
 #include "support/error_number.h"
-#include "support/files.h"
+#include "support/hostile_files.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
@@ -62,11 +62,8 @@ TEST_F(Start_Up, AKeyLeftEmptyIsTakenWithoutAWord) {
 TEST_F(Start_Up, AMissingKeyLooksLikeAShareWithoutATemplate) {
     outside.boxes.Will_Answer(Answer::Ok);
     EXPECT_EQ(Read(), u"BLANK"_s);
-    ASSERT_EQ(outside.boxes.shown.size(), 1);
-    EXPECT_EQ(outside.boxes.shown[0].style, desktop::Box_Style::Critical);
-    EXPECT_EQ(outside.boxes.shown[0].title, u"Warning"_s);
-    EXPECT_EQ(
-        outside.boxes.shown[0].text,
+    outside.boxes.Expect_Last(
+        desktop::Box_Style::Critical, u"Warning"_s,
         u"Please check that the file 'Mevo05EmptyDatabase' is in the folder path C:\\Mevo\\product.ini\\\r"
         "Otherwise I will look for databases in the the default path:\r"
         "C:\\Documents and Settings\\All Users\\Application Data\\.\r"
@@ -85,15 +82,12 @@ TEST_F(Start_Up, AnErrorInTheIniIsToldAndStartUpGoesOn) {
     EXPECT_EQ(installation.Database_Path, u""_s);
 }
 
-TEST_F(Start_Up, TheMachinesFolderHasTheDefaultLayout) {
+TEST_F(Start_Up, TheMachinesFolderHasTheDefaultLayoutAndWithoutItTheProgramEnds) {
     outside.folders.common_app_data = u"C:\\ProgramData"_s;
     Form8(outside.platform, installation).Find_CommonAppData();
     EXPECT_EQ(installation.Database_Path,
               u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\Mevo05Data.mdb"_s);
     EXPECT_EQ(installation.Archive_Folder, u"C:\\ProgramData\\Quend Research\\Quend Mevo\\5.07\\archives"_s);
-}
-
-TEST_F(Start_Up, WithoutThatFolderTheProgramEnds) {
     outside.folders.result = 1;
     outside.boxes.Will_Answer(Answer::Ok);
     EXPECT_THROW(Form8(outside.platform, installation).Find_CommonAppData(), Program_Ended);
@@ -136,35 +130,21 @@ TEST_F(Start_Up_On_A_Database, ReadsTheLastRowOfThisProduct) {
     EXPECT_EQ(installation.Admin_Password.As_Text(), u"secret"_s);
     EXPECT_EQ(installation.Connection_String,
               u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + sample.Folder() + u"\\Mevo05Data.mdb"_s);
-}
-
-TEST_F(Start_Up_On_A_Database, WithoutAProductRowNoPasswordCanMatch) {
     sample.Run(u"DELETE FROM Customer_Details"_s);
+    installation = {};
     Start();
-    EXPECT_TRUE(installation.Admin_Password.Is_Empty());
+    EXPECT_TRUE(installation.Admin_Password.Is_Empty()); // no password can match
 }
 
 // Whatever lies under the database's name: an error that says so, soon, and the file as it was.
 TEST_F(Start_Up_On_A_Database, WhatIsNoDatabaseOfTheSuiteIsARunTimeErrorAndStaysAsItIs) {
-    const QByteArray sound = Bytes_Of(sample.Path());
-    const QString view = u"CREATE VIEW Mevo_Pupils AS SELECT * FROM Hidden"_s;
-    const QString trigger =
-        u"CREATE TRIGGER spoil INSTEAD OF UPDATE ON Mevo_Pupils BEGIN DELETE FROM Hidden; END"_s;
-    const std::pair<QByteArray, QStringList> cases[] = {
-        {"", {}},
-        {"Surname,Forename\n", {}},
-        {QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'), {}},
-        {sound.left(9000), {}},
-        {sound, {u"DROP TABLE Mevo_Pupils"_s}},
-        {sound, {u"ALTER TABLE Mevo_Pupils RENAME TO Hidden"_s, view, trigger}},
-    };
-    for (const auto& [bytes, statements] : cases) {
-        SCOPED_TRACE(bytes.left(20).toStdString() + statements.value(0).toStdString());
-        Write_Bytes(sample.Path(), bytes);
-        for (const QString& statement : statements)
-            sample.Run(statement);
+    for (const Hostile_File& hostile : What_Nothing_Can_Be_Made_Of(Bytes_Of(sample.Path()))) {
+        SCOPED_TRACE(hostile.name);
+        hostile.Write_To(sample.Path());
         Expect_Refused({});
     }
+    Write_Bytes(sample.Path(), QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'));
+    Expect_Refused({});
     Write_Bytes(sample.Path(), Bytes_Of(Test_Data(u"jet4-data.mdb"_s)));
     Expect_Refused(u"older Access (Jet) format"_s);
     Expect_Refused(u"mevo-convert"_s);
@@ -176,8 +156,7 @@ TEST_F(Start_Up_On_A_Database, WhatIsNoDatabaseOfTheSuiteIsARunTimeErrorAndStays
 
 TEST_F(Start_Up_On_A_Database, AFileWithoutCustomersIsPutToTheUser) {
     sample.Run(u"DROP TABLE Customer_Details"_s);
-    outside.boxes.Will_Answer(Answer::Abort);
-    EXPECT_THROW(Start(), Program_Ended);
+    outside.boxes.Expect_Abort_Ends([this] { Start(); });
     EXPECT_TRUE(outside.boxes.shown.last().text.contains(u"Customer_Details"_s));
 }
 
@@ -209,14 +188,7 @@ TEST_F(Start_Up_On_A_Database, AHalfConvertedFileIsReportedAtEachStart) {
     }
 }
 
-TEST_F(Start_Up_On_A_Database, TheGroupsTableMustBeSpeltSo) {
-    sample.Run(u"ALTER TABLE Mevo_Groups RENAME TO other"_s);
-    sample.Run(u"ALTER TABLE other RENAME TO MEVO_GROUPS"_s);
-    installation.Connection_String = Connection_String_For(sample.Path());
-    EXPECT_FALSE(Groups_Table_Exists(installation));
-}
-
-TEST_F(Start_Up_On_A_Database, TablesBeyondAHundredAreAnErrorUnlessTheyAreTheEnginesOwn) {
+TEST_F(Start_Up_On_A_Database, TheGroupsTableIsFoundByItsExactNameAmongAHundredAtMost) {
     installation.Connection_String = Connection_String_For(sample.Path());
     const int tables = sample.Value(u"SELECT count(*) FROM sqlite_master WHERE type = 'table'"_s).toInt();
     for (int i = 0; i < 80; ++i)
@@ -226,4 +198,8 @@ TEST_F(Start_Up_On_A_Database, TablesBeyondAHundredAreAnErrorUnlessTheyAreTheEng
     EXPECT_TRUE(Groups_Table_Exists(installation));
     sample.Run(u"CREATE TABLE One_Too_Many (a)"_s);
     EXPECT_THROW(Groups_Table_Exists(installation), basics::Run_Time_Error);
+    sample.Run(u"ALTER TABLE Mevo_Groups RENAME TO other"_s);
+    sample.Run(u"ALTER TABLE other RENAME TO MEVO_GROUPS"_s);
+    sample.Run(u"DROP TABLE One_Too_Many"_s);
+    EXPECT_FALSE(Groups_Table_Exists(installation)); // it must be spelt so
 }

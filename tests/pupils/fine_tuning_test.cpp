@@ -1,10 +1,6 @@
 #include "pupils/fine_tuning_page.h"
 
-#include "foundation/schema.h"
 #include "pupils/record_page_fixture.h"
-
-using namespace Qt::StringLiterals;
-using namespace test_support;
 
 namespace pupils {
 namespace {
@@ -16,21 +12,8 @@ const QString Edit_Tests = u"HotLabel5"_s;
 const QString Save_Tests = u"HotLabel7"_s;
 const QString Undo_Tests = u"HotLabel6"_s;
 
-class Fine_Tuning_Page : public Record_Page {
+class Fine_Tuning_Page : public Page_Filled_Later<Form15> {
 protected:
-    void Load() {
-        form = std::make_unique<Form15>(outside.platform, navigator, Data());
-        Show(*form);
-        form->Load();
-    }
-    void Open() {
-        Load();
-        form->Timer1_Timer();
-        Look();
-    }
-    void Set(const QString& surname, const QString& what) {
-        sample.Run(u"UPDATE Mevo_Pupils SET %1 WHERE Surname = '%2'"_s.arg(what, surname));
-    }
     int Item_Of(const QString& code) {
         return Combo(u"Combo1"_s).findText(u'(' + code + u')', Qt::MatchContains);
     }
@@ -42,12 +25,6 @@ protected:
     }
     QString Cell(const QString& code, const QString& column) {
         return u"Mevo_Pupils "_s + code + u' ' + column + u": "_s;
-    }
-    QStringList Disabled(const QStringList& names) {
-        QStringList disabled;
-        for (const QString& name : names)
-            if (!Enabled(name)) disabled.append(name);
-        return disabled;
     }
     // A letter a test: n not attempted, c completed, r open for a retest.
     QString Balls() {
@@ -65,7 +42,6 @@ protected:
 
     const QStringList details{u"Text1"_s,  u"Text3"_s,  u"Text4"_s,     u"Combo5"_s,   u"Combo2"_s,
                               u"Combo3"_s, u"Combo4"_s, u"HotLabel3"_s, u"HotLabel2"_s};
-    std::unique_ptr<Form15> form;
 };
 
 } // namespace
@@ -149,17 +125,6 @@ TEST_F(Fine_Tuning_Page, OnlyAPupilWithACompletedTestHasTheRetestPanel) {
         for (const QString& panel : {u"Frame4"_s, u"Frame5"_s, u"Shape1"_s})
             EXPECT_EQ(Shown(panel), tried.panel) << panel.toStdString();
     }
-}
-
-TEST_F(Fine_Tuning_Page, MorePupilsThanTheListHoldsAreAnError) {
-    sample.Run(
-        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2489) "
-        "INSERT INTO Mevo_Pupils (StudentCode, Surname, DOB) SELECT 'P' || i, 'Pupil', '01/01/2018' FROM n"_s);
-    Load();
-    EXPECT_EQ(Error_Number([this] { form->Timer1_Timer(); }), basics::errors::Subscript_Out_Of_Range);
-    sample.Run(u"DELETE FROM Mevo_Pupils WHERE StudentCode = 'P1'"_s);
-    EXPECT_EQ(Error_Number([this] { form->Timer1_Timer(); }), 0);
-    EXPECT_EQ(Combo(u"Combo1"_s).count(), 2500);
 }
 
 // ---- personal details

@@ -1,15 +1,9 @@
 #include "pupils/import_page.h"
 
 #include "pupils/record_page_fixture.h"
-#include "pupils/stored_pupils.h"
 #include "support/files.h"
 
 #include <QStringEncoder>
-
-using namespace Qt::StringLiterals;
-using namespace test_support;
-using desktop::Answer;
-using desktop::Box_Style;
 
 namespace pupils {
 namespace {
@@ -19,6 +13,7 @@ protected:
     Import() {
         Show(form);
         form.Load();
+        Look();
     }
 
     QString Write(const QByteArray& bytes, const QString& name = u"pupils.txt"_s) {
@@ -45,7 +40,6 @@ protected:
         return (Enabled(u"HotLabel3"_s) ? u"import "_s : u""_s) +
                (Enabled(u"HotLabel4"_s) ? u"print"_s : u""_s);
     }
-    QString Pupils() { return sample.Value(u"SELECT count(*) FROM mevo_pupils"_s); }
     Form42 form{outside.platform, navigator, installation};
 };
 
@@ -81,7 +75,6 @@ TEST_F(Import, AsksForTheFileAndACancelLeavesTheStateAsItWas) {
 }
 
 TEST_F(Import, ACleanPreviewShowsTheRecordsAndCreatesNothing) {
-    const Table_Rows all = Read_Tables(sample);
     Preview_Bytes("Smith - Jones,Jane,female,1 Feb 2003,,\r\n\r\nO'Neill,Al,Mrs,14/3/03,Class 1,it's,x\r\n");
     const QString to_come = u"(will be created)"_s;
     EXPECT_EQ(Row(1), (QStringList{u"Smith-Jones"_s, u"Jane"_s, u"F"_s, u"01/02/03"_s, to_come,
@@ -90,7 +83,7 @@ TEST_F(Import, ACleanPreviewShowsTheRecordsAndCreatesNothing) {
     EXPECT_EQ(Row(3),
               (QStringList{u"O'Neill"_s, u"Al"_s, u"M"_s, u"14/03/03"_s, to_come, u"Class 1"_s, u"it's"_s}));
     EXPECT_EQ(Offered(), Both);
-    EXPECT_EQ(Read_Tables(sample), all);
+    EXPECT_EQ(Changed(), QStringList{});
 }
 
 TEST_F(Import, BadRecordsAreListedAndNothingIsOffered) {
@@ -115,32 +108,22 @@ TEST_F(Import, MakesThePupilsOfTheFileInAllTables) {
                   "Kane,Mo,m,1/2/99,,,ignored\n"
                   "Zo\xEB,Ren\xE9,F,1.2.2003,OWLS,\r");
     Import_All(Answer::No);
-    EXPECT_EQ(Pupils() + Caption(u"Label3"_s), u"12"_s);
+    EXPECT_EQ(Changed() + QStringList{Caption(u"Label3"_s)}, QStringList{u""_s});
     Import_All();
     Expect_Box(Box_Style::Yes_No_Question, u"Confirm all details accurate and complete"_s,
                u"Are you sure that all these details are accurate?"_s);
-    const QString untested = u"0,0,0,0,0,0,0,0,0|0,0,0,0,0,0,0,0,0"_s;
-    EXPECT_EQ(Stored_Pupil(sample, Code_Of(u"Smith-O'Hara"_s)),
-              u"Smith-O'Hara|D'Arcy|F|29/02/04|Owls|'cat'|1|0|"_s + untested);
-    EXPECT_EQ(Stored_Pupil(sample, Code_Of(u"Kane"_s)), u"Kane|Mo|M|01/02/99|Universal|''|1|1|"_s + untested);
-    EXPECT_EQ(Stored_Pupil(sample, Code_Of(u"Zoë"_s)), u"Zoë|René|F|01/02/03|OWLS|''|1|1|"_s + untested);
-    for (const QString& table : Data_Tables())
-        EXPECT_EQ(Filled_Columns(sample, table, Code_Of(u"Kane"_s)), QStringList{u"StudentCode"_s});
-    EXPECT_EQ(sample.Value(u"SELECT count(*) FROM mevo_groups WHERE group_name = 'Owls' COLLATE NOCASE"_s),
-              u"1"_s);
+    Expect_Changed(Rows_Of_A_New_Pupil(Code_Of(u"Smith-O'Hara"_s),
+                                       u"'Smith-O''Hara'|'D''Arcy'|'F'|'29/02/04'|'Owls'|'cat'|0"_s) +
+                   Rows_Of_A_New_Pupil(Code_Of(u"Kane"_s), u"'Kane'|'Mo'|'M'|'01/02/99'|'Universal'|''|1"_s) +
+                   Rows_Of_A_New_Pupil(Code_Of(u"Zoë"_s), u"'Zoë'|'René'|'F'|'01/02/03'|'OWLS'|''|1"_s) +
+                   QStringList{u"Mevo_Groups 6: new, Group_Name 'Owls', Show_On_List 1"_s});
     EXPECT_EQ(Caption(u"Label3"_s),
               u"3 pupils have now been imported. Please now check their settings on the Security page"_s);
     EXPECT_FALSE(Shown(u"ProgressBar1"_s));
-}
-
-TEST_F(Import, RunsASecondTimeAndMakesEveryPupilAgain) {
     outside.random.numbers = {0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7};
-    Preview_Bytes(Good);
-    Import_All();
     EXPECT_EQ(Offered(), Both);
-    Import_All();
-    EXPECT_EQ(sample.Value(u"SELECT count(DISTINCT studentcode) FROM mevo_pupils WHERE surname = 'Smith'"_s),
-              u"2"_s);
+    Import_All(); // makes every pupil again
+    EXPECT_EQ(Pupils(), u"18"_s);
 }
 
 TEST_F(Import, AFileThatChangedAfterThePreviewIsValidatedAgain) {
@@ -170,18 +153,16 @@ TEST_F(Import, AnApostropheOrALongNameCostsWhatItBreaksInSilence) {
 // ---- hostile files
 
 TEST_F(Import, HostileFilesEndInATextOrInSilence) {
-    struct Case {
-        const char* name;
-        QByteArray bytes;
-        QString told; // the bad records; empty for a clean preview
-    };
     const QString fields = u"Record 1 has an incorrect number of fields.\r\n"_s;
     const QString second = u"Record 2 has an incorrect number of fields.\r\n"_s;
     const QString third = u"Record 3 has an incorrect number of fields.\r\n"_s;
-    const QString surname = u"Record 1 has a missing surname.\r\n"_s;
     const QString gender = u"Record 1 has an invalid or missing gender indicator.\r\n"_s;
     constexpr qsizetype ten_mb = 10'000'000;
-    const Case cases[] = {
+    const struct {
+        const char* name;
+        QByteArray bytes;
+        QString told; // the bad records; empty for a clean preview
+    } cases[] = {
         {"one line without a comma", QByteArray(ten_mb, 'x'), fields},
         {"one line of commas", QByteArray(ten_mb, ','), fields},
         {"a surname of ten megabytes", QByteArray(ten_mb, 'x') + ",Al,M,1/2/2003,,", u""_s},
@@ -190,14 +171,12 @@ TEST_F(Import, HostileFilesEndInATextOrInSilence) {
         {"NUL bytes alone", QByteArray(1000, '\0'), fields},
         {"NUL bytes in a record", QByteArray("Sm\0th,Al,M,1/2/2003,,", 21), u""_s},
         {"lone quotes", "\"Smith,Al,M,1/2/2003,\"Class 1,", u""_s},
-        {"quotes around a comma", "\"Smith,Al\",M,1/2/2003,,,,", fields},
         {"UTF-16", QStringEncoder(QStringEncoder::Utf16LE)(u"\uFEFFSmith,Al,M,1/2/2003,,"_s), gender},
         {"a picture", QByteArray::fromHex("89504e470d0a1a0a0000000d"), fields + second + third},
         {"a header", "Surname,Forename,Gender,DOB,Group,Password", gender},
-        {"commas only", ",,,,,", surname},
         {"an empty file", "", u""_s},
     };
-    for (const Case& tried : cases) {
+    for (const auto& tried : cases) {
         SCOPED_TRACE(tried.name);
         if (!tried.told.isEmpty()) outside.boxes.Will_Answer(Answer::Ok);
         Preview_Bytes(tried.bytes);

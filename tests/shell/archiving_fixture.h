@@ -4,15 +4,13 @@
 #include "platform/basics/run_time_error.h"
 #include "sampledb/sample_data.h"
 #include "shell/archiving.h"
-#include "support/controls.h"
+#include "support/database_beside.h"
+#include "support/error_number.h"
 #include "support/files.h"
-#include "support/other_workstation.h"
-#include "support/sample_file.h"
-#include "support/scripted_platform.h"
+#include "support/page_fixture.h"
 
 #include <QDir>
 #include <QFile>
-#include <gtest/gtest.h>
 
 namespace test_support {
 
@@ -45,16 +43,16 @@ private:
     database::Safe_Copies real;
 };
 
-class Archiving : public testing::Test {
+// The sample is the working database.
+class Archiving : public Page_Fixture {
 protected:
-    Archiving() : installation(working.Installed()) {
+    Archiving() {
         sample_data::Write_Template(installation.Empty_Database_Path, 1);
-        installation.Archive_Folder = working.Folder() + u"/archives"_s;
+        installation.Archive_Folder = sample.Folder() + u"/archives"_s;
         installation.Admin_Password = u"secret"_s;
         QDir().mkpath(installation.Archive_Folder);
     }
     ~Archiving() override {
-        outside.boxes.Expect_All_Asked();
         EXPECT_TRUE(outside.file_dialogs.answers.isEmpty());
         EXPECT_TRUE(outside.input_box.answers.isEmpty());
     }
@@ -63,8 +61,7 @@ protected:
         page =
             std::make_unique<Form60>(outside.platform, navigator, installation, counts, copies, older_files);
         page->Load();
-        page->resize(1366, 768);
-        page->show();
+        Show_On_Screen(*page);
     }
     // What a click on a button meets: the boxes' answers, the password typed, the file chosen.
     void Press(const QString& button, const QList<Answer>& answers, const QStringList& typed = {},
@@ -109,10 +106,15 @@ protected:
         outside.boxes.Expect_Last(Box_Style::Plain, desktop::Default_Box_Title(), text);
     }
     const Box_Shown& Last_Box() const { return outside.boxes.shown.last(); }
+    static void Expect_Whole(const QString& file, const QString& pupils) {
+        const Database_Beside database(file);
+        EXPECT_EQ(database.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+        EXPECT_EQ(database.Value(Count), pupils);
+    }
     QStringList Archives() const { return QDir(installation.Archive_Folder).entryList(QDir::Files); }
     QString In_Archives(const QString& name) const { return installation.Archive_Folder + u'/' + name; }
-    QString Working(const QString& sql) const { return working.Value(sql); }
-    QString Working_Password() const { return Password_In(working.Path()); }
+    QString Working(const QString& sql) const { return sample.Value(sql); }
+    QString Working_Password() const { return Password_In(sample.Path()); }
     static QString Password_In(const QString& file) {
         return Database_Beside(file).Value(
             u"SELECT Admin_Password FROM Customer_Details WHERE Product_Name = 'MEVO'"_s);
@@ -120,11 +122,7 @@ protected:
     static QString Names_File(const QString& file) { return foundation::Connection_String_For(file); }
     static inline const QString Count = u"SELECT count(*) FROM Mevo_Pupils"_s;
 
-    Sample_File working{12};
     Sample_File archive{30};
-    Scripted_Platform outside;
-    Recording_Navigator navigator;
-    foundation::Installation installation;
     Menu_Counts counts;
     Copies_That_May_Fail copies;
     conversion::Jet_Files older_files;

@@ -2,15 +2,13 @@
 #include "conversion/plain_database.h"
 #include "shell/archiving_fixture.h"
 
-using namespace Qt::StringLiterals;
 using namespace test_support;
 
 namespace {
 
 class Older_Archive : public Archiving {
 protected:
-    Older_Archive() { Put(u"jet4-data.mdb"_s); }
-    void Put(const QString& name) { Write_Bytes(file, Bytes_Of(Test_Data(name))); }
+    Older_Archive() { Write_Bytes(file, Bytes_Of(Test_Data(u"jet4-data.mdb"_s))); }
     QString file = In_Archives(u"spring.2009.mdb"_s);
     QString copy = In_Archives(u"spring.2009_converted.mdb"_s);
 };
@@ -24,7 +22,7 @@ TEST_F(Older_Archive, IsViewedAsItsConvertedCopyOnlyIfWished) {
         Box_Style::Yes_No_Information, u"Older file format"_s,
         u"This archive was saved in the older Access format. Do you wish to make a converted copy beside it and go on with that?"_s);
     EXPECT_FALSE(installation.Viewing_Mode);
-    EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
+    EXPECT_EQ(installation.Connection_String, Names_File(sample.Path()));
     View(file, {Answer::Yes, Answer::Ok});
     EXPECT_EQ(Last_Box().text,
               u"The database "_s + copy + u" is now held in Viewing Mode (note that you cannot edit it)."_s);
@@ -71,7 +69,7 @@ TEST_F(Older_Archive, ThatCantBeConvertedIsToldAndChangesNothing) {
         EXPECT_TRUE(
             Last_Box().text.startsWith(u"The archive "_s + file + u" can't be converted.\r"_s + reason));
         EXPECT_FALSE(installation.Viewing_Mode);
-        EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
+        EXPECT_EQ(installation.Connection_String, Names_File(sample.Path()));
         EXPECT_EQ(Archives(), QStringList{u"spring.2009.mdb"_s});
         EXPECT_FALSE(Shown(*page, u"pbrConversion"_s));
         EXPECT_EQ(outside.pointer.shapes.last(), desktop::Pointer_Shape::Default);

@@ -1,7 +1,6 @@
 #include "foundation/start_up.h"
 #include "shell/archiving_fixture.h"
 
-using namespace Qt::StringLiterals;
 using namespace test_support;
 
 // ---- the page
@@ -17,7 +16,7 @@ TEST_F(Archiving, OffersWhatTheCountAndTheModeAllow) {
 
     Point_At(*page, u"HotLabel6"_s); // greyed, and still explained
     EXPECT_TRUE(Caption(*page, u"Label1"_s).startsWith(u"You can easily restore the current"_s));
-    working.Run(u"DELETE FROM Mevo_Pupils"_s);
+    sample.Run(u"DELETE FROM Mevo_Pupils"_s);
     page->Refresh_Archive_Page();
     EXPECT_EQ(Caption(*page, u"Label1"_s), u""_s);
     installation.Viewing_Mode = true;
@@ -27,7 +26,7 @@ TEST_F(Archiving, OffersWhatTheCountAndTheModeAllow) {
     EXPECT_FALSE(Enabled(*page, u"HotLabel5"_s));
     EXPECT_TRUE(Enabled(*page, u"HotLabel4"_s));
     EXPECT_TRUE(Enabled(*page, u"HotLabel6"_s));
-    working.Move_Away();
+    sample.Move_Away();
     outside.boxes.Expect_Abort_Ends([this] { Open(); });
 }
 
@@ -61,8 +60,8 @@ TEST_F(Archiving, SavesTheWorkingDatabaseAndSaysWhere) {
 
 TEST_F(Archiving, NamesOfOtherDatabasesArentTakenForAnArchive) {
     Open();
-    const QStringList names = {working.Path(), working.Folder() + u"/mevo05DATA.mdb"_s,
-                               working.Folder() + u"/mevo05emptydatabase.mdb"_s,
+    const QStringList names = {sample.Path(), sample.Folder() + u"/mevo05DATA.mdb"_s,
+                               sample.Folder() + u"/mevo05emptydatabase.mdb"_s,
                                In_Archives(u"mevo05_before_load_2026-06-15_10-30-00.mdb"_s)};
     outside.file_dialogs.answers = names;
     Click(*page, u"HotLabel2"_s);
@@ -201,7 +200,7 @@ TEST_F(Archiving, ACancelledLoadOrViewChangesNothing) {
     View(u""_s, {});
     View(u"*.mdb"_s, {});
     EXPECT_FALSE(installation.Viewing_Mode);
-    EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
+    EXPECT_EQ(installation.Connection_String, Names_File(sample.Path()));
     Press(u"HotLabel4"_s, {Answer::Yes}, {u"secret"_s}, {u""_s});
     Press(u"HotLabel4"_s, {Answer::Yes}, {u"secret"_s}, {u"*.mdb"_s});
     EXPECT_EQ(Working(Count), u"12"_s);
@@ -209,7 +208,7 @@ TEST_F(Archiving, ACancelledLoadOrViewChangesNothing) {
 }
 
 TEST_F(Archiving, WithNobodyRegisteredItLoadsUnasked) {
-    working.Run(u"DELETE FROM Mevo_Pupils"_s);
+    sample.Run(u"DELETE FROM Mevo_Pupils"_s);
     Open();
     Press(u"HotLabel4"_s, {Answer::Ok}, {}, {archive.Path()});
     EXPECT_TRUE(outside.input_box.asked.isEmpty());
@@ -242,7 +241,7 @@ TEST_F(Archiving, AFailingLoadEndsInTheRunTimesErrorAndTouchesNothing) {
     EXPECT_EQ(Error_Of_Loading(archive.Path()), 61);
     EXPECT_EQ(Password_In(archive.Path()), u"of old"_s);
     copies.fails_with = 0;
-    EXPECT_NE(Error_Of_Loading(working.Path()), 0) << "over itself";
+    EXPECT_NE(Error_Of_Loading(sample.Path()), 0) << "over itself";
     EXPECT_EQ(Working(Count), u"12"_s);
 }
 
@@ -302,8 +301,8 @@ TEST_F(Archiving, AnArchiveInViewIsWhatThePagesReadUntilTheViewingEnds) {
     Expect_Told(
         u"The current database (Mevo05data.mdb) has now been restored and you are able to use Mevo as normal."_s);
     EXPECT_FALSE(installation.Viewing_Mode);
-    EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
-    EXPECT_EQ(installation.Current_Database_Path, working.Path());
+    EXPECT_EQ(installation.Connection_String, Names_File(sample.Path()));
+    EXPECT_EQ(installation.Current_Database_Path, sample.Path());
     EXPECT_FALSE(Enabled(*page, u"HotLabel6"_s));
     EXPECT_EQ(Caption(*page, u"Label13"_s), u"30"_s); // nor here
 }
@@ -311,7 +310,7 @@ TEST_F(Archiving, AnArchiveInViewIsWhatThePagesReadUntilTheViewingEnds) {
 TEST_F(Archiving, AnOlderArchiveIsUpgradedOnlyIfWished) {
     archive.Make_Older();
     for (const Answer answer : {Answer::No, Answer::Cancel}) {
-        installation = working.Installed();
+        installation = sample.Installed();
         Open();
         View(archive.Path(), {answer});
         EXPECT_EQ(archive.Value(u"SELECT count(*) FROM sqlite_master WHERE name = 'Mevo_Groups'"_s), u"0"_s);
@@ -333,7 +332,7 @@ TEST_F(Archiving, AFailedUpgradeGoesBackToTheWorkingDatabase) {
     View(archive.Path(), {Answer::Yes, Answer::Ok, Answer::Ok});
     EXPECT_TRUE(Last_Box().text.startsWith(u"Error with updating to v5.1 database: "_s));
     EXPECT_FALSE(installation.Viewing_Mode);
-    EXPECT_EQ(installation.Connection_String, Names_File(working.Path()));
+    EXPECT_EQ(installation.Connection_String, Names_File(sample.Path()));
     EXPECT_EQ(installation.Current_Database_Path, archive.Path());
     EXPECT_FALSE(Enabled(*page, u"HotLabel6"_s));
 }

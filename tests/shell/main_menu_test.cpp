@@ -109,17 +109,16 @@ TEST_F(Main_Menu, ManualsOpenInTheirOwnFolderOrFailAsTold) {
                            u"C:\\Mevo\\Manuals\\Quend Mevo Software Guide v5.1.htm"_s}));
     EXPECT_EQ(outside.documents.folders.first(), u"C:\\Mevo\\system\\"_s);
 
-    struct Case {
+    const struct {
         int result, number;
         QString description;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {2, 53, u"File not found (trying to load Software User Guide)"_s},
         {31, 31 - 2147220456, u"No application is associated with this file type."_s},
         {32, 48, u"The specified dynamic-link library was not found."_s},
         {7, 7 - 2147220456, u"An error occurred occurred whilst trying to open the selected file."_s},
     };
-    for (const Case& tried : cases) {
+    for (const auto& tried : cases) {
         SCOPED_TRACE(tried.result);
         outside.documents.result = tried.result;
         try {

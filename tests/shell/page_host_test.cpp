@@ -1,7 +1,5 @@
 #include "shell/conventions/page_host.h"
 
-#include "platform/basics/run_time_error.h"
-#include "shell/conventions/click_combo.h"
 #include "support/controls.h"
 #include "support/scripted_platform.h"
 
@@ -131,24 +129,11 @@ TEST_F(Host, TheWindowBearsThePagesCaptionAndItsCloseMarkLeavesThePage) {
     EXPECT_EQ(host.windowTitle(), u"Registering"_s);
 }
 
-TEST(ClickCombo, ASelectionByProgramRaisesClickEvenIfItIsTheSame) {
-    Click_Combo combo(u"Combo1"_s, nullptr);
-    combo.AddItem(u"one"_s);
-    int clicks = 0;
-    QObject::connect(&combo, &Click_Combo::Click, [&] { ++clicks; });
-    combo.Set_ListIndex(0);
-    combo.Set_ListIndex(0);
-    EXPECT_EQ(clicks, 2);
-}
-
+// The errors of the program itself are met at the Main menu's Quit.
 TEST(Guard, LetsNoErrorThrough) {
     Scripted_Platform outside;
     outside.boxes.Will_Answer(desktop::Answer::Ok);
-    EXPECT_THROW(Guarded(outside.platform, [] { basics::Raise(basics::errors::Division_By_Zero); }),
-                 Program_Ended);
-    EXPECT_EQ(outside.boxes.shown[0].text, u"Run-time error '11':\r\rDivision by zero"_s);
-    EXPECT_EQ(outside.pointer.shapes, QList{desktop::Pointer_Shape::Default});
-    outside.boxes.Will_Answer(desktop::Answer::Ok);
     EXPECT_THROW(Guarded(outside.platform, [] { throw std::out_of_range("no such place"); }), Program_Ended);
-    EXPECT_EQ(outside.boxes.shown[1].text, u"no such place"_s);
+    EXPECT_EQ(outside.boxes.shown[0].text, u"no such place"_s);
+    EXPECT_EQ(outside.pointer.shapes, QList{desktop::Pointer_Shape::Default});
 }

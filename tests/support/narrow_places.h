@@ -12,8 +12,7 @@ class Small_Disk {
 public:
     explicit Small_Disk(int kilobytes);
     ~Small_Disk();
-    Small_Disk(const Small_Disk&) = delete;
-    Small_Disk& operator=(const Small_Disk&) = delete;
+    Q_DISABLE_COPY(Small_Disk)
 
     bool Is_There() const { return !folder.isEmpty(); }
     const QString& Folder() const { return folder; }
@@ -29,8 +28,7 @@ class Bounded_Files {
 public:
     explicit Bounded_Files(qint64 bytes);
     ~Bounded_Files();
-    Bounded_Files(const Bounded_Files&) = delete;
-    Bounded_Files& operator=(const Bounded_Files&) = delete;
+    Q_DISABLE_COPY(Bounded_Files)
 
     bool Is_There() const { return there; }
 
@@ -44,8 +42,7 @@ class Plain_Account {
 public:
     Plain_Account();
     ~Plain_Account();
-    Plain_Account(const Plain_Account&) = delete;
-    Plain_Account& operator=(const Plain_Account&) = delete;
+    Q_DISABLE_COPY(Plain_Account)
 
     bool Is_There() const { return there; } // files' rights bind it
 

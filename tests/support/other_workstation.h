@@ -13,8 +13,7 @@ class Other_Workstation {
 public:
     explicit Other_Workstation(const QString& file);
     ~Other_Workstation() { Leave_Abruptly(); }
-    Other_Workstation(const Other_Workstation&) = delete;
-    Other_Workstation& operator=(const Other_Workstation&) = delete;
+    Q_DISABLE_COPY(Other_Workstation)
 
     void Run(const QString& sql);        // and waits until it is done; throws if it fails
     void Hold_Exclusively();             // has written the surname "Written", and keeps all others out

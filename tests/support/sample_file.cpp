@@ -57,9 +57,7 @@ void Sample_File::Run(const QString& sql) const {
 }
 
 QString Sample_File::Value(const QString& sql) const {
-    const QStringList column = Column(sql);
-    if (column.isEmpty()) throw std::runtime_error("no row: " + sql.toStdString());
-    return column.first();
+    return Database_Beside(path).Value(sql);
 }
 
 void Sample_File::Make_UTF_16() const {

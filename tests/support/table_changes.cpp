@@ -1,31 +1,26 @@
 #include "support/table_changes.h"
 
+#include "support/database_beside.h"
+
 using namespace Qt::StringLiterals;
 
 namespace test_support {
 
-constexpr QChar Divider(0x1F);
-
-static void Read_Table(const Sample_File& sample, const QString& table, Table_Rows& all) {
-    const QStringList columns = sample.Column(u"SELECT name FROM pragma_table_info('%1')"_s.arg(table));
-    const bool of_pupils = columns.contains(u"StudentCode"_s);
-    QStringList parts{of_pupils ? u"StudentCode"_s : u"rowid"_s};
+static void Read_Table(const Database_Beside& database, const QString& table, Table_Rows& all) {
+    const QStringList columns = database.Column(u"SELECT name FROM pragma_table_info('%1')"_s.arg(table));
+    QStringList cells{columns.contains(u"StudentCode"_s) ? u"StudentCode"_s : u"rowid"_s};
     for (const QString& column : columns)
-        parts.append(u"quote(\"%1\")"_s.arg(column));
-    const QStringList rows =
-        sample.Column(u"SELECT %1 FROM %2"_s.arg(parts.join(u" || char(31) || "_s), table));
-    for (const QString& row : rows) {
-        const QStringList cells = row.split(Divider);
-        QMap<QString, QString>& stored = all[table + u' ' + cells[0]];
+        cells.append(u"quote(\"%1\")"_s.arg(column));
+    for (const QStringList& row : database.Rows(u"SELECT %1 FROM %2"_s.arg(cells.join(u", "_s), table)))
         for (qsizetype i = 0; i < columns.size(); ++i)
-            stored.insert(columns[i], cells[i + 1]);
-    }
+            all[table + u' ' + row[0]][columns[i]] = row[i + 1];
 }
 
 Table_Rows Read_Tables(const Sample_File& sample) {
+    const Database_Beside database(sample.Path());
     Table_Rows all;
-    for (const QString& table : sample.Column(u"SELECT name FROM sqlite_master WHERE type = 'table'"_s))
-        Read_Table(sample, table, all);
+    for (const QString& table : database.Column(u"SELECT name FROM sqlite_master WHERE type = 'table'"_s))
+        Read_Table(database, table, all);
     return all;
 }
 
