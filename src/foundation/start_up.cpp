@@ -13,9 +13,6 @@ using desktop::Box_Style;
 
 constexpr int Ini_Value_Room = 249; // the system's buffer holds 250 with the closing NUL
 
-static const QString Working_File = u"Mevo05Data.mdb"_s;
-static const QString Template_File = u"Mevo05EmptyDatabase.mdb"_s;
-
 QString Get_Ini_String(desktop::Platform& platform, const QString& file, const QString& section,
                        const QString& key) {
     QString value = platform.ini.Value(file, section, key, file).left(Ini_Value_Room);
@@ -45,7 +42,7 @@ static QString Paths_From_Ini(desktop::Platform& platform, Installation& install
     installation.Archive_Folder = share;
     if (share.isEmpty()) return u"BLANK"_s;
 
-    if (platform.files.Dir(installation.Empty_Database_Path).toUpper() == Template_File.toUpper())
+    if (platform.files.Dir(installation.Empty_Database_Path).compare(Template_File, Qt::CaseInsensitive) == 0)
         return u"SET"_s;
     platform.boxes.Ask(Box_Style::Critical, u"Warning"_s,
                        Missing_Template_Warning(share, installation.App_Path));
@@ -83,6 +80,11 @@ bool Read_Customer_Details(desktop::Platform& platform, Installation& installati
     return found;
 }
 
+// It is named after an earlier release; schools' files lie there, so it keeps its name.
+QString Standard_Folder(const QString& all_users_folder) {
+    return all_users_folder + u"\\Quend Research\\Quend Mevo\\5.07\\"_s;
+}
+
 Form8::Form8(desktop::Platform& platform, Installation& installation)
     : platform(platform), installation(installation) {
 }
@@ -98,18 +100,21 @@ void Form8::Find_CommonAppData() {
         platform.processes.End(1);
     }
     installation.Common_AppData_Path = folder;
-    // The folder is named after an earlier release; schools' files lie there, so it keeps its name.
-    const QString base = folder + u"\\Quend Research\\Quend Mevo\\5.07\\"_s;
+    const QString base = Standard_Folder(folder);
     installation.Database_Path = base + Working_File;
     installation.Archive_Folder = base + u"archives"_s;
     installation.Empty_Database_Path = base + Template_File;
 }
 
-void Form8::Timer1_Timer(const QString& program_folder) {
+void Form8::Find_Database(const QString& program_folder) {
     installation.App_Path = program_folder;
     if (Read_Product_Ini(platform, installation) == "BLANK"_L1) Find_CommonAppData();
     installation.Current_Database_Path = installation.Database_Path;
     installation.Connection_String = Connection_String_For(installation.Current_Database_Path);
+}
+
+void Form8::Timer1_Timer(const QString& program_folder) {
+    Find_Database(program_folder);
     // A conversion that failed has already told the user; the pages then show what the file still gives.
     if (!Database_Is_Version_51(installation)) Convert_Database_To_51(installation, platform);
     Read_Customer_Details(platform, installation);

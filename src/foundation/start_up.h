@@ -5,6 +5,14 @@
 
 namespace foundation {
 
+// The names of a school's two databases, which lie in one folder.
+inline constexpr QLatin1StringView Working_File("Mevo05Data.mdb");
+inline constexpr QLatin1StringView Template_File("Mevo05EmptyDatabase.mdb");
+
+// Where they lie unless a share is named, below the folder for all users' application data; ends in a
+// backslash.
+QString Standard_Folder(const QString& all_users_folder);
+
 // The background form: it finds the database, brings it to the present version, reads whose it is, and
 // then stays behind the pages until the program ends. It is never drawn.
 class Form8 {
@@ -12,6 +20,8 @@ public:
     Form8(desktop::Platform& platform, Installation& installation);
 
     void Load();
+    // Sets all paths and the connection string. Looks into no database.
+    void Find_Database(const QString& program_folder);
     // All of start-up up to the first page. A database that can't be opened is an unhandled run-time error.
     void Timer1_Timer(const QString& program_folder);
 

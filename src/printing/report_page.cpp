@@ -1,5 +1,6 @@
 #include "printing/report_page.h"
 
+#include "foundation/school_settings.h"
 #include "printing/print_outcome.h"
 
 #include <QPainter>
@@ -39,12 +40,13 @@ void Report_Page::Make_Copy_Entries(const QRect& print_place, const QRect& copy_
         parent);
 }
 
-// Both pages begin with what was chosen last on either.
+// Both pages begin with what was chosen last on either, at first with what the school settled.
 void Report_Page::Make_Margins_Box(const QRect& place) {
     KeepToMargins = new QCheckBox(u"Keep to the margins"_s, Frame1);
     KeepToMargins->setObjectName(u"KeepToMargins"_s);
     KeepToMargins->setGeometry(place);
-    KeepToMargins->setChecked(platform.settings.Is_On(Margins_Setting));
+    const QString of_school = foundation::Margins_Of_School(platform, installation);
+    KeepToMargins->setChecked(platform.settings.Is_On(Margins_Setting, of_school));
     ViewPro1.Keep_To_Margins = KeepToMargins->isChecked();
     shell::On(KeepToMargins, &QCheckBox::clicked, this, platform, [this] { KeepToMargins_Click(); });
 }

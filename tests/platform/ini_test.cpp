@@ -1,4 +1,4 @@
-#include "platform/desktop/qt_platform.h"
+#include "platform/desktop/disk_ports.h"
 #include "platform/desktop/user_settings.h"
 #include "support/printing.h"
 

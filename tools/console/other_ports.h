@@ -16,6 +16,10 @@ struct Other_Ports {
     desktop::Message_Boxes* boxes = nullptr;
     desktop::Clock* clock = nullptr;
     desktop::Sound* sound = nullptr;
+    desktop::Processes* processes = nullptr;
+    desktop::Ini_Files* ini = nullptr;
+    desktop::Files* files = nullptr;
+    desktop::Special_Folders* folders = nullptr;
     desktop::Modal_Dialogs* dialogs = nullptr;
     desktop::File_Dialogs* file_dialogs = nullptr;
     desktop::User_Settings* settings = nullptr;
@@ -30,10 +34,10 @@ inline desktop::Platform With(const Other_Ports& others, desktop::Platform& port
             first(others.clock, ports.clock),
             first(others.sound, ports.sound),
             ports.documents,
-            ports.processes,
-            ports.ini,
-            ports.files,
-            ports.folders,
+            first(others.processes, ports.processes),
+            first(others.ini, ports.ini),
+            first(others.files, ports.files),
+            first(others.folders, ports.folders),
             first(others.dialogs, ports.dialogs),
             first(others.file_dialogs, ports.file_dialogs),
             ports.input_box,

@@ -1,4 +1,4 @@
-#include "platform/desktop/qt_platform.h"
+#include "platform/desktop/disk_ports.h"
 
 using namespace Qt::StringLiterals;
 

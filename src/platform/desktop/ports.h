@@ -85,8 +85,10 @@ public:
     virtual QString Value(const QString& key, const QString& missing) = 0;
     virtual void Keep(const QString& key, const QString& value) = 0;
 
-    // A switch is off until it has been turned on.
-    bool Is_On(const QString& key) { return Value(key, {}) == QStringLiteral("1"); }
+    // A switch is as others have it, "1" or else, until it has been turned; off where they don't say.
+    bool Is_On(const QString& key, const QString& others = {}) {
+        return Value(key, others) == QStringLiteral("1");
+    }
     void Turn(const QString& key, bool on) { Keep(key, QString::number(on ? 1 : 0)); }
 };
 

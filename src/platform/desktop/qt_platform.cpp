@@ -2,6 +2,7 @@
 
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/disk_ports.h"
 #include "platform/desktop/played_sound.h"
 #include "platform/desktop/qt_printers.h"
 #include "platform/desktop/user_settings.h"
@@ -12,7 +13,6 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -24,7 +24,6 @@
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QScrollArea>
-#include <QStringDecoder>
 #include <QUrl>
 #include <cstdio>
 #include <cstdlib>
@@ -198,38 +197,6 @@ private:
     }
 };
 
-class File_Of_Settings final : public Ini_Files {
-public:
-    QString Value(const QString& file, const QString& section, const QString& key,
-                  const QString& missing) override {
-        QFile opened(basics::Native_Path(file));
-        if (!opened.open(QIODevice::ReadOnly)) return missing;
-        const QString value = Ini_Value(Decoded(opened.readAll()), section, key);
-        return value.isNull() ? missing : value;
-    }
-
-private:
-    // Written by whatever editor a school has: UTF-8, or the older single-byte page.
-    static QString Decoded(const QByteArray& bytes) {
-        QStringDecoder utf8(QStringDecoder::Utf8);
-        const QString text = utf8(bytes);
-        return utf8.hasError() ? QString::fromLatin1(bytes) : text;
-    }
-};
-
-class Disk_Files final : public Files {
-public:
-    QString Dir(const QString& file) override {
-        const QFileInfo info(basics::Native_Path(file));
-        return info.isFile() ? info.fileName() : QString();
-    }
-};
-
-class System_Folders final : public Special_Folders {
-public:
-    int Folder_Path(int number, QString& path) override { return System_Folder(number, path); }
-};
-
 class Qt_Modal_Dialogs final : public Modal_Dialogs {
 public:
     void Show(QDialog& dialog) override { dialog.exec(); }
@@ -324,9 +291,7 @@ struct Qt_Platform::Bodies {
     Qt_Sound sound;
     Qt_Documents documents;
     Qt_Processes processes;
-    File_Of_Settings ini;
-    Disk_Files files;
-    System_Folders folders;
+    Disk_Ports disk;
     Qt_Modal_Dialogs dialogs;
     Qt_File_Dialogs file_dialogs{boxes};
     Qt_Input_Box input_box;
@@ -335,9 +300,9 @@ struct Qt_Platform::Bodies {
     std::unique_ptr<Clipboard> clipboard = Make_Qt_Clipboard();
     std::unique_ptr<Registry> registry = Make_System_Registry();
     std::unique_ptr<User_Settings> settings = Make_User_Settings(User_Settings_File());
-    Platform ports{boxes,  pointer,   clock,      sound,     documents,    processes,
-                   ini,    files,     folders,    dialogs,   file_dialogs, input_box,
-                   random, *printers, *clipboard, *registry, *settings};
+    Platform ports{boxes,     pointer,     clock,         sound,     documents,    processes,
+                   *disk.ini, *disk.files, *disk.folders, dialogs,   file_dialogs, input_box,
+                   random,    *printers,   *clipboard,    *registry, *settings};
 };
 
 Qt_Platform::Qt_Platform() : bodies(std::make_unique<Bodies>()) {

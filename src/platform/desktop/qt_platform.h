@@ -21,8 +21,4 @@ private:
     std::unique_ptr<Bodies> bodies;
 };
 
-// The value of a key in the text of an initialisation file, read as the system reads it: names without
-// regard to case, blanks around the value and one pair of quotes dropped. Null if it isn't there.
-QString Ini_Value(const QString& text, const QString& section, const QString& key);
-
 } // namespace desktop

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -14,12 +15,15 @@ struct File_Look {
     QString encoding; // of its texts: "UTF-8", "UTF-16le" or "UTF-16be"
     Tables tables;    // without views and the engine's own
     QString damage;   // a sentence on the first fault; empty for a sound file
+    QList<QStringList>
+        answers; // to the questions asked: the first column of each, empty where it can't be told
 };
 
-// Reads the whole file, and changes neither it nor what lies beside it. `file` is a native, absolute path.
+// Reads the whole file, and changes neither it nor what lies beside it. `file` is a native, absolute path;
+// `questions` are statements of the engine's own dialect.
 // Throws a run-time error for what is no database, and for one that can't be read now. It opens and closes
 // the file, so it is asked only while no connection of the process has it open (database_file.h).
-File_Look Look_Into(const QString& file);
+File_Look Look_Into(const QString& file, const QStringList& questions = {});
 
 // What of `wanted` isn't among `found`: "Mevo_Means", or "Mevo_Means.Module" where the table is there. Names
 // are the same in any case.
