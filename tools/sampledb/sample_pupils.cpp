@@ -321,12 +321,15 @@ int Completed_Months(QDate from, QDate to) {
     return to.day() < from.day() ? boundaries - 1 : boundaries;
 }
 
-void Fill_Pupils(Memory_Database& database, int count, const QStringList& groups, quint32 seed) {
-    Random random(seed);
+void Fill_Pupils(Memory_Database& database, const QStringList& groups, const Options& options) {
+    Random random(options.seed);
     Pupil_Writer writer(database, groups, random);
     const QList<Plan> cases = Cases();
-    for (int place = 0; place < count; ++place)
-        writer.Write(place < cases.size() ? cases[place] : Draw_Plan(random), place);
+    for (int place = 0; place < options.pupils; ++place) {
+        Plan plan = place < cases.size() ? cases[place] : Draw_Plan(random);
+        plan.first_day = plan.first_day.addDays(options.days_later);
+        writer.Write(plan, place);
+    }
 }
 
 } // namespace sample_data

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sampledb/memory_database.h"
+#include "sampledb/sample_data.h"
 
 #include <QDate>
 #include <QStringList>
@@ -11,6 +12,6 @@ int Completed_Months(QDate from, QDate to);
 
 // The pupils and their rows in the nine data tables. The first dozen show, one each, the states that
 // a database can hold a pupil in; the rest are drawn at random.
-void Fill_Pupils(Memory_Database& database, int count, const QStringList& groups, quint32 seed);
+void Fill_Pupils(Memory_Database& database, const QStringList& groups, const Options& options);
 
 } // namespace sample_data
