@@ -10,11 +10,11 @@ if(WIN32)
     set(MEVO_PROGRAM_FOLDER .)
 endif()
 
-set(programs mevo mevo-convert mevo-print mevo-sampledb mevo-scores)
+set(programs mevo mevo-convert mevo-practice mevo-print mevo-sampledb mevo-scores mevo-setup)
 if(MEVO_JET_READER)
     install(TARGETS mevo-jet-reader RUNTIME DESTINATION ${MEVO_PROGRAM_FOLDER} COMPONENT program)
 endif()
-install(TARGETS ${programs} RUNTIME DESTINATION ${MEVO_PROGRAM_FOLDER} COMPONENT program)
+install(TARGETS ${programs} mevo-setup-wizard RUNTIME DESTINATION ${MEVO_PROGRAM_FOLDER} COMPONENT program)
 install(DIRECTORY assets/system assets/Sounds assets/Manuals DESTINATION ${MEVO_PROGRAM_FOLDER} COMPONENT program)
 
 # Settings beside the program, unless somebody has filled them in there already.
@@ -37,6 +37,7 @@ foreach(program IN LISTS programs)
         COMPONENT program)
 endforeach()
 install(FILES packaging/mevo.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT program)
+install(FILES packaging/mevo.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT program)
 install(FILES packaging/mevo.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT program)
 install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT program)
 
@@ -79,7 +80,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation") # the metrics that the sheets are laid out by
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, qt6-wayland, xdg-utils") # which opens the manuals in the browser
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${made}/conffiles)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
