@@ -57,6 +57,20 @@ TEST_F(Individual_Report_Page, ABoxTakesItsSectionOutAndBringsItBack) {
     }
 }
 
+TEST_F(Individual_Report_Page, BeginsWithinTheMarginsAsTheSchoolSettledUntilTheAccountHasChosen) {
+    const std::tuple<QString, QString, bool> cases[] = {
+        {u"1"_s, {}, true}, {u"0"_s, {}, false}, {u"1"_s, u"0"_s, false}, {u"0"_s, u"1"_s, true}};
+    for (const auto& [school, account, kept] : cases) {
+        SCOPED_TRACE(school.toStdString() + account.toStdString());
+        outside.ini.values[u"Reports/Keep_To_Margins"_s] = school;
+        outside.settings.kept.clear();
+        if (!account.isEmpty()) outside.settings.kept[u"Reports/Keep_To_Margins"_s] = account;
+        Form94 opened(outside.platform, navigator, {installation, state, scores});
+        EXPECT_EQ(Control<QCheckBox>(opened, u"KeepToMargins"_s).isChecked(), kept);
+    }
+    EXPECT_TRUE(outside.ini.asked.last().endsWith(u"Mevo05School.ini"_s));
+}
+
 TEST_F(Individual_Report_Page, PrintsOneSheetAsItIsOnView) {
     Click(page, u"HotLabel2"_s);
     EXPECT_EQ(outside.printers.pages.size(), 1);
