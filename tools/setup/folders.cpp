@@ -88,6 +88,7 @@ void Open_To_Users_Of_Its_Folder(const QString& file) {
     mode_t mode = own.st_mode & 0777;
     if (is_the_groups && (folder.st_mode & S_IWGRP)) mode |= S_IRGRP | S_IWGRP;
     if (folder.st_mode & S_IWOTH) mode |= S_IROTH | S_IWOTH;
+    if (!(folder.st_mode & S_IRWXO)) mode &= ~S_IRWXO; // also once it is moved elsewhere
     if (mode != (own.st_mode & 0777)) chmod(path.constData(), mode);
 }
 

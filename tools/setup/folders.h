@@ -14,7 +14,8 @@ QString Plain_Folder(const QString& text);
 // administrator can do about it.
 void Make_Folder(const QString& folder, const QString& group);
 
-// Whoever may make files in a folder may also write this one in it.
+// Whoever may make files in a folder may also write this one in it; whom the folder keeps out, it keeps out
+// too.
 void Open_To_Users_Of_Its_Folder(const QString& file);
 
 // Groups of accounts that a folder can be given to; empty where that isn't settled here.

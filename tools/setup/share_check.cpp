@@ -13,6 +13,7 @@
 #include <QStorageInfo>
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -163,6 +164,9 @@ Finding Kind_Of(const QStorageInfo& storage) {
             u"The folder lies on %1 (%2), whose locks are known to be unreliable."_s.arg(system.name, type),
             u"Let one computer at a time use it, or take a Windows share (SMB) or NFS of version 4."_s};
     }
+    if (type.isEmpty())
+        return {Mark::Doubtful, u"It can't be told on what file system the folder lies."_s,
+                u"Ask whoever looks after the share whether locks on it are reliable."_s};
     return {Mark::Good, u"The folder's file system is %1, of which nothing bad is known."_s.arg(type), {}};
 }
 
@@ -175,12 +179,14 @@ Finding Log(const QString& working) {
         u"End every program that has it open, then open it with Mevo once: that turns it back into one file."_s};
 }
 
-Finding Room(const QStorageInfo& storage, const QString& working) {
+Finding Room(const QString& folder, const QString& working) {
     constexpr qint64 mebibyte = 1024 * 1024;
     constexpr qint64 least = 4 * mebibyte; // what a school grows to
     constexpr int copies = 10;
     const qint64 wanted = copies * std::max(least, QFileInfo(working).size());
-    const qint64 left = storage.bytesAvailable();
+    std::error_code unknown;
+    const auto space = std::filesystem::space(folder.toStdU16String(), unknown);
+    const qint64 left = unknown ? 0 : static_cast<qint64>(space.available);
     if (left >= wanted) return {Mark::Good, u"There is room for ten copies of the database."_s, {}};
     return {
         Mark::Bad,
@@ -203,9 +209,8 @@ QList<Finding> Check_Folder(const QString& folder, const QString& own_program) {
         findings.append(Locks(trial, own_program));
         findings.append(Journal(trial));
     }
-    const QStorageInfo storage(folder);
     const QString working = basics::Native_Path(folder + u'/' + foundation::Working_File);
-    return findings += {Kind_Of(storage), Log(working), Room(storage, working)};
+    return findings += {Kind_Of(QStorageInfo(folder)), Log(working), Room(folder, working)};
 }
 
 int Hold_Lock(const QString& file) {
