@@ -43,7 +43,7 @@ protected:
     // The sheets' name in the printer's queue, which names no pupil.
     virtual QString Document_Name() const = 0;
 
-    static constexpr QSize Frame_Size{1240, 664};
+    static constexpr QSize Frame_Size{1080, 560};
     static constexpr int First_Zoom = 40;
 
     const foundation::Installation& installation;

@@ -50,7 +50,7 @@ Table_Panel::Table_Panel(QLabel* heading, scoring::Scoring& scoring, const QPoin
     : QObject(frame), scoring(scoring), Label3(heading) {
     constexpr int summary_row = 39;
     constexpr int detail_row = 25;
-    const QRect place(corner, QSize(764, Chart_Height));
+    const QRect place(corner, Size);
     const QString answers = u"The pupil's answers, item by item"_s;
     fpSpread1 =
         Make_Grid(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, place, 10, 10);

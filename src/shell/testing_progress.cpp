@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 namespace shell {
 namespace {
 
-constexpr QSize Frame_Size{1240, 664};
-constexpr int Left = 24;
-constexpr int Whole_Width = 1192;
+constexpr QSize Frame_Size{1080, 560};
+constexpr int Left = 16;
+constexpr int Whole_Width = 1048;
 constexpr int Waiting_Time = 45; // seconds: other workstations are testing while the chart is looked at
 
 struct Progress_Column {
@@ -24,11 +24,11 @@ struct Progress_Column {
 };
 
 const QList<Progress_Column>& Columns() {
-    constexpr int mark = 76;
+    constexpr int mark = 66;
     static const QList<Progress_Column> columns{
-        {u"User ID"_s, {}, 168},
-        {u"Names"_s, {}, 222},
-        {u"DOB"_s, {}, 98},
+        {u"User ID"_s, {}, 148},
+        {u"Names"_s, {}, 196},
+        {u"DOB"_s, {}, 88},
         {u"Tolvens"_s, u"Tolvens"_s, mark},
         {u"Friends"_s, u"BliksFriends"_s, mark},
         {u"Karrel"_s, u"Karrel"_s, mark},
@@ -72,16 +72,16 @@ Form14::Form14(desktop::Platform& platform, Navigator& navigator,
 
 void Form14::Lay_Out() {
     Make_Label(u"Label4"_s, u"Testing progress for all registered individuals"_s, Text_Role::Title,
-               {Left, 16, 760, 44});
-    QLabel* label3 = Make_Label(u"Label3"_s, u"Number of students:"_s, Text_Role::Quiet, {Left, 66, 140, 24});
+               {Left, 16, 760, 38});
+    QLabel* label3 = Make_Label(u"Label3"_s, u"Number of students:"_s, Text_Role::Quiet, {Left, 58, 140, 24});
     Label5 =
-        Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {label3->geometry().right() + 8, 66, 400, 24});
+        Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {label3->geometry().right() + 8, 58, 400, 24});
 
     Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(Columns().size()),
                                  grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setAccessibleName(windowTitle());
     Spread1->setAccessibleDescription(u"One row for each pupil, one column for each test."_s);
-    Spread1->setGeometry(Left, 100, Whole_Width, 488);
+    Spread1->setGeometry(Left, 88, Whole_Width, 402);
     Spread1->verticalHeader()->setDefaultSectionSize(28);
     Spread1->setWordWrap(false); // a row is one line high: what doesn't fit ends in an ellipsis
     int column = 0;
@@ -90,8 +90,8 @@ void Form14::Lay_Out() {
     Spread1->Set_Left_Aligned(Names_Column);
     Spread1->Set_Look(Done(), {colours::Hover_Ground, colours::Accent_Dark, true});
 
-    constexpr QSize button{150, 42};
-    constexpr int top = 604;
+    constexpr QSize button{140, 40};
+    constexpr int top = 504;
     HotLabel* print = Make_HotLabel(u"HotLabel2"_s, u"Print out"_s,
                                     {QPoint(Left + Whole_Width - 2 * button.width() - 12, top), button},
                                     [this] { HotLabel2_Click(); });

@@ -156,6 +156,22 @@ void Expect_Room(QWidget& surface) {
     }
 }
 
+// A school's laptop shows 1092 by 535 pixels of a page, so that no more than an empty rim may be lost there.
+void Expect_In_Frame(const QWidget& surface) {
+    constexpr QSize largest(1080, 560);
+    constexpr int rim = 16;
+    for (const auto* frame : surface.findChildren<QFrame*>(u"Frame1"_s)) {
+        EXPECT_EQ(frame->size().boundedTo(largest), frame->size());
+        const QRect inside = frame->rect().adjusted(rim, rim, -rim, -rim);
+        for (const auto* control : frame->findChildren<QWidget*>()) {
+            if (!control->isVisible() || control->size().isEmpty()) continue;
+            const QRect place = control->visibleRegion().boundingRect();
+            EXPECT_TRUE(inside.contains(place.translated(control->mapTo(frame, QPoint(0, 0)))))
+                << Name_Of(control).toStdString();
+        }
+    }
+}
+
 double Luminance(const QColor& colour) {
     const auto light = [](float part) {
         return part <= 0.03928F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -209,6 +225,7 @@ TEST(Every_Page, CanBeUsedWithoutAMouseAndWithoutSight) {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&surface));
         Expect_Told(*QAccessible::queryAccessibleInterface(&surface));
         Expect_Room(surface);
+        Expect_In_Frame(surface);
         Expect_Readable(surface);
         Expect_Focus_Shows(surface);
         Expect_Same_Help(surface);

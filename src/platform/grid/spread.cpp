@@ -48,7 +48,8 @@ QString Column_Letters(int column) {
 fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
     : QTableWidget(std::max(rows, 0), columns, parent),
       rows_as_written(rows == Rows_As_Written),
-      sides(static_cast<std::size_t>(columns), Side::Centre) {
+      sides(static_cast<std::size_t>(columns), Side::Centre),
+      wider_on_paper(static_cast<std::size_t>(columns), 0) {
     setObjectName(name);
     setItemDelegate(new Look_Delegate(this));
     for (int column = 1; column <= columns; ++column)
@@ -113,6 +114,12 @@ void fpSpread::Set_MaxRows(int rows) {
 
 void fpSpread::Set_ColWidth(int column, int pixels) {
     setColumnHidden(column - 1, pixels == 0);
+    setColumnWidth(column - 1, pixels);
+    wider_on_paper[static_cast<std::size_t>(column) - 1] = 0;
+}
+
+void fpSpread::Narrow_On_Screen(int column, int pixels) {
+    wider_on_paper[static_cast<std::size_t>(column) - 1] = columnWidth(column - 1) - pixels;
     setColumnWidth(column - 1, pixels);
 }
 
@@ -181,9 +188,11 @@ Printed_Grid fpSpread::Printed() const {
     const Extent extent = Printed_Extent();
     Printed_Grid printed{{PrintHeader, PrintHeaderValues}, {PrintFooter, {}}, PrintMarginLeft, {}, {}, {}};
     if (PrintRowHeaders) printed.columns.push_back({Row_Numbers_Width, Side::Centre});
-    for (int column = 1; column <= extent.columns; ++column)
+    for (int column = 1; column <= extent.columns; ++column) {
+        const auto place = static_cast<std::size_t>(column) - 1;
         if (!isColumnHidden(column - 1))
-            printed.columns.push_back({columnWidth(column - 1), sides[static_cast<std::size_t>(column) - 1]});
+            printed.columns.push_back({columnWidth(column - 1) + wider_on_paper[place], sides[place]});
+    }
     if (PrintColHeaders) printed.heads.push_back(Row_Texts(0, extent));
     for (int row = 1; row <= extent.rows; ++row)
         (heading_row && row == 1 ? printed.heads : printed.rows).push_back(Row_Texts(row, extent));

@@ -37,10 +37,11 @@ public:
 
     // A cell outside the grid takes no text.
     void Set_Text(int column, int row, const QString& text);
-    QString Text(int column, int row) const;   // empty text for a cell never written
-    void Set_MaxRows(int rows);                // drops the rows behind the last
-    void Set_ColWidth(int column, int pixels); // 0 puts the column away, also on paper
-    void Set_Left_Aligned(int column);         // from the start column 1 alone is; the others are centred
+    QString Text(int column, int row) const;       // empty text for a cell never written
+    void Set_MaxRows(int rows);                    // drops the rows behind the last
+    void Set_ColWidth(int column, int pixels);     // 0 puts the column away, also on paper
+    void Narrow_On_Screen(int column, int pixels); // on paper it stays as wide as it was set
+    void Set_Left_Aligned(int column);             // from the start column 1 alone is; the others are centred
     // Row 1 is the heading: drawn apart from the others.
     void Set_Heading_Row(bool heading);
     // Gives each row the height that its cells need at the widths of their columns, the usual one at least.
@@ -88,7 +89,8 @@ private:
 
     bool rows_as_written;
     bool heading_row = false;
-    std::vector<Side> sides; // by column
+    std::vector<Side> sides;         // by column
+    std::vector<int> wider_on_paper; // pixels, by column
 };
 
 } // namespace grid

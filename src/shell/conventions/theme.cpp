@@ -31,6 +31,8 @@ static QString Role_Name(Text_Role role) {
         return u"badge"_s;
     case Text_Role::Heading:
         return u"heading"_s;
+    case Text_Role::Caption:
+        return u"caption"_s;
     case Text_Role::Fact:
         return u"fact"_s;
     case Text_Role::Body:
