@@ -210,6 +210,7 @@ void Form92::Lay_Out_Selection() {
     HotLabel8 = entry(u"HotLabel8", u"Clear all"_s, {158, 26, 134, 34}, [this] { HotLabel8_Click(); });
     HotLabel9 =
         entry(u"HotLabel9", u"Create batch report"_s, {12, 66, 280, 38}, [this] { HotLabel9_Click(); });
+    HotLabel9->Set_Weight(HotLabel::Weight::Primary);
     HotLabel9->setEnabled(false); // nothing is selected as yet
 }
 

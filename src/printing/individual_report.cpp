@@ -62,6 +62,7 @@ void Form94::Lay_Out() {
                       Frame1);
     constexpr int half = (Choices_Width - 12) / 2;
     Make_Copy_Entries({Choices_Left, 304, half, 36}, {Choices_Left + half + 12, 304, half, 36}, Frame1);
+    HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
     Make_Margins_Box({Choices_Left, 346, Choices_Width, 28});
     Make_Main_Entry({Choices_Left, 504, Choices_Width, 40});
 }

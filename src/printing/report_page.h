@@ -49,10 +49,11 @@ protected:
     const foundation::Installation& installation;
     preview::ViewPro ViewPro1;
     preview::Preview_Window* Preview = nullptr;
+    shell::HotLabel* HotLabel2 = nullptr; // Print
     int Zoom_Now = First_Zoom;
 
 private:
-    shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3;
+    shell::HotLabel *HotLabel1, *HotLabel3;
     std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
     std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
     QCheckBox* KeepToMargins;

@@ -76,6 +76,8 @@ void Form9::Lay_Out_Group_Deletion() {
     HotLabel5 = Make_HotLabel(
         u"HotLabel5"_s, u"Delete all from group"_s, {16, 140, 298, 40}, [this] { Delete_Group_Action(); },
         shell::HotLabel::Look::Command, frame2);
+    for (shell::HotLabel* destructive : {HotLabel2, HotLabel5})
+        destructive->Set_Weight(shell::HotLabel::Weight::Destructive);
     HotLabel5->setAccessibleDescription(u"Deletes the pupils of the chosen group, once you have agreed."_s);
 }
 

@@ -96,6 +96,7 @@ void Form15::Lay_Out_Personal_Details() {
     HotLabel4 = button(u"HotLabel4"_s, u"Edit details"_s, 0, [this] { Enable_Personal_Edit(); });
     HotLabel2 =
         button(u"HotLabel2"_s, u"Save changes"_s, 1, For_Current_Pupil(&Form15::Save_Personal_Details));
+    HotLabel2->Set_Weight(HotLabel::Weight::Primary);
     HotLabel3 =
         button(u"HotLabel3"_s, u"Undo changes"_s, 2, For_Current_Pupil(&Form15::Undo_Personal_Details));
 }

@@ -38,6 +38,7 @@ void Form42::Lay_Out() {
                               [this] { HotLabel4_Click(); });
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Menu_Left, 504, 140, height},
                               [this] { HotLabel1_Click(); });
+    HotLabel3->Set_Weight(shell::HotLabel::Weight::Primary);
     Offer_Import(false);
     Lay_Out_Grid();
     ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,

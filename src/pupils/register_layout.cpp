@@ -28,6 +28,7 @@ void Form10::Lay_Out() {
     Lay_Out_Session();
     HotLabel2 = Make_HotLabel(u"HotLabel2"_s, u"Save"_s, {660, 362, 300, 46}, [this] { HotLabel2_Click(); });
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {820, 436, 140, 46}, [this] { HotLabel1_Click(); });
+    HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
     Label5 = Make_Help_Label(u"Label5"_s, {Left, 436, 768, 46}, Frame1);
 }
 

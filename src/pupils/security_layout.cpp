@@ -53,7 +53,7 @@ void Form2::Lay_Out() {
         int here;
     };
     for (const auto& [on_paper, here] :
-         {Width{150, 124}, {174, 128}, {88, 84}, {126, 124}, {138, 126}, {82, 80}}) {
+         {Width{150, 124}, {174, 122}, {88, 84}, {126, 122}, {138, 134}, {82, 80}}) {
         Spread1->Set_ColWidth(++column, on_paper);
         Spread1->Narrow_On_Screen(column, here);
     }
@@ -105,6 +105,7 @@ void Form2::Lay_Out_Individual() {
                                  u"Option8"_s, 166, frame5);
     HotLabel7 = Make_HotLabel(u"HotLabel7"_s, u"Update"_s, {232, 230, 108, 34},
                               With_Lists(&Form2::Update_Pupil_Settings), HotLabel::Look::Command, frame5);
+    HotLabel7->Set_Weight(HotLabel::Weight::Primary);
     Text2->setMaxLength(Longest_Text);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
     shell::On(Combo3, &shell::Click_Combo::Click, this, platform, [this] { Combo3_Click(); });
@@ -150,6 +151,7 @@ void Form2::Lay_Out_Group_Names() {
     HotLabel5 = Make_HotLabel(u"HotLabel5"_s, u"Disband"_s, {side - 112, rows[2], 100, 34},
                               With_Lists(&Form2::Disband_Group), HotLabel::Look::Command, frame9);
 
+    HotLabel5->Set_Weight(HotLabel::Weight::Destructive);
     Text3->setMaxLength(Longest_Text);
     Text4->setMaxLength(Longest_Text);
     shell::On(Combo4, &shell::Click_Combo::Click, this, platform, [this] { Combo4_Click(); });

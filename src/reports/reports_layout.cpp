@@ -147,6 +147,7 @@ void Form30::Lay_Out_Left_Panel() {
     HotLabel4 = Make_HotLabel(
         u"HotLabel4"_s, u"Single"_s, {8, 28, 58, 34}, [this] { HotLabel4_Click(); }, HotLabel::Look::Command,
         previews);
+    HotLabel4->Set_Weight(HotLabel::Weight::Primary);
     HotLabel6 = Make_HotLabel(
         u"HotLabel6"_s, u"Batches"_s, {72, 28, 64, 34}, [this] { HotLabel6_Click(); },
         HotLabel::Look::Command, previews);

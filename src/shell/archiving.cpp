@@ -68,8 +68,11 @@ void Form60::Lay_Out() {
     HotLabel5 = entry(u"HotLabel5"_s, u"Start a clean database (destructively)"_s, 1, 1,
                       [this] { HotLabel5_Click(); });
 
-    for (HotLabel* destructive : {HotLabel4, HotLabel5})
+    HotLabel2->Set_Weight(HotLabel::Weight::Primary);
+    for (HotLabel* destructive : {HotLabel4, HotLabel5}) {
         destructive->Set_Icon(u"caution"_s);
+        destructive->Set_Weight(HotLabel::Weight::Destructive);
+    }
 
     auto* progress = new QProgressBar(Frame1);
     progress->setObjectName(u"pbrProgressBar"_s);

@@ -43,6 +43,7 @@ void Form77::Lay_Out() {
     const auto going_to = [this](Page_Id page) { return [this, page] { navigator.Go_To(page); }; };
     const auto on_top = [this](Page_Id page) { return [this, page] { navigator.Open_On_Top(page); }; };
     HotLabel1 = entry(u"HotLabel1", u"Reports"_s, u"reports"_s, 0, 0, going_to(Page_Id::Reports));
+    HotLabel1->Set_Weight(HotLabel::Weight::Primary);
     HotLabel7 =
         entry(u"HotLabel7", u"Testing progress"_s, u"progress"_s, 0, 1, on_top(Page_Id::Testing_Progress));
     HotLabel5 = entry(u"HotLabel5", u"Fine tuning"_s, u"tuning"_s, 0, 2, going_to(Page_Id::Fine_Tuning));

@@ -88,7 +88,7 @@ void Form14::Lay_Out() {
     for (const Progress_Column& told : Columns())
         Spread1->Set_ColWidth(++column, told.width);
     Spread1->Set_Left_Aligned(Names_Column);
-    Spread1->Set_Look(Done(), {colours::Hover_Ground, colours::Accent_Dark, true});
+    Spread1->Set_Look(Done(), {Colours_In_Force().Hover_Ground, Colours_In_Force().Accent_Text, true});
 
     constexpr QSize button{140, 40};
     constexpr int top = 504;
@@ -98,6 +98,7 @@ void Form14::Lay_Out() {
     HotLabel* menu =
         Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {QPoint(Left + Whole_Width - button.width(), top), button},
                       [this] { HotLabel1_Click(); });
+    print->Set_Weight(HotLabel::Weight::Primary);
     // Without a help line nothing else describes them to a screen reader.
     print->setAccessibleDescription(u"Prints the chart."_s);
     menu->setAccessibleDescription(u"Return to Main Menu"_s);

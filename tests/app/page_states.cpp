@@ -2,7 +2,6 @@
 
 #include "app/running_program.h"
 #include "shell/conventions/click_combo.h"
-#include "shell/conventions/theme.h"
 #include "support/files.h"
 
 #include <QLineEdit>
@@ -154,8 +153,8 @@ void Archive_In_View(Tour& tour) {
 
 } // namespace
 
-void Go_Through_All_Pages(const Look_At& look) {
-    shell::Apply_Theme(*qApp);
+void Go_Through_All_Pages(const Look_At& look, shell::Scheme scheme) {
+    shell::Apply_Theme(*qApp, scheme);
     {
         Tour empty(0, look);
         empty.Show(u"main_menu_no_pupils"_s);

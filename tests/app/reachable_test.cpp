@@ -107,7 +107,7 @@ void Expect_Focus_Shows(QWidget& surface) {
         if (QApplication::focusWidget() != stop) continue;
         const QRect place(stop->mapTo(&surface, QPoint(0, 0)), stop->size());
         const QImage seen = surface.grab(place).toImage();
-        EXPECT_GE(Pixels_Of(seen, shell::colours::Focus), place.width() + place.height())
+        EXPECT_GE(Pixels_Of(seen, shell::Colours_In_Force().Focus), place.width() + place.height())
             << Name_Of(stop).toStdString() << " doesn't show that it has the focus";
     }
 }
@@ -231,4 +231,13 @@ TEST(Every_Page, CanBeUsedWithoutAMouseAndWithoutSight) {
         Expect_Same_Help(surface);
         Expect_Tab_Goes_Round(surface);
     });
+}
+
+TEST(Every_Page, CanBeReadOnADarkGround) {
+    Go_Through_All_Pages(
+        [](const QString& state, QWidget& surface) {
+            SCOPED_TRACE(state.toStdString());
+            Expect_Readable(surface);
+        },
+        shell::Scheme::Dark);
 }

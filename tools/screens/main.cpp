@@ -255,10 +255,11 @@ QSize Screen_Of(const QStringList& arguments) {
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
+    QStringList arguments = QApplication::arguments();
+    const bool dark = arguments.removeAll(u"--dark"_s) > 0;
     const QSize screen = Screen_Of(arguments);
     if (screen.isEmpty()) {
-        QTextStream(stderr) << "usage: mevo-screens FOLDER [WIDTH HEIGHT]" << Qt::endl;
+        QTextStream(stderr) << "usage: mevo-screens [--dark] FOLDER [WIDTH HEIGHT]" << Qt::endl;
         return 2;
     }
     const QDir folder(arguments.at(1));
@@ -267,7 +268,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     QApplication::setQuitOnLastWindowClosed(false);
-    shell::Apply_Theme(application);
+    shell::Apply_Theme(application, dark ? shell::Scheme::Dark : shell::Scheme::Light);
 
     desktop::Qt_Platform real;
     desktop::Platform& ports = real.Ports();

@@ -16,6 +16,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
@@ -24,7 +25,9 @@
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSplitter>
 #include <QStringDecoder>
+#include <QTreeView>
 #include <QUrl>
 #include <cstdio>
 #include <cstdlib>
@@ -242,7 +245,9 @@ public:
         : QFileDialog(QApplication::activeWindow(), question.title, basics::Native_Path(question.folder),
                       question.filter),
           question(question),
-          boxes(boxes) {}
+          boxes(boxes) {
+        Make_Columns_Readable();
+    }
     QString Show_Until_Taken() {
         do {
             refused = false;
@@ -264,6 +269,17 @@ protected:
     }
 
 private:
+    // The toolkit's own dialog cuts names and dates short; one of the system's has no such list.
+    void Make_Columns_Readable() {
+        constexpr QSize roomy(900, 520);
+        constexpr int widths[] = {280, 100, 140, 180}; // name, size, kind, date: pixels
+        auto* files = findChild<QTreeView*>(u"treeView"_s);
+        if (!files) return;
+        resize(roomy);
+        findChild<QSplitter*>()->setSizes({140, roomy.width()}); // places beside the list
+        for (int column = 0; column < int(std::size(widths)); ++column)
+            files->header()->resizeSection(column, widths[column]);
+    }
     QString Choice() const { return QDir::toNativeSeparators(selectedFiles().value(0)); }
 
     bool refused = false;

@@ -9,6 +9,8 @@
 #include "platform/basics/native_path.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QPalette>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -31,6 +33,15 @@ int System_Folder(int number, QString& path) {
     const HRESULT result = SHGetFolderPathW(nullptr, number, nullptr, 0, buffer);
     if (result == S_OK) path = QString::fromWCharArray(buffer);
     return static_cast<int>(result);
+}
+
+// The toolkit's own palette doesn't follow this choice.
+bool System_Is_Dark() {
+    DWORD light = 1;
+    DWORD size = sizeof light;
+    RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+                 L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
+    return light == 0;
 }
 
 namespace {
@@ -110,6 +121,11 @@ int System_Folder(int number, QString& path) {
     if (number != Common_AppData) return 1;
     path = u"/var/lib"_s; // where data of the whole machine lie that programs change
     return 0;
+}
+
+bool System_Is_Dark() {
+    const QPalette palette = QGuiApplication::palette(); // as the desktop gave it
+    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
 }
 
 std::unique_ptr<Registry> Make_System_Registry() {

@@ -15,7 +15,6 @@ namespace grid {
 namespace {
 
 constexpr int Row_Numbers_Width = 48; // pixels
-constexpr QColor Heading_Ground(0xE4, 0xEA, 0xF1);
 
 // Draws cells that hold certain texts in a look of their own.
 class Look_Delegate final : public QStyledItemDelegate {
@@ -63,6 +62,7 @@ fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
     setSelectionMode(QAbstractItemView::NoSelection);
     setTabKeyNavigation(false);
     connect(this, &QTableWidget::cellDoubleClicked, this, [this] { Q_EMIT Double_Click(); });
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this] { Q_EMIT Double_Click(); });
 }
 
 Qt::Alignment fpSpread::Alignment_Of(int column) const {
@@ -100,7 +100,9 @@ void fpSpread::Set_Text(int column, int row, const QString& text) {
         return;
     }
     if (row > rowCount() && rows_as_written) setRowCount(row);
-    if (row <= rowCount()) Item_At(column, row)->setText(text);
+    if (row > rowCount()) return;
+    Item_At(column, row)->setText(text);
+    if (row == 1 && heading_row) Set_Heading(column, text);
 }
 
 QString fpSpread::Text(int column, int row) const {
@@ -130,15 +132,17 @@ void fpSpread::Set_Left_Aligned(int column) {
         if (QTableWidgetItem* cell = item(row - 1, column - 1)) cell->setTextAlignment(Alignment_Of(column));
 }
 
-void fpSpread::Set_Heading_Row(bool heading) {
-    heading_row = heading;
+void fpSpread::Set_Heading_Row(int height) {
+    heading_row = true;
+    setRowHidden(0, true);
     for (int column = 1; column <= columnCount(); ++column) {
-        QTableWidgetItem* cell = Item_At(column, 1);
-        QFont font = cell->font();
-        font.setBold(heading);
-        cell->setFont(font);
-        cell->setBackground(heading ? QBrush(Heading_Ground) : QBrush());
+        Set_Heading(column, Text(column, 1));
+        horizontalHeaderItem(column - 1)
+            ->setData(Qt::TextAlignmentRole, int(Alignment_Of(column)) | Qt::TextWordWrap);
     }
+    horizontalHeader()->setFixedHeight(height);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->show();
 }
 
 void fpSpread::Fit_Rows() {
