@@ -52,8 +52,8 @@ void Form42::Lay_Out_Grid() {
         int width;
     };
     const Column columns[] = {
-        {u"Surname"_s, 184}, {u"Forename(s)"_s, 184},   {u"Gender"_s, 74},    {u"Date of Birth"_s, 111},
-        {u"User ID"_s, 146}, {u"Group / Class"_s, 175}, {u"Password"_s, 156},
+        {u"Surname"_s, 200}, {u"Forename(s)"_s, 200},   {u"Gender"_s, 80},    {u"Date of Birth"_s, 120},
+        {u"User ID"_s, 158}, {u"Group / Class"_s, 190}, {u"Password"_s, 170},
     };
     Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(std::size(columns)),
                                  grid::fpSpread::Rows_As_Written, Frame1);
@@ -64,6 +64,7 @@ void Form42::Lay_Out_Grid() {
     for (const Column& column : columns) {
         Spread1->Set_Text(++number, 0, column.heading);
         Spread1->Set_ColWidth(number, column.width);
+        Spread1->Narrow_On_Screen(number, column.width * 23 / 25);
     }
     for (const int text_column : {1, 2, 6, 7})
         Spread1->Set_Left_Aligned(text_column);

@@ -53,7 +53,7 @@ void Form2::Lay_Out() {
         int here;
     };
     for (const auto& [on_paper, here] :
-         {Width{150, 124}, {174, 122}, {88, 84}, {126, 122}, {138, 134}, {82, 80}}) {
+         {Width{150, 124}, {174, 122}, {88, 84}, {126, 124}, {138, 134}, {82, 78}}) {
         Spread1->Set_ColWidth(++column, on_paper);
         Spread1->Narrow_On_Screen(column, here);
     }

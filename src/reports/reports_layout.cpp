@@ -64,8 +64,7 @@ void Form30::Lay_Out() {
     Label17->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     const QRect track(Left, Last_Row - 5, Whole_Progress, 4);
     Track = Make_Patch(u"Shape11_track"_s, "progress", u"track"_s, track, Frame1);
-    Shape11 =
-        Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {track.topLeft(), QSize(1, track.height())}, Frame1);
+    Shape11 = Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {0, 0, 1, track.height()}, Track);
 }
 
 static QGroupBox* Make_Group(const QString& caption, const QRect& place, QWidget* parent) {

@@ -123,9 +123,7 @@ void Form30::Show_Progress_Width(int width) {
     Shape11->resize(width, Shape11->height());
     Track->setVisible(width > at_rest);
     if (width > at_rest && strip_painted.isValid() && !strip_painted.hasExpired(one_frame_ms)) return;
-    if (width > at_rest)
-        for (QFrame* piece : {Track, Shape11})
-            piece->repaint(); // the page is busy: nobody else paints it
+    if (width > at_rest) Track->repaint(); // the page is busy: nobody else paints it
     strip_painted.start();
 }
 

@@ -108,7 +108,7 @@ private:
     QLabel *Label16, *Label17; // the verdict on Pindo, and the age at that test
     shell::HotLabel* Label7;   // the help line, and the way back from a table
     QWidget *Key, *Time_Key;   // what the bars' colours mean; its second half is shown with the time bars
-    QFrame *Shape11, *Track;   // the track is seen only while the strip grows
+    QFrame *Shape11, *Track;   // seen only while the strip grows
     QElapsedTimer strip_painted;
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
     shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon;

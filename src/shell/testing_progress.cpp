@@ -20,15 +20,15 @@ constexpr int Waiting_Time = 45; // seconds: other workstations are testing whil
 struct Progress_Column {
     QString heading;
     QString status; // column of the pupils' table; none for what says who the pupil is
-    int width;      // pixels
+    int width;      // pixels on paper; an eighth less on screen
 };
 
 const QList<Progress_Column>& Columns() {
-    constexpr int mark = 66;
+    constexpr int mark = 76;
     static const QList<Progress_Column> columns{
-        {u"User ID"_s, {}, 148},
-        {u"Names"_s, {}, 196},
-        {u"DOB"_s, {}, 88},
+        {u"User ID"_s, {}, 168},
+        {u"Names"_s, {}, 222},
+        {u"DOB"_s, {}, 98},
         {u"Tolvens"_s, u"Tolvens"_s, mark},
         {u"Friends"_s, u"BliksFriends"_s, mark},
         {u"Karrel"_s, u"Karrel"_s, mark},
@@ -85,8 +85,10 @@ void Form14::Lay_Out() {
     Spread1->verticalHeader()->setDefaultSectionSize(28);
     Spread1->setWordWrap(false); // a row is one line high: what doesn't fit ends in an ellipsis
     int column = 0;
-    for (const Progress_Column& told : Columns())
+    for (const Progress_Column& told : Columns()) {
         Spread1->Set_ColWidth(++column, told.width);
+        Spread1->Narrow_On_Screen(column, told.width * 7 / 8);
+    }
     Spread1->Set_Left_Aligned(Names_Column);
     Spread1->Set_Look(Done(), {Colours_In_Force().Hover_Ground, Colours_In_Force().Accent_Text, true});
 

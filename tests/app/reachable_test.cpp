@@ -134,6 +134,7 @@ void Expect_Same_Help(QWidget& surface) {
         const QString to_pointer = told([&] { Point_At(*stop); });
         surface.setFocus();
         const QString to_keys = told([&] { stop->setFocus(Qt::TabFocusReason); });
+        EXPECT_LE(line->heightForWidth(line->width()), line->height()) << Name_Of(stop).toStdString();
         if (to_pointer.isEmpty()) continue;
         EXPECT_EQ(described.replace(u'\r', u'\n'), to_pointer) << Name_Of(stop).toStdString();
         EXPECT_EQ(to_keys, to_pointer) << Name_Of(stop).toStdString();

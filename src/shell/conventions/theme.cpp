@@ -162,7 +162,8 @@ protected:
             painter.setRenderHint(QPainter::Antialiasing);
             painter.setPen(Qt::NoPen);
             painter.setBrush(Colours_In_Force().Hover_Ground);
-            painter.drawRoundedRect(rect().adjusted(2, 2, -2, -2), 4, 4); // the sheet draws the edge
+            const int edge = hasFocus() ? 2 : 0; // the sheet draws it
+            painter.drawRoundedRect(rect().adjusted(edge, edge, -edge, -edge), 6, 6);
         }
         QLabel::paintEvent(event);
     }
