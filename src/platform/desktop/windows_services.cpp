@@ -8,6 +8,9 @@
 #else
 #include "platform/basics/native_path.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPalette>
@@ -123,9 +126,26 @@ int System_Folder(int number, QString& path) {
     return 0;
 }
 
+// Some desktops give the toolkit no palette, but tell their choice to whoever asks.
+static bool Portal_Prefers_Dark() {
+    constexpr int patience_ms = 100; // the program starts meanwhile
+    constexpr uint dark = 1;
+    QDBusMessage question = QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s,
+                                                           u"/org/freedesktop/portal/desktop"_s,
+                                                           u"org.freedesktop.portal.Settings"_s, u"Read"_s);
+    question << u"org.freedesktop.appearance"_s << u"color-scheme"_s;
+    question.setAutoStartService(false);
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, patience_ms);
+    QVariant value = answer.arguments().value(0);
+    while (value.canConvert<QDBusVariant>()) // one within another
+        value = value.value<QDBusVariant>().variant();
+    return answer.type() == QDBusMessage::ReplyMessage && value.toUInt() == dark;
+}
+
 bool System_Is_Dark() {
     const QPalette palette = QGuiApplication::palette(); // as the desktop gave it
-    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
+    return Portal_Prefers_Dark() ||
+           palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
 }
 
 std::unique_ptr<Registry> Make_System_Registry() {
