@@ -1,5 +1,6 @@
 #include "app/program.h"
 #include "platform/desktop/qt_platform.h"
+#include "platform/desktop/windows_services.h"
 #include "shell/conventions/theme.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
     // The program ends through Processes::End alone, also while its window is hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     shell::Apply_Theme(application);
+    desktop::Keep_Windows_While_They_Work();
     desktop::Qt_Platform platform;
     app::Program program(platform.Ports());
     program.Start(QApplication::applicationDirPath());

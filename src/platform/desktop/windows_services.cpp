@@ -80,6 +80,10 @@ struct Placeable_Frame {
     }
 };
 
+void Keep_Windows_While_They_Work() {
+    DisableProcessWindowsGhosting();
+}
+
 void Add_Metafile_To_Clipboard(const QByteArray& wmf) {
     if (wmf.size() <= Placeable_Frame::Size) return;
     const Placeable_Frame frame(wmf);
@@ -117,6 +121,9 @@ std::unique_ptr<Registry> Make_System_Registry() {
 }
 
 void Add_Metafile_To_Clipboard(const QByteArray&) {
+}
+
+void Keep_Windows_While_They_Work() {
 }
 
 #endif

@@ -33,6 +33,10 @@ static QString Role_Name(Text_Role role) {
         return u"heading"_s;
     case Text_Role::Fact:
         return u"fact"_s;
+    case Text_Role::Foot:
+        return u"foot"_s;
+    case Text_Role::Waiting:
+        return u"waiting"_s;
     case Text_Role::Body:
         break;
     }
@@ -90,11 +94,15 @@ void Apply_Theme(QApplication& application) {
         font); // last: a sheet brings back the fonts that some systems have for lists and tables
 }
 
+void Set_Role(QLabel& label, Text_Role role) {
+    label.setTextFormat(Qt::PlainText); // a pupil's name is never mark-up
+    label.setProperty("role", Role_Name(role));
+}
+
 QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, QWidget* parent) {
     auto* label = new QLabel(text, parent);
     label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText); // a pupil's name is never mark-up
-    label->setProperty("role", Role_Name(role));
+    Set_Role(*label, role);
     return label;
 }
 
