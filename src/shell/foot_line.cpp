@@ -38,7 +38,8 @@ void Foot_Line::Tell(const Whereabouts& told) {
     style()->unpolish(this);
     style()->polish(this);
     whole = Joined(told, told.folder);
-    const int room = width() - edges - (warns ? Mark_Left + Mark_Side : 0);
+    setIndent(warns ? Mark_Left + Mark_Side : 0); // counted from the padding
+    const int room = width() - edges - indent();
     const QFontMetrics metrics = fontMetrics();
     const int left = room - metrics.horizontalAdvance(Joined(told, u"/"_s));
     const QString folder = metrics.elidedText(told.folder, Qt::ElideMiddle, std::max(left, Least_Of_Folder));
