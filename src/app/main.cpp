@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     // The program ends through Processes::End alone, also while its window is hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     shell::Apply_Theme(application, desktop::System_Is_Dark() ? shell::Scheme::Dark : shell::Scheme::Light);
+    desktop::Keep_Windows_While_They_Work();
     desktop::Qt_Platform platform;
     app::Program program(platform.Ports());
     program.Start(QApplication::applicationDirPath());

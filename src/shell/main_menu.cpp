@@ -3,6 +3,7 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/wait_pointer.h"
 #include "shell/conventions/utilities.h"
+#include "shell/foot_line.h"
 
 #include <QGroupBox>
 #include <QLocale>
@@ -72,6 +73,7 @@ void Form77::Lay_Out() {
     for (HotLabel* manual : {HotLabel11, HotLabel12})
         manual->Set_Icon(u"manual"_s);
     HotLabel13->Set_Icon(u"quit"_s);
+    Foot = new Foot_Line(u"Foot"_s, {40, Frame_Size.height() - 40, Frame_Size.width() - 80, 24}, Frame1);
 }
 
 void Form77::Tell_Helps() {
@@ -79,6 +81,7 @@ void Form77::Tell_Helps() {
     Label3 = label;
     for (QLabel* told : {Label3, Label5})
         told->setFocusPolicy(Qt::TabFocus); // so that the keys reach what the help line has to tell of them
+    help->Tell(Foot, [this] { return u"Whose database is open, and where it lies. "_s + Foot->Whole(); });
     help->Clear_Over(this);
     help->Clear_Over(Frame1);
     help->Tell(Label3, [this] {
@@ -128,7 +131,10 @@ void Form77::Load() {
     Label6->setText(QLocale(QLocale::English, QLocale::UnitedKingdom)
                         .toString(platform.clock.Now().date(), u"dd/MM/yyyy"_s));
     Show_Mode_Of_Use();
-    Once_Painted(u"Timer1"_s, [this] { Timer1_Timer(); });
+    Once_Painted(u"Timer1"_s, [this] {
+        Timer1_Timer();
+        Tell_Whereabouts();
+    });
 }
 
 void Form77::Get_Student_Count() {
@@ -186,6 +192,12 @@ void Form77::Timer1_Timer() {
     Label4->setText(nobody ? u"Because no pupils are registered some menu options are disabled."_s : u""_s);
     Label4->setVisible(nobody);
     if (counts.Number_With_Results == 0) Disable({HotLabel1});
+}
+
+// Behind the greying, which is never kept waiting by it.
+void Form77::Tell_Whereabouts() {
+    const desktop::Wait_Pointer busy(platform.pointer);
+    Foot->Tell(Find_Whereabouts(installation, counts, platform));
 }
 
 void Form77::HotLabel11_Click() {

@@ -4,7 +4,10 @@
 #include "shell/conventions/click_combo.h"
 #include "support/files.h"
 
+#include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -33,8 +36,15 @@ public:
     Tour(int pupils, const Look_At& look) : school(pupils), look(look) { school.Start(); }
 
     void Show(const QString& state) {
+        Name_One_Folder();
         QApplication::processEvents();
         look(state, school.program.Window());
+    }
+    // The folder is another one in each run.
+    void Name_One_Folder() {
+        static const QRegularExpression folder(QRegularExpression::escape(QDir::tempPath()) + u"/[^/]+"_s);
+        if (auto* foot = school.Page().findChild<QLabel*>(u"Foot"_s))
+            foot->setText(foot->accessibleName().replace(folder, u"/srv/mevo"_s));
     }
     void Click_All(const QStringList& names) {
         for (const QString& name : names)

@@ -7,6 +7,7 @@
 #include "platform/desktop/user_settings.h"
 #include "platform/desktop/windows_services.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -20,6 +21,7 @@
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -27,6 +29,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStringDecoder>
+#include <QTimer>
 #include <QTreeView>
 #include <QUrl>
 #include <cstdio>
@@ -248,6 +251,26 @@ public:
           boxes(boxes) {
         Make_Columns_Readable();
     }
+    // Only the toolkit's own dialog has a place for it.
+    void Tell_Of_Choice() {
+        setOption(QFileDialog::DontUseNativeDialog);
+        Make_Columns_Readable();
+        auto* grid = qobject_cast<QGridLayout*>(layout());
+        if (!grid) return;
+        constexpr int until_it_stays_ms = 150; // the arrow keys may lead through many files
+        told = new QLabel(this);
+        told->setObjectName(u"File_Words"_s);
+        told->setTextFormat(Qt::PlainText);
+        told->setWordWrap(true);
+        told->setMinimumHeight(2 * told->fontMetrics().lineSpacing());
+        grid->addWidget(told, grid->rowCount(), 0, 1, -1);
+        looking.setSingleShot(true);
+        looking.setInterval(until_it_stays_ms);
+        connect(&looking, &QTimer::timeout, this, [this] { Tell(); });
+        connect(this, &QFileDialog::currentChanged, &looking, qOverload<>(&QTimer::start));
+        for (auto* name : findChildren<QLineEdit*>())
+            connect(name, &QLineEdit::textChanged, &looking, qOverload<>(&QTimer::start));
+    }
     QString Show_Until_Taken() {
         do {
             refused = false;
@@ -258,7 +281,7 @@ public:
 
 protected:
     void accept() override {
-        const QString why_not = question.why_not ? question.why_not(Choice()) : QString();
+        const QString why_not = Why_Not();
         refused = !why_not.isEmpty();
         if (!refused) return QFileDialog::accept();
         boxes.Ask(Box_Style::Exclamation, question.title, why_not);
@@ -282,6 +305,26 @@ private:
     }
     QString Choice() const { return QDir::toNativeSeparators(selectedFiles().value(0)); }
 
+    File_Words Words() const {
+        const QString file = Choice();
+        return question.tell && QFileInfo(file).isFile() ? question.tell(file) : File_Words{};
+    }
+    // A screen reader hears it with the field and the list that choose the file.
+    void Tell() {
+        const QString words = Words().words;
+        told->setText(words);
+        for (auto* chooser : findChildren<QWidget*>())
+            if (qobject_cast<QLineEdit*>(chooser) || qobject_cast<QAbstractItemView*>(chooser))
+                chooser->setAccessibleDescription(words);
+    }
+    QString Why_Not() const {
+        if (question.why_not) return question.why_not(Choice());
+        const File_Words found = Words();
+        return found.is_taken ? QString() : found.words;
+    }
+
+    QLabel* told = nullptr;
+    QTimer looking;
     bool refused = false;
     const File_Question& question;
     Message_Boxes& boxes;
@@ -304,6 +347,7 @@ private:
         dialog.setAcceptMode(mode);
         dialog.setFileMode(files);
         dialog.setDefaultSuffix(question.extension);
+        if (question.tell) dialog.Tell_Of_Choice();
         if (!question.file_name.contains(u'*')) dialog.selectFile(question.file_name);
         return dialog.Show_Until_Taken();
     }

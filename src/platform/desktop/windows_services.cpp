@@ -94,6 +94,10 @@ struct Placeable_Frame {
     }
 };
 
+void Keep_Windows_While_They_Work() {
+    DisableProcessWindowsGhosting();
+}
+
 void Add_Metafile_To_Clipboard(const QByteArray& wmf) {
     if (wmf.size() <= Placeable_Frame::Size) return;
     const Placeable_Frame frame(wmf);
@@ -153,6 +157,9 @@ std::unique_ptr<Registry> Make_System_Registry() {
 }
 
 void Add_Metafile_To_Clipboard(const QByteArray&) {
+}
+
+void Keep_Windows_While_They_Work() {
 }
 
 #endif

@@ -23,6 +23,10 @@ bool System_Is_Dark();
 // processors paste. Where the system has none, the MIME types beside it serve, and this does nothing.
 void Add_Metafile_To_Clipboard(const QByteArray& wmf);
 
+// A window that works for long isn't covered by the system's own picture of it, and so still shows what it
+// paints.
+void Keep_Windows_While_They_Work();
+
 // A registry without any keys.
 class No_Registry final : public Registry {
 public:

@@ -36,6 +36,10 @@ static QString Role_Name(Text_Role role) {
         return u"caption"_s;
     case Text_Role::Fact:
         return u"fact"_s;
+    case Text_Role::Foot:
+        return u"foot"_s;
+    case Text_Role::Waiting:
+        return u"waiting"_s;
     case Text_Role::Body:
         break;
     }
@@ -171,11 +175,15 @@ protected:
 
 } // namespace
 
+void Set_Role(QLabel& label, Text_Role role) {
+    label.setTextFormat(Qt::PlainText); // a pupil's name is never mark-up
+    label.setProperty("role", Role_Name(role));
+}
+
 QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, QWidget* parent) {
     auto* label = role == Text_Role::Help ? new Help_Label(text, parent) : new QLabel(text, parent);
     label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText); // a pupil's name is never mark-up
-    label->setProperty("role", Role_Name(role));
+    Set_Role(*label, role);
     return label;
 }
 

@@ -50,9 +50,23 @@ inline constexpr QColor Time_Hatch{0x9C, 0xBE, 0xF2};
 void Apply_Theme(QApplication& application, Scheme scheme = Scheme::Light);
 
 // The values of a label's property "role"; the style sheet has a rule for each but Body.
-enum class Text_Role { Body, Title, Subtitle, Quiet, Help, Notice, Badge, Heading, Caption, Fact };
+enum class Text_Role {
+    Body,
+    Title,
+    Subtitle,
+    Quiet,
+    Help,
+    Notice,
+    Badge,
+    Heading,
+    Caption,
+    Fact,
+    Foot,
+    Waiting
+};
 
-// The text is shown as it is, never as mark-up.
+// Shows its text as it is, never as mark-up.
+void Set_Role(QLabel& label, Text_Role role);
 QLabel* Make_Label(const QString& name, const QString& text, Text_Role role, QWidget* parent);
 
 } // namespace shell
