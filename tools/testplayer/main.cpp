@@ -4,6 +4,10 @@
 #include <QThread>
 #include <cstdio>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 #ifdef __linux__
 
 #include <csignal>
@@ -20,6 +24,18 @@ static test_player::Pause Pause_That_A_Signal_Ends() {
         constexpr long ns_in_a_ms = 1'000'000;
         const timespec longest{milliseconds / 1000, milliseconds % 1000 * ns_in_a_ms};
         return sigtimedwait(&ending, nullptr, &longest) < 0;
+    };
+}
+
+#elif defined(_WIN32)
+
+// Who started it ends it by closing the pipe to its standard input: a signal would meet it anywhere.
+static test_player::Pause Pause_That_A_Signal_Ends() {
+    const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+    const bool is_a_pipe = GetFileType(input) == FILE_TYPE_PIPE;
+    return [input, is_a_pipe](int milliseconds) {
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
+        return !is_a_pipe || PeekNamedPipe(input, nullptr, 0, nullptr, nullptr, nullptr);
     };
 }
 
