@@ -59,6 +59,7 @@ If Mevo is open, please close it first."
 
 !define MUI_FINISHPAGE_TITLE "Mevo is installed"
 !define MUI_FINISHPAGE_TEXT "$Finish_Text"
+!define MUI_FINISHPAGE_TEXT_LARGE
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "&Start Mevo"
 !define MUI_FINISHPAGE_RUN_FUNCTION Start_Mevo
@@ -160,7 +161,6 @@ Function Write_Share
     System::Call 'kernel32::WideCharToMultiByte(i 65001, i 0, w "$Share", i -1, m .r0, i ${NSIS_MAX_STRLEN}, p 0, p 0)'
     ClearErrors
     WriteINIStr "${SETTINGS}" "SETTINGS" "database_sharepath" $0
-    FlushINI "${SETTINGS}"
     ReadINIStr $1 "${SETTINGS}" "SETTINGS" "database_sharepath"
     ${If} ${Errors}
     ${OrIf} $1 != $0
