@@ -4,6 +4,7 @@
 #include "reports/reports_page.h"
 #include "support/controls.h"
 #include "support/files.h"
+#include "support/on_windows.h"
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
 #include "support/told_by.h"
@@ -59,6 +60,7 @@ protected:
 
 // The words on the sheet are those that the program's own pages show for the pupil.
 TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
+    if (On_Windows) GTEST_SKIP() << "no other program reads a PDF there";
     const QString code = Code_Where(u"Tolvens = 1 AND BliksFriends = 1 AND Yoon = 1 AND Drell = 1"_s);
     sample.Run(u"UPDATE Mevo_Pupils SET Comment = 'Élan & care' WHERE StudentCode = '"_s + code + u'\'');
     Scripted_Platform outside;
@@ -98,6 +100,7 @@ TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
 }
 
 TEST_F(Print_Tool, TheOptionsReachTheSheets) {
+    if (On_Windows) GTEST_SKIP() << "no other program reads a PDF there";
     const QString code = Code_Where(u"Yoon = 1"_s);
     EXPECT_EQ(Print(Batch({u"--label"_s, u"id"_s})).status, 0);
     EXPECT_TRUE(Told_By(u"pdftotext"_s, {Pdf(), u"-"_s}).contains(u"Mevo ID: "_s + code));
@@ -180,7 +183,7 @@ TEST_F(Print_Tool, ASurnameWithADividerIsNamed) {
 // The program itself, where no window system is.
 TEST_F(Print_Tool, RunsWithoutADisplayAndSaysNothingElse) {
     QProcessEnvironment bare;
-    for (const QString& kept : {u"PATH"_s, u"HOME"_s, u"LD_LIBRARY_PATH"_s})
+    for (const QString& kept : {u"PATH"_s, u"HOME"_s, u"LD_LIBRARY_PATH"_s, u"SystemRoot"_s})
         bare.insert(kept, QProcessEnvironment::systemEnvironment().value(kept));
     const std::pair<QStringList, int> cases[] = {{Individual({Code_Where(u"Yoon = 1"_s)}), 0},
                                                  {Individual({u"NOBODY"_s}), 2}};
@@ -194,7 +197,7 @@ TEST_F(Print_Tool, RunsWithoutADisplayAndSaysNothingElse) {
         EXPECT_EQ(errors.count('\n'), status == 0 ? 0 : 1) << errors.toStdString();
         EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
     }
-    EXPECT_TRUE(Told_By(u"pdfinfo"_s, {Pdf()}).contains(QRegularExpression(u"Pages: +1\n"_s)));
+    EXPECT_TRUE(On_Windows || Told_By(u"pdfinfo"_s, {Pdf()}).contains(QRegularExpression(u"Pages: +1\n"_s)));
     const Outcome help = Print({u"--help"_s});
     EXPECT_TRUE(help.status == 0 && help.errors.isEmpty() && help.output.contains(u"--time-bars"_s));
 }

@@ -1,6 +1,7 @@
 #include "pupils/import_file.h"
 
 #include "support/error_number.h"
+#include "support/on_windows.h"
 #include "support/printing.h"
 
 #include <QFile>
@@ -77,7 +78,7 @@ TEST(Import_File, WhatCannotBeReadIsAnErrorWithItsNumber) {
     EXPECT_EQ(Number_Of_Reading(u"*.txt"_s), 52); // what a cancelled dialog leaves
     EXPECT_EQ(Number_Of_Reading(u""_s), 52);
     EXPECT_EQ(Number_Of_Reading(folder.path()), 75);
-    EXPECT_EQ(Number_Of_Reading(u"/dev/zero"_s), 75); // has no end
+    EXPECT_EQ(Number_Of_Reading(u"/dev/zero"_s), test_support::On_Windows ? 53 : 75); // has no end
     QFile made(file);
     ASSERT_TRUE(made.open(QIODevice::WriteOnly) && made.write("a,b\r\n") == 5);
     made.close();

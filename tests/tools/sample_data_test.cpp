@@ -37,8 +37,8 @@ QList<Row> Table_Rows(const Reader& reader, const QString& table) {
 } // namespace
 
 TEST_F(SampleData, SameSeedGivesTheSameRows) {
-    const Reader first(Database({.pupils = 40, .seed = 7}));
-    QDir(folder.path()).rename(u"40-7.mdb"_s, u"first.mdb"_s);
+    QFile::rename(Database({.pupils = 40, .seed = 7}), folder.filePath(u"first.mdb"_s));
+    const Reader first(folder.filePath(u"first.mdb"_s));
     const Reader second(Database({.pupils = 40, .seed = 7}));
     const Reader other(Database({.pupils = 40, .seed = 8}));
     for (const QString& table : first.Column(Table_Names)) {
