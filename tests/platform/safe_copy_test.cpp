@@ -119,7 +119,8 @@ TEST_F(Safe_Copy, NoCopyIsTornWhileAWriterIsAtWork) {
     writer.Rename_All_For_Ever();
     copies.timeout_seconds = 15;
     QSet<QString> rounds;
-    for (int copy = 0; copy < 12; ++copy) {
+    const int times = On_Windows ? 5 : 12; // waits for its turn longer there
+    for (int copy = 0; copy < times; ++copy) {
         copies.Copy(school.Path(), Archive(u"%1.mdb"_s.arg(copy)));
         const Database_Beside archive(Archive(u"%1.mdb"_s.arg(copy)));
         EXPECT_EQ(archive.Value(u"SELECT count(DISTINCT Surname) FROM Mevo_Pupils"_s), u"1"_s);
