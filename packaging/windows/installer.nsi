@@ -102,17 +102,46 @@ and so does whatever else was put into the program's folder."
     SetShellVarContext all
 !macroend
 
+; /SHARE=\\server\mevo, and with blanks /SHARE="\\server\our share" or "/SHARE=\\server\our share", which is what some shells
+; make of either.
+Function Read_Share
+    ${GetParameters} $0
+    StrCpy $1 " "
+    StrCpy $2 0
+    ${Do}
+        StrCpy $3 $0 7 $2
+        ${If} $3 == ""
+            Return
+        ${ElseIf} $3 == "/SHARE=" ; in small letters too
+            ${Break}
+        ${EndIf}
+        StrCpy $1 $0 1 $2
+        IntOp $2 $2 + 1
+    ${Loop}
+    StrCpy $Share_Given 1
+    IntOp $2 $2 + 7
+    StrCpy $3 $0 1 $2
+    ${If} $3 == '"'
+        StrCpy $1 '"'
+        IntOp $2 $2 + 1
+    ${EndIf}
+    ${Do}
+        StrCpy $3 $0 1 $2
+        ${If} $3 == ""
+        ${OrIf} $3 == $1
+            Return
+        ${EndIf}
+        StrCpy $Share "$Share$3"
+        IntOp $2 $2 + 1
+    ${Loop}
+FunctionEnd
+
 Function .onInit
     !insertmacro For_All_Users
     ${IfNot} ${AtLeastWin10}
         !insertmacro Give_Up ${NOT_DONE} "Mevo ${VERSION} needs Windows 10 or later."
     ${EndIf}
-    ${GetParameters} $0
-    ClearErrors
-    ${GetOptions} $0 "/SHARE=" $Share
-    ${IfNot} ${Errors}
-        StrCpy $Share_Given 1
-    ${EndIf}
+    Call Read_Share
     ${DoWhile} $Share != ""
         StrCpy $0 $Share 1 -1
         ${If} $0 != "\"
