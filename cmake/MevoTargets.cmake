@@ -95,9 +95,10 @@ function(mevo_program name)
     target_link_libraries(${name} PRIVATE mevo_options ${arg_LINKS})
 endfunction()
 
-# mevo_test(name SOURCES ... LINKS ... [LABEL slow] [EACH_ALONE]): one GoogleTest binary, one ctest test per suite.
+# mevo_test(name SOURCES ... LINKS ... [LABEL slow] [EACH_ALONE] [OWNS_SCREEN]): one GoogleTest binary, one
+# ctest test per suite. OWNS_SCREEN: where tests share a screen and a clipboard, none runs beside these.
 function(mevo_test name)
-    cmake_parse_arguments(arg "EACH_ALONE" "LABEL" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(arg "EACH_ALONE;OWNS_SCREEN" "LABEL" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     mevo_each_alone(${name} ${arg_EACH_ALONE})
     target_link_libraries(${name} PRIVATE mevo_options test_support ${arg_LINKS})
@@ -111,6 +112,9 @@ function(mevo_test name)
     set(properties TIMEOUT 300)
     if(arg_LABEL)
         list(APPEND properties LABELS ${arg_LABEL})
+    endif()
+    if(WIN32 AND arg_OWNS_SCREEN)
+        list(APPEND properties RUN_SERIAL TRUE)
     endif()
     string(JOIN " " properties ${properties})
     set(suites ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
