@@ -5,6 +5,9 @@
 #include <cstdio>
 
 #ifdef _WIN32
+#include <atomic>
+#include <memory>
+#include <thread>
 #include <windows.h>
 #endif
 
@@ -30,12 +33,24 @@ static test_player::Pause Pause_That_A_Signal_Ends() {
 #elif defined(_WIN32)
 
 // Who started it ends it by closing the pipe to its standard input: a signal would meet it anywhere.
+static void Read_To_The_End(HANDLE input) {
+    char bytes[64];
+    DWORD read = 1;
+    while (read > 0 && ReadFile(input, bytes, sizeof bytes, &read, nullptr)) {
+    }
+}
+
 static test_player::Pause Pause_That_A_Signal_Ends() {
+    const auto over = std::make_shared<std::atomic<bool>>(false);
     const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
-    const bool is_a_pipe = GetFileType(input) == FILE_TYPE_PIPE;
-    return [input, is_a_pipe](int milliseconds) {
+    if (GetFileType(input) == FILE_TYPE_PIPE)
+        std::thread([over, input] {
+            Read_To_The_End(input);
+            *over = true;
+        }).detach();
+    return [over](int milliseconds) {
         QThread::msleep(static_cast<unsigned long>(milliseconds));
-        return !is_a_pipe || PeekNamedPipe(input, nullptr, 0, nullptr, nullptr, nullptr);
+        return !*over;
     };
 }
 
