@@ -55,7 +55,7 @@ void Foot_Line::paintEvent(QPaintEvent* event) {
     QFile file(u":/theme/icons/caution.svg"_s);
     if (!file.open(QIODevice::ReadOnly)) return;
     QPainter painter(this);
-    QSvgRenderer(file.readAll().replace("#000000", colours::Notice_Text.name().toUtf8()))
+    QSvgRenderer(file.readAll().replace("#000000", Colours_In_Force().Notice_Text.name().toUtf8()))
         .render(&painter, QRectF(Mark_Left, (height() - Mark_Side) / 2.0, Mark_Side, Mark_Side));
 }
 

@@ -49,12 +49,15 @@ bool System_Is_Dark() {
 
 namespace {
 
+// The suite's modules are programs of 32 bits, and so is the player that they play with: the system keeps
+// what such programs install apart from what others see.
 class Windows_Registry final : public Registry {
 public:
     int Create_Key(const QString& key, int access, quintptr& handle) override {
         HKEY opened = nullptr;
-        const LSTATUS result = RegCreateKeyExA(HKEY_LOCAL_MACHINE, key.toLocal8Bit().constData(), 0, nullptr,
-                                               0, static_cast<REGSAM>(access), nullptr, &opened, nullptr);
+        const LSTATUS result =
+            RegCreateKeyExA(HKEY_LOCAL_MACHINE, key.toLocal8Bit().constData(), 0, nullptr, 0,
+                            static_cast<REGSAM>(access) | KEY_WOW64_32KEY, nullptr, &opened, nullptr);
         handle = reinterpret_cast<quintptr>(opened);
         return static_cast<int>(result);
     }
