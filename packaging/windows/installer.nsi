@@ -237,6 +237,9 @@ Section
     SetOutPath "$INSTDIR"
     SetOverwrite off
     File "${FOLDER}/product.ini"
+    !ifdef STANDIN_BYTES
+        File "${FOLDER}/MevoV51Shell.exe" ; the suite's own stays
+    !endif
     SetOverwrite on
     !include "${LISTS}/install.nsh"
     ClearErrors
@@ -275,6 +278,22 @@ Function Start_Mevo
     Exec '"$WINDIR\explorer.exe" "$INSTDIR\mevo.exe"'
 FunctionEnd
 
+; What bears the shell's name may be the suite's by now. The stand-in is told by its size.
+!ifdef STANDIN_BYTES
+Function un.Remove_Stand_In
+    ClearErrors
+    FileOpen $3 "$INSTDIR\MevoV51Shell.exe" r
+    ${If} ${Errors}
+        Return
+    ${EndIf}
+    FileSeek $3 0 END $4
+    FileClose $3
+    ${If} $4 = ${STANDIN_BYTES}
+        Delete "$INSTDIR\MevoV51Shell.exe"
+    ${EndIf}
+FunctionEnd
+!endif
+
 Function un.onInit
     !insertmacro For_All_Users
 FunctionEnd
@@ -295,6 +314,9 @@ Section un.Mevo
         !insertmacro Give_Up ${NOT_DONE} "Some files in $INSTDIR couldn't be removed."
     ${EndIf}
     !include "${LISTS}/folders.nsh"
+    !ifdef STANDIN_BYTES
+        Call un.Remove_Stand_In
+    !endif
     ${If} $1 == 1
         Return
     ${EndIf}

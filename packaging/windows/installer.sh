@@ -11,8 +11,8 @@ licences_as_shown() {
         END {printf "\r\n"}' packaging/windows/licences/README.txt
 }
 
-# As paths below the folder, by whose names the settings' file is left to the installer itself.
-installed_files() { (cd "$1" && find . -type f ! -path ./product.ini -printf '%P\n' | LC_ALL=C sort); }
+# As paths below the folder. The settings and the stand-in for the suite's shell are left to the installer itself.
+installed_files() { (cd "$1" && find . -type f ! -path ./product.ini ! -path ./MevoV51Shell.exe -printf '%P\n' | LC_ALL=C sort); }
 
 # Lists the files of a folder as the installer's statements: one to unpack, one to delete, and the programs to wait for.
 list_files() {
@@ -46,7 +46,10 @@ make_setup() {
     licences_as_shown > "$lists/licences.txt"
     list_files "$folder" "$lists"
     draw_pictures "$lists"
+    local standin=()
+    [ ! -e "$folder/MevoV51Shell.exe" ] || standin=("-DSTANDIN_BYTES=$(stat -c %s "$folder/MevoV51Shell.exe")")
     makensis -V2 -WX "-XTarget amd64-unicode" "-DSOURCES=$PWD" "-DFOLDER=$folder" "-DLISTS=$lists" "-DVERSION=$2" \
-        "-DKILOBYTES=$(du -sk "$folder" | cut -f1)" "-DSETUP=$setup" packaging/windows/installer.nsi
+        "-DKILOBYTES=$(du -sk "$folder" | cut -f1)" "-DSETUP=$setup" "${standin[@]}" \
+        packaging/windows/installer.nsi
     rm -r "$lists"
 }
