@@ -24,6 +24,14 @@ install(CODE "
         file(INSTALL \"${PROJECT_SOURCE_DIR}/packaging/product.ini\" DESTINATION \"\${folder}\")
     endif()" COMPONENT settings_beside)
 
+# Quit starts the suite's shell by this name. Where none lies beside the program, a stand-in does that ends at once; a
+# shell that is there stays.
+install(CODE "
+    set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${MEVO_PROGRAM_FOLDER}\")
+    if(NOT EXISTS \"\${folder}/MevoV51Shell.exe\")
+        file(INSTALL \"$<TARGET_FILE:mevo-shell-standin>\" DESTINATION \"\${folder}\" USE_SOURCE_PERMISSIONS)
+    endif()" COMPONENT shell_beside)
+
 if(WIN32)
     include(MevoInstallWindows)
     return()
@@ -59,6 +67,13 @@ install(FILES ${made}/product.ini DESTINATION ${MEVO_PROGRAM_FOLDER} COMPONENT s
 install(FILES ${made}/changelog.Debian.gz DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT settings_of_the_system
     EXCLUDE_FROM_ALL)
 file(WRITE ${made}/conffiles "/etc/mevo/product.ini\n")
+# What a package holds replaces what lies there, so the package's stand-in has a name of its own, and is linked to the
+# shell's when it is installed where there is none.
+install(PROGRAMS $<TARGET_FILE:mevo-shell-standin> DESTINATION ${MEVO_PROGRAM_FOLDER} RENAME no-shell
+    COMPONENT settings_of_the_system EXCLUDE_FROM_ALL)
+foreach(script postinst prerm)
+    configure_file(packaging/debian/${script} ${made}/${script} @ONLY)
+endforeach()
 
 set(CPACK_PACKAGE_NAME mevo)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -81,7 +96,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation") # the metrics that the sheets are laid out by
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, qt6-wayland, xdg-utils") # which opens the manuals in the browser
-set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${made}/conffiles)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${made}/conffiles ${made}/postinst ${made}/prerm)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "With this program teachers look after a computer-based assessment of children

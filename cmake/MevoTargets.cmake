@@ -95,12 +95,16 @@ function(mevo_program name)
     target_link_libraries(${name} PRIVATE mevo_options ${arg_LINKS})
 endfunction()
 
-# mevo_test(name SOURCES ... LINKS ... [LABEL slow] [EACH_ALONE]): one GoogleTest binary, one ctest test per suite.
+# mevo_test(name SOURCES ... LINKS ... [LABEL slow] [EACH_ALONE] [OWNS_SCREEN]): one GoogleTest binary, one
+# ctest test per suite. OWNS_SCREEN: where tests share a screen and a clipboard, none runs beside these.
 function(mevo_test name)
-    cmake_parse_arguments(arg "EACH_ALONE" "LABEL" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(arg "EACH_ALONE;OWNS_SCREEN" "LABEL" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     mevo_each_alone(${name} ${arg_EACH_ALONE})
     target_link_libraries(${name} PRIVATE mevo_options test_support ${arg_LINKS})
+    if(TARGET tests)
+        add_dependencies(tests ${name})
+    endif()
     set_target_properties(${name} PROPERTIES AUTOMOC OFF) # tests define no signals of their own
     if(NOT MSVC)
         target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1>) # built more often than run
@@ -109,11 +113,14 @@ function(mevo_test name)
     if(arg_LABEL)
         list(APPEND properties LABELS ${arg_LABEL})
     endif()
+    if(WIN32 AND arg_OWNS_SCREEN)
+        list(APPEND properties RUN_SERIAL TRUE)
+    endif()
     string(JOIN " " properties ${properties})
     set(suites ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
     add_custom_command(TARGET ${name} POST_BUILD VERBATIM BYPRODUCTS ${suites}
-        COMMAND ${CMAKE_COMMAND} "-DPROGRAM=$<TARGET_FILE:${name}>" "-DPROPERTIES=${properties}" -DMADE=${suites}
-                -P ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake)
+        COMMAND ${CMAKE_COMMAND} "-DPROGRAM=$<TARGET_FILE:${name}>" "-DRUN_BY=${CMAKE_CROSSCOMPILING_EMULATOR}"
+                "-DPROPERTIES=${properties}" -DMADE=${suites} -P ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake)
     file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake
         "if(EXISTS ${suites})\n  include(${suites})\nelse()\n  add_test(${name}_NOT_BUILT ${name}_NOT_BUILT)\nendif()\n")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)

@@ -13,6 +13,22 @@ MDBTOOLS_PLACES=(
     http://archive.ubuntu.com/ubuntu/pool/universe/m/mdbtools/mdbtools_1.0.0+dfsg.orig.tar.xz
 )
 
+# What packaging/windows/build_libraries makes its own of.
+SQLITE=sqlite3-3.40.1
+SQLITE_DIGEST=aaa776260ab4dc976db34aa7891819484c8676b5b2783123ebc6301e2ca5d655
+SQLITE_PLACES=(
+    http://deb.debian.org/debian/pool/main/s/sqlite3/sqlite3_3.40.1.orig.tar.xz
+    https://snapshot.debian.org/archive/debian/20230601T000000Z/pool/main/s/sqlite3/sqlite3_3.40.1.orig.tar.xz
+)
+QT=qtbase-6.4.2
+QT_DIGEST=4f14b89a9463a540fd84a6718b8519a2297119b454ef547721015a9e9019ae9e
+QT_PLACES=(
+    http://deb.debian.org/debian/pool/main/q/qt6-base/qt6-base_6.4.2+dfsg.orig.tar.xz
+    https://snapshot.debian.org/archive/debian/20230601T000000Z/pool/main/q/qt6-base/qt6-base_6.4.2%2Bdfsg.orig.tar.xz
+)
+QTSVG_SOURCES=${MEVO_QTSVG_SOURCES:-../shared/windows/qtsvg-everywhere-src-6.4.2.tar.xz}
+QTSVG_DIGEST=f1da2547d9314a0faf78baea8e851b9020b1745e5b9642ff134044fd1ade6028
+
 # has_digest FILE DIGEST
 has_digest() {
     echo "$2  $1" | sha256sum --check --status

@@ -1,5 +1,6 @@
 #include "app/program.h"
 #include "platform/desktop/qt_platform.h"
+#include "platform/desktop/windows_services.h"
 #include "shell/conventions/theme.h"
 
 #include <QApplication>
@@ -15,7 +16,8 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon::fromTheme(u"mevo"_s));
     // The program ends through Processes::End alone, also while its window is hidden.
     QApplication::setQuitOnLastWindowClosed(false);
-    shell::Apply_Theme(application);
+    shell::Apply_Theme(application, desktop::System_Is_Dark() ? shell::Scheme::Dark : shell::Scheme::Light);
+    desktop::Keep_Windows_While_They_Work();
     desktop::Qt_Platform platform;
     app::Program program(platform.Ports());
     program.Start(QApplication::applicationDirPath());

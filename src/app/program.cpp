@@ -28,8 +28,9 @@ Program::Program(desktop::Platform& platform)
       scoring_holder(platform),
       scoring(scoring::Pass_Over(scores, installation, scoring_holder)),
       form8(platform, installation),
-      host(platform,
-           [this](Page_Id page, shell::Navigator& navigator) { return Make_Page(page, navigator); }) {
+      host(
+          platform, [this](Page_Id page, shell::Navigator& navigator) { return Make_Page(page, navigator); },
+          [this] { return installation.Institution; }) {
 }
 
 void Program::Start(const QString& program_folder) {

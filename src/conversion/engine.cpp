@@ -14,6 +14,8 @@ namespace conversion {
 }
 
 Engine::Engine(const QString& file, Access access) : Engine_Handle(file, access, Refuse) {
+    constexpr int longest_wait_ms = 15'000; // as long as the program waits for others
+    sqlite3_busy_timeout(Get(), longest_wait_ms);
     database::Harden(Get());
 }
 

@@ -17,6 +17,7 @@ struct Installation {
     QString Current_Database_Path; // the database in use: the working one, or an archive in view
     QString Connection_String;     // names the database in use; every query passes it
     bool Viewing_Mode = false;     // an archive is in view, to be read only
+    bool Share_Is_Away = false;    // the settings name a share, and the databases aren't those of it
 
     basics::Value Admin_Password; // empty until read
     QString Product_Version;

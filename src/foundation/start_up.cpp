@@ -34,8 +34,9 @@ static QString Missing_Template_Warning(const QString& share, const QString& app
 }
 
 static QString Paths_From_Ini(desktop::Platform& platform, Installation& installation) {
-    QString share = Get_Ini_String(platform, installation.App_Path + u"\\product.ini"_s, u"SETTINGS"_s,
-                                   u"database_sharepath"_s);
+    const QString settings = installation.App_Path + u"\\product.ini"_s;
+    QString share = Get_Ini_String(platform, settings, u"SETTINGS"_s, u"database_sharepath"_s);
+    const bool is_named = share != settings.left(Ini_Value_Room);
     if (share.size() > 1 && !share.endsWith(u'\\')) share += u'\\';
     installation.Database_Path = share + Working_File;
     installation.Empty_Database_Path = share + Template_File;
@@ -44,6 +45,7 @@ static QString Paths_From_Ini(desktop::Platform& platform, Installation& install
 
     if (platform.files.Dir(installation.Empty_Database_Path).compare(Template_File, Qt::CaseInsensitive) == 0)
         return u"SET"_s;
+    installation.Share_Is_Away = is_named;
     platform.boxes.Ask(Box_Style::Critical, u"Warning"_s,
                        Missing_Template_Warning(share, installation.App_Path));
     return u"BLANK"_s;

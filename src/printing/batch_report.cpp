@@ -145,13 +145,13 @@ static QListWidget* Make_List(const QString& name, const QString& told, const QR
     return list;
 }
 
-constexpr int Left = 24;
-constexpr int Left_Width = 290;
-constexpr int Middle = 330;
-constexpr int Middle_Width = 640;
-constexpr int Right = 986;
+constexpr int Left = 16;
+constexpr int Left_Width = 304;
+constexpr int Middle = 332;
+constexpr int Middle_Width = 490;
+constexpr int Right = 834;
 constexpr int Right_Width = 230;
-constexpr int Top = 60;
+constexpr int Top = 54;
 
 QGroupBox* Form92::Make_Frame(const QString& name, const QString& caption, const QRect& place) {
     auto* frame = new QGroupBox(caption, Frame1);
@@ -172,27 +172,27 @@ QRadioButton* Form92::Make_Option(const QString& name, const QString& caption, c
 
 // The order of making is the tab order: first the pupils, then the report, then what can be done with it.
 void Form92::Lay_Out() {
-    Make_Label(u"Label3"_s, u"Multiple Reports Print Preview"_s, Text_Role::Title, {Left, 12, 900, 44});
+    Make_Label(u"Label3"_s, u"Multiple Reports Print Preview"_s, Text_Role::Title, {Left, 16, 440, 34});
     Lay_Out_List();
     Lay_Out_Selection();
     Lay_Out_Middle();
     Lay_Out_Options();
     Lay_Out_Zoom();
-    QGroupBox* copies = Make_Frame(u"Frame9"_s, u"Make copies"_s, {Right, 466, Right_Width, 78});
-    Make_Copy_Entries({12, 28, 98, 38}, {120, 28, 98, 38}, copies);
-    Make_Margins_Box({Right, 556, Right_Width, 34});
-    Make_Main_Entry({Right, 606, Right_Width, 42});
+    QGroupBox* copies = Make_Frame(u"Frame9"_s, u"Make copies"_s, {Right, 362, Right_Width, 74});
+    Make_Copy_Entries({12, 28, 98, 36}, {120, 28, 98, 36}, copies);
+    Make_Margins_Box({Right, 446, Right_Width, 30});
+    Make_Main_Entry({Right, 504, Right_Width, 40});
 }
 
 void Form92::Lay_Out_List() {
-    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 452});
-    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 26, 266, 22}, frame);
+    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 286});
+    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 24, 280, 20}, frame);
     cboGroupFilter = new shell::Click_Combo(u"cboGroupFilter"_s, frame);
-    cboGroupFilter->setGeometry(12, 50, 266, 34);
+    cboGroupFilter->setGeometry(12, 46, 280, 32);
     cboGroupFilter->setAccessibleName(u"Group Filter"_s);
     cboGroupFilter->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
-    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 94, 266, 346}, frame);
+    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 84, 280, 192}, frame);
     lstPupils->setAccessibleDescription(
         u"The space bar selects a pupil for the report, or takes them out."_s);
     lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
@@ -200,27 +200,27 @@ void Form92::Lay_Out_List() {
 }
 
 void Form92::Lay_Out_Selection() {
-    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 522, Left_Width, 126});
+    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 344, Left_Width, 112});
     const auto entry = [this, frame](const char16_t* name, const QString& caption, const QRect& place,
                                      std::function<void()> click) {
         return Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click),
                              HotLabel::Look::Command, frame);
     };
-    HotLabel7 = entry(u"HotLabel7", u"Select all"_s, {12, 26, 128, 38}, [this] { HotLabel7_Click(); });
-    HotLabel8 = entry(u"HotLabel8", u"Clear all"_s, {150, 26, 128, 38}, [this] { HotLabel8_Click(); });
+    HotLabel7 = entry(u"HotLabel7", u"Select all"_s, {12, 26, 134, 34}, [this] { HotLabel7_Click(); });
+    HotLabel8 = entry(u"HotLabel8", u"Clear all"_s, {158, 26, 134, 34}, [this] { HotLabel8_Click(); });
     HotLabel9 =
-        entry(u"HotLabel9", u"Create batch report"_s, {12, 74, 266, 42}, [this] { HotLabel9_Click(); });
+        entry(u"HotLabel9", u"Create batch report"_s, {12, 66, 280, 38}, [this] { HotLabel9_Click(); });
+    HotLabel9->Set_Weight(HotLabel::Weight::Primary);
     HotLabel9->setEnabled(false); // nothing is selected as yet
 }
 
 void Form92::Lay_Out_Middle() {
-    constexpr int wide = 390; // the longest of its texts
-    Label5 = Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {Middle, Top, wide, 26});
-    Label10 =
-        Make_Label(u"Label10"_s, u""_s, Text_Role::Quiet, {Middle + wide, Top, Middle_Width - wide, 26});
-    Label10->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Make_Preview({Middle, Top + 32, Middle_Width, 492}); // a whole sheet at the first zoom
-    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Middle, 594, Middle_Width, 54});
+    constexpr int beside_the_title = 464;
+    constexpr int room = Middle + Middle_Width - beside_the_title;
+    Label5 = Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {beside_the_title, 16, room, 19});
+    Label10 = Make_Label(u"Label10"_s, u""_s, Text_Role::Quiet, {beside_the_title, 35, room, 18});
+    Make_Preview({Middle, Top, Middle_Width, 490}); // a whole sheet at the first zoom
+    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Left, 464, Left_Width, 80});
     Label2->setWordWrap(true);
     Label2->setAccessibleName(u"Help"_s);
 }
@@ -228,24 +228,24 @@ void Form92::Lay_Out_Middle() {
 void Form92::Lay_Out_Options() {
     const QRect first(14, 26, 100, 28);
     const QRect second(120, 26, 100, 28);
-    Frame2 = Make_Frame(u"Frame2"_s, u"Preview Pages"_s, {Right, Top, Right_Width, 136});
-    List3 = Make_List(u"List3"_s, u"Preview Pages"_s, {12, 28, Right_Width - 24, 96}, Frame2);
+    Frame2 = Make_Frame(u"Frame2"_s, u"Preview Pages"_s, {Right, 16, Right_Width, 116});
+    List3 = Make_List(u"List3"_s, u"Preview Pages"_s, {12, 28, Right_Width - 24, 78}, Frame2);
     shell::On(List3, &QListWidget::currentRowChanged, this, platform, [this] { List3_Click(); });
 
-    Frame5 = Make_Frame(u"Frame5"_s, u"Background"_s, {Right, Top + 146, Right_Width, 66});
+    Frame5 = Make_Frame(u"Frame5"_s, u"Background"_s, {Right, 136, Right_Width, 60});
     Option1 = Make_Option(u"Option1"_s, u"Grey"_s, first, Frame5);
     Option2 = Make_Option(u"Option2"_s, u"White"_s, second, Frame5);
-    QGroupBox* labels = Make_Frame(u"Frame3"_s, u"Student label"_s, {Right, Top + 222, Right_Width, 66});
+    QGroupBox* labels = Make_Frame(u"Frame3"_s, u"Student label"_s, {Right, 200, Right_Width, 60});
     labels->setAccessibleDescription(u"What stands over each profile."_s);
     Option5 = Make_Option(u"Option5"_s, u"Name"_s, first, labels);
     Option6 = Make_Option(u"Option6"_s, u"User ID"_s, second, labels);
 }
 
 void Form92::Lay_Out_Zoom() {
-    Frame8 = Make_Frame(u"Frame8"_s, u"Zoom"_s, {Right, Top + 298, Right_Width, 98});
+    Frame8 = Make_Frame(u"Frame8"_s, u"Zoom"_s, {Right, 264, Right_Width, 94});
     const auto zoom = [](const QString& caption, int left) {
         constexpr int width = 62;
-        return Zoom_Entry{caption, {left, 28, width, 36}, {left, 66, width, 26}};
+        return Zoom_Entry{caption, {left, 28, width, 34}, {left, 64, width, 26}};
     };
     Make_Zoom_Entries({zoom(u"100%"_s, 12), zoom(u"67%"_s, 84), zoom(u"40%"_s, 156)}, Frame8);
 }

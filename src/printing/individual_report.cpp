@@ -39,27 +39,32 @@ QString Form94::Document_Name() const {
     return u"Mevo individual report"_s;
 }
 
+constexpr int Preview_Left = 16;
+constexpr int Preview_Width = 804;
+constexpr int Choices_Left = 832;
+constexpr int Choices_Width = 232;
+
 void Form94::Lay_Out() {
-    constexpr int left = 24;
-    constexpr int width = 936;
-    constexpr int right = 984;
-    constexpr int right_width = 232;
     constexpr int tick = 28;
-    Make_Label(u"Label4"_s, u"Reports Print Preview"_s, Text_Role::Title, {left, 14, width, 44});
-    Make_Preview({left, 66, width, 524});
-    Label1 = Make_Label(u"Label1"_s, u""_s, Text_Role::Help, {left, 602, width, 46});
+    Make_Label(u"Label4"_s, u"Reports Print Preview"_s, Text_Role::Title,
+               {Preview_Left, 16, Preview_Width, 34});
+    Make_Preview({Preview_Left, 54, Preview_Width, 490}); // a whole sheet at the first zoom
+    Label1 = Make_Label(u"Label1"_s, u""_s, Text_Role::Help, {Choices_Left, 380, Choices_Width, 116});
     Label1->setWordWrap(true);
     Label1->setAccessibleName(u"Help"_s);
     Lay_Out_Preferences();
     const auto zoom = [](const QString& caption, int top) {
-        return Zoom_Entry{
-            caption, {right + tick + 8, top, right_width - tick - 8, 40}, {right, top, tick, 40}};
+        return Zoom_Entry{caption,
+                          {Choices_Left + tick + 8, top, Choices_Width - tick - 8, 34},
+                          {Choices_Left, top, tick, 34}};
     };
-    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 272), zoom(u"Zoom 67%"_s, 320), zoom(u"Zoom 40%"_s, 368)},
+    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 220), zoom(u"Zoom 40%"_s, 260)},
                       Frame1);
-    Make_Copy_Entries({right, 436, right_width, 42}, {right, 486, right_width, 42}, Frame1);
-    Make_Margins_Box({right, 550, right_width, 34});
-    Make_Main_Entry({right, 606, right_width, 42});
+    constexpr int half = (Choices_Width - 12) / 2;
+    Make_Copy_Entries({Choices_Left, 304, half, 36}, {Choices_Left + half + 12, 304, half, 36}, Frame1);
+    HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
+    Make_Margins_Box({Choices_Left, 346, Choices_Width, 28});
+    Make_Main_Entry({Choices_Left, 504, Choices_Width, 40});
 }
 
 namespace {
@@ -89,11 +94,11 @@ private:
 void Form94::Lay_Out_Preferences() {
     auto* frame = new QGroupBox(u"Preferences"_s, Frame1);
     frame->setObjectName(u"Frame2"_s);
-    frame->setGeometry(984, 66, 232, 182);
-    int top = 30;
+    frame->setGeometry(Choices_Left, 16, Choices_Width, 156);
+    int top = 26;
     const auto preference = [&](const char16_t* name, const char16_t* label_name, const QString& caption,
                                 QLabel*& label) {
-        constexpr int pitch = 36;
+        constexpr int pitch = 32;
         auto* box = new QCheckBox(frame);
         box->setObjectName(QString::fromUtf16(name));
         box->setGeometry(14, top, 24, 28);

@@ -57,7 +57,7 @@ static QPixmap Tick_Picture(const QSize& size, qreal ratio) {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(shell::colours::Accent, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(shell::Colours_In_Force().Accent, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     QPainterPath tick(QPointF(size.width() * 0.2, size.height() * 0.55));
     tick.lineTo(size.width() * 0.42, size.height() * 0.78);
     tick.lineTo(size.width() * 0.82, size.height() * 0.24);

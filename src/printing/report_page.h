@@ -43,16 +43,17 @@ protected:
     // The sheets' name in the printer's queue, which names no pupil.
     virtual QString Document_Name() const = 0;
 
-    static constexpr QSize Frame_Size{1240, 664};
+    static constexpr QSize Frame_Size{1080, 560};
     static constexpr int First_Zoom = 40;
 
     const foundation::Installation& installation;
     preview::ViewPro ViewPro1;
     preview::Preview_Window* Preview = nullptr;
+    shell::HotLabel* HotLabel2 = nullptr; // Print
     int Zoom_Now = First_Zoom;
 
 private:
-    shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3;
+    shell::HotLabel *HotLabel1, *HotLabel3;
     std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
     std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
     QCheckBox* KeepToMargins;

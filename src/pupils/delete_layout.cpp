@@ -7,11 +7,12 @@ namespace pupils {
 
 using shell::Text_Role;
 
-constexpr QSize Frame_Size{1120, 648};
-constexpr int Left = 28;
-constexpr int List_Width = 710;
-constexpr int Right = 762;
+constexpr QSize Frame_Size{1080, 560};
+constexpr int Left = 16;
+constexpr int List_Width = 702;
+constexpr int Right = 734;
 constexpr int Right_Width = 330;
+constexpr int Menu_Left = Right + Right_Width - 140;
 
 Form9::Form9(desktop::Platform& platform, shell::Navigator& navigator, Record_Data data,
              shell::Menu_Counts& counts)
@@ -30,27 +31,27 @@ Form9::Form9(desktop::Platform& platform, shell::Navigator& navigator, Record_Da
 }
 
 void Form9::Lay_Out() {
-    Make_Label(u"Label3"_s, u"Delete individuals from the database"_s, Text_Role::Title, {Left, 18, 700, 44});
+    Make_Label(u"Label3"_s, u"Delete individuals from the database"_s, Text_Role::Title, {Left, 16, 700, 40});
     Make_Label(u"Label2"_s, u"Individuals registered     (User ID)"_s, Text_Role::Heading,
-               {Left, 72, List_Width, 24});
+               {Left, 62, List_Width, 24});
     QLabel* label4 = Make_Label(u"Label4"_s, u"Deletion is irreversible."_s, Text_Role::Notice,
-                                {Right, 22, Right_Width, 38});
+                                {Right, 18, Right_Width, 36});
     label4->setAlignment(Qt::AlignCenter);
     ListView1 = new List_View(u"ListView1"_s, Frame1);
-    ListView1->setGeometry(Left, 100, List_Width, 448);
+    ListView1->setGeometry(Left, 90, List_Width, 402);
     ListView1->setAccessibleName(u"Individuals registered"_s);
     Lay_Out_Individual_Deletion();
     Lay_Out_Group_Deletion();
-    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Right + Right_Width - 140, 508, 140, 40},
-                              [this] { HotLabel1_Click(); });
+    HotLabel1 =
+        Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Menu_Left, 504, 140, 40}, [this] { HotLabel1_Click(); });
     ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the deletion"_s,
-                                {Right, 518, 178, 20}, Frame1);
-    Label1 = Make_Help_Label(u"Label1"_s, {Left, 566, Right + Right_Width - Left, 58}, Frame1);
+                                {Right, 472, Right_Width, 20}, Frame1);
+    Label1 = Make_Help_Label(u"Label1"_s, {Left, 500, Menu_Left - 12 - Left, 44}, Frame1);
 }
 
 void Form9::Lay_Out_Individual_Deletion() {
     QGroupBox* frame4 =
-        Make_Panel(u"Frame4"_s, u"Individual deletion"_s, {Right, 92, Right_Width, 184}, Frame1);
+        Make_Panel(u"Frame4"_s, u"Individual deletion"_s, {Right, 70, Right_Width, 184}, Frame1);
     HotLabel3 = Make_HotLabel(
         u"HotLabel3"_s, u"Select all"_s, {16, 34, 142, 38}, [this] { HotLabel3_Click(); },
         shell::HotLabel::Look::Command, frame4);
@@ -65,7 +66,7 @@ void Form9::Lay_Out_Individual_Deletion() {
 }
 
 void Form9::Lay_Out_Group_Deletion() {
-    QGroupBox* frame2 = Make_Panel(u"Frame2"_s, u"Group deletion"_s, {Right, 290, Right_Width, 196}, Frame1);
+    QGroupBox* frame2 = Make_Panel(u"Frame2"_s, u"Group deletion"_s, {Right, 264, Right_Width, 196}, Frame1);
     Make_Label(u"Label20"_s, u"Choose a Group below:"_s, Text_Role::Body, {16, 30, 298, 24}, frame2);
     Combo1 = Make_Combo(u"Combo1"_s, u"Group"_s, {16, 58, 298, 36}, frame2);
     Combo1->setAccessibleDescription(u"Lists the pupils of one group only."_s);
@@ -75,6 +76,8 @@ void Form9::Lay_Out_Group_Deletion() {
     HotLabel5 = Make_HotLabel(
         u"HotLabel5"_s, u"Delete all from group"_s, {16, 140, 298, 40}, [this] { Delete_Group_Action(); },
         shell::HotLabel::Look::Command, frame2);
+    for (shell::HotLabel* destructive : {HotLabel2, HotLabel5})
+        destructive->Set_Weight(shell::HotLabel::Weight::Destructive);
     HotLabel5->setAccessibleDescription(u"Deletes the pupils of the chosen group, once you have agreed."_s);
 }
 

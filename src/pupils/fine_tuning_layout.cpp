@@ -7,15 +7,16 @@ namespace pupils {
 using shell::HotLabel;
 using shell::Text_Role;
 
-constexpr QSize Frame_Size{1240, 664};
-constexpr int Left = 24;
-constexpr int Whole_Width = 1192;
-constexpr int Panels_Top = 116;
-constexpr int Panels_Height = 424;
+constexpr QSize Frame_Size{1080, 560};
+constexpr int Left = 16;
+constexpr int Whole_Width = 1048;
+constexpr int Panels_Top = 98;
+constexpr int Panels_Height = 372;
+constexpr int Menu_Left = 924;
 constexpr int Caption_Height = 20; // of a panel, above its frame
-constexpr int Row_Height = 36;
-constexpr QSize Button_Size{168, 40};
-constexpr int Button_Step = 180; // from one button of a row to the next
+constexpr int Row_Height = 34;
+constexpr QSize Button_Size{130, 38};
+constexpr int Button_Step = 139; // from one button of a row to the next
 
 Form15::Form15(desktop::Platform& platform, shell::Navigator& navigator, Record_Data data)
     : Page(platform, navigator, Frame_Size),
@@ -31,10 +32,10 @@ Form15::Form15(desktop::Platform& platform, shell::Navigator& navigator, Record_
 
 void Form15::Lay_Out() {
     Make_Label(u"Label4"_s, u"Fine Tuning an individual's personal and assessment details"_s,
-               Text_Role::Title, {Left, 12, Whole_Width, 44});
+               Text_Role::Title, {Left, 16, Whole_Width, 38});
     QLabel* label12 =
-        Make_Label(u"Label12"_s, u"Select individual"_s, Text_Role::Heading, {Left, 66, 140, Row_Height});
-    Combo1 = Make_Combo(u"Combo1"_s, label12->text(), {Left + 146, 66, 414, Row_Height}, Frame1);
+        Make_Label(u"Label12"_s, u"Select individual"_s, Text_Role::Heading, {Left, 60, 140, Row_Height});
+    Combo1 = Make_Combo(u"Combo1"_s, label12->text(), {Left + 146, 60, 394, Row_Height}, Frame1);
     Combo1->setAccessibleDescription(u"The pupil whose details and tests the page shows."_s);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
     Lay_Out_Personal_Details();
@@ -42,18 +43,18 @@ void Form15::Lay_Out() {
     Lay_Out_Legend();
     Set_Personal_Enabled(false);
     Set_Retest_Buttons_Enabled(false);
-    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 136, 66, 136, 38},
-                              [this] { HotLabel1_Click(); });
-    Label5 = Make_Help_Label(u"Label5"_s, {Left, 558, Whole_Width, 84}, Frame1);
+    HotLabel1 =
+        Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Menu_Left, 504, 140, 40}, [this] { HotLabel1_Click(); });
+    Label5 = Make_Help_Label(u"Label5"_s, {Left, 478, Menu_Left - 12 - Left, 66}, Frame1);
 }
 
 void Form15::Lay_Out_Personal_Details() {
-    constexpr int entry_left = 140;
-    constexpr int entry_width = 404;
-    Frame3 = Make_Panel(u"Frame3"_s, u"Personal details"_s, {Left, Panels_Top, 560, Panels_Height}, Frame1);
-    const auto row = [](int i) { return 38 + 52 * i; };
+    constexpr int entry_left = 116;
+    constexpr int entry_width = 308;
+    Frame3 = Make_Panel(u"Frame3"_s, u"Personal details"_s, {Left, Panels_Top, 440, Panels_Height}, Frame1);
+    const auto row = [](int i) { return 32 + 46 * i; };
     const auto caption = [&](const QString& name, const QString& text, int i) {
-        return Make_Label(name, text, Text_Role::Body, {16, row(i), 120, Row_Height}, Frame3);
+        return Make_Label(name, text, Text_Role::Body, {16, row(i), 98, Row_Height}, Frame3);
     };
     const auto place = [&](int i, int left, int width) {
         return QRect(entry_left + left, row(i), width, Row_Height);
@@ -74,9 +75,9 @@ void Form15::Lay_Out_Personal_Details() {
 
     Label8 = caption(u"Label8"_s, u"Date of birth:"_s, 3);
     birth = new Date_Lists(this, Frame3, platform);
-    birth->Combo2->setGeometry(place(3, 0, 84));
-    birth->Combo3->setGeometry(place(3, 96, 188));
-    birth->Combo4->setGeometry(place(3, 296, 108));
+    birth->Combo2->setGeometry(place(3, 0, 74));
+    birth->Combo3->setGeometry(place(3, 80, 134));
+    birth->Combo4->setGeometry(place(3, 220, 88));
 
     Label1 = caption(u"Label1"_s, u"Gender:"_s, 4);
     sex = new Sex_List(this, Frame3, platform);
@@ -89,41 +90,42 @@ void Form15::Lay_Out_Personal_Details() {
     Make_Label(u"Label17"_s, u"months"_s, Text_Role::Quiet, place(5, 118, 80), Frame3);
 
     const auto button = [&](const QString& name, const QString& text, int i, std::function<void()> click) {
-        return Make_HotLabel(name, text, {QPoint(16 + Button_Step * i, 366), Button_Size}, std::move(click),
+        return Make_HotLabel(name, text, {QPoint(16 + Button_Step * i, 322), Button_Size}, std::move(click),
                              HotLabel::Look::Command, Frame3);
     };
     HotLabel4 = button(u"HotLabel4"_s, u"Edit details"_s, 0, [this] { Enable_Personal_Edit(); });
     HotLabel2 =
         button(u"HotLabel2"_s, u"Save changes"_s, 1, For_Current_Pupil(&Form15::Save_Personal_Details));
+    HotLabel2->Set_Weight(HotLabel::Weight::Primary);
     HotLabel3 =
         button(u"HotLabel3"_s, u"Undo changes"_s, 2, For_Current_Pupil(&Form15::Undo_Personal_Details));
 }
 
 void Form15::Lay_Out_Retesting() {
-    const QRect box(608, Panels_Top, 608, Panels_Height);
+    const QRect box(468, Panels_Top, 596, Panels_Height);
     Shape1 = new QFrame(Frame1);
     Shape1->setObjectName(u"Shape1"_s);
     Shape1->setGeometry(box.adjusted(0, Caption_Height, 0, 0)); // level with the frame of the other panel
     Shape1->setProperty("panel", true);
 
     Frame4 = Make_Panel(u"Frame4"_s, u"Allow selective retesting"_s,
-                        {box.x() + 16, box.y() + 24, box.width() - 32, 290}, Frame1);
+                        {box.x() + 16, box.y() + 22, box.width() - 32, 252}, Frame1);
     const QString captions[Tests] = {
         u"Tolvens"_s, u"Blik's Friends"_s, u"Karrel"_s, u"Blik's Letters"_s, u"Blik's Letter Names"_s,
         u"Drell"_s,   u"Mirvel"_s,         u"Yoon"_s,   u"Pindo"_s};
     for (std::size_t i = 0; i < Tests; ++i) {
         constexpr int across = 3;
         const int number = static_cast<int>(i);
-        const QPoint corner(16 + 188 * (number % across), 34 + 64 * (number / across));
+        const QPoint corner(12 + 182 * (number % across), 28 + 56 * (number / across));
         const QString index = u"(%1)"_s.arg(number);
         Image1[i] = new Test_Ball(u"Image1"_s + index, captions[i], Frame4);
         Image1[i]->setGeometry(QRect(corner, QSize(48, 48)));
         shell::On(Image1[i], &Test_Ball::clicked, this, platform, [this, number] { Image1_Click(number); });
         Make_Label(u"Label14"_s + index, captions[i], Text_Role::Body,
-                   {corner + QPoint(56, 0), QSize(128, 48)}, Frame4);
+                   {corner + QPoint(56, 0), QSize(126, 48)}, Frame4);
     }
     const auto button = [&](const QString& name, const QString& text, int i, std::function<void()> click) {
-        return Make_HotLabel(name, text, {QPoint(16 + 184 * i, 234), QSize(176, 40)}, std::move(click),
+        return Make_HotLabel(name, text, {QPoint(12 + 181 * i, 204), QSize(172, 38)}, std::move(click),
                              HotLabel::Look::Command, Frame4);
     };
     HotLabel5 = button(u"HotLabel5"_s, u"Edit details"_s, 0, For_Current_Pupil(&Form15::Begin_Retest_Edit));
@@ -133,14 +135,14 @@ void Form15::Lay_Out_Retesting() {
 
 void Form15::Lay_Out_Legend() {
     constexpr int side = 32;
-    constexpr int step = 190;
-    Frame5 = Make_Panel(u"Frame5"_s, u"Legend"_s, {624, Panels_Top + 322, 576, 88}, Frame1);
+    constexpr int step = 184;
+    Frame5 = Make_Panel(u"Frame5"_s, u"Legend"_s, {484, Panels_Top + 278, 564, 84}, Frame1);
     const auto entry = [&](const QString& picture_name, const QString& label_name, Test_State state, int i) {
         auto* picture = new QLabel(Frame5);
         picture->setObjectName(picture_name);
         picture->setPixmap(Picture_Of(state, side, devicePixelRatioF()));
         picture->setGeometry(20 + step * i, 36, side, side);
-        return Make_Label(label_name, Words_Of(state), Text_Role::Body, {60 + step * i, 36, step - 44, side},
+        return Make_Label(label_name, Words_Of(state), Text_Role::Body, {58 + step * i, 36, step - 42, side},
                           Frame5);
     };
     Label7 = entry(u"Image2"_s, u"Label7"_s, Test_State::Not_Attempted, 0);

@@ -7,9 +7,10 @@ namespace pupils {
 
 using shell::Text_Role;
 
-constexpr QSize Frame_Size{1200, 664};
-constexpr int Left = 32;
-constexpr int Whole_Width = 1136;
+constexpr QSize Frame_Size{1080, 560};
+constexpr int Left = 16;
+constexpr int Whole_Width = 1048;
+constexpr int Menu_Left = 924;
 
 Form42::Form42(desktop::Platform& platform, shell::Navigator& navigator,
                const foundation::Installation& installation)
@@ -21,27 +22,28 @@ Form42::Form42(desktop::Platform& platform, shell::Navigator& navigator,
 }
 
 void Form42::Lay_Out() {
-    constexpr int row = 106;
+    constexpr int row = 90;
     constexpr int height = 40;
     Make_Label(u"Label1"_s, u"Import new individuals using a special text file"_s, Text_Role::Title,
-               {Left, 18, Whole_Width, 44});
-    Make_Label(u"Label2"_s, windowTitle(), Text_Role::Subtitle, {Left, 62, Whole_Width, 24});
+               {Left, 16, Whole_Width, 40});
+    Make_Label(u"Label2"_s, windowTitle(), Text_Role::Subtitle, {Left, 56, Whole_Width, 24});
     PreviewImport = Make_HotLabel(u"PreviewImport"_s, u"Preview file"_s, {Left, row, 150, height},
                                   [this] { PreviewImport_Click(); });
-    Text1 = Make_Entry(u"Text1"_s, u"File to import"_s, {Left + 162, row, 530, height}, Frame1);
+    Text1 = Make_Entry(u"Text1"_s, u"File to import"_s, {Left + 162, row, 586, height}, Frame1);
     Text1->setReadOnly(true);
     Text1->setAccessibleDescription(u"The file that was previewed last."_s);
-    HotLabel3 = Make_HotLabel(u"HotLabel3"_s, u"Import all "_s, {Left + 704, row, 136, height},
+    HotLabel3 = Make_HotLabel(u"HotLabel3"_s, u"Import all "_s, {Left + 760, row, 138, height},
                               [this] { HotLabel3_Click(); });
-    HotLabel4 = Make_HotLabel(u"HotLabel4"_s, u"Print out"_s, {Left + 852, row, 136, height},
+    HotLabel4 = Make_HotLabel(u"HotLabel4"_s, u"Print out"_s, {Left + 910, row, 138, height},
                               [this] { HotLabel4_Click(); });
-    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + 1000, row, 136, height},
+    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Menu_Left, 504, 140, height},
                               [this] { HotLabel1_Click(); });
+    HotLabel3->Set_Weight(shell::HotLabel::Weight::Primary);
     Offer_Import(false);
     Lay_Out_Grid();
     ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,
-                                {Left, 552, Whole_Width, 20}, Frame1);
-    Label3 = Make_Help_Label(u"Label3"_s, {Left, 582, Whole_Width, 58}, Frame1);
+                                {Left, 474, Whole_Width, 20}, Frame1);
+    Label3 = Make_Help_Label(u"Label3"_s, {Left, 504, Menu_Left - 12 - Left, height}, Frame1);
 }
 
 void Form42::Lay_Out_Grid() {
@@ -57,11 +59,12 @@ void Form42::Lay_Out_Grid() {
                                  grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setAccessibleName(u"Preview of the individuals to import"_s);
     Spread1->setAccessibleDescription(u"One row for each line of the file."_s);
-    Spread1->setGeometry(Left, 162, Whole_Width, 380);
+    Spread1->setGeometry(Left, 142, Whole_Width, 324);
     int number = 0; // together they leave room for the bar beside the rows
     for (const Column& column : columns) {
         Spread1->Set_Text(++number, 0, column.heading);
         Spread1->Set_ColWidth(number, column.width);
+        Spread1->Narrow_On_Screen(number, column.width * 23 / 25);
     }
     for (const int text_column : {1, 2, 6, 7})
         Spread1->Set_Left_Aligned(text_column);

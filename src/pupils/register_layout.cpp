@@ -7,7 +7,7 @@ namespace pupils {
 
 using shell::Text_Role;
 
-constexpr QSize Frame_Size{1000, 576};
+constexpr QSize Frame_Size{1000, 512};
 constexpr int Left = 40;
 constexpr int Whole_Width = 920;
 
@@ -22,13 +22,14 @@ Form10::Form10(desktop::Platform& platform, shell::Navigator& navigator,
 }
 
 void Form10::Lay_Out() {
-    Make_Label(u"Label4"_s, windowTitle(), Text_Role::Title, {Left, 24, Whole_Width, 44});
-    Make_Label(u"Label6"_s, u"Register a new individual"_s, Text_Role::Subtitle, {Left, 68, Whole_Width, 24});
+    Make_Label(u"Label4"_s, windowTitle(), Text_Role::Title, {Left, 20, Whole_Width, 40});
+    Make_Label(u"Label6"_s, u"Register a new individual"_s, Text_Role::Subtitle, {Left, 60, Whole_Width, 24});
     Lay_Out_Details();
     Lay_Out_Session();
-    HotLabel2 = Make_HotLabel(u"HotLabel2"_s, u"Save"_s, {660, 352, 300, 46}, [this] { HotLabel2_Click(); });
-    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {660, 410, 300, 46}, [this] { HotLabel1_Click(); });
-    Label5 = Make_Help_Label(u"Label5"_s, {Left, 476, Whole_Width, 64}, Frame1);
+    HotLabel2 = Make_HotLabel(u"HotLabel2"_s, u"Save"_s, {660, 362, 300, 46}, [this] { HotLabel2_Click(); });
+    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {820, 436, 140, 46}, [this] { HotLabel1_Click(); });
+    HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
+    Label5 = Make_Help_Label(u"Label5"_s, {Left, 436, 768, 46}, Frame1);
 }
 
 static QFrame* Make_Shape(const QString& name, const QString& part, const QRect& place, QWidget* parent) {
@@ -45,11 +46,11 @@ void Form10::Lay_Out_Details() {
     constexpr int entry_left = 150;
     constexpr int entry_width = 410;
     constexpr int height = 36;
-    details = Make_Panel(u"Frame2"_s, u"Personal details"_s, {Left, 108, 590, 348}, Frame1);
+    details = Make_Panel(u"Frame2"_s, u"Personal details"_s, {Left, 92, 590, 316}, Frame1);
     const auto caption = [this](const QString& name, const QString& text, int row) {
         return Make_Label(name, text, Text_Role::Body, {caption_left, row, 124, height}, details);
     };
-    const int rows[] = {40, 92, 144, 196, 248};
+    const int rows[] = {32, 80, 128, 176, 224};
 
     Label2 = caption(u"Label2"_s, u"Surname:"_s, rows[0]);
     Text3 = new Name_Box(u"Text3"_s, Surname_Selection, details);
@@ -79,7 +80,7 @@ void Form10::Lay_Out_Details() {
     birth->txAgeM->setGeometry(entry_left + 194, rows[4], 60, height);
 
     // 4320 by 255 twips, and a fill that starts 15 wide.
-    const QRect outline(entry_left, 306, 288, 17);
+    const QRect outline(entry_left, 278, 288, 17);
     Shape1 = Make_Shape(u"Shape1"_s, u"outline"_s, outline, details);
     Shape2 = Make_Shape(u"Shape2"_s, u"fill"_s, {outline.topLeft(), QSize(1, outline.height())}, details);
 }
@@ -87,7 +88,7 @@ void Form10::Lay_Out_Details() {
 void Form10::Lay_Out_Session() {
     constexpr int margin = 18;
     constexpr int width = 300;
-    QGroupBox* session = Make_Panel(u"Frame3"_s, u"Registration"_s, {660, 108, width, 224}, Frame1);
+    QGroupBox* session = Make_Panel(u"Frame3"_s, u"Registration"_s, {660, 92, width, 256}, Frame1);
     const auto caption = [&](const QString& name, const QString& text, int row, int room) {
         Make_Label(name, text, Text_Role::Quiet, {margin, row, room, 28}, session);
     };

@@ -12,8 +12,6 @@ namespace pupils {
 
 namespace {
 
-using shell::colours::Quiet_Text;
-
 constexpr QColor Ball_Light{0xF2, 0x7A, 0x6E};
 constexpr QColor Ball{0xC6, 0x28, 0x28};
 constexpr QColor Ball_Edge{0x8E, 0x14, 0x14};
@@ -26,7 +24,7 @@ constexpr QPointF Centre{Side / 2, Side / 2};
 
 void Draw_Ring(QPainter& painter) {
     painter.setBrush(Qt::NoBrush);
-    QPen dashes(Quiet_Text, 2);
+    QPen dashes(shell::Colours_In_Force().Quiet_Text, 2);
     dashes.setDashPattern({3, 2.5});
     painter.setPen(dashes);
     painter.drawEllipse(Centre, 15, 15);
@@ -116,7 +114,7 @@ void Test_Ball::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (hasFocus()) {
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(shell::colours::Focus, 2));
+        painter.setPen(QPen(shell::Colours_In_Force().Focus, 2));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 6, 6);
     }
     const int side = qMin(width(), height()) - 4; // room for the mark of the focus

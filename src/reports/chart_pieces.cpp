@@ -27,7 +27,7 @@ void Terminated_Mark::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const int cut_off = std::clamp(-y(), 0, Mark_Size);
     const QRectF badge(1, cut_off + 1, Mark_Size - 2, Mark_Size - 2);
-    painter.setPen(QPen(colours::Text, 1.5));
+    painter.setPen(QPen(chart_colours::Ink, 1.5));
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(badge, 3, 3);
     QFont font = this->font();
@@ -49,7 +49,7 @@ protected:
         QPainter painter(this);
         painter.fillRect(rect(), Qt::white);
         const QRect inside = rect().adjusted(1, 1, -1, -1);
-        painter.fillRect(inside, time ? colours::Time_Bar : colours::Accuracy_Bar);
+        painter.fillRect(inside, time ? chart_colours::Time_Bar : chart_colours::Accuracy_Bar);
         if (time) Hatch(painter, inside);
     }
 
@@ -58,7 +58,7 @@ private:
         constexpr int step = 7;
         painter.setClipRect(inside);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(colours::Time_Hatch, 1.5));
+        painter.setPen(QPen(chart_colours::Time_Hatch, 1.5));
         for (int x = inside.left() - inside.height(); x < inside.right(); x += step)
             painter.drawLine(x, inside.bottom() + 1, x + inside.height(), inside.top());
     }

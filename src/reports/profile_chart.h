@@ -31,9 +31,9 @@ public:
     Profile_Chart(const QString& name, const Chart_Data& data, QWidget* parent);
 
     static constexpr int Column_Width = 64;
-    static constexpr int Column_Pitch = 84;
-    static constexpr int First_Column = 14;
-    static constexpr QSize Size{680, Chart_Height};
+    static constexpr int Column_Pitch = 76;
+    static constexpr int First_Column = 10;
+    static constexpr QSize Size{616, Chart_Height};
     static int Column_Left(int t) { return First_Column + (t - 1) * Column_Pitch; }
 
     // The ground for the scale and shading in force, from the folder system below app_path; an unknown

@@ -12,12 +12,16 @@ namespace reports {
 using shell::HotLabel;
 using shell::Text_Role;
 
-constexpr QSize Frame_Size{1240, 664};
-constexpr int Left = 24;
+constexpr QSize Frame_Size{1080, 560};
+constexpr int Left = 16;
 constexpr int Left_Width = 268;
-constexpr QPoint Chart_Corner{380, 40};
-constexpr int Right = 1084;
-constexpr int Right_Width = 132;
+constexpr int Tables_Left = 296; // and that of the scale beside the chart
+constexpr QPoint Chart_Corner{366, 40};
+constexpr int Beside_Chart = 988;
+constexpr int Beside_Chart_Width = 76;
+constexpr int Tests_Top = 450;
+constexpr int Last_Row = 504;
+constexpr int Menu_Left = 924;
 constexpr int Twips_To_Pixels = 15;
 constexpr int Whole_Progress = 8 * 120; // eight tests
 
@@ -47,19 +51,20 @@ static QFrame* Make_Patch(const QString& name, const char* kind, const QVariant&
 void Form30::Lay_Out() {
     Lay_Out_Left_Panel();
     Lay_Out_Chart();
-    Lay_Out_Right_Panel();
+    Lay_Out_Commands();
     Label7 = Make_HotLabel(
-        u"Label7"_s, u""_s, {Chart_Corner.x(), 552, Profile_Chart::Size.width(), 52},
-        [this] { Label7_Click(); }, HotLabel::Look::Strip);
+        u"Label7"_s, u""_s, {Left, Last_Row, Menu_Left - 12 - Left, 40}, [this] { Label7_Click(); },
+        HotLabel::Look::Strip);
     Show_In_Label7(u""_s);
-    const QRect below(Chart_Corner.x(), 612, Profile_Chart::Size.width(), 22);
-    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, below.adjusted(0, 0, -80, 0));
-    Label17 = Make_Label(u"Label17"_s, u""_s, Text_Role::Quiet, below.adjusted(below.width() - 80, 0, 0, 0));
+    constexpr int verdict_width = 210;
+    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, {Left, 458, verdict_width, 36});
+    Label16->setWordWrap(true);
+    Label17 = Make_Label(u"Label17"_s, u""_s, Text_Role::Quiet,
+                         {Left + verdict_width, 458, Left_Width - verdict_width, 36});
     Label17->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    const QRect track(Left, 644, Whole_Progress, 4);
-    Make_Patch(u"Shape11_track"_s, "progress", u"track"_s, track, Frame1);
-    Shape11 =
-        Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {track.topLeft(), QSize(1, track.height())}, Frame1);
+    const QRect track(Left, Last_Row - 5, Whole_Progress, 4);
+    Track = Make_Patch(u"Shape11_track"_s, "progress", u"track"_s, track, Frame1);
+    Shape11 = Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {0, 0, 1, track.height()}, Track);
 }
 
 static QGroupBox* Make_Group(const QString& caption, const QRect& place, QWidget* parent) {
@@ -87,21 +92,21 @@ static void Pair(HotLabel* one, HotLabel* other, QObject* owner) {
 
 void Form30::Lay_Out_Left_Panel() {
     constexpr int half = 116;
-    const QRect first(12, 52, half, 38);
-    const QRect second(12 + half + 12, 52, half, 38);
+    const QRect first(12, 44, half, 34);
+    const QRect second(12 + half + 12, 44, half, 34);
     const auto subtitle = [this](const QString& name, const QString& text, QWidget* group) {
-        Make_Label(name, text, Text_Role::Quiet, {12, 26, 240, 22}, group);
+        Make_Label(name, text, Text_Role::Quiet, {12, 24, 240, 18}, group);
     };
-    Make_Label(u"Label1"_s, u"Reports"_s, Text_Role::Title, {Left, 16, Left_Width, 44});
-    Make_Label(u"Label2"_s, u"Pupils"_s, Text_Role::Heading, {Left, 70, Left_Width, 24});
+    Make_Label(u"Label1"_s, u"Reports"_s, Text_Role::Title, {Left, 16, Left_Width, 36});
+    Make_Label(u"Label2"_s, u"Pupils"_s, Text_Role::Heading, {Left, 52, Left_Width, 20});
     Combo1 = new shell::Click_Combo(u"Combo1"_s, Frame1);
-    Combo1->setGeometry(Left, 98, Left_Width, 36);
+    Combo1->setGeometry(Left, 74, Left_Width, 34);
     Combo1->setAccessibleName(u"Pupils"_s);
     Combo1->setAccessibleDescription(u"The pupil whose results the page shows."_s);
     Combo1->setMaxVisibleItems(24);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
 
-    QGroupBox* scales = Make_Group(u"Scoring type"_s, {Left, 146, Left_Width, 102}, Frame1);
+    QGroupBox* scales = Make_Group(u"Scoring type"_s, {Left, 112, Left_Width, 86}, Frame1);
     subtitle(u"Label4"_s, u"Scales"_s, scales);
     // A choice of pupil runs these handlers too, and describes the chart itself once it has all scores.
     const auto choose_scale = [this](void (Form30::*chosen)()) {
@@ -116,7 +121,7 @@ void Form30::Lay_Out_Left_Panel() {
         HotLabel::Look::Command, scales);
     Pair(ShowCentiles, ShowZScores, this);
 
-    QGroupBox* shading = Make_Group(u"Graph shading"_s, {Left, 258, Left_Width, 102}, Frame1);
+    QGroupBox* shading = Make_Group(u"Graph shading"_s, {Left, 202, Left_Width, 86}, Frame1);
     subtitle(u"Label5"_s, u"Chart colours"_s, shading);
     ShowGreys = Make_HotLabel(
         u"ShowGreys"_s, u"Grey bands"_s, first, [this] { ShowGreys_Click(); }, HotLabel::Look::Command,
@@ -125,32 +130,33 @@ void Form30::Lay_Out_Left_Panel() {
         u"ShowWhite"_s, u"White"_s, second, [this] { ShowWhite_Click(); }, HotLabel::Look::Command, shading);
     Pair(ShowGreys, ShowWhite, this);
 
-    QGroupBox* times = Make_Group(u"Show time bars"_s, {Left, 370, Left_Width, 78}, Frame1);
+    QGroupBox* times = Make_Group(u"Show time bars"_s, {Left, 292, 118, 70}, Frame1);
     HotLabel2 = Make_HotLabel(
-        u"HotLabel2"_s, u"Time"_s, {12, 28, half, 38}, [this] { HotLabel2_Click(); }, HotLabel::Look::Command,
+        u"HotLabel2"_s, u"Time"_s, {8, 28, 46, 34}, [this] { HotLabel2_Click(); }, HotLabel::Look::Command,
         times);
     constexpr QSize switch_size{48, 26};
     const qreal ratio = devicePixelRatioF();
     Image1 = Make_Picture(u"Image1"_s, Switch_Picture(true, switch_size, ratio), this);
     Image3 = Make_Picture(u"Image3"_s, Switch_Picture(false, switch_size, ratio), this);
     Image4 = Make_Picture(u"Image4"_s, {}, times);
-    Image4->setGeometry(QRect(QPoint(12 + half + 24, 34), switch_size));
+    Image4->setGeometry(QRect(QPoint(61, 32), switch_size));
     Image4->show();
 
-    QGroupBox* previews = Make_Group(u"Report previews"_s, {Left, 458, Left_Width, 78}, Frame1);
+    QGroupBox* previews = Make_Group(u"Report previews"_s, {Left + 126, 292, 142, 70}, Frame1);
     HotLabel4 = Make_HotLabel(
-        u"HotLabel4"_s, u"Single"_s, {12, 28, half, 38}, [this] { HotLabel4_Click(); },
-        HotLabel::Look::Command, previews);
+        u"HotLabel4"_s, u"Single"_s, {8, 28, 58, 34}, [this] { HotLabel4_Click(); }, HotLabel::Look::Command,
+        previews);
+    HotLabel4->Set_Weight(HotLabel::Weight::Primary);
     HotLabel6 = Make_HotLabel(
-        u"HotLabel6"_s, u"Batches"_s, {12 + half + 12, 28, half, 38}, [this] { HotLabel6_Click(); },
+        u"HotLabel6"_s, u"Batches"_s, {72, 28, 64, 34}, [this] { HotLabel6_Click(); },
         HotLabel::Look::Command, previews);
 }
 
 void Form30::Lay_Out_Chart() {
     const int chart = Chart_Corner.x();
-    Make_Label(u"Label6"_s, u"Cognitive Profile"_s, Text_Role::Heading, {chart, 8, 240, 26});
+    Make_Label(u"Label6"_s, u"Cognitive Profile"_s, Text_Role::Caption, {Tables_Left, 16, 140, 16});
     QLabel* heading = Make_Label(u"Label3"_s, u""_s, Text_Role::Quiet,
-                                 {chart + 240, 8, Profile_Chart::Size.width() - 240, 26});
+                                 {Tables_Left + 140, 16, Table_Panel::Size.width() - 140, 16});
     heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     // The scale's marks have fixed places on the form, in twips from its top.
@@ -193,51 +199,55 @@ void Form30::Lay_Out_Chart() {
         const int t = static_cast<int>(i) + 1;
         // Pindo has no bars to stand under.
         const QRect place = t == scoring::test_index::Pindo
-                                ? QRect(Right, 450, Right_Width, 52)
-                                : QRect(chart + Profile_Chart::Column_Left(t) - 8, 450, 80, 52);
+                                ? QRect(Beside_Chart, Tests_Top, Beside_Chart_Width, 44)
+                                : QRect(chart + Profile_Chart::Column_Left(t) - 4, Tests_Top,
+                                        Profile_Chart::Column_Width + 8, 44);
         BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, place,
                                   [this, t] { Test_Button_Click(t); });
         Shape10[i] = Make_Patch(u"Shape10(%1)"_s.arg(i), "marker", true,
-                                {place.x() + 8, 505, place.width() - 16, 4}, Frame1);
+                                {place.x() + 8, place.bottom() + 1, place.width() - 16, 4}, Frame1);
         Shape10[i]->hide();
     }
-    Lay_Out_Key({chart, 517});
+    Lay_Out_Key({Beside_Chart, Chart_Corner.y()});
 
     Lay_Out_Tables(heading);
 }
 
 void Form30::Lay_Out_Tables(QLabel* heading) {
-    tables = new Table_Panel(heading, scoring, {Chart_Corner.x() - 72, Chart_Corner.y()}, Frame1);
+    tables = new Table_Panel(heading, scoring, {Tables_Left, Chart_Corner.y()}, Frame1);
     shell::On(tables, &Table_Panel::Closed, this, platform, [this] { Show_Chart(true); });
 }
 
 void Form30::Lay_Out_Key(const QPoint& corner) {
     Key = new QWidget(Frame1);
-    Key->setGeometry({corner, QSize(220, 22)});
-    const auto entry = [this](Measure measure, const QString& caption, int left) {
+    constexpr int row = 22;
+    Key->setGeometry({corner, QSize(Beside_Chart_Width, 2 * row)});
+    const auto entry = [this](Measure measure, const QString& caption, int top) {
         auto* part = new QWidget(Key);
-        part->setGeometry(left, 0, 110, 22);
-        Make_Bar(u"Key_patch"_s, measure, part)->setGeometry(0, 3, 16, 16);
-        Make_Label(u"Key_label"_s, caption, Text_Role::Quiet, {22, 0, 84, 22}, part);
+        part->setGeometry(0, top, Beside_Chart_Width, row);
+        Make_Bar(u"Key_patch"_s, measure, part)->setGeometry(0, 4, 14, 14);
+        Make_Label(u"Key_label"_s, caption, Text_Role::Quiet, {18, 0, Beside_Chart_Width - 18, row}, part);
         return part;
     };
     entry(Measure::Accuracy, u"Accuracy"_s, 0);
-    Time_Key = entry(Measure::Time, u"Time"_s, 110);
+    Time_Key = entry(Measure::Time, u"Time"_s, row);
 }
 
-void Form30::Lay_Out_Right_Panel() {
-    const auto entry = [this](const char16_t* name, const QString& caption, int top,
+void Form30::Lay_Out_Commands() {
+    constexpr int half = 128;
+    constexpr int second = Left + Left_Width - half;
+    const auto entry = [this](const char16_t* name, const QString& caption, const QRect& place,
                               std::function<void()> click) {
-        return Make_HotLabel(QString::fromUtf16(name), caption, {Right, top, Right_Width, 42},
-                             std::move(click));
+        return Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click));
     };
-    HotLabel7 = entry(u"HotLabel7", u"Summary"_s, 40, [this] { HotLabel7_Click(); });
-    HotLabel5 = entry(u"HotLabel5", u"Chart"_s, 92, [this] { HotLabel5_Click(); });
-    HotLabel3 = entry(u"HotLabel3", u"Comment"_s, 144, [this] { HotLabel3_Click(); });
-    Label8 = Make_Label(u"Label8"_s, u"Print"_s, Text_Role::Quiet, {Right, 214, Right_Width, 22});
-    PrintIcon = entry(u"PrintIcon", u"Print out"_s, 238, [this] { PrintIcon_Click(); });
+    HotLabel7 = entry(u"HotLabel7", u"Summary"_s, {Left, 374, half, 36}, [this] { HotLabel7_Click(); });
+    HotLabel5 = entry(u"HotLabel5", u"Chart"_s, {second, 374, half, 36}, [this] { HotLabel5_Click(); });
+    HotLabel3 = entry(u"HotLabel3", u"Comment"_s, {Left, 416, half, 36}, [this] { HotLabel3_Click(); });
+    Label8 = Make_Label(u"Label8"_s, u"Print"_s, Text_Role::Quiet, {second, 416, 36, 36});
+    PrintIcon =
+        entry(u"PrintIcon", u"Print out"_s, {second + 38, 416, half - 38, 36}, [this] { PrintIcon_Click(); });
     Offer_Printing(false);
-    HotLabel1 = entry(u"HotLabel1", u"Menu"_s, 596, [this] { HotLabel1_Click(); });
+    HotLabel1 = entry(u"HotLabel1", u"Menu"_s, {Menu_Left, Last_Row, 140, 40}, [this] { HotLabel1_Click(); });
 }
 
 void Form30::Tell_Helps() {

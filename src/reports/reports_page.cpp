@@ -121,8 +121,9 @@ void Form30::Show_Progress_Width(int width) {
     constexpr int at_rest = 1;
     constexpr int one_frame_ms = 16; // painting more often than the screen shows it would only cost time
     Shape11->resize(width, Shape11->height());
+    Track->setVisible(width > at_rest);
     if (width > at_rest && strip_painted.isValid() && !strip_painted.hasExpired(one_frame_ms)) return;
-    if (width > at_rest) Shape11->repaint(); // the page is busy: nobody else paints it
+    if (width > at_rest) Track->repaint(); // the page is busy: nobody else paints it
     strip_painted.start();
 }
 

@@ -70,7 +70,7 @@ private:
     void Lay_Out_Tables(QLabel* heading);
     void Lay_Out_Key(const QPoint& corner);
     void Lay_Out_Left_Panel();
-    void Lay_Out_Right_Panel();
+    void Lay_Out_Commands();
     void Tell_Helps();
     void Draw_Scale(const QString& mode);
     void Change_Background(const QString& ground);
@@ -108,7 +108,7 @@ private:
     QLabel *Label16, *Label17; // the verdict on Pindo, and the age at that test
     shell::HotLabel* Label7;   // the help line, and the way back from a table
     QWidget *Key, *Time_Key;   // what the bars' colours mean; its second half is shown with the time bars
-    QFrame* Shape11;
+    QFrame *Shape11, *Track;   // seen only while the strip grows
     QElapsedTimer strip_painted;
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
     shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon;

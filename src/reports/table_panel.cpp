@@ -39,9 +39,8 @@ grid::fpSpread* Table_Panel::Make_Grid(const QString& name, const QString& descr
                                        int columns, int rows) {
     auto* made = new grid::fpSpread(name, columns, rows, qobject_cast<QWidget*>(parent()));
     made->setAccessibleName(described);
-    made->setAccessibleDescription(u"The first row has the headings."_s);
+    made->setAccessibleDescription(u"The headings stay above the rows."_s);
     made->setGeometry(place);
-    made->Set_Heading_Row(true);
     made->hide();
     return made;
 }
@@ -50,7 +49,7 @@ Table_Panel::Table_Panel(QLabel* heading, scoring::Scoring& scoring, const QPoin
     : QObject(frame), scoring(scoring), Label3(heading) {
     constexpr int summary_row = 39;
     constexpr int detail_row = 25;
-    const QRect place(corner, QSize(764, Chart_Height));
+    const QRect place(corner, Size);
     const QString answers = u"The pupil's answers, item by item"_s;
     fpSpread1 =
         Make_Grid(u"fpSpread1"_s, u"Summary of the pupil's performance in the tests"_s, place, 10, 10);
@@ -58,10 +57,12 @@ Table_Panel::Table_Panel(QLabel* heading, scoring::Scoring& scoring, const QPoin
     fpSpread2plus = Make_Grid(u"fpSpread2plus"_s, answers, place, 8, 32);
     Set_Widths(*fpSpread1, {112, 54, 68, 58, 66, 62, 72, 76, 96, 92});
     fpSpread1->verticalHeader()->setDefaultSectionSize(summary_row);
-    for (grid::fpSpread* detail : {fpSpread2, fpSpread2plus})
+    for (grid::fpSpread* detail : {fpSpread2, fpSpread2plus}) {
         detail->verticalHeader()->setDefaultSectionSize(detail_row);
+        detail->Set_Heading_Row(detail_row + 5);
+    }
     // The headings have two lines, and take what the other nine rows leave.
-    fpSpread1->verticalHeader()->resizeSection(0, Chart_Height - 4 - 9 * summary_row);
+    fpSpread1->Set_Heading_Row(Chart_Height - 4 - 9 * summary_row);
     for (grid::fpSpread* closing : {fpSpread1, fpSpread2})
         connect(closing, &grid::fpSpread::Double_Click, this, [this, closing] {
             closing->hide();

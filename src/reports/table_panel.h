@@ -4,6 +4,7 @@
 #include "platform/basics/value.h"
 #include "platform/desktop/ports.h"
 #include "platform/grid/spread.h"
+#include "reports/profile_bars.h"
 #include "reports/state/report_state.h"
 #include "scoring/scoring.h"
 
@@ -20,6 +21,7 @@ class Table_Panel final : public QObject {
     Q_OBJECT
 public:
     // heading stands above the tables; corner is where they stand on the frame.
+    static constexpr QSize Size{764, Chart_Height};
     Table_Panel(QLabel* heading, scoring::Scoring& scoring, const QPoint& corner, QWidget* frame);
 
     void Set_Heading(const QString& text);

@@ -2,12 +2,14 @@
 
 #include "conversion/refusal.h"
 #include "foundation/database_version.h"
+#include "foundation/database_words.h"
 #include "foundation/schema.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/files/kept_copies.h"
 #include "platform/desktop/wait_pointer.h"
+#include "shell/whereabouts.h"
 
 #include <QFileInfo>
 #include <QProgressBar>
@@ -68,8 +70,11 @@ void Form60::Lay_Out() {
     HotLabel5 = entry(u"HotLabel5"_s, u"Start a clean database (destructively)"_s, 1, 1,
                       [this] { HotLabel5_Click(); });
 
-    for (HotLabel* destructive : {HotLabel4, HotLabel5})
+    HotLabel2->Set_Weight(HotLabel::Weight::Primary);
+    for (HotLabel* destructive : {HotLabel4, HotLabel5}) {
         destructive->Set_Icon(u"caution"_s);
+        destructive->Set_Weight(HotLabel::Weight::Destructive);
+    }
 
     auto* progress = new QProgressBar(Frame1);
     progress->setObjectName(u"pbrProgressBar"_s);
@@ -142,8 +147,17 @@ desktop::File_Question Form60::File_Dialog(const QString& title, const QString& 
     return {title, u"MS Access 2000 (*.mdb)"_s, installation.Archive_Folder, file_name, u"mdb"_s};
 }
 
+// What is damaged is handed on all the same: its opening says what fails.
+static desktop::File_Words Tell_Of_File(const QString& file) {
+    const foundation::Known_File known = foundation::Know(basics::Native_Path(file));
+    return {foundation::In_Words(known), known.kind != foundation::Known_File::Kind::Foreign};
+}
+
 QString Form60::Chosen_Archive(const QString& title) {
-    const QString answer = platform.file_dialogs.Open_File(File_Dialog(title, No_Choice));
+    holder.Let_Go(); // the dialog looks into files
+    desktop::File_Question question = File_Dialog(title, No_Choice);
+    question.tell = Tell_Of_File;
+    const QString answer = platform.file_dialogs.Open_File(question);
     if (answer == No_Choice) return u""_s;
     return older_files.Is_One(basics::Native_Path(answer)) ? Converted_Copy(answer) : answer;
 }
@@ -237,6 +251,7 @@ void Form60::Save_As(const QString& file) {
         holder.Let_Go();
         copies.Copy(installation.Database_Path, file);
     }
+    Remember_Archive(installation, platform);
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"Your database has been archived as "_s + file);
 }

@@ -3,6 +3,7 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/wait_pointer.h"
 #include "shell/conventions/utilities.h"
+#include "shell/foot_line.h"
 
 #include <QGroupBox>
 #include <QLocale>
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-constexpr QSize Frame_Size{1000, 632};
+constexpr QSize Frame_Size{1000, 560};
 
 Form77::Form77(desktop::Platform& platform, Navigator& navigator, foundation::Installation& installation,
                Menu_Counts& counts)
@@ -22,19 +23,19 @@ Form77::Form77(desktop::Platform& platform, Navigator& navigator, foundation::In
 }
 
 void Form77::Lay_Out() {
-    Make_Label(u"Label1"_s, u"Main Menu"_s, Text_Role::Title, {40, 28, 500, 44});
-    Make_Label(u"Label2"_s, u"Administration Module"_s, Text_Role::Subtitle, {40, 74, 500, 24});
-    Label6 = Make_Label(u"Label6"_s, u""_s, Text_Role::Quiet, {700, 36, 260, 24});
+    Make_Label(u"Label1"_s, u"Main Menu"_s, Text_Role::Title, {40, 20, 500, 40});
+    Make_Label(u"Label2"_s, u"Administration Module"_s, Text_Role::Subtitle, {40, 60, 500, 24});
+    Label6 = Make_Label(u"Label6"_s, u""_s, Text_Role::Quiet, {700, 26, 260, 24});
     Label6->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Label5 = Make_Label(u"Label5"_s, u"Viewing Mode in use"_s, Text_Role::Badge, {760, 66, 200, 34});
+    Label5 = Make_Label(u"Label5"_s, u"Viewing Mode in use"_s, Text_Role::Badge, {760, 52, 200, 34});
     Label5->setAlignment(Qt::AlignCenter);
-    Label4 = Make_Label(u"Label4"_s, u""_s, Text_Role::Notice, {40, 334, 920, 36});
+    Label4 = Make_Label(u"Label4"_s, u""_s, Text_Role::Notice, {40, 304, 920, 34});
     Label4->hide();
 
     // Made column by column, as the Tab key goes by the order in which they are made.
     const auto entry = [this](const char16_t* name, const QString& caption, const QString& icon, int column,
                               int row, std::function<void()> click) {
-        const QRect place(40 + column * 312, 122 + row * 68, 296, 58);
+        const QRect place(40 + column * 312, 100 + row * 66, 296, 56);
         HotLabel* made =
             Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click), HotLabel::Look::Entry);
         made->Set_Icon(icon);
@@ -43,6 +44,7 @@ void Form77::Lay_Out() {
     const auto going_to = [this](Page_Id page) { return [this, page] { navigator.Go_To(page); }; };
     const auto on_top = [this](Page_Id page) { return [this, page] { navigator.Open_On_Top(page); }; };
     HotLabel1 = entry(u"HotLabel1", u"Reports"_s, u"reports"_s, 0, 0, going_to(Page_Id::Reports));
+    HotLabel1->Set_Weight(HotLabel::Weight::Primary);
     HotLabel7 =
         entry(u"HotLabel7", u"Testing progress"_s, u"progress"_s, 0, 1, on_top(Page_Id::Testing_Progress));
     HotLabel5 = entry(u"HotLabel5", u"Fine tuning"_s, u"tuning"_s, 0, 2, going_to(Page_Id::Fine_Tuning));
@@ -58,26 +60,28 @@ void Form77::Lay_Out() {
 
     auto* frame2 = new QGroupBox(u"Documentation"_s, Frame1);
     frame2->setObjectName(u"Frame2"_s);
-    frame2->setGeometry(40, 380, 608, 104);
+    frame2->setGeometry(40, 346, 608, 98);
     HotLabel11 = Make_HotLabel(
-        u"HotLabel11"_s, u"Teacher's Manual (htm)"_s, {16, 34, 280, 54}, [this] { HotLabel11_Click(); },
+        u"HotLabel11"_s, u"Teacher's Manual (htm)"_s, {16, 32, 280, 52}, [this] { HotLabel11_Click(); },
         HotLabel::Look::Entry, frame2);
     HotLabel12 = Make_HotLabel(
-        u"HotLabel12"_s, u"Software Guide (htm)"_s, {312, 34, 280, 54}, [this] { HotLabel12_Click(); },
+        u"HotLabel12"_s, u"Software Guide (htm)"_s, {312, 32, 280, 52}, [this] { HotLabel12_Click(); },
         HotLabel::Look::Entry, frame2);
     HotLabel13 = Make_HotLabel(
-        u"HotLabel13"_s, u"Quit"_s, {664, 414, 296, 54}, [this] { HotLabel13_Click(); },
+        u"HotLabel13"_s, u"Quit"_s, {664, 378, 296, 52}, [this] { HotLabel13_Click(); },
         HotLabel::Look::Entry);
     for (HotLabel* manual : {HotLabel11, HotLabel12})
         manual->Set_Icon(u"manual"_s);
     HotLabel13->Set_Icon(u"quit"_s);
+    Foot = new Foot_Line(u"Foot"_s, {40, Frame_Size.height() - 40, Frame_Size.width() - 80, 24}, Frame1);
 }
 
 void Form77::Tell_Helps() {
-    const auto [label, help] = Make_Help(u"Label3"_s, {40, 516, 920, 76});
+    const auto [label, help] = Make_Help(u"Label3"_s, {40, 454, 920, 52});
     Label3 = label;
     for (QLabel* told : {Label3, Label5})
         told->setFocusPolicy(Qt::TabFocus); // so that the keys reach what the help line has to tell of them
+    help->Tell(Foot, [this] { return u"Whose database is open, and where it lies. "_s + Foot->Whole(); });
     help->Clear_Over(this);
     help->Clear_Over(Frame1);
     help->Tell(Label3, [this] {
@@ -127,7 +131,10 @@ void Form77::Load() {
     Label6->setText(QLocale(QLocale::English, QLocale::UnitedKingdom)
                         .toString(platform.clock.Now().date(), u"dd/MM/yyyy"_s));
     Show_Mode_Of_Use();
-    Once_Painted(u"Timer1"_s, [this] { Timer1_Timer(); });
+    Once_Painted(u"Timer1"_s, [this] {
+        Timer1_Timer();
+        Tell_Whereabouts();
+    });
 }
 
 void Form77::Get_Student_Count() {
@@ -185,6 +192,12 @@ void Form77::Timer1_Timer() {
     Label4->setText(nobody ? u"Because no pupils are registered some menu options are disabled."_s : u""_s);
     Label4->setVisible(nobody);
     if (counts.Number_With_Results == 0) Disable({HotLabel1});
+}
+
+// Behind the greying, which is never kept waiting by it.
+void Form77::Tell_Whereabouts() {
+    const desktop::Wait_Pointer busy(platform.pointer);
+    Foot->Tell(Find_Whereabouts(installation, counts, platform));
 }
 
 void Form77::HotLabel11_Click() {

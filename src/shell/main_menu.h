@@ -7,6 +7,8 @@
 
 namespace shell {
 
+class Foot_Line;
+
 // The Main menu, to which every page returns. It counts the pupils anew at each load and offers only what
 // makes sense with these counts and in this mode of use.
 class Form77 final : public Page {
@@ -17,6 +19,7 @@ public:
 
     void Load() override;
     void Timer1_Timer(); // the greying, once the page has been painted
+    void Tell_Whereabouts();
     void Get_Student_Count();
     void Count_Pupils_With_Results(); // leaves the count as it was if it fails
     void Show_Mode_Of_Use();
@@ -40,6 +43,7 @@ private:
     HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7, *HotLabel8,
         *HotLabel11, *HotLabel12, *HotLabel13, *HotLabel14;
     QLabel *Label3, *Label4, *Label5, *Label6;
+    Foot_Line* Foot;
 };
 
 } // namespace shell

@@ -42,6 +42,7 @@ void Form20::Lay_Out() {
     HotLabel2 = Make_HotLabel(
         u"HotLabel2"_s, u"Change password"_s, {Left, 196, Whole_Width / 2 - 8, 56},
         [this] { HotLabel2_Click(); }, HotLabel::Look::Entry);
+    HotLabel2->Set_Weight(HotLabel::Weight::Primary);
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 204, 140, 40},
                               [this] { HotLabel1_Click(); });
 }

@@ -12,15 +12,15 @@ using namespace Qt::StringLiterals;
 namespace shell {
 namespace {
 
-constexpr QSize Frame_Size{1240, 664};
-constexpr int Left = 24;
-constexpr int Whole_Width = 1192;
+constexpr QSize Frame_Size{1080, 560};
+constexpr int Left = 16;
+constexpr int Whole_Width = 1048;
 constexpr int Waiting_Time = 45; // seconds: other workstations are testing while the chart is looked at
 
 struct Progress_Column {
     QString heading;
     QString status; // column of the pupils' table; none for what says who the pupil is
-    int width;      // pixels
+    int width;      // pixels on paper; an eighth less on screen
 };
 
 const QList<Progress_Column>& Columns() {
@@ -72,32 +72,35 @@ Form14::Form14(desktop::Platform& platform, Navigator& navigator,
 
 void Form14::Lay_Out() {
     Make_Label(u"Label4"_s, u"Testing progress for all registered individuals"_s, Text_Role::Title,
-               {Left, 16, 760, 44});
-    QLabel* label3 = Make_Label(u"Label3"_s, u"Number of students:"_s, Text_Role::Quiet, {Left, 66, 140, 24});
+               {Left, 16, 760, 38});
+    QLabel* label3 = Make_Label(u"Label3"_s, u"Number of students:"_s, Text_Role::Quiet, {Left, 58, 140, 24});
     Label5 =
-        Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {label3->geometry().right() + 8, 66, 400, 24});
+        Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {label3->geometry().right() + 8, 58, 400, 24});
 
     Spread1 = new grid::fpSpread(u"Spread1"_s, static_cast<int>(Columns().size()),
                                  grid::fpSpread::Rows_As_Written, Frame1);
     Spread1->setAccessibleName(windowTitle());
     Spread1->setAccessibleDescription(u"One row for each pupil, one column for each test."_s);
-    Spread1->setGeometry(Left, 100, Whole_Width, 488);
+    Spread1->setGeometry(Left, 88, Whole_Width, 402);
     Spread1->verticalHeader()->setDefaultSectionSize(28);
     Spread1->setWordWrap(false); // a row is one line high: what doesn't fit ends in an ellipsis
     int column = 0;
-    for (const Progress_Column& told : Columns())
+    for (const Progress_Column& told : Columns()) {
         Spread1->Set_ColWidth(++column, told.width);
+        Spread1->Narrow_On_Screen(column, told.width * 7 / 8);
+    }
     Spread1->Set_Left_Aligned(Names_Column);
-    Spread1->Set_Look(Done(), {colours::Hover_Ground, colours::Accent_Dark, true});
+    Spread1->Set_Look(Done(), {Colours_In_Force().Hover_Ground, Colours_In_Force().Accent_Text, true});
 
-    constexpr QSize button{150, 42};
-    constexpr int top = 604;
+    constexpr QSize button{140, 40};
+    constexpr int top = 504;
     HotLabel* print = Make_HotLabel(u"HotLabel2"_s, u"Print out"_s,
                                     {QPoint(Left + Whole_Width - 2 * button.width() - 12, top), button},
                                     [this] { HotLabel2_Click(); });
     HotLabel* menu =
         Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {QPoint(Left + Whole_Width - button.width(), top), button},
                       [this] { HotLabel1_Click(); });
+    print->Set_Weight(HotLabel::Weight::Primary);
     // Without a help line nothing else describes them to a screen reader.
     print->setAccessibleDescription(u"Prints the chart."_s);
     menu->setAccessibleDescription(u"Return to Main Menu"_s);

@@ -2,10 +2,12 @@
 
 #include "app/running_program.h"
 #include "shell/conventions/click_combo.h"
-#include "shell/conventions/theme.h"
 #include "support/files.h"
 
+#include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -34,8 +36,15 @@ public:
     Tour(int pupils, const Look_At& look) : school(pupils), look(look) { school.Start(); }
 
     void Show(const QString& state) {
+        Name_One_Folder();
         QApplication::processEvents();
         look(state, school.program.Window());
+    }
+    // The folder is another one in each run.
+    void Name_One_Folder() {
+        static const QRegularExpression folder(QRegularExpression::escape(QDir::tempPath()) + u"/[^/]+"_s);
+        if (auto* foot = school.Page().findChild<QLabel*>(u"Foot"_s))
+            foot->setText(foot->accessibleName().replace(folder, u"/srv/mevo"_s));
     }
     void Click_All(const QStringList& names) {
         for (const QString& name : names)
@@ -154,8 +163,8 @@ void Archive_In_View(Tour& tour) {
 
 } // namespace
 
-void Go_Through_All_Pages(const Look_At& look) {
-    shell::Apply_Theme(*qApp);
+void Go_Through_All_Pages(const Look_At& look, shell::Scheme scheme) {
+    shell::Apply_Theme(*qApp, scheme);
     {
         Tour empty(0, look);
         empty.Show(u"main_menu_no_pupils"_s);

@@ -107,7 +107,7 @@ void Expect_Focus_Shows(QWidget& surface) {
         if (QApplication::focusWidget() != stop) continue;
         const QRect place(stop->mapTo(&surface, QPoint(0, 0)), stop->size());
         const QImage seen = surface.grab(place).toImage();
-        EXPECT_GE(Pixels_Of(seen, shell::colours::Focus), place.width() + place.height())
+        EXPECT_GE(Pixels_Of(seen, shell::Colours_In_Force().Focus), place.width() + place.height())
             << Name_Of(stop).toStdString() << " doesn't show that it has the focus";
     }
 }
@@ -134,6 +134,7 @@ void Expect_Same_Help(QWidget& surface) {
         const QString to_pointer = told([&] { Point_At(*stop); });
         surface.setFocus();
         const QString to_keys = told([&] { stop->setFocus(Qt::TabFocusReason); });
+        EXPECT_LE(line->heightForWidth(line->width()), line->height()) << Name_Of(stop).toStdString();
         if (to_pointer.isEmpty()) continue;
         EXPECT_EQ(described.replace(u'\r', u'\n'), to_pointer) << Name_Of(stop).toStdString();
         EXPECT_EQ(to_keys, to_pointer) << Name_Of(stop).toStdString();
@@ -153,6 +154,22 @@ void Expect_Room(QWidget& surface) {
             EXPECT_FALSE(other != label && other->parent() == label->parent() &&
                          other->geometry().intersects(label->geometry()))
                 << Name_Of(label).toStdString() << " and " << Name_Of(other).toStdString();
+    }
+}
+
+// A school's laptop shows 1092 by 535 pixels of a page, so that no more than an empty rim may be lost there.
+void Expect_In_Frame(const QWidget& surface) {
+    constexpr QSize largest(1080, 560);
+    constexpr int rim = 16;
+    for (const auto* frame : surface.findChildren<QFrame*>(u"Frame1"_s)) {
+        EXPECT_EQ(frame->size().boundedTo(largest), frame->size());
+        const QRect inside = frame->rect().adjusted(rim, rim, -rim, -rim);
+        for (const auto* control : frame->findChildren<QWidget*>()) {
+            if (!control->isVisible() || control->size().isEmpty()) continue;
+            const QRect place = control->visibleRegion().boundingRect();
+            EXPECT_TRUE(inside.contains(place.translated(control->mapTo(frame, QPoint(0, 0)))))
+                << Name_Of(control).toStdString();
+        }
     }
 }
 
@@ -209,9 +226,19 @@ TEST(Every_Page, CanBeUsedWithoutAMouseAndWithoutSight) {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&surface));
         Expect_Told(*QAccessible::queryAccessibleInterface(&surface));
         Expect_Room(surface);
+        Expect_In_Frame(surface);
         Expect_Readable(surface);
         Expect_Focus_Shows(surface);
         Expect_Same_Help(surface);
         Expect_Tab_Goes_Round(surface);
     });
+}
+
+TEST(Every_Page, CanBeReadOnADarkGround) {
+    Go_Through_All_Pages(
+        [](const QString& state, QWidget& surface) {
+            SCOPED_TRACE(state.toStdString());
+            Expect_Readable(surface);
+        },
+        shell::Scheme::Dark);
 }

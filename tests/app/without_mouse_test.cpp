@@ -8,6 +8,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
@@ -226,6 +227,7 @@ public:
         EXPECT_TRUE(QFile::exists(archive));
         Tab_And_Press(u"HotLabel3"_s);
         EXPECT_TRUE(program.Installed().Viewing_Mode);
+        EXPECT_TRUE(outside.file_dialogs.told.last().endsWith(u"Version 5.1."_s));
         Tab_And_Press(u"HotLabel6"_s);
         EXPECT_FALSE(program.Installed().Viewing_Mode);
     }
@@ -300,6 +302,8 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
     Change_The_Password();
     EXPECT_EQ(Focused(), u"HotLabel6"_s);
     EXPECT_EQ(program.Window().findChildren<shell::Page*>().size(), 1) << "pages left behind";
+    Tab_To(u"Foot"_s);
+    EXPECT_TRUE(Caption(Page(), u"Label3"_s).endsWith(QDir::toNativeSeparators(sample.Folder())));
     Tab_To(u"HotLabel13"_s);
     Expect_Quit_At(Qt::Key_Return);
     ASSERT_EQ(outside.processes.started.size(), 1);

@@ -11,6 +11,10 @@
 #include <string>
 #include <thread>
 #include <vector>
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
 
 using namespace conversion::jet_stream;
 using jet_reader::Stream;
@@ -178,6 +182,9 @@ const std::map<std::string, Way> Ways = {
 } // namespace
 
 int main() {
+#ifdef _WIN32
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
     const char* way = std::getenv("MEVO_ODD_READER");
     Stream stream;
     Ways.at(way ? way : "")(stream);

@@ -70,6 +70,11 @@ TEST_F(Start_Up, AMissingKeyLooksLikeAShareWithoutATemplate) {
         "\r"
         "To avoid this message and use the default path please edit the file \r"
         "C:\\Mevo\\Product.ini so there is nothing after the equals sign in 'database='"_s);
+    EXPECT_FALSE(installation.Share_Is_Away) << "none is named";
+    Share(u"\\\\server\\away"_s);
+    outside.boxes.Will_Answer(Answer::Ok);
+    EXPECT_EQ(Read(), u"BLANK"_s);
+    EXPECT_TRUE(installation.Share_Is_Away);
 }
 
 TEST_F(Start_Up, AnErrorInTheIniIsToldAndStartUpGoesOn) {

@@ -286,6 +286,8 @@ TEST_F(Grid, AListBreaksBehindItsCommasAndIsWholeInItsTip) {
     EXPECT_GE(grid.rowHeight(0), 3 * grid.fontMetrics().height());
     const QStringList lines = Texts_On(Lay_Out_Sheets(grid.Printed())[0]);
     EXPECT_EQ(grid.Printed().columns.size(), 1u);
+    grid.Narrow_On_Screen(1, 60);
+    EXPECT_EQ(grid.Printed().columns[0].width, 90);
     EXPECT_EQ(lines.join(QString()), list);
     EXPECT_EQ(lines.filter(QRegularExpression(u",$"_s)).size(), lines.size() - 1);
     QHelpEvent pointed(QEvent::ToolTip, grid.visualItemRect(grid.item(0, 0)).center(), {});

@@ -1,7 +1,10 @@
 #include "platform/desktop/qt_platform.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -73,7 +76,7 @@ TEST(File_Dialogs, WhatIsntTakenIsToldAndTheDialogStays) {
     QFile taken(folder.filePath(u"taken.mdb"_s));
     ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
     const auto why_not = [&taken](const QString& file) {
-        return file == taken.fileName() ? u"It is taken."_s : QString();
+        return file == QDir::toNativeSeparators(taken.fileName()) ? u"It is taken."_s : QString();
     };
     QStringList told;
     const auto saved_as = [&](const QString& name) {
@@ -96,7 +99,39 @@ TEST(File_Dialogs, WhatIsntTakenIsToldAndTheDialogStays) {
     };
     EXPECT_EQ(saved_as(u"taken"_s), QString());
     EXPECT_EQ(told, QStringList{u"It is taken."_s});
-    EXPECT_EQ(saved_as(u"free"_s), folder.filePath(u"free.mdb"_s));
+    EXPECT_EQ(saved_as(u"free"_s), QDir::toNativeSeparators(folder.filePath(u"free.mdb"_s)));
+}
+
+TEST(File_Dialogs, WhatTheChosenFileIsStandsInTheDialog) {
+    Qt_Platform platform;
+    const QTemporaryDir folder;
+    const QStringList names{u"foreign.mdb"_s, u"ours.mdb"_s};
+    for (const QString& name : names)
+        ASSERT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+    File_Question question{u"Open"_s, u"All (*.mdb)"_s, folder.path(), u"*.mdb"_s, u"mdb"_s};
+    question.tell = [](const QString& file) {
+        return File_Words{u"It is "_s + QFileInfo(file).fileName(), !file.contains(u"foreign"_s)};
+    };
+    QStringList told;
+    for (const QString& name : names) {
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            dialog->findChild<QLineEdit*>()->setText(name);
+            auto* words = dialog->findChild<QLabel*>(u"File_Words"_s);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return words->text() == u"It is "_s + name; }));
+            QTimer::singleShot(0, dialog, [&told] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                if (!box) return;
+                told.append(box->text());
+                box->accept();
+            });
+            QMetaObject::invokeMethod(dialog, "accept");
+            if (dialog->isVisible()) dialog->reject();
+        });
+        const QString given = platform.Ports().file_dialogs.Open_File(question);
+        EXPECT_EQ(given, name == names.last() ? QDir::toNativeSeparators(folder.filePath(name)) : QString());
+    }
+    EXPECT_EQ(told, QStringList{u"It is foreign.mdb"_s});
 }
 
 } // namespace desktop

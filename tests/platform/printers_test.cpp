@@ -2,6 +2,7 @@
 #include "platform/desktop/qt_printers.h"
 #include "platform/grid/grid_printing.h"
 #include "support/error_number.h"
+#include "support/on_windows.h"
 #include "support/printing.h"
 #include "support/told_by.h"
 
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using test_support::On_Windows;
 using test_support::Told_By;
 
 namespace {
@@ -39,6 +41,7 @@ protected:
 } // namespace
 
 TEST_F(Pdf, IsVectorA4WithItsFontsAndFindableWords) {
+    if (On_Windows) GTEST_SKIP() << "no other program reads a PDF there";
     const QString file = File(u"two.pdf"_s);
     desktop::Write_Pdf(Two_Sheets(), file);
     EXPECT_EQ(Files(), QStringList{u"two.pdf"_s});
@@ -110,6 +113,6 @@ TEST_F(Pdf, StandsInWhereNoPrinterIsSetUp) {
     for (const QString& file : {first, second}) {
         EXPECT_EQ(QFileInfo(file).absolutePath(), File(u"Archives"_s));
         EXPECT_TRUE(QFileInfo(file).fileName().startsWith(u"Blik's_ a_b "_s)) << file.toStdString();
-        EXPECT_TRUE(Told_By(u"pdfinfo"_s, {file}).contains(u"(A4)"_s));
+        EXPECT_TRUE(On_Windows || Told_By(u"pdfinfo"_s, {file}).contains(u"(A4)"_s));
     }
 }

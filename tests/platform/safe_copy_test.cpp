@@ -4,6 +4,7 @@
 #include "platform/database/engine_errors.h"
 #include "support/error_number.h"
 #include "support/files.h"
+#include "support/on_windows.h"
 #include "support/other_workstation.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
@@ -118,7 +119,8 @@ TEST_F(Safe_Copy, NoCopyIsTornWhileAWriterIsAtWork) {
     writer.Rename_All_For_Ever();
     copies.timeout_seconds = 15;
     QSet<QString> rounds;
-    for (int copy = 0; copy < 12; ++copy) {
+    const int times = On_Windows ? 5 : 12; // waits for its turn longer there
+    for (int copy = 0; copy < times; ++copy) {
         copies.Copy(school.Path(), Archive(u"%1.mdb"_s.arg(copy)));
         const Database_Beside archive(Archive(u"%1.mdb"_s.arg(copy)));
         EXPECT_EQ(archive.Value(u"SELECT count(DISTINCT Surname) FROM Mevo_Pupils"_s), u"1"_s);
@@ -150,7 +152,8 @@ TEST_F(Safe_Copy, WhatCantBeDoneHasItsNumber) {
         {working.Path(), working.Folder() + u"/archives"_s, basics::errors::Permission_Denied, "a folder"},
         {working.Folder(), Archive(), errors::Engine_Failure, "from a folder"},
         {working.Path(), working.Folder() + u"/nowhere/a.mdb"_s, basics::errors::Path_Not_Found, "no folder"},
-        {working.Path(), Archive(u"x/"_s.repeated(300)), basics::errors::Device_Error,
+        {working.Path(), Archive(u"x/"_s.repeated(300)),
+         On_Windows ? basics::errors::Path_Not_Found : basics::errors::Device_Error,
          "too long for the engine"},
     };
     const QByteArray before = Bytes_Of(working.Path());
@@ -307,6 +310,7 @@ TEST_F(Safe_Copy, WhatAnEndedProcessLeftIsRemovedAfterADay) {
 // ---- who may use what is made
 
 TEST_F(Safe_Copy, WhatReplacesOrIsMadeBesideIsForTheSamePeople) {
+    if (On_Windows) GTEST_SKIP() << "a file has its rights from its folder";
     constexpr auto theirs =
         QFileDevice::Permissions(0x6660); // an account's new files are for itself and to read
     for (const QString& place : {working.Path(), working.Folder() + u"/archives"_s})

@@ -4,6 +4,7 @@
 #include "reports/reports_page_fixture.h"
 #include "support/command_line.h"
 #include "support/files.h"
+#include "support/on_windows.h"
 #include "support/told_by.h"
 
 #include <QDir>
@@ -38,6 +39,7 @@ protected:
 
 // The words on the sheet are those that the program's own pages show for the pupil.
 TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
+    if (On_Windows) GTEST_SKIP() << "no other program reads a PDF there";
     const QString code = Code_Where(u"Tolvens = 1 AND BliksFriends = 1 AND Yoon = 1 AND Drell = 1"_s);
     Set(code, u"Comment = 'Élan & care'"_s);
     outside.clock.now = QDateTime::currentDateTime();
@@ -65,6 +67,7 @@ TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
 }
 
 TEST_F(Print_Tool, TheOptionsReachTheSheets) {
+    if (On_Windows) GTEST_SKIP() << "no other program reads a PDF there";
     const QString code = Code_Where(u"Yoon = 1"_s);
     EXPECT_EQ(Print(Batch({u"--label"_s, u"id"_s})).status, 0);
     EXPECT_TRUE(Told_By(u"pdftotext"_s, {Pdf(), u"-"_s}).contains(u"Mevo ID: "_s + code));
@@ -136,7 +139,7 @@ TEST_F(Print_Tool, ASurnameWithADividerIsNamed) {
 // The program itself, where no window system is.
 TEST_F(Print_Tool, RunsWithoutADisplayAndSaysNothingElse) {
     QProcessEnvironment bare;
-    for (const QString& kept : {u"PATH"_s, u"HOME"_s, u"LD_LIBRARY_PATH"_s})
+    for (const QString& kept : {u"PATH"_s, u"HOME"_s, u"LD_LIBRARY_PATH"_s, u"SystemRoot"_s})
         bare.insert(kept, QProcessEnvironment::systemEnvironment().value(kept));
     const std::pair<QStringList, int> cases[] = {{Individual({Code_Where(u"Yoon = 1"_s)}), 0},
                                                  {Individual({u"NOBODY"_s}), 2}};
@@ -149,7 +152,7 @@ TEST_F(Print_Tool, RunsWithoutADisplayAndSaysNothingElse) {
         EXPECT_EQ(outcome.errors.size(), status == 0 ? 0 : 1) << outcome.errors.join(u'\n').toStdString();
         EXPECT_EQ(outcome.output, u""_s);
     }
-    EXPECT_TRUE(Told_By(u"pdfinfo"_s, {Pdf()}).contains(QRegularExpression(u"Pages: +1\n"_s)));
+    EXPECT_TRUE(On_Windows || Told_By(u"pdfinfo"_s, {Pdf()}).contains(QRegularExpression(u"Pages: +1\n"_s)));
     const Outcome help = Print({u"--help"_s});
     EXPECT_TRUE(help.status == 0 && help.errors.isEmpty() && help.output.contains(u"--time-bars"_s));
 }

@@ -15,6 +15,11 @@
 #include <QRandomGenerator>
 #include <iostream>
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 using namespace Qt::StringLiterals;
 using namespace test_support;
 using desktop::Answer;
@@ -124,6 +129,9 @@ static int Act(const QString& name, const QString& folder) {
 }
 
 int main(int argc, char** argv) {
+#ifdef _WIN32
+    _setmode(_fileno(stdout), _O_BINARY); // who reads it may be a program of another system
+#endif
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();

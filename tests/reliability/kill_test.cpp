@@ -1,5 +1,6 @@
 // Acts of the administration that are killed at a random moment while a test player writes: thirty, or as
-// many as MEVO_KILLS says.
+// many as MEVO_KILLS says. MEVO_OTHER_ACTING_PROGRAM names the program of another system that is to act
+// instead.
 
 #include "foundation/database_version.h"
 #include "foundation/schema.h"
@@ -91,7 +92,8 @@ public:
         while (player.Is_Playing() && player.Committed().isEmpty())
             QThread::msleep(2);
         QProcess process;
-        process.start(QStringLiteral(MEVO_ACTING_PROGRAM), {act, folder.path()});
+        process.start(Program_Of_Another_System("MEVO_OTHER_ACTING_PROGRAM", MEVO_ACTING_PROGRAM),
+                      {act, folder.path()});
         while (!output.contains("ready\n") && process.waitForReadyRead(longest_wait_ms))
             output += process.readAll();
         QElapsedTimer since;

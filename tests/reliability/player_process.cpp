@@ -12,13 +12,17 @@ int Number_From_Environment(const char* name, int otherwise) {
     return is_number && number > 0 ? number : otherwise;
 }
 
+QString Program_Of_Another_System(const char* variable, const char* own) {
+    return qEnvironmentVariable(variable, QString::fromUtf8(own));
+}
+
 Player_Process::Player_Process(const QString& database, const QStringList& codes, int rate,
-                               const QString& journal)
+                               const QString& journal, const QString& program)
     : codes(codes), journal(journal) {
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral(MEVO_TESTPLAYER), QStringList{database, u"--rate"_s, QString::number(rate),
-                                                               u"--journal"_s, journal, u"--code"_s} +
-                                                       codes);
+    process.start(program, QStringList{database, u"--rate"_s, QString::number(rate), u"--journal"_s, journal,
+                                       u"--code"_s} +
+                               codes);
     if (!process.waitForStarted()) throw std::runtime_error("the test player doesn't start");
 }
 
@@ -30,7 +34,8 @@ Player_Process::~Player_Process() {
 
 void Player_Process::Stop() {
     constexpr int longest_wait_ms = 20'000;
-    process.terminate();
+    process.closeWriteChannel(); // which ends one of another system, where a signal would tear it down
+    if (process.program() == QStringLiteral(MEVO_TESTPLAYER)) process.terminate();
     if (!process.waitForFinished(longest_wait_ms)) throw std::runtime_error("the test player doesn't stop");
 }
 

@@ -11,10 +11,14 @@ namespace test_support {
 // A number from the environment, for runs of another length.
 int Number_From_Environment(const char* name, int otherwise);
 
+// The program that the variable names, for a trial of two systems on one file; without it `own`.
+QString Program_Of_Another_System(const char* variable, const char* own);
+
 // A test player at work in a process of its own, with a log of what it committed.
 class Player_Process {
 public:
-    Player_Process(const QString& database, const QStringList& codes, int rate, const QString& journal);
+    Player_Process(const QString& database, const QStringList& codes, int rate, const QString& journal,
+                   const QString& program = QStringLiteral(MEVO_TESTPLAYER));
     ~Player_Process();
     Player_Process(const Player_Process&) = delete;
     Player_Process& operator=(const Player_Process&) = delete;

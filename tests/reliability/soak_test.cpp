@@ -1,5 +1,6 @@
 // Three test players at work on one file, and the administration beside them, each of its acts in a process
-// of its own, for fifteen seconds or MEVO_SOAK_SECONDS.
+// of its own, for fifteen seconds or MEVO_SOAK_SECONDS. Every second player is MEVO_OTHER_TESTPLAYER and
+// every second act is done by MEVO_OTHER_ACTING_PROGRAM where these are set: programs of another system.
 
 #include "foundation/schema.h"
 #include "reliability/player_process.h"
@@ -22,6 +23,7 @@ constexpr int Players = 3;
 constexpr int School = 480; // enough that each of a full run's answers is the only one in its place
 constexpr int Rows_A_Second = 10;
 constexpr int Newcomers = 14;
+constexpr int Acts_A_Round = 4;
 constexpr int Deleted_At_Once = 15; // by the acting program, the first by name
 
 struct Archive_Made {
@@ -49,7 +51,9 @@ protected:
         for (int player = 0; player < Players; ++player)
             players.push_back(std::make_unique<Player_Process>(
                 school.Path(), codes.mid(player * School / Players, School / Players), Rows_A_Second,
-                school.Folder() + u"/journal %1"_s.arg(player)));
+                school.Folder() + u"/journal %1"_s.arg(player),
+                player % 2 == 1 ? Program_Of_Another_System("MEVO_OTHER_TESTPLAYER", MEVO_TESTPLAYER)
+                                : QStringLiteral(MEVO_TESTPLAYER)));
     }
     std::array<qsizetype, Players> Rows_Logged() const {
         std::array<qsizetype, Players> rows{};
@@ -61,7 +65,12 @@ protected:
     void Act(const QString& name) {
         constexpr int longest_wait_ms = 60'000;
         QProcess process;
-        process.start(QStringLiteral(MEVO_ACTING_PROGRAM), {name, school.Folder()});
+        const bool others_turn =
+            (acts + acts / Acts_A_Round) % 2 == 1; // so that each kind of act falls to both
+        process.start(others_turn
+                          ? Program_Of_Another_System("MEVO_OTHER_ACTING_PROGRAM", MEVO_ACTING_PROGRAM)
+                          : QStringLiteral(MEVO_ACTING_PROGRAM),
+                      {name, school.Folder()});
         ASSERT_TRUE(process.waitForFinished(longest_wait_ms)) << name.toStdString();
         const QByteArray told = process.readAll();
         ASSERT_TRUE(told.endsWith("done\n")) << name.toStdString() << ": " << told.toStdString();

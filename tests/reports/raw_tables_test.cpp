@@ -55,7 +55,10 @@ TEST_F(Raw_Tables, TheTotalsStandBelowTheItemsOfThatAge) {
             EXPECT_EQ(At(label_column, items + 6, sheet), u"Popul'n SD"_s);
             EXPECT_TRUE(At(2, items + 5, sheet).startsWith(u"Paused:"_s));
             EXPECT_TRUE(Shown(*page, sheet));
-            EXPECT_EQ(Control<grid::fpSpread>(*page, sheet).horizontalHeader()->length(), 744);
+            const auto& table = Control<grid::fpSpread>(*page, sheet);
+            EXPECT_EQ(table.horizontalHeader()->length(), 744);
+            EXPECT_TRUE(table.isRowHidden(0) && !table.horizontalHeader()->isHidden()); // stays on top
+            EXPECT_EQ(table.Text(1, 0), table.Text(1, 1));
             EXPECT_FALSE(Shown(*page, u"Picture2"_s));
         }
     }

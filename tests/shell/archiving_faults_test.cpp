@@ -26,6 +26,7 @@ QList<Hostile_File> What_A_Load_Must_Find(const QByteArray& sound, int page_of_n
 
 class Hostile_Files : public Archiving {
 protected:
+    Hostile_Files() { outside.file_dialogs.changes_what_was_chosen = true; }
     // Named after what is wrong with them; with two that no database program has made.
     QStringList Made(const QList<Hostile_File>& hostile_files) {
         const QString place = archive.Folder() + u"/hostile, %1.mdb"_s;

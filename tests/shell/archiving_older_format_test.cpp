@@ -80,7 +80,8 @@ TEST_F(Older_Archive, AnEarlierCopyIsNotOverwritten) {
     Write_Bytes(copy, "something of the user's");
     Open();
     Load(file, {Answer::Yes, Answer::Yes, Answer::Ok});
-    EXPECT_TRUE(Last_Box().text.endsWith(u"The target "_s + copy + u" is there already."_s));
+    EXPECT_TRUE(Last_Box().text.endsWith(u"The target "_s + QDir::toNativeSeparators(copy) +
+                                         u" is there already."_s));
     EXPECT_EQ(Bytes_Of(copy), "something of the user's");
     EXPECT_EQ(Working(Count), u"12"_s);
 }

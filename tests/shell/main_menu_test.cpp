@@ -1,7 +1,11 @@
 #include "shell/main_menu.h"
 
 #include "platform/basics/run_time_error.h"
+#include "shell/whereabouts.h"
+#include "support/narrow_places.h"
 #include "support/page_fixture.h"
+
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 using namespace shell;
@@ -26,6 +30,11 @@ protected:
             if (!entry->isEnabled()) greyed.append(entry->Caption());
         greyed.sort();
         return greyed;
+    }
+
+    QString Foot() {
+        menu->Tell_Whereabouts();
+        return Control<QLabel>(*menu, u"Foot"_s).accessibleName();
     }
 
     Menu_Counts counts;
@@ -132,4 +141,68 @@ TEST_F(Main_Menu, ManualsOpenInTheirOwnFolderOrFailAsTold) {
     }
     outside.documents.result = -5; // negative is success
     EXPECT_NO_THROW(menu->HotLabel12_Click());
+}
+
+TEST_F(Main_Menu, TheFootTellsWhereOneIsAndWhatMayGoWrong) {
+    Open();
+    installation.Archive_Folder = sample.Folder();
+    const QString where =
+        u"Hillside Primary School \u00b7 %1 \u00b7 "_s + QDir::toNativeSeparators(sample.Folder());
+    EXPECT_EQ(Foot(), where.arg(u"not archived yet"_s));
+    EXPECT_TRUE(QFile::copy(sample.Path(), sample.Folder() + u"/Mevo05_100626_0932.mdb"_s));
+    const QString told = where.arg(u"last archived 5 days ago"_s);
+    EXPECT_EQ(Foot(), told) << "the day in its name, and not the copy's own";
+    Remember_Archive(installation, outside.platform);
+    EXPECT_EQ(Foot(), where.arg(u"last archived today"_s));
+    outside.settings.kept.clear();
+
+    const std::pair<int, QString> numbers[] = {
+        {1900, u""_s},
+        {1901, u"1901 pupils: the batch report ends at 2000 \u00b7 "_s},
+        {2400, u"2400 pupils: the batch report ends at 2000 \u00b7 "_s},
+        {2401, u"2401 pupils: the lists end at 2500, and the batch report at 2000 \u00b7 "_s}};
+    for (const auto& [pupils, warning] : numbers) {
+        counts.Number_Of_Students = pupils;
+        EXPECT_EQ(Foot(), warning + told);
+    }
+    sample.Run(u"DELETE FROM Mevo_Groups"_s);
+    const QString groups =
+        u"INSERT INTO Mevo_Groups (Group_Name) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) SELECT 'Oak' FROM n"_s;
+    sample.Run(groups.arg(95));
+    counts.Number_Of_Students = 12;
+    EXPECT_EQ(Foot(), told);
+    sample.Run(groups.arg(1));
+    installation.Share_Is_Away = true;
+    installation.Current_Database_Path = sample.Folder() + u"/Mevo05_100626_0932.mdb"_s;
+    installation.Connection_String = foundation::Connection_String_For(installation.Current_Database_Path);
+    EXPECT_TRUE(Foot().startsWith(
+        u"This is not the share named in the settings \u00b7 an archive is in view \u00b7 Hillside"_s));
+    EXPECT_TRUE(Foot().endsWith(QDir::toNativeSeparators(installation.Current_Database_Path)));
+    installation = sample.Installed();
+    EXPECT_TRUE(Foot().startsWith(u"96 groups: the lists end at 100 \u00b7 "_s));
+    sample.Move_Away();
+    EXPECT_EQ(Foot(), u""_s);
+}
+
+TEST_F(Main_Menu, TheFootWarnsWhereNothingCanBeStored) {
+    QFile::setPermissions(sample.Folder(), QFileDevice::Permissions(0x5555));
+    QString told;
+    {
+        const Plain_Account account;
+        if (!account.Is_There()) GTEST_SKIP() << "no account that files' rights bind";
+        Open();
+        told = Foot();
+    }
+    QFile::setPermissions(sample.Folder(), QFileDevice::Permissions(0x7777));
+    EXPECT_TRUE(told.startsWith(u"Can't be written here: nothing that you enter will be stored \u00b7 "_s));
+}
+
+TEST(Whereabouts, AnArchivesAgeIsToldInWords) {
+    const QDate today(2026, 6, 15);
+    const std::pair<int, QString> cases[] = {
+        {-3, u"today"_s},        {0, u"today"_s},           {1, u"yesterday"_s},
+        {13, u"13 days ago"_s},  {14, u"2 weeks ago"_s},    {59, u"8 weeks ago"_s},
+        {60, u"2 months ago"_s}, {364, u"12 months ago"_s}, {365, u"more than a year ago"_s}};
+    for (const auto& [days, words] : cases)
+        EXPECT_EQ(Age_In_Words(today.addDays(-days), today), u"last archived "_s + words);
 }

@@ -1,6 +1,9 @@
 #include "shell/conventions/page_host.h"
 
+#include "platform/database/connection.h"
 #include "support/controls.h"
+#include "support/other_workstation.h"
+#include "support/sample_file.h"
 #include "support/scripted_platform.h"
 
 #include <QAccessible>
@@ -63,9 +66,11 @@ protected:
     }
     QStringList diary;
     Scripted_Platform outside;
-    Page_Host host{outside.platform, [this](Page_Id id, Navigator& navigator) {
+    Page_Host host{outside.platform,
+                   [this](Page_Id id, Navigator& navigator) {
                        return std::make_unique<Marked_Page>(outside.platform, navigator, id, diary);
-                   }};
+                   },
+                   [] { return u"Hillside\nPrimary"_s; }};
 };
 
 } // namespace
@@ -123,10 +128,46 @@ TEST_F(Host, TheSecondHalfOfADoubleClickIsForThePageOfItsFirst) {
 
 TEST_F(Host, TheWindowBearsThePagesCaptionAndItsCloseMarkLeavesThePage) {
     Show(Page_Id::Batch_Report);
-    EXPECT_EQ(host.windowTitle(), u"Mevo"_s);
+    EXPECT_EQ(host.windowTitle(), u"Mevo - Hillside Primary"_s);
     EXPECT_FALSE(host.close());
     Wait_For(u"timer 4"_s);
     EXPECT_EQ(host.windowTitle(), u"Registering"_s);
+}
+
+namespace {
+
+// What is painted of the notice while no event loop runs.
+class Painted_Notices final : public QObject {
+public:
+    Painted_Notices() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint && watched->objectName() == "Waiting_Notice"_L1)
+            texts.append(static_cast<QLabel*>(watched)->text().section(u'\n', 1));
+        return false;
+    }
+    QStringList texts;
+};
+
+} // namespace
+
+TEST_F(Host, AWaitForAnotherWorkstationIsCountedDownAndNothingGetsThrough) {
+    const Sample_File sample;
+    Show(Page_Id::Main_Menu);
+    const Painted_Notices seen;
+    bool got_through = false;
+    QTimer::singleShot(0, &host, [&] { got_through = true; });
+    Other_Workstation other(sample.Path());
+    other.Hold_Exclusively();
+    other.Commit_After(2300);
+    database::Connection connection;
+    connection.ConnectionString = sample.Installed().Connection_String;
+    connection.ConnectionTimeout = 9;
+    connection.Open();
+    EXPECT_EQ(connection.Execute(u"UPDATE Mevo_Pupils SET Forename = 'Isla'"_s), 12);
+    EXPECT_FALSE(got_through);
+    EXPECT_EQ(seen.texts.first(2), (QStringList{u"Waiting for it, 8 seconds more at most."_s,
+                                                u"Waiting for it, 7 seconds more at most."_s}));
+    EXPECT_EQ(host.findChild<QLabel*>(u"Waiting_Notice"_s), nullptr) << "the wait is over";
 }
 
 // The errors of the program itself are met at the Main menu's Quit.

@@ -7,8 +7,8 @@ using namespace Qt::StringLiterals;
 
 namespace test_support {
 
-Database_Beside::Database_Beside(const QString& file, int longest_wait_ms)
-    : engine(file, database::Access::Read_Write) {
+Database_Beside::Database_Beside(const QString& file) : engine(file, database::Access::Read_Write) {
+    constexpr int longest_wait_ms = 15'000; // on Windows two who begin to read at one moment meet a lock
     sqlite3_busy_timeout(engine.Get(), longest_wait_ms);
 }
 

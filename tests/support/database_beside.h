@@ -11,7 +11,7 @@ namespace test_support {
 // this lives. Each call throws what the engine says.
 class Database_Beside {
 public:
-    explicit Database_Beside(const QString& file, int longest_wait_ms = 0);
+    explicit Database_Beside(const QString& file);
 
     QList<QStringList> Rows(const QString& sql) const; // a null text stands for NULL
     QStringList Column(const QString& sql) const;      // the first column; "NULL" for none

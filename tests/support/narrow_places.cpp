@@ -5,16 +5,20 @@
 #include <QDir>
 #include <QFileInfo>
 
+#ifndef _WIN32
 #include <csignal>
 #include <cstdlib>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
 namespace test_support {
+
+#ifndef _WIN32
 
 Small_Disk::Small_Disk(int kilobytes) {
     QByteArray place = QFile::encodeName(QDir::temp().filePath(u"mevo-small-disk-XXXXXX"_s));
@@ -71,5 +75,22 @@ Plain_Account::Plain_Account() {
 Plain_Account::~Plain_Account() {
     if (changed && seteuid(0) != 0) std::abort(); // all further tests would run as somebody else
 }
+
+#else
+
+Small_Disk::Small_Disk(int) {
+}
+Small_Disk::~Small_Disk() = default;
+void Small_Disk::Fill_Up_To(int) const {
+}
+void Small_Disk::Allow_Reading_Only() const {
+}
+Bounded_Files::Bounded_Files(qint64) {
+}
+Bounded_Files::~Bounded_Files() = default;
+Plain_Account::Plain_Account() = default;
+Plain_Account::~Plain_Account() = default;
+
+#endif
 
 } // namespace test_support

@@ -79,7 +79,10 @@ void Sample_File::Make_Older() const {
 }
 
 void Sample_File::Move_Away() const {
-    QFile::rename(path, path + u".away"_s);
+    if (QFile::rename(path, path + u".away"_s)) return;
+    // Some systems move no file that is open, as that of a kept engine is until the user's action is over.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    if (!QFile::rename(path, path + u".away"_s)) throw std::runtime_error("the sample stays where it is");
 }
 
 void Sample_File::Put_Back() const {

@@ -3,6 +3,7 @@
 #include "platform/basics/run_time_error.h"
 #include "support/printing.h"
 
+#include <QFileInfo>
 #include <QPainter>
 #include <gtest/gtest.h>
 
@@ -81,7 +82,12 @@ QString Scripted_File_Dialogs::Next(const desktop::File_Question& question) {
     asked.append(question);
     while (!answers.isEmpty()) {
         const QString answer = answers.takeFirst();
-        const QString why_not = question.why_not && !answer.isEmpty() ? question.why_not(answer) : QString();
+        QString why_not = question.why_not && !answer.isEmpty() ? question.why_not(answer) : QString();
+        if (question.tell && QFileInfo(answer).isFile()) {
+            const desktop::File_Words found = question.tell(answer);
+            told.append(found.words);
+            if (!found.is_taken && !changes_what_was_chosen) why_not = found.words;
+        }
         if (why_not.isEmpty()) return answer;
         refusals.append(why_not);
     }

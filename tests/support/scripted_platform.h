@@ -121,7 +121,9 @@ public:
     QString Open_File(const desktop::File_Question& question) override { return Next(question); }
     QString Save_File(const desktop::File_Question& question) override { return Next(question); }
     QStringList answers;
-    QStringList refusals; // why an answer wasn't taken and the next one was given
+    QStringList refusals;                 // why an answer wasn't taken and the next one was given
+    QStringList told;                     // of each file that was chosen, where the dialog tells
+    bool changes_what_was_chosen = false; // hands on a file that has become another since it was looked at
     QList<desktop::File_Question> asked;
 
 private:

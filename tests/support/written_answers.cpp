@@ -25,8 +25,7 @@ void PrintTo(const Answer_Cell& cell, std::ostream* out) {
 }
 
 Answers_In_A_File Read_Answers(const QString& file) {
-    constexpr int longest_wait_ms = 15'000;
-    const Database_Beside database(file, longest_wait_ms);
+    const Database_Beside database(file);
     database.Run({u"BEGIN"_s}); // all tables as they are at one moment
     Answers_In_A_File found;
     const auto& tests = foundation::Tests_In_Order();

@@ -39,8 +39,8 @@ QList<Row> Table_Rows(const Reader& reader, const QString& table) {
 TEST_F(SampleData, TheSeedAloneTellsTheRowsAndATemplateHasThemWithoutThePupils) {
     sample_data::Write_Template(folder.filePath(u"empty.mdb"_s), 7);
     const Reader empty(folder.filePath(u"empty.mdb"_s));
-    const Reader working(Database({.pupils = 12, .seed = 7}));
-    QDir(folder.path()).rename(u"12-7.mdb"_s, u"first.mdb"_s);
+    QFile::rename(Database({.pupils = 12, .seed = 7}), folder.filePath(u"first.mdb"_s));
+    const Reader working(folder.filePath(u"first.mdb"_s));
     const Reader again(Database({.pupils = 12, .seed = 7}));
     const Reader other(Database({.pupils = 12, .seed = 8}));
     for (const QString& table : {u"Mevo_Pupils"_s, u"Yoon_Norms"_s})

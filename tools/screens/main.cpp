@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize Smallest_Screen{1280, 720};
+constexpr QSize Usual_Screen{1280, 720};
 
 // The entry that leads to a page, and the page's name. Each page's HotLabel1 leads back.
 using Way = std::pair<QString, QString>;
@@ -117,8 +117,8 @@ class Walk {
 public:
     Walk(shell::Page_Host& window, Pictures& pictures) : window(window), pictures(pictures) {}
 
-    void Through_All_Pages() {
-        window.resize(Smallest_Screen);
+    void Through_All_Pages(const QSize& screen) {
+        window.resize(screen);
         window.show();
         Wait_For(u"Form77"_s);
         Point_At(u"HotLabel1"_s);
@@ -244,22 +244,31 @@ private:
     Pictures& pictures;
 };
 
+// Of the window, in pixels; empty if the arguments aren't understood.
+QSize Screen_Of(const QStringList& arguments) {
+    if (arguments.size() == 2) return Usual_Screen;
+    return arguments.size() == 4 ? QSize(arguments.at(2).toInt(), arguments.at(3).toInt()) : QSize();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    if (QApplication::arguments().size() != 2) {
-        QTextStream(stderr) << "usage: mevo-screens FOLDER" << Qt::endl;
+    QStringList arguments = QApplication::arguments();
+    const bool dark = arguments.removeAll(u"--dark"_s) > 0;
+    const QSize screen = Screen_Of(arguments);
+    if (screen.isEmpty()) {
+        QTextStream(stderr) << "usage: mevo-screens [--dark] FOLDER [WIDTH HEIGHT]" << Qt::endl;
         return 2;
     }
-    const QDir folder(QApplication::arguments().at(1));
+    const QDir folder(arguments.at(1));
     if (!folder.mkpath(u"."_s)) {
         QTextStream(stderr) << "can't make the folder " << folder.path() << Qt::endl;
         return 2;
     }
     QApplication::setQuitOnLastWindowClosed(false);
-    shell::Apply_Theme(application);
+    shell::Apply_Theme(application, dark ? shell::Scheme::Dark : shell::Scheme::Light);
 
     desktop::Qt_Platform real;
     desktop::Platform& ports = real.Ports();
@@ -281,7 +290,7 @@ int main(int argc, char** argv) {
     app::Program program(platform);
     program.Start(QApplication::applicationDirPath());
     try {
-        Walk(program.Window(), pictures).Through_All_Pages();
+        Walk(program.Window(), pictures).Through_All_Pages(screen);
     } catch (const std::exception& error) {
         QTextStream(stderr) << "mevo-screens: " << error.what() << Qt::endl;
         return 1;

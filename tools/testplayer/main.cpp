@@ -4,6 +4,13 @@
 #include <QThread>
 #include <cstdio>
 
+#ifdef _WIN32
+#include <atomic>
+#include <memory>
+#include <thread>
+#include <windows.h>
+#endif
+
 #ifdef __linux__
 
 #include <csignal>
@@ -20,6 +27,30 @@ static test_player::Pause Pause_That_A_Signal_Ends() {
         constexpr long ns_in_a_ms = 1'000'000;
         const timespec longest{milliseconds / 1000, milliseconds % 1000 * ns_in_a_ms};
         return sigtimedwait(&ending, nullptr, &longest) < 0;
+    };
+}
+
+#elif defined(_WIN32)
+
+// Who started it ends it by closing the pipe to its standard input: a signal would meet it anywhere.
+static void Read_To_The_End(HANDLE input) {
+    char bytes[64];
+    DWORD read = 1;
+    while (read > 0 && ReadFile(input, bytes, sizeof bytes, &read, nullptr)) {
+    }
+}
+
+static test_player::Pause Pause_That_A_Signal_Ends() {
+    const auto over = std::make_shared<std::atomic<bool>>(false);
+    const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+    if (GetFileType(input) == FILE_TYPE_PIPE)
+        std::thread([over, input] {
+            Read_To_The_End(input);
+            *over = true;
+        }).detach();
+    return [over](int milliseconds) {
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
+        return !*over;
     };
 }
 

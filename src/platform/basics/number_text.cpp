@@ -53,8 +53,9 @@ QString Two_Decimals(double number) {
 double Round_To_Even(double number) {
     const double below = std::floor(number);
     const double rest = number - below;
-    if (rest != 0.5) return std::round(number);
-    return std::fmod(below, 2) == 0 ? below : below + 1;
+    const bool is_tie = rest == 0.5; // the rest is exact; the system's own rounding isn't on every system
+    const bool down = is_tie ? std::fmod(below, 2) == 0 : rest < 0.5;
+    return down ? below : below + 1;
 }
 
 } // namespace basics

@@ -8,6 +8,7 @@
 #include "platform/database/hardening.h"
 #include "platform/database/jet_sql.h"
 
+#include <QScopeGuard>
 #include <cmath>
 #include <sqlite3.h>
 
@@ -173,6 +174,7 @@ void Engine::Rehearse_A_Change() {
         sqlite3* engine;
     };
     since.start();
+    const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
     const Taken_Back rehearsal(engine->Get());
     // Any number: it is written as far as the journal.
     const int result =
@@ -193,6 +195,7 @@ static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
 
 Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Value>& values) {
     Engine_Statement& statement = prepared.statement;
+    const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
     const Reset_At_The_End reset(statement);
     for (std::size_t i = 0; i < values.size(); ++i)
         Bind(statement, static_cast<int>(i) + 1, values[i]);

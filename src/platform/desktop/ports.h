@@ -123,6 +123,12 @@ public:
     virtual int Folder_Path(int number, QString& path) = 0;
 };
 
+// What a file dialog says of a file that is chosen, and whether it takes it.
+struct File_Words {
+    QString words;
+    bool is_taken = true;
+};
+
 // What a file dialog shows at first.
 struct File_Question {
     QString title;
@@ -132,6 +138,8 @@ struct File_Question {
     QString extension; // added to a name without one, no dot
     // Why the file chosen isn't taken; empty if it is. None takes all.
     std::function<QString(const QString& file)> why_not = {};
+    // Tells what the file is that the user stands on, in a line of the dialog itself. None shows no line.
+    std::function<File_Words(const QString& file)> tell = {};
 };
 
 class File_Dialogs {

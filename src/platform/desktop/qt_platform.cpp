@@ -8,6 +8,7 @@
 #include "platform/desktop/user_settings.h"
 #include "platform/desktop/windows_services.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -16,14 +17,19 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSplitter>
+#include <QTimer>
+#include <QTreeView>
 #include <QUrl>
 #include <cstdio>
 #include <cstdlib>
@@ -209,7 +215,29 @@ public:
         : QFileDialog(QApplication::activeWindow(), question.title, basics::Native_Path(question.folder),
                       question.filter),
           question(question),
-          boxes(boxes) {}
+          boxes(boxes) {
+        Make_Columns_Readable();
+    }
+    // Only the toolkit's own dialog has a place for it.
+    void Tell_Of_Choice() {
+        setOption(QFileDialog::DontUseNativeDialog);
+        Make_Columns_Readable();
+        auto* grid = qobject_cast<QGridLayout*>(layout());
+        if (!grid) return;
+        constexpr int until_it_stays_ms = 150; // the arrow keys may lead through many files
+        told = new QLabel(this);
+        told->setObjectName(u"File_Words"_s);
+        told->setTextFormat(Qt::PlainText);
+        told->setWordWrap(true);
+        told->setMinimumHeight(2 * told->fontMetrics().lineSpacing());
+        grid->addWidget(told, grid->rowCount(), 0, 1, -1);
+        looking.setSingleShot(true);
+        looking.setInterval(until_it_stays_ms);
+        connect(&looking, &QTimer::timeout, this, [this] { Tell(); });
+        connect(this, &QFileDialog::currentChanged, &looking, qOverload<>(&QTimer::start));
+        for (auto* name : findChildren<QLineEdit*>())
+            connect(name, &QLineEdit::textChanged, &looking, qOverload<>(&QTimer::start));
+    }
     QString Show_Until_Taken() {
         do {
             refused = false;
@@ -220,7 +248,7 @@ public:
 
 protected:
     void accept() override {
-        const QString why_not = question.why_not ? question.why_not(Choice()) : QString();
+        const QString why_not = Why_Not();
         refused = !why_not.isEmpty();
         if (!refused) return QFileDialog::accept();
         boxes.Ask(Box_Style::Exclamation, question.title, why_not);
@@ -231,8 +259,39 @@ protected:
     }
 
 private:
+    // The toolkit's own dialog cuts names and dates short; one of the system's has no such list.
+    void Make_Columns_Readable() {
+        constexpr QSize roomy(900, 520);
+        constexpr int widths[] = {280, 100, 140, 180}; // name, size, kind, date: pixels
+        auto* files = findChild<QTreeView*>(u"treeView"_s);
+        if (!files) return;
+        resize(roomy);
+        findChild<QSplitter*>()->setSizes({140, roomy.width()}); // places beside the list
+        for (int column = 0; column < int(std::size(widths)); ++column)
+            files->header()->resizeSection(column, widths[column]);
+    }
     QString Choice() const { return QDir::toNativeSeparators(selectedFiles().value(0)); }
 
+    File_Words Words() const {
+        const QString file = Choice();
+        return question.tell && QFileInfo(file).isFile() ? question.tell(file) : File_Words{};
+    }
+    // A screen reader hears it with the field and the list that choose the file.
+    void Tell() {
+        const QString words = Words().words;
+        told->setText(words);
+        for (auto* chooser : findChildren<QWidget*>())
+            if (qobject_cast<QLineEdit*>(chooser) || qobject_cast<QAbstractItemView*>(chooser))
+                chooser->setAccessibleDescription(words);
+    }
+    QString Why_Not() const {
+        if (question.why_not) return question.why_not(Choice());
+        const File_Words found = Words();
+        return found.is_taken ? QString() : found.words;
+    }
+
+    QLabel* told = nullptr;
+    QTimer looking;
     bool refused = false;
     const File_Question& question;
     Message_Boxes& boxes;
@@ -255,6 +314,7 @@ private:
         dialog.setAcceptMode(mode);
         dialog.setFileMode(files);
         dialog.setDefaultSuffix(question.extension);
+        if (question.tell) dialog.Tell_Of_Choice();
         if (!question.file_name.contains(u'*')) dialog.selectFile(question.file_name);
         return dialog.Show_Until_Taken();
     }

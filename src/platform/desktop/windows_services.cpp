@@ -8,7 +8,12 @@
 #else
 #include "platform/basics/native_path.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QPalette>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -33,14 +38,26 @@ int System_Folder(int number, QString& path) {
     return static_cast<int>(result);
 }
 
+// The toolkit's own palette doesn't follow this choice.
+bool System_Is_Dark() {
+    DWORD light = 1;
+    DWORD size = sizeof light;
+    RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+                 L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
+    return light == 0;
+}
+
 namespace {
 
+// The suite's modules are programs of 32 bits, and so is the player that they play with: the system keeps
+// what such programs install apart from what others see.
 class Windows_Registry final : public Registry {
 public:
     int Create_Key(const QString& key, int access, quintptr& handle) override {
         HKEY opened = nullptr;
-        const LSTATUS result = RegCreateKeyExA(HKEY_LOCAL_MACHINE, key.toLocal8Bit().constData(), 0, nullptr,
-                                               0, static_cast<REGSAM>(access), nullptr, &opened, nullptr);
+        const LSTATUS result =
+            RegCreateKeyExA(HKEY_LOCAL_MACHINE, key.toLocal8Bit().constData(), 0, nullptr, 0,
+                            static_cast<REGSAM>(access) | KEY_WOW64_32KEY, nullptr, &opened, nullptr);
         handle = reinterpret_cast<quintptr>(opened);
         return static_cast<int>(result);
     }
@@ -80,6 +97,10 @@ struct Placeable_Frame {
     }
 };
 
+void Keep_Windows_While_They_Work() {
+    DisableProcessWindowsGhosting();
+}
+
 void Add_Metafile_To_Clipboard(const QByteArray& wmf) {
     if (wmf.size() <= Placeable_Frame::Size) return;
     const Placeable_Frame frame(wmf);
@@ -112,11 +133,36 @@ int System_Folder(int number, QString& path) {
     return 0;
 }
 
+// Some desktops give the toolkit no palette, but tell their choice to whoever asks.
+static bool Portal_Prefers_Dark() {
+    constexpr int patience_ms = 100; // the program starts meanwhile
+    constexpr uint dark = 1;
+    QDBusMessage question = QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s,
+                                                           u"/org/freedesktop/portal/desktop"_s,
+                                                           u"org.freedesktop.portal.Settings"_s, u"Read"_s);
+    question << u"org.freedesktop.appearance"_s << u"color-scheme"_s;
+    question.setAutoStartService(false);
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, patience_ms);
+    QVariant value = answer.arguments().value(0);
+    while (value.canConvert<QDBusVariant>()) // one within another
+        value = value.value<QDBusVariant>().variant();
+    return answer.type() == QDBusMessage::ReplyMessage && value.toUInt() == dark;
+}
+
+bool System_Is_Dark() {
+    const QPalette palette = QGuiApplication::palette(); // as the desktop gave it
+    return Portal_Prefers_Dark() ||
+           palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
+}
+
 std::unique_ptr<Registry> Make_System_Registry() {
     return std::make_unique<No_Registry>();
 }
 
 void Add_Metafile_To_Clipboard(const QByteArray&) {
+}
+
+void Keep_Windows_While_They_Work() {
 }
 
 #endif

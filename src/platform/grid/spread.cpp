@@ -15,7 +15,6 @@ namespace grid {
 namespace {
 
 constexpr int Row_Numbers_Width = 48; // pixels
-constexpr QColor Heading_Ground(0xE4, 0xEA, 0xF1);
 
 // Draws cells that hold certain texts in a look of their own.
 class Look_Delegate final : public QStyledItemDelegate {
@@ -48,7 +47,8 @@ QString Column_Letters(int column) {
 fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
     : QTableWidget(std::max(rows, 0), columns, parent),
       rows_as_written(rows == Rows_As_Written),
-      sides(static_cast<std::size_t>(columns), Side::Centre) {
+      sides(static_cast<std::size_t>(columns), Side::Centre),
+      wider_on_paper(static_cast<std::size_t>(columns), 0) {
     setObjectName(name);
     setItemDelegate(new Look_Delegate(this));
     for (int column = 1; column <= columns; ++column)
@@ -62,6 +62,7 @@ fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
     setSelectionMode(QAbstractItemView::NoSelection);
     setTabKeyNavigation(false);
     connect(this, &QTableWidget::cellDoubleClicked, this, [this] { Q_EMIT Double_Click(); });
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this] { Q_EMIT Double_Click(); });
 }
 
 Qt::Alignment fpSpread::Alignment_Of(int column) const {
@@ -99,7 +100,9 @@ void fpSpread::Set_Text(int column, int row, const QString& text) {
         return;
     }
     if (row > rowCount() && rows_as_written) setRowCount(row);
-    if (row <= rowCount()) Item_At(column, row)->setText(text);
+    if (row > rowCount()) return;
+    Item_At(column, row)->setText(text);
+    if (row == 1 && heading_row) Set_Heading(column, text);
 }
 
 QString fpSpread::Text(int column, int row) const {
@@ -114,6 +117,12 @@ void fpSpread::Set_MaxRows(int rows) {
 void fpSpread::Set_ColWidth(int column, int pixels) {
     setColumnHidden(column - 1, pixels == 0);
     setColumnWidth(column - 1, pixels);
+    wider_on_paper[static_cast<std::size_t>(column) - 1] = 0;
+}
+
+void fpSpread::Narrow_On_Screen(int column, int pixels) {
+    wider_on_paper[static_cast<std::size_t>(column) - 1] = columnWidth(column - 1) - pixels;
+    setColumnWidth(column - 1, pixels);
 }
 
 void fpSpread::Set_Left_Aligned(int column) {
@@ -123,15 +132,17 @@ void fpSpread::Set_Left_Aligned(int column) {
         if (QTableWidgetItem* cell = item(row - 1, column - 1)) cell->setTextAlignment(Alignment_Of(column));
 }
 
-void fpSpread::Set_Heading_Row(bool heading) {
-    heading_row = heading;
+void fpSpread::Set_Heading_Row(int height) {
+    heading_row = true;
+    setRowHidden(0, true);
     for (int column = 1; column <= columnCount(); ++column) {
-        QTableWidgetItem* cell = Item_At(column, 1);
-        QFont font = cell->font();
-        font.setBold(heading);
-        cell->setFont(font);
-        cell->setBackground(heading ? QBrush(Heading_Ground) : QBrush());
+        Set_Heading(column, Text(column, 1));
+        horizontalHeaderItem(column - 1)
+            ->setData(Qt::TextAlignmentRole, int(Alignment_Of(column)) | Qt::TextWordWrap);
     }
+    horizontalHeader()->setFixedHeight(height);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->show();
 }
 
 void fpSpread::Fit_Rows() {
@@ -181,9 +192,11 @@ Printed_Grid fpSpread::Printed() const {
     const Extent extent = Printed_Extent();
     Printed_Grid printed{{PrintHeader, PrintHeaderValues}, {PrintFooter, {}}, PrintMarginLeft, {}, {}, {}};
     if (PrintRowHeaders) printed.columns.push_back({Row_Numbers_Width, Side::Centre});
-    for (int column = 1; column <= extent.columns; ++column)
+    for (int column = 1; column <= extent.columns; ++column) {
+        const auto place = static_cast<std::size_t>(column) - 1;
         if (!isColumnHidden(column - 1))
-            printed.columns.push_back({columnWidth(column - 1), sides[static_cast<std::size_t>(column) - 1]});
+            printed.columns.push_back({columnWidth(column - 1) + wider_on_paper[place], sides[place]});
+    }
     if (PrintColHeaders) printed.heads.push_back(Row_Texts(0, extent));
     for (int row = 1; row <= extent.rows; ++row)
         (heading_row && row == 1 ? printed.heads : printed.rows).push_back(Row_Texts(row, extent));

@@ -25,8 +25,8 @@ struct Print_Outlet {
 // The grid control: cells addressed by column and row from 1, filled by the program and read by the user. A
 // double click on it is told to its page.
 //
-// Row 0 is the header row. A column that was given no heading has its letter there, and the row is shown as
-// soon as one heading has been written.
+// Row 0 is the header row, which stays while the others scroll. A column that was given no heading has its
+// letter there, and the row is shown as soon as one heading has been written.
 class fpSpread : public QTableWidget {
     Q_OBJECT
 public:
@@ -37,12 +37,13 @@ public:
 
     // A cell outside the grid takes no text.
     void Set_Text(int column, int row, const QString& text);
-    QString Text(int column, int row) const;   // empty text for a cell never written
-    void Set_MaxRows(int rows);                // drops the rows behind the last
-    void Set_ColWidth(int column, int pixels); // 0 puts the column away, also on paper
-    void Set_Left_Aligned(int column);         // from the start column 1 alone is; the others are centred
-    // Row 1 is the heading: drawn apart from the others.
-    void Set_Heading_Row(bool heading);
+    QString Text(int column, int row) const;       // empty text for a cell never written
+    void Set_MaxRows(int rows);                    // drops the rows behind the last
+    void Set_ColWidth(int column, int pixels);     // 0 puts the column away, also on paper
+    void Narrow_On_Screen(int column, int pixels); // on paper it stays as wide as it was set
+    void Set_Left_Aligned(int column);             // from the start column 1 alone is; the others are centred
+    // Row 1 is the heading: on screen it stands in the header row, of that height in pixels.
+    void Set_Heading_Row(int height);
     // Gives each row the height that its cells need at the widths of their columns, the usual one at least.
     void Fit_Rows();
     void Set_Look(const QString& text, const Cell_Look& look); // of all cells that hold the text
@@ -88,7 +89,8 @@ private:
 
     bool rows_as_written;
     bool heading_row = false;
-    std::vector<Side> sides; // by column
+    std::vector<Side> sides;         // by column
+    std::vector<int> wider_on_paper; // pixels, by column
 };
 
 } // namespace grid

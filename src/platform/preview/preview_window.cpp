@@ -24,7 +24,6 @@ constexpr int Shadow_Darkness = 14;
 constexpr int Line_Scroll = 40;
 constexpr int Enlargements[] = {100, 150, 200};
 
-const QColor Ground(0xC9, 0xCE, 0xD3);
 const QColor Sheet_Edge(0x8A, 0x90, 0x96);
 
 // A soft edge to the right and below, so that the sheet lies on its ground.
@@ -92,7 +91,7 @@ void Preview_Window::CopyPage() {
 
 void Preview_Window::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), Ground);
+    painter.fillRect(viewport()->rect(), palette().mid());
     if (sheet.width == 0) return;
     const QRect place = Sheet_Place();
     Paint_Shadow(painter, place);

@@ -51,6 +51,7 @@ Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comm
     ok->setAccessibleDescription(u"Takes the comment over."_s);
     undo->setAccessibleDescription(u"Brings back the comment as it was."_s);
     clear->setAccessibleDescription(u"Empties the field."_s);
+    ok->Set_Weight(HotLabel::Weight::Primary);
     Give_Mnemonics(*this);
     Lay_Out_Dialog(*this, {label1, Text1}, {ok, undo, clear});
 }

@@ -67,32 +67,49 @@ QSize HotLabel::sizeHint() const {
 
 namespace {
 
-struct Colours {
+struct Paints {
     QColor ground;
     QColor edge;
     QColor text;
 };
 
-Colours Colours_Of(const HotLabel& label, HotLabel::Look look) {
-    const bool strip = look == HotLabel::Look::Strip;
-    if (!label.isEnabled()) return {colours::Disabled_Ground, colours::Edge, colours::Disabled_Text};
-    if (label.isDown()) return {colours::Pressed_Ground, colours::Accent, colours::Accent_Dark};
-    if (label.isChecked()) return {colours::Accent, colours::Accent_Dark, Qt::white};
-    if (strip) return {colours::Hover_Ground, colours::Hover_Ground, colours::Text};
-    if (label.underMouse()) return {colours::Hover_Ground, colours::Accent, colours::Accent_Dark};
-    return {colours::Card, colours::Edge, colours::Text};
+Paints Paints_Of(const HotLabel& label, HotLabel::Weight weight) {
+    const Colours& colours = Colours_In_Force();
+    const bool pointed_at = label.underMouse();
+    if (!label.isEnabled()) return {colours.Disabled_Ground, colours.Edge, colours.Disabled_Text};
+    if (label.isDown() || label.isChecked())
+        return {colours.Pressed_Ground, colours.Accent, colours.Accent_Text};
+    if (weight == HotLabel::Weight::Primary) {
+        const QColor ground = pointed_at ? colours.Accent_Hover : colours.Accent;
+        return {ground, ground, Qt::white};
+    }
+    if (weight == HotLabel::Weight::Destructive)
+        return {pointed_at ? colours.Danger_Ground : colours.Card, colours.Danger_Text, colours.Danger_Text};
+    if (pointed_at) return {colours.Hover_Ground, colours.Accent, colours.Accent_Text};
+    return {colours.Card, colours.Edge, colours.Text};
 }
 
 } // namespace
 
+void HotLabel::Set_Weight(Weight given) {
+    weight = given;
+    update();
+}
+
+// Of a strip nothing is seen while it has nothing to tell.
 void HotLabel::paintEvent(QPaintEvent*) {
+    if (look == Look::Strip && text().isEmpty()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const Colours chosen = Colours_Of(*this, look);
+    Paints chosen = Paints_Of(*this, weight);
+    if (look == Look::Strip && !isDown()) {
+        chosen.ground = chosen.edge = Colours_In_Force().Hover_Ground;
+        chosen.text = Colours_In_Force().Text;
+    }
     const qreal inset = hasFocus() ? 4.5 : 0.5; // the mark of the focus stands around it
     const qreal corner = hasFocus() ? Corner - 3 : Corner;
-    // What can't be used is told apart by its dashed edge as well as by its colour.
-    painter.setPen(QPen(chosen.edge, 1, isEnabled() ? Qt::SolidLine : Qt::DashLine));
+    // What can't be used, and what is chosen, is told apart by its edge as well as by its colour.
+    painter.setPen(QPen(chosen.edge, isChecked() ? 2 : 1, isEnabled() ? Qt::SolidLine : Qt::DashLine));
     painter.setBrush(chosen.ground);
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), corner, corner);
     if (hasFocus()) shell::Look::Draw_Focus(painter, rect(), Corner);
@@ -111,7 +128,7 @@ void HotLabel::Draw_Caption(QPainter& painter, const QColor& ink) const {
     const bool centred = look == Look::Command;
     QFont font = this->font();
     if (look == Look::Entry) font.setPixelSize(Entry_Font);
-    font.setBold(isChecked()); // a chosen one of two is told apart by its weight as well
+    font.setBold(isChecked() || weight == Weight::Primary); // told apart without colours as well
     painter.setFont(font);
     painter.setPen(ink);
     QRect room = rect().adjusted(centred ? 6 : Side_Margin, 0, centred ? -6 : -Side_Margin, 0);
@@ -147,15 +164,19 @@ void HotLabel::keyPressEvent(QKeyEvent* event) {
 
 namespace {
 
+// Whether a caption's letters that reach below the line are offered: their underline runs through them.
+enum class Descenders { Left_Out, Offered_Last };
+
 // A caption's letters, those that begin a word first.
-QString Letters_To_Offer(const QString& caption) {
-    QString initials, others;
+QString Letters_To_Offer(const QString& caption, Descenders descenders) {
+    QString initials, others, low;
     for (qsizetype i = 0; i < caption.size(); ++i) {
         const QChar letter = caption[i].toUpper();
         if (letter < u'A' || letter > u'Z') continue;
-        (Begins_A_Word(caption, i) ? initials : others).append(letter);
+        const bool descends = u"gjpqy"_s.contains(caption[i]);
+        (descends ? low : Begins_A_Word(caption, i) ? initials : others).append(letter);
     }
-    return initials + others;
+    return initials + others + (descenders == Descenders::Left_Out ? QString() : low);
 }
 
 // Who has which letter. An entry may take one that another has if that one finds another letter for itself.
@@ -163,25 +184,28 @@ class Letters {
 public:
     void Give_Initials(const QList<HotLabel*>& labels) {
         for (HotLabel* label : labels)
-            if (const QString offered = Letters_To_Offer(label->Caption());
+            if (const QString offered = Letters_To_Offer(label->Caption(), Descenders::Left_Out);
                 !offered.isEmpty() && !holders.contains(offered[0]))
                 Hold(offered[0], label);
     }
     void Find_For(HotLabel* label) {
-        tried.clear();
-        if (!holders.values().contains(label)) Take(label);
+        if (holders.values().contains(label)) return;
+        for (const Descenders descenders : {Descenders::Left_Out, Descenders::Offered_Last}) {
+            tried.clear();
+            if (Take(label, descenders)) return;
+        }
     }
     QHash<QChar, HotLabel*> holders;
 
 private:
-    bool Take(HotLabel* label) {
-        const QString offered = Letters_To_Offer(label->Caption());
+    bool Take(HotLabel* label, Descenders descenders) {
+        const QString offered = Letters_To_Offer(label->Caption(), descenders);
         for (const QChar letter : offered)
             if (!holders.contains(letter)) return Hold(letter, label);
         for (const QChar letter : offered) {
             if (tried.contains(letter)) continue;
             tried.insert(letter);
-            if (Take(holders[letter])) return Hold(letter, label);
+            if (Take(holders[letter], descenders)) return Hold(letter, label);
         }
         return false;
     }

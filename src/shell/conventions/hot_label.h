@@ -12,10 +12,14 @@ public:
     // caption at the left, a strip a line of text that can be clicked.
     enum class Look { Command, Entry, Strip };
 
+    // How much it stands out: the one that a page is for, and those that lose data.
+    enum class Weight { Usual, Primary, Destructive };
+
     HotLabel(const QString& name, const QString& caption, QWidget* parent, Look look = Look::Command);
 
     QString Caption() const { return text(); }
     void Set_Caption(const QString& caption);
+    void Set_Weight(Weight given);
     // A line drawing of the theme, left of an entry's caption and in its ink.
     void Set_Icon(const QString& icon);
     // The letter of the caption that clicks it together with Alt; it is underlined. A caption without it has
@@ -34,6 +38,7 @@ private:
     qsizetype Mnemonic_Place() const;
 
     Look look;
+    Weight weight = Weight::Usual;
     QByteArray icon; // an SVG whose lines are black
     QChar mnemonic;
 };

@@ -23,11 +23,12 @@ struct Inks {
 };
 
 Inks Inks_Of(const QStyleOption& option) {
+    const Colours& colours = Colours_In_Force();
     if (!option.state.testFlag(QStyle::State_Enabled))
-        return {colours::Disabled_Ground, colours::Edge, colours::Disabled_Text};
-    const bool pointed_at = option.state.testFlag(QStyle::State_MouseOver);
-    return {pointed_at ? colours::Hover_Ground : colours::Card, pointed_at ? colours::Accent : colours::Edge,
-            colours::Accent};
+        return {colours.Disabled_Ground, colours.Edge, colours.Disabled_Text};
+    if (option.state.testFlag(QStyle::State_MouseOver))
+        return {colours.Hover_Ground, colours.Accent, colours.Accent};
+    return {colours.Card, colours.Edge, colours.Accent};
 }
 
 void Draw_Tick_Box(QPainter& painter, const QStyleOption& option) {
@@ -65,14 +66,15 @@ void Draw_Chevron(QPainter& painter, const QPointF& centre, const QColor& ink) {
 }
 
 void Draw_Combo(QPainter& painter, const QStyleOptionComplex& option) {
+    const Colours& colours = Colours_In_Force();
     const Inks inks = Inks_Of(option);
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);
-    painter.setPen(QPen(enabled ? inks.edge : colours::Faint_Edge, 1));
+    painter.setPen(QPen(enabled ? inks.edge : colours.Faint_Edge, 1));
     painter.setBrush(inks.ground);
     painter.drawRoundedRect(box, Corner, Corner);
     Draw_Chevron(painter, {box.right() - 16, box.center().y()},
-                 enabled ? colours::Quiet_Text : colours::Disabled_Text);
+                 enabled ? colours.Quiet_Text : colours.Disabled_Text);
     if (option.state.testFlag(QStyle::State_HasFocus)) Look::Draw_Focus(painter, option.rect, Corner);
 }
 
@@ -81,12 +83,12 @@ void Draw_Combo(QPainter& painter, const QStyleOptionComplex& option) {
 Look::Look() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) { // the same on every system
 }
 
-// A white line goes with it, so that it stands out from a chosen entry's ground as well.
+// A line of the ground's colour goes with it, so that it stands out from a chosen entry's ground as well.
 void Look::Draw_Focus(QPainter& painter, const QRectF& place, qreal corner) {
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(colours::Card, 1));
+    painter.setPen(QPen(Colours_In_Force().Card, 1));
     painter.drawRoundedRect(place.adjusted(2.5, 2.5, -2.5, -2.5), corner - 1, corner - 1);
-    painter.setPen(QPen(colours::Focus, 2));
+    painter.setPen(QPen(Colours_In_Force().Focus, 2));
     painter.drawRoundedRect(place.adjusted(1, 1, -1, -1), corner, corner);
 }
 

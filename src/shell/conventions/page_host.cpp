@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-Page_Host::Page_Host(desktop::Platform& platform, Page_Factory factory)
-    : platform(platform), factory(std::move(factory)) {
+Page_Host::Page_Host(desktop::Platform& platform, Page_Factory factory, std::function<QString()> school)
+    : platform(platform), factory(std::move(factory)), school(std::move(school)), waiting(*this) {
     setObjectName(u"Page_Host"_s);
     setWindowTitle(desktop::Default_Box_Title());
     setAttribute(Qt::WA_StyledBackground);
@@ -77,9 +77,15 @@ void Page_Host::Show_New(Page_Id id) {
     Current()->setFocus();
 }
 
-void Page_Host::Show_Current() {
+QString Page_Host::Title() const {
     const QString caption = Current()->windowTitle();
-    setWindowTitle(caption.isEmpty() ? desktop::Default_Box_Title() : caption);
+    if (!caption.isEmpty()) return caption;
+    const QString name = school ? school().simplified() : QString();
+    return name.isEmpty() ? desktop::Default_Box_Title() : desktop::Default_Box_Title() + u" - "_s + name;
+}
+
+void Page_Host::Show_Current() {
+    setWindowTitle(Title());
     Current()->show();
 }
 

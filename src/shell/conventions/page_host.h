@@ -2,6 +2,7 @@
 
 #include "shell/conventions/double_click_filter.h"
 #include "shell/conventions/page.h"
+#include "shell/conventions/waiting_notice.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -18,7 +19,8 @@ class Page_Host : public QWidget, public Navigator {
     Q_OBJECT
 public:
     using Page_Factory = std::function<std::unique_ptr<Page>(Page_Id, Navigator&)>;
-    Page_Host(desktop::Platform& platform, Page_Factory factory);
+    // The school's name stands in the title where a page has no caption.
+    Page_Host(desktop::Platform& platform, Page_Factory factory, std::function<QString()> school = {});
     ~Page_Host() override;
 
     void Go_To(Page_Id page) override;
@@ -39,9 +41,12 @@ private:
     void Show_Again();
     void Drop_Top();
     void Show_Current();
+    QString Title() const;
 
     desktop::Platform& platform;
     Page_Factory factory;
+    std::function<QString()> school;
+    Waiting_Notice waiting;
     Double_Click_Filter double_clicks;
     std::deque<std::function<void()>> asked; // by handlers that may still run, the oldest first
     struct Loaded {

@@ -37,6 +37,7 @@ Form3::Form3(desktop::Platform& platform, Password_Question& question)
 
     ok->setAccessibleDescription(u"Takes what was typed."_s);
     quit->setAccessibleDescription(u"Leaves without an answer."_s);
+    ok->Set_Weight(HotLabel::Weight::Primary);
     Give_Mnemonics(*this);
     Lay_Out_Dialog(*this, {label1, label2, Text1}, {ok, quit});
 }

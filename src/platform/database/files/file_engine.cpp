@@ -5,6 +5,7 @@
 #include "platform/database/engine_errors.h"
 #include "platform/database/hardening.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 #include <sqlite3.h>
 
@@ -39,6 +40,7 @@ void Raise(sqlite3* engine, int result) {
     try {
         Raise_Engine_Error(noted ? engine : nullptr, result);
     } catch (const basics::Run_Time_Error& error) {
+        if (kind == SQLITE_BUSY) throw File_In_Use(error.Number, error.Source, error.Description);
         if (!Is_Damage(result)) throw;
         throw Damaged_File(error.Number, error.Source, error.Description);
     }
@@ -64,6 +66,7 @@ File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds
 
 QStringList File_Engine::Run(const QString& sql) {
     since.start();
+    const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
     QStringList column;
     for (Engine_Statement statement(*engine, sql); statement.Step();)
         column.append(statement.Text(0));

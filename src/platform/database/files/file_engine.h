@@ -21,6 +21,12 @@ public:
     using Run_Time_Error::Run_Time_Error;
 };
 
+// A file that others kept locked until the wait was over.
+class File_In_Use : public basics::Run_Time_Error {
+public:
+    using Run_Time_Error::Run_Time_Error;
+};
+
 // The engine on one file, for copying it: its locks, and the file's bytes under them. The bytes are read
 // through the engine's own handle, since on POSIX systems a second one would drop the locks when it is
 // closed.

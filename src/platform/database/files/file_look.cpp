@@ -38,6 +38,12 @@ Tables Tables_Read_By(File_Engine& engine) {
     return tables;
 }
 
+struct Look_Order {
+    const QStringList& questions;
+    int timeout_seconds;
+};
+
+// A table that isn't there is no failure of the look.
 QStringList Answer_Of(File_Engine& engine, const QString& question) {
     try {
         return engine.Run(question);
@@ -46,15 +52,14 @@ QStringList Answer_Of(File_Engine& engine, const QString& question) {
     }
 }
 
-File_Look Look_With(const QString& file, Access access, const QStringList& questions) {
-    constexpr int timeout_seconds = 15;
+File_Look Look_With(const QString& file, Access access, const Look_Order& order) {
     File_Look look;
     try {
-        File_Engine engine(file, access, timeout_seconds);
+        File_Engine engine(file, access, order.timeout_seconds);
         look.encoding = engine.Run(u"PRAGMA encoding"_s).value(0);
         look.damage = Damage_Found_By(engine);
         look.tables = Tables_Read_By(engine);
-        for (const QString& question : questions)
+        for (const QString& question : order.questions)
             look.answers.append(Answer_Of(engine, question));
     } catch (const Damaged_File& damaged) {
         look.damage = damaged.Description;
@@ -63,7 +68,7 @@ File_Look Look_With(const QString& file, Access access, const QStringList& quest
 }
 
 // A log can't be read, nor a crashed transaction taken back, without a change beside the file.
-File_Look Look_Into_A_Copy_Of(const QString& file, const QStringList& questions) {
+File_Look Look_Into_A_Copy_Of(const QString& file, const Look_Order& order) {
     const QTemporaryDir folder;
     const QString copy = folder.filePath(u"copy"_s);
     for (const QString& ending : {QString(), Log, Journal}) {
@@ -71,21 +76,23 @@ File_Look Look_Into_A_Copy_Of(const QString& file, const QStringList& questions)
         if (!QFile::copy(file + ending, copy + ending)) basics::Raise(basics::errors::Device_Error);
         QFile::setPermissions(copy + ending, QFile::ReadOwner | QFile::WriteOwner);
     }
-    return Look_With(copy, Access::Read_Write, questions);
+    return Look_With(copy, Access::Read_Write, order);
 }
 
 } // namespace
 
-File_Look Look_Into(const QString& file, const QStringList& questions) {
+File_Look Look_Into(const QString& file, const QStringList& questions, int timeout_seconds) {
+    const Look_Order order{questions, timeout_seconds};
     Refuse_What_Is_No_Database(file);
-    if (Has_Write_Ahead_Log(file) || QFileInfo::exists(file + Log))
-        return Look_Into_A_Copy_Of(file, questions);
+    if (Has_Write_Ahead_Log(file) || QFileInfo::exists(file + Log)) return Look_Into_A_Copy_Of(file, order);
     try {
-        return Look_With(file, Access::Read_Only, questions);
+        return Look_With(file, Access::Read_Only, order);
+    } catch (const File_In_Use&) {
+        throw; // a copy of what is being written may be of two states
     } catch (const basics::Run_Time_Error&) {
         if (!QFileInfo::exists(file + Journal)) throw;
     }
-    return Look_Into_A_Copy_Of(file, questions);
+    return Look_Into_A_Copy_Of(file, order);
 }
 
 QStringList Lacking(const Tables& found, const Tables& wanted) {

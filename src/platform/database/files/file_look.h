@@ -12,18 +12,17 @@ using Tables = QMap<QString, QStringList>;
 
 // What a database file holds, looked up before anything is done with it.
 struct File_Look {
-    QString encoding; // of its texts: "UTF-8", "UTF-16le" or "UTF-16be"
-    Tables tables;    // without views and the engine's own
-    QString damage;   // a sentence on the first fault; empty for a sound file
-    QList<QStringList>
-        answers; // to the questions asked: the first column of each, empty where it can't be told
+    QString encoding;           // of its texts: "UTF-8", "UTF-16le" or "UTF-16be"
+    Tables tables;              // without views and the engine's own
+    QString damage;             // a sentence on the first fault; empty for a sound file
+    QList<QStringList> answers; // to each question its first column; none where it can't be answered
 };
 
 // Reads the whole file, and changes neither it nor what lies beside it. `file` is a native, absolute path;
-// `questions` are statements of the engine's own dialect.
+// the questions are statements of the engine's own dialect, and a file in use is waited for so many seconds.
 // Throws a run-time error for what is no database, and for one that can't be read now. It opens and closes
 // the file, so it is asked only while no connection of the process has it open (database_file.h).
-File_Look Look_Into(const QString& file, const QStringList& questions = {});
+File_Look Look_Into(const QString& file, const QStringList& questions = {}, int timeout_seconds = 15);
 
 // What of `wanted` isn't among `found`: "Mevo_Means", or "Mevo_Means.Module" where the table is there. Names
 // are the same in any case.

@@ -4,7 +4,9 @@
 #include <QFile>
 #include <QFileInfo>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -26,6 +28,21 @@ void Take_Rights(int, const QString&) {
 
 void Make_Folder(const QString& folder, const QString&) {
     QDir().mkpath(folder);
+}
+
+// Opened with a right and closed again: the system's attributes alone tell of no rights.
+static bool May(const QString& place, DWORD right) {
+    const QString native = QDir::toNativeSeparators(place);
+    const HANDLE opened = CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), right,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) return false;
+    CloseHandle(opened);
+    return true;
+}
+
+bool May_Be_Written(const QString& file) {
+    return May(file, FILE_WRITE_DATA) && May(QFileInfo(file).absolutePath(), FILE_ADD_FILE);
 }
 
 #else
@@ -79,6 +96,13 @@ void Make_Folder(const QString& folder, const QString& like) {
     if (opened < 0) return;
     Take_Rights(opened, like);
     close(opened);
+}
+
+bool May_Be_Written(const QString& file) {
+    const auto may = [](const QString& place) {
+        return faccessat(AT_FDCWD, QFile::encodeName(place).constData(), W_OK, AT_EACCESS) == 0;
+    };
+    return may(file) && may(QFileInfo(file).absolutePath());
 }
 
 #endif

@@ -18,4 +18,7 @@ void Take_Rights(int opened, const QString& like);
 // it is.
 void Make_Folder(const QString& folder, const QString& like);
 
+// Whether the system would let this account write the file and make a journal beside it. Nothing is written.
+bool May_Be_Written(const QString& file);
+
 } // namespace database
