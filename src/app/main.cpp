@@ -1,5 +1,6 @@
 #include "app/program.h"
 #include "platform/desktop/qt_platform.h"
+#include "platform/desktop/system_scheme.h"
 #include "platform/desktop/windows_services.h"
 #include "shell/conventions/theme.h"
 

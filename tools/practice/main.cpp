@@ -1,4 +1,5 @@
 #include "platform/desktop/qt_platform.h"
+#include "platform/desktop/system_scheme.h"
 #include "practice/practice_school.h"
 #include "practice/practice_window.h"
 #include "shell/conventions/theme.h"
@@ -66,7 +67,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(u"mevo"_s);
     QApplication::setWindowIcon(QIcon::fromTheme(u"mevo"_s));
-    shell::Apply_Theme(application);
+    shell::Apply_Theme(application, desktop::System_Is_Dark() ? shell::Scheme::Dark : shell::Scheme::Light);
     try {
         const std::optional<Request> request = Read_Arguments(QApplication::arguments());
         if (!request) return 0;

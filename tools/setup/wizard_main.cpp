@@ -1,3 +1,4 @@
+#include "platform/desktop/system_scheme.h"
 #include "setup/wizard.h"
 #include "shell/conventions/theme.h"
 
@@ -11,7 +12,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(u"mevo"_s);
     QApplication::setWindowIcon(QIcon::fromTheme(u"mevo"_s));
-    shell::Apply_Theme(application);
+    shell::Apply_Theme(application, desktop::System_Is_Dark() ? shell::Scheme::Dark : shell::Scheme::Light);
     set_up::Wizard_State state{
         set_up::Surroundings_Here(),
         [](const QString& title) {

@@ -8,12 +8,7 @@
 #else
 #include "platform/basics/native_path.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVariant>
 #include <QFileInfo>
-#include <QGuiApplication>
-#include <QPalette>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -36,15 +31,6 @@ int System_Folder(int number, QString& path) {
     const HRESULT result = SHGetFolderPathW(nullptr, number, nullptr, 0, buffer);
     if (result == S_OK) path = QString::fromWCharArray(buffer);
     return static_cast<int>(result);
-}
-
-// The toolkit's own palette doesn't follow this choice.
-bool System_Is_Dark() {
-    DWORD light = 1;
-    DWORD size = sizeof light;
-    RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
-                 L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
-    return light == 0;
 }
 
 namespace {
@@ -131,28 +117,6 @@ int System_Folder(int number, QString& path) {
     if (number != Common_AppData) return 1;
     path = u"/var/lib"_s; // where data of the whole machine lie that programs change
     return 0;
-}
-
-// Some desktops give the toolkit no palette, but tell their choice to whoever asks.
-static bool Portal_Prefers_Dark() {
-    constexpr int patience_ms = 100; // the program starts meanwhile
-    constexpr uint dark = 1;
-    QDBusMessage question = QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s,
-                                                           u"/org/freedesktop/portal/desktop"_s,
-                                                           u"org.freedesktop.portal.Settings"_s, u"Read"_s);
-    question << u"org.freedesktop.appearance"_s << u"color-scheme"_s;
-    question.setAutoStartService(false);
-    const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, patience_ms);
-    QVariant value = answer.arguments().value(0);
-    while (value.canConvert<QDBusVariant>()) // one within another
-        value = value.value<QDBusVariant>().variant();
-    return answer.type() == QDBusMessage::ReplyMessage && value.toUInt() == dark;
-}
-
-bool System_Is_Dark() {
-    const QPalette palette = QGuiApplication::palette(); // as the desktop gave it
-    return Portal_Prefers_Dark() ||
-           palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
 }
 
 std::unique_ptr<Registry> Make_System_Registry() {

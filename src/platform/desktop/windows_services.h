@@ -16,9 +16,6 @@ QString System_Short_Path(const QString& path);
 // Sets the path of a folder that the system keeps and gives 0; another result if it has none such.
 int System_Folder(int number, QString& path);
 
-// Whether the account asks for light text on dark grounds. To be asked before the program sets a palette.
-bool System_Is_Dark();
-
 // Adds a placeable metafile to what lies on the clipboard in the system's own format, the one that its word
 // processors paste. Where the system has none, the MIME types beside it serve, and this does nothing.
 void Add_Metafile_To_Clipboard(const QByteArray& wmf);
