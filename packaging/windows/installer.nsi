@@ -34,8 +34,6 @@ VIAddVersionKey "LegalCopyright" "Quend Research"
 
 Var Share_Given
 Var Share
-Var Finish_Text
-Var Database_Found
 
 !define MUI_ICON "${SOURCES}/packaging/windows/mevo.ico"
 !define MUI_UNICON "${SOURCES}/packaging/windows/mevo.ico"
@@ -58,13 +56,12 @@ If Mevo is open, please close it first."
 !insertmacro MUI_PAGE_INSTFILES
 
 !define MUI_FINISHPAGE_TITLE "Mevo is installed"
-!define MUI_FINISHPAGE_TEXT "$Finish_Text"
+!define MUI_FINISHPAGE_TEXT "You find it in the start menu, together with a practice school and its two manuals. Where there is no database yet, \
+its first start asks for one or makes one."
 !define MUI_FINISHPAGE_TEXT_LARGE
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "&Start Mevo"
 !define MUI_FINISHPAGE_RUN_FUNCTION Start_Mevo
-!define MUI_PAGE_CUSTOMFUNCTION_PRE Look_For_Database
-!define MUI_PAGE_CUSTOMFUNCTION_SHOW Offer_Start
 !insertmacro MUI_PAGE_FINISH
 
 !define MUI_UNCONFIRMPAGE_TEXT_TOP "The program and its settings in product.ini are removed from this computer. Databases and archives stay where they are, \
@@ -226,7 +223,8 @@ FunctionEnd
 Function Fill_Start_Menu
     CreateDirectory "$SMPROGRAMS\Mevo"
     SetOutPath "$INSTDIR" ; where what they start begins
-    CreateShortcut "$SMPROGRAMS\Mevo\Mevo.lnk" "$INSTDIR\mevo.exe"
+    CreateShortcut "$SMPROGRAMS\Mevo\Mevo.lnk" "$INSTDIR\mevo-setup.exe" "--then-start" "$INSTDIR\mevo.exe"
+    CreateShortcut "$SMPROGRAMS\Mevo\Practice school.lnk" "$INSTDIR\mevo-practice.exe"
     CreateShortcut "$SMPROGRAMS\Mevo\Software Guide.lnk" "$INSTDIR\Manuals\Quend Mevo Software Guide v5.1.htm"
     CreateShortcut "$SMPROGRAMS\Mevo\Teacher's Manual.lnk" "$INSTDIR\Manuals\Quend Mevo Teachers Manual Mar2010 4th Edn.htm"
 FunctionEnd
@@ -252,30 +250,9 @@ Section
     Call Write_Entry
 SectionEnd
 
-; Without a database the program can only end with an error, so it isn't offered then.
-Function Look_For_Database
-    StrCpy $Finish_Text "You find it in the start menu, together with its two manuals."
-    ReadINIStr $0 "${SETTINGS}" "SETTINGS" "database_sharepath"
-    ${If} $0 == ""
-    ${AndIfNot} ${FileExists} "$APPDATA\${DATA}\Mevo05Data.mdb"
-        StrCpy $Database_Found 0
-        StrCpy $Finish_Text "$Finish_Text$\r$\n$\r$\nThere is no database on this computer yet. Either copy Mevo05Data.mdb and \
-Mevo05EmptyDatabase.mdb to $APPDATA\${DATA}, or write the name of the school's share into ${SETTINGS}."
-    ${Else}
-        StrCpy $Database_Found 1
-    ${EndIf}
-FunctionEnd
-
-Function Offer_Start
-    ${If} $Database_Found == 0
-        SendMessage $mui.FinishPage.Run ${BM_SETCHECK} ${BST_UNCHECKED} 0
-        EnableWindow $mui.FinishPage.Run 0
-    ${EndIf}
-FunctionEnd
-
 ; By the desktop, so that it runs with the user's own rights and not with those of the installation.
 Function Start_Mevo
-    Exec '"$WINDIR\explorer.exe" "$INSTDIR\mevo.exe"'
+    Exec '"$WINDIR\explorer.exe" "$SMPROGRAMS\Mevo\Mevo.lnk"'
 FunctionEnd
 
 ; What bears the shell's name may be the suite's by now. The stand-in is told by its size.
@@ -322,6 +299,7 @@ Section un.Mevo
     ${EndIf}
     Delete "${SETTINGS}"
     Delete "$SMPROGRAMS\Mevo\Mevo.lnk"
+    Delete "$SMPROGRAMS\Mevo\Practice school.lnk"
     Delete "$SMPROGRAMS\Mevo\Software Guide.lnk"
     Delete "$SMPROGRAMS\Mevo\Teacher's Manual.lnk"
     RMDir "$SMPROGRAMS\Mevo"
