@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QTemporaryDir>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace test_support;
