@@ -37,9 +37,9 @@ bool Is_Of_Access(const QString& file) {
     return opened.open(QIODevice::ReadOnly) && opened.read(24).mid(4).startsWith("Standard Jet DB");
 }
 
-void Take_What_It_Tells(const QString& file, School_Look& look) {
+void Take_What_It_Tells(const QString& file, int timeout_seconds, School_Look& look) {
     using Kind = School_Look::Kind;
-    const database::File_Look found = database::Look_Into(file, Questions());
+    const database::File_Look found = database::Look_Into(file, Questions(), timeout_seconds);
     look.why = found.damage;
     look.kind = Kind::Damaged;
     if (!found.damage.isEmpty()) return;
@@ -50,14 +50,14 @@ void Take_What_It_Tells(const QString& file, School_Look& look) {
     look.why.clear();
     look.kind = Kind::School;
     look.is_51 = Is_Of_Version_51(found.tables);
-    look.school = found.answers[Names].isEmpty() ? QString() : found.answers[Names].last();
+    look.school = found.answers[Names].isEmpty() ? QString() : found.answers[Names].last().simplified();
     look.pupils = found.answers[Pupils].value(0).toInt();
     look.with_results = found.answers[With_Results].value(0).toInt();
 }
 
 } // namespace
 
-School_Look Look_At_School(const QString& file) {
+School_Look Look_At_School(const QString& file, int timeout_seconds) {
     using Kind = School_Look::Kind;
     School_Look look;
     look.last_change = QFileInfo(file).lastModified();
@@ -67,7 +67,7 @@ School_Look Look_At_School(const QString& file) {
         return look;
     }
     try {
-        Take_What_It_Tells(file, look);
+        Take_What_It_Tells(file, timeout_seconds, look);
     } catch (const basics::Run_Time_Error& error) {
         const QFileInfo info(file);
         const bool is_something_else =

@@ -24,8 +24,8 @@ struct School_Look {
 };
 
 // Reads the whole file, and changes neither it nor what lies beside it. To be asked only while no connection
-// of the process has the file open.
-School_Look Look_At_School(const QString& file);
+// of the process has the file open. A file in use is waited for so many seconds.
+School_Look Look_At_School(const QString& file, int timeout_seconds = 15);
 
 // In one line: "Hillside School, 24 pupils, 20 with results, version 5.1, last changed 3 May 2026, 10:30".
 QString In_Words(const School_Look& look);

@@ -149,8 +149,9 @@ desktop::File_Question Form60::File_Dialog(const QString& title, const QString& 
 
 // What is damaged is handed on all the same: its opening says what fails.
 static desktop::File_Words Tell_Of_File(const QString& file) {
-    const foundation::Known_File known = foundation::Know(basics::Native_Path(file));
-    return {foundation::In_Words(known), known.kind != foundation::Known_File::Kind::Foreign};
+    constexpr int longest_wait = 1; // seconds: the user looks through a folder
+    const foundation::School_Look look = foundation::Look_At_School(basics::Native_Path(file), longest_wait);
+    return {foundation::In_Words_Of_A_Choice(look), look.kind != foundation::School_Look::Kind::Foreign};
 }
 
 QString Form60::Chosen_Archive(const QString& title) {
