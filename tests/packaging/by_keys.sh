@@ -20,9 +20,13 @@ typed() { xdotool type --delay 40 "$1"; }
 # into KEY TEXT: the field of that letter.
 into() { press "$1"; typed "$2"; }
 
-# set_up_by_keys PICTURES FOLDER TEMPLATE: in the wizard, which has the keyboard. It ends with the program's start.
+# window NAME: until one of that name is there.
+window() { timeout 60 xdotool search --sync --onlyvisible --name "$1" > /dev/null && sleep 2; }
+
+# set_up_by_keys PICTURES FOLDER TEMPLATE: in the wizard. It ends with the program's start.
 set_up_by_keys() {
     pictures=$1
+    window '^Set up'
     turn_to where alt+f
     into alt+o "$2"
     turn_to what alt+n
@@ -38,9 +42,10 @@ set_up_by_keys() {
     press alt+f
 }
 
-# register_by_keys PICTURES: on the Main menu.
+# register_by_keys PICTURES: from the Main menu of the school that was set up, to the program's end.
 register_by_keys() {
     pictures=$1
+    window 'Hill School'
     turn_to register alt+n
     typed Newton
     press Return
@@ -51,4 +56,17 @@ register_by_keys() {
     turn_to save alt+s
     turn_to registered Return
     turn_to menu alt+m
+    press alt+q
+}
+
+# tried_by_keys COMMAND: it sets a school up in the folder that it is given a number for, and registers; ends with 0 when all
+# is there. A busy machine may swallow a key, so it is tried three times.
+tried_by_keys() {
+    local attempt
+    for attempt in 1 2 3; do
+        turned=0
+        "$@" $attempt && return
+        echo "By keys: attempt $attempt failed."
+    done
+    return 1
 }

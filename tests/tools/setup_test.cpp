@@ -207,6 +207,7 @@ TEST_F(Set_Up, TheWizardIsWalkedThroughByKeysAlone) {
         EXPECT_TRUE(Wait_Until([&] { return page() == name; })) << page().toStdString();
     };
     alt(Qt::Key_F);
+    EXPECT_TRUE(Caption(*wizard.currentPage(), u"Help"_s).contains(u"several computers"_s));
     alt(Qt::Key_O);
     type(At(u"new"_s));
     EXPECT_FALSE(Caption(*wizard.currentPage(), u"Help"_s).isEmpty());

@@ -50,6 +50,10 @@ QRadioButton* Set_Up_Page::Add_Choice(const QString& name, const QString& captio
     choice->setObjectName(name);
     column->addWidget(choice);
     help->Tell(choice, help_text);
+    // A letter that chooses gives the focus without a reason that the help follows.
+    connect(choice, &QRadioButton::toggled, help_label, [this, help_text](bool is_chosen) {
+        if (is_chosen) help_label->setText(help_text);
+    });
     return choice;
 }
 
