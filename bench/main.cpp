@@ -81,6 +81,10 @@ static void Measure(desktop::Platform& ports) {
         ->Iterations(bench::Classes)
         ->Unit(benchmark::kMillisecond)
         ->MeasureProcessCPUTime();
+    benchmark::RegisterBenchmark("delete_a_school", bench::Delete_A_School, std::ref(ports))
+        ->Iterations(bench::Selections)
+        ->Unit(benchmark::kMillisecond)
+        ->MeasureProcessCPUTime();
     benchmark::AddCustomContext("pupils on the list", std::to_string(full.data.pupils.Pupils_Listed));
     bench::Growth_Reporter table;
     benchmark::RunSpecifiedBenchmarks(&table);
