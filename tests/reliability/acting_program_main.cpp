@@ -1,6 +1,8 @@
-// One act of the administration in a process that can be killed: acting_program ACT FOLDER. FOLDER holds the
-// working database, the template, archives/archive.mdb and class.txt. "ready" on the output tells that the
-// act begins, "stored N" that N pupils of an import are stored, "done" that the act is over.
+// One act of the administration in a process that can be killed: acting_program ACT FOLDER [DESK]. FOLDER
+// holds the working database, the template, archives/archive.mdb and class.txt; where several are at work
+// each DESK imports a class of its own, class1.txt, deletes pupils with surnames as Zz1, and saves mine1.mdb.
+// "ready" on the output tells that the act begins, "stored N" that N pupils of an import are stored, "done"
+// that the act is over.
 
 #include "conversion/older_files.h"
 #include "foundation/database_version.h"
@@ -35,6 +37,7 @@ struct Desk {
     conversion::Jet_Files older_files;
     scoring::Pupil_Lists lists;
     pupils::Pupil_Records records;
+    QString number; // empty: the only one
 
     void Show(shell::Page& page) {
         page.resize(1366, 768);
@@ -61,7 +64,8 @@ static void Press_In_Archiving(Desk& desk, const QString& button, const QStringL
 
 static void Archive(Desk& desk) {
     desk.Answer_With({Answer::Ok});
-    Press_In_Archiving(desk, u"HotLabel2"_s, {desk.installation.Archive_Folder + u"/mine.mdb"_s});
+    Press_In_Archiving(desk, u"HotLabel2"_s,
+                       {desk.installation.Archive_Folder + u"/mine%1.mdb"_s.arg(desk.number)});
 }
 
 static void Load(Desk& desk) {
@@ -79,7 +83,7 @@ static void Import(Desk& desk) {
     while (desk.outside.random.numbers.size() < 10'007)
         desk.outside.random.numbers.append(generator.generateDouble());
     pupils::Form42 page(desk.outside.platform, desk.navigator, desk.installation);
-    desk.outside.file_dialogs.answers = {desk.installation.App_Path + u"/class.txt"_s};
+    desk.outside.file_dialogs.answers = {desk.installation.App_Path + u"/class%1.txt"_s.arg(desk.number)};
     Click(page, u"PreviewImport"_s);
     QObject::connect(&Control<QProgressBar>(page, u"ProgressBar1"_s), &QProgressBar::valueChanged, &page,
                      [](int pupils) { std::cout << "stored " << pupils << std::endl; });
@@ -95,8 +99,12 @@ static void Delete(Desk& desk) {
     desk.Show(page);
     constexpr int pupils = 15;
     auto& list = Control<pupils::List_View>(page, u"ListView1"_s);
-    for (int i = 0; i < pupils; ++i)
-        list.topLevelItem(i)->setSelected(true);
+    for (int i = 0, of_this_desk = 0; i < list.Count() && of_this_desk < pupils; ++i) {
+        const bool is_its_own =
+            desk.number.isEmpty() || list.topLevelItem(i)->text(0).startsWith(u"Zz"_s + desk.number);
+        if (is_its_own) list.topLevelItem(i)->setSelected(true);
+        of_this_desk += is_its_own;
+    }
     Click(page, u"HotLabel2"_s);
 }
 
@@ -107,7 +115,7 @@ static void Convert(Desk& desk) {
         foundation::Convert_Database_To_51(desk.installation, desk.outside.platform);
 }
 
-static int Act(const QString& name, const QString& folder) {
+static int Act(const QString& name, const QString& folder, const QString& number) {
     static const QMap<QString, void (*)(Desk&)> acts{
         {u"archive"_s, Archive}, {u"load"_s, Load},       {u"clean start"_s, Start_Clean},
         {u"import"_s, Import},   {u"convert"_s, Convert}, {u"delete"_s, Delete},
@@ -115,6 +123,7 @@ static int Act(const QString& name, const QString& folder) {
     const auto act = acts.value(name);
     if (!act) return 2;
     Desk desk;
+    desk.number = number;
     desk.installation.App_Path = folder;
     desk.installation.Database_Path = folder + u"/Mevo05Data.mdb"_s;
     desk.installation.Empty_Database_Path = folder + u"/Mevo05EmptyDatabase.mdb"_s;
@@ -136,7 +145,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     try {
-        return arguments.size() == 3 ? Act(arguments[1], arguments[2]) : 2;
+        return arguments.size() >= 3 ? Act(arguments[1], arguments[2], arguments.value(3)) : 2;
     } catch (const std::exception& error) {
         std::cout << "failed: " << error.what() << std::endl;
     } catch (const Program_Ended&) {

@@ -86,7 +86,7 @@ public:
     // Lets the act run to its end, or kills it so many microseconds after it has begun. Gives how long it
     // ran.
     qint64 Let_Act(qint64 kill_after_us) {
-        constexpr int rate = 200;
+        const QString rate = u"200"_s;
         constexpr int longest_wait_ms = 60'000;
         Player_Process player(working, played, rate, journal);
         while (player.Is_Playing() && player.Committed().isEmpty())

@@ -16,13 +16,12 @@ QString Program_Of_Another_System(const char* variable, const char* own) {
     return qEnvironmentVariable(variable, QString::fromUtf8(own));
 }
 
-Player_Process::Player_Process(const QString& database, const QStringList& codes, int rate,
+Player_Process::Player_Process(const QString& database, const QStringList& codes, const QString& rate,
                                const QString& journal, const QString& program)
     : codes(codes), journal(journal) {
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, QStringList{database, u"--rate"_s, QString::number(rate), u"--journal"_s, journal,
-                                       u"--code"_s} +
-                               codes);
+    process.start(program,
+                  QStringList{database, u"--rate"_s, rate, u"--journal"_s, journal, u"--code"_s} + codes);
     if (!process.waitForStarted()) throw std::runtime_error("the test player doesn't start");
 }
 

@@ -23,7 +23,10 @@ static QDate Usual_Date(const QString& text) {
         if (form[i] == u'0' ? !is_digit : text[i] != form[i]) return {};
     }
     const auto number = [&text](qsizetype at, qsizetype digits) {
-        return QStringView(text).sliced(at, digits).toInt();
+        int sum = 0;
+        for (qsizetype i = at; i < at + digits; ++i)
+            sum = sum * 10 + (text[i].unicode() - u'0');
+        return sum;
     };
     return {number(6, 4), number(3, 2), number(0, 2)};
 }
@@ -52,21 +55,22 @@ std::optional<QDateTime> Stored_Date(const QString& text) {
 }
 
 // Written by hand for the same reason as it is read by hand.
-static QString Day_Text(QDate date) {
-    QString text = u"00/00/0000"_s;
-    QChar* characters = text.data();
-    const auto put = [characters](int number, int last) {
-        for (int at = last; number > 0; number /= 10, --at)
+QString Day_Text(QDate date) {
+    QString text(10, Qt::Uninitialized);
+    QChar* const characters = text.data();
+    const auto put = [characters](int number, int first, int last) {
+        for (int at = last; at >= first; number /= 10, --at)
             characters[at] = QChar(u'0' + number % 10);
     };
-    put(date.day(), 1);
-    put(date.month(), 4);
-    put(date.year(), 9);
+    put(date.day(), 0, 1);
+    put(date.month(), 3, 4);
+    put(date.year(), 6, 9);
+    characters[2] = characters[5] = u'/';
     return text;
 }
 
 QString Date_Text(const QDateTime& date) {
-    const QString day = Day_Text(date.date());
+    QString day = Day_Text(date.date());
     return date.time() == QTime(0, 0) ? day : day + date.toString(u" HH:mm:ss"_s);
 }
 
