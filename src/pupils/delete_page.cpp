@@ -68,6 +68,7 @@ QString Codes_In_Group(database::Recordset& members) {
 } // namespace
 
 void Form9::Load() {
+    const auto act = holder.Begin_Act();
     Timer1->start(Deferred_Ms);
     Fill_Group_Combos();
     Load_Delete_List(0);
@@ -175,8 +176,9 @@ void Form9::HotLabel2_Click() {
     if (!Confirmed(u"Deleting Records from Database - CAUTION!"_s, count)) return;
     const desktop::Wait_Pointer busy(platform.pointer);
     {
+        const auto act = holder.Begin_Act();
         // Carries no statement, but shows a database that is out of reach before anything is deleted.
-        const auto connection = Own_Connection(installation);
+        Own_Connection(installation, holder)->Close();
         ProgressBar1->Begin(count);
         for (const QString& code : codes) {
             bool result = false;
@@ -192,7 +194,7 @@ void Form9::HotLabel2_Click() {
 void Form9::DeletePupil(const QString& code, bool& result) {
     result = false;
     try {
-        const auto connection = Own_Connection(installation);
+        const auto connection = Own_Connection(installation, holder);
         for (const QString& statement : Deletes_Of_A_Pupil())
             connection->Execute(
                 With(statement + u" WHERE studentcode = '?studentcode'"_s, u"?studentcode"_s, code));
@@ -227,7 +229,7 @@ void Form9::Disband_If_Wished(const QString& name) {
 }
 
 void Form9::DeleteGroup(const QString& name) {
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, holder);
     connection->Execute(With(u"DELETE FROM Mevo_Groups WHERE Group_Name = '?group'"_s, u"?group"_s, name));
 }
 
@@ -241,6 +243,7 @@ int Form9::DeletePupilsInGroup(const QString& name) {
 
 // The data rows go first here: without the pupils' rows nothing would tell whose they are.
 int Form9::Removed_In_Group(const QString& name) {
+    const auto act = holder.Begin_Act();
     const bool everyone = name == All_Groups;
     if (everyone)
         Erase_All_Pupil_Data_Tables();
@@ -248,18 +251,18 @@ int Form9::Removed_In_Group(const QString& name) {
         Delete_Multiple_Test_Tables(name);
     const QString statement =
         everyone ? u"DELETE FROM Mevo_Pupils"_s : u"DELETE FROM Mevo_Pupils WHERE Group_Class = '?group'"_s;
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, holder);
     return connection->Execute(With(statement, u"?group"_s, name));
 }
 
 void Form9::Erase_All_Pupil_Data_Tables() {
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, holder);
     for (const QString& statement : Deletes_Of_All_Data())
         connection->Execute(statement);
 }
 
 void Form9::Delete_Multiple_Test_Tables(const QString& name) {
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, holder);
     database::Recordset members;
     members.Set_ActiveConnection(connection.get());
     members.Source = With(u"SELECT * from mevo_pupils where group_class = '?group'"_s, u"?group"_s, name);

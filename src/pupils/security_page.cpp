@@ -33,6 +33,7 @@ void Form2::Timer1_Timer() {
 }
 
 void Form2::Load_Everyone_Afresh() {
+    const auto act = holder.Begin_Act();
     List_All_Pupils(holder, {installation, pupils, records}, *Combo1, [this](int p) { Take_Pupil(p); });
     Label3->setText(QString::number(pupils.Pupils_Listed));
     Populate_SpreadSheet(pupils.Pupils_Listed);
@@ -168,6 +169,7 @@ void Form2::Combo2_Click() {
 // Loading everyone afresh chooses the first group, before the choice is kept: so the panel goes back to that
 // group.
 void Form2::Update_Group_Settings() {
+    const auto act = holder.Begin_Act();
     Update_Group_Row();
     Update_Groups_For_All_Students();
     const int chosen = Combo2->ListIndex();

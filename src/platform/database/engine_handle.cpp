@@ -38,6 +38,16 @@ int Engine_Handle::Changed_Rows() const {
     return sqlite3_changes(Get());
 }
 
+QByteArray Engine_Handle::First_Bytes(int count) const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (!file || !file->pMethods) Check(SQLITE_CANTOPEN);
+    QByteArray bytes(count, '\0');
+    const int result = file->pMethods->xRead(file, bytes.data(), count, 0);
+    if (result != SQLITE_IOERR_SHORT_READ) Check(result);
+    return bytes;
+}
+
 void Engine_Handle::Check(int result) const {
     if (result != SQLITE_OK && result != SQLITE_ROW && result != SQLITE_DONE) fail(Get(), result);
 }
@@ -83,6 +93,10 @@ bool Engine_Statement::Step() {
     const int result = sqlite3_step(Get());
     engine->Check(result);
     return result == SQLITE_ROW;
+}
+
+bool Engine_Statement::Changes() const {
+    return sqlite3_stmt_readonly(Get()) == 0;
 }
 
 void Engine_Statement::Reset() {
