@@ -7,6 +7,7 @@
 #include "platform/database/engine_errors.h"
 #include "platform/database/hardening.h"
 #include "platform/database/jet_sql.h"
+#include "platform/database/journal_rights.h"
 
 #include <QScopeGuard>
 #include <cmath>
@@ -94,18 +95,21 @@ private:
 } // namespace
 
 Engine::Engine(const QString& connection_string, int timeout_seconds, Reads reads)
-    : connection_string(connection_string), reads(reads) {
-    Open(basics::Native_Path(Data_Source(connection_string)), timeout_seconds);
+    : connection_string(connection_string),
+      file(basics::Native_Path(Data_Source(connection_string))),
+      reads(reads) {
+    Open(timeout_seconds);
     if (reads == Reads::Alone) End_Shared_Lock();
 }
 
 // All that is read here is read under one lock.
-void Engine::Open(const QString& file, int timeout_seconds) {
+void Engine::Open(int timeout_seconds) {
     const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
     since.start();
     try {
-        engine.emplace(file, Access::Read_Write,
-                       [](sqlite3* failed, int result) { Raise_Engine_Error(failed, result); });
+        engine.emplace(
+            file, Access::Read_Write, [](sqlite3* failed, int result) { Raise_Engine_Error(failed, result); },
+            files.Name());
     } catch (const basics::Run_Time_Error&) {
         Refuse_What_Is_No_Database(file); // tells what the engine has no words for
         throw;
@@ -208,16 +212,32 @@ Statement_Result Engine::Run(const QString& sql, const std::vector<Value>& value
     return Run(*Known_Or(sql, [&] { return Prepared(sql, {}); }), values);
 }
 
+// While it lives, the program may do what its statements may not.
+struct Unhindered {
+    explicit Unhindered(sqlite3* engine) : engine(engine) {
+        sqlite3_set_authorizer(engine, nullptr, nullptr);
+    }
+    ~Unhindered() { sqlite3_set_authorizer(engine, Allow_Plain_Statements, nullptr); }
+    Unhindered(const Unhindered&) = delete;
+    Unhindered& operator=(const Unhindered&) = delete;
+    sqlite3* engine;
+};
+
+// Before the first change of an act. Making a journal and removing it again takes more round trips than
+// emptying it.
+void Engine::Settle_Journal() {
+    if (journal_is_settled) return;
+    journal_is_settled = true;
+    if (!Journal_May_Stay(file)) return;
+    const Unhindered settling(engine->Get());
+    engine->Run(u"PRAGMA journal_mode = TRUNCATE"_s);
+    files.Keep_Journal();
+}
+
 void Engine::Rehearse_A_Change() {
-    struct Taken_Back {
-        explicit Taken_Back(sqlite3* engine) : engine(engine) {
-            sqlite3_set_authorizer(engine, nullptr, nullptr);
-        }
-        ~Taken_Back() {
-            sqlite3_exec(engine, "ROLLBACK", nullptr, nullptr, nullptr);
-            sqlite3_set_authorizer(engine, Allow_Plain_Statements, nullptr);
-        }
-        sqlite3* engine;
+    struct Taken_Back : Unhindered {
+        using Unhindered::Unhindered;
+        ~Taken_Back() { sqlite3_exec(engine, "ROLLBACK", nullptr, nullptr, nullptr); }
     };
     End_Shared_Lock();
     since.start();
@@ -243,10 +263,12 @@ static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
 Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Value>& values) {
     Engine_Statement& statement = prepared.statement;
     const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
-    if (statement.Changes())
+    if (statement.Changes()) {
         End_Shared_Lock(); // it stands alone, and never waits for others with a lock in its hands
-    else if (reads == Reads::Shared)
+        Settle_Journal();
+    } else if (reads == Reads::Shared) {
         Share_Lock();
+    }
     const Reset_At_The_End reset(statement);
     for (std::size_t i = 0; i < values.size(); ++i)
         Bind(statement, static_cast<int>(i) + 1, values[i]);

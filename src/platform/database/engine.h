@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/busy_waiting.h"
+#include "platform/database/engine_files.h"
 #include "platform/database/engine_handle.h"
 #include "platform/database/row_store.h"
 
@@ -63,10 +64,14 @@ private:
     std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
     Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);
     void Share_Lock();
-    void Open(const QString& file, int timeout_seconds);
+    void Open(int timeout_seconds);
+    void Settle_Journal();
 
     QString connection_string;
-    Busy_Waiting waiting; // outlives the engine
+    QString file;
+    bool journal_is_settled = false;
+    Engine_Files files; // both outlive the engine
+    Busy_Waiting waiting;
     std::optional<Engine_Handle> engine;
     // While it stands on its row, the engine keeps its read lock from one statement to the next.
     std::optional<Engine_Statement> reading;

@@ -20,11 +20,11 @@ void Engine_Handle::Throw_Its_Words(sqlite3* engine, int) {
     throw std::runtime_error(sqlite3_errmsg(engine));
 }
 
-Engine_Handle::Engine_Handle(const QString& file, Access access, Fail fail) : fail(std::move(fail)) {
+Engine_Handle::Engine_Handle(const QString& file, Access access, Fail fail, const char* vfs)
+    : fail(std::move(fail)) {
     const int flags = access == Access::Read_Only ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     sqlite3* opened = nullptr; // even where it fails, for the engine's words
-    const int result =
-        sqlite3_open_v2(file.toUtf8().constData(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result = sqlite3_open_v2(file.toUtf8().constData(), &opened, flags | SQLITE_OPEN_NOMUTEX, vfs);
     handle.reset(opened);
     Check(result);
     sqlite3_extended_result_codes(opened, 1);

@@ -21,7 +21,8 @@ public:
     static void Throw_Its_Words(sqlite3* engine, int result);
 
     // The file must exist; ":memory:" is an empty database without one.
-    Engine_Handle(const QString& file, Access access, Fail fail = Throw_Its_Words);
+    // `vfs` names a way to the files other than the system's; it outlives the handle.
+    Engine_Handle(const QString& file, Access access, Fail fail = Throw_Its_Words, const char* vfs = nullptr);
     Engine_Handle(const Engine_Handle&) = delete;
     Engine_Handle& operator=(const Engine_Handle&) = delete;
 
