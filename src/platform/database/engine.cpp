@@ -163,9 +163,10 @@ void Engine::Set_Timeout(int seconds) {
     waiting.Install(engine->Get(), seconds);
 }
 
-bool Engine::Serves(const QString& asked) const {
-    int has_moved = 0;
+bool Engine::Serves(const QString& asked) {
     if (lock_is_held) return asked == connection_string;
+    int has_moved = 0;
+    files.Look_Anew();
     return asked == connection_string &&
            sqlite3_file_control(engine->Get(), "main", SQLITE_FCNTL_HAS_MOVED, &has_moved) == SQLITE_OK &&
            has_moved == 0;

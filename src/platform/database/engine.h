@@ -43,7 +43,7 @@ public:
 
     void Set_Timeout(int seconds);
     // Whether the connection string still leads to this very file.
-    bool Serves(const QString& connection_string) const;
+    bool Serves(const QString& connection_string);
 
     // Runs one statement of the Jet dialect. With `to_be_written` its rows come with their identities, where
     // they have any.

@@ -51,11 +51,15 @@ bool Lets_The_Same_People_In(const struct stat& journal, const struct stat& data
 } // namespace
 
 bool Journal_May_Stay(const QString& file) {
-    struct stat database {
-    }, folder{}, journal{};
-    if (!Look_At(file, database) || !Look_At(QFileInfo(file).path(), folder)) return false;
-    if (folder.st_mode & S_ISVTX) return false; // what lies there, only its owner removes
-    if (!Look_At(file + u"-journal"_s, journal)) journal = Journal_To_Come(database, folder);
+    struct stat database {};
+    struct stat journal {};
+    if (!Look_At(file, database)) return false;
+    if (!Look_At(file + u"-journal"_s, journal)) {
+        struct stat folder {};
+        if (!Look_At(QFileInfo(file).path(), folder)) return false;
+        if (folder.st_mode & S_ISVTX) return false; // what lies there, only its owner removes
+        journal = Journal_To_Come(database, folder);
+    }
     return Lets_The_Same_People_In(journal, database);
 }
 
