@@ -68,7 +68,7 @@ protected:
 
     bool Others_May_Write() const {
         try {
-            sample.Run(u"BEGIN EXCLUSIVE; ROLLBACK"_s);
+            Engine_Handle(sample.Path(), Access::Read_Write).Run(u"BEGIN EXCLUSIVE; ROLLBACK"_s);
             return true;
         } catch (const std::exception&) {
             return false;
