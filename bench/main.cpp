@@ -5,6 +5,7 @@
 #include "growth.h"
 #include "import_bench.h"
 #include "platform/desktop/qt_platform.h"
+#include "share.h"
 #include "shell/conventions/theme.h"
 #include "start.h"
 
@@ -75,6 +76,7 @@ static void Measure(desktop::Platform& ports) {
     for (bench::Full_School* school : {&small, &full}) // last, as it changes their groups
         bench::Register_Whole_File(*school);
     bench::Register_Starts();
+    bench::Register_Share();
     benchmark::RegisterBenchmark("import_a_school", bench::Import_A_School, std::ref(ports))
         ->Iterations(bench::Classes)
         ->Unit(benchmark::kMillisecond)
@@ -87,6 +89,11 @@ static void Measure(desktop::Platform& ports) {
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     if (const auto status = bench::Started_To_Be_Measured(argc, argv)) return *status;
+    if (const auto status = bench::Started_On_A_Share(argc, argv)) return *status;
+    if (argc == 2 && std::string_view(argv[1]) == "--round-trips") {
+        const QApplication application(argc, argv);
+        return bench::Tell_Round_Trips();
+    }
     std::string option;
     std::vector<char*> arguments = With_A_File(argc, argv, option);
     int count = static_cast<int>(arguments.size());

@@ -2,18 +2,16 @@
 
 #include "app/program.h"
 #include "console/other_ports.h"
+#include "installed_folder.h"
 #include "measuring.h"
 #include "platform/desktop/qt_platform.h"
-#include "sampledb/sample_data.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/theme.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QPaintEvent>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 #include <stdexcept>
@@ -95,27 +93,6 @@ int Run_The_Program(const QString& folder, bool on_to_reports) {
     return QApplication::exec();
 }
 
-// A folder that looks like an installed program's, on a school of its own.
-class Installed_Folder {
-public:
-    Installed_Folder() {
-        const QString school = folder.filePath(u"school"_s);
-        QDir().mkpath(school);
-        sample_data::Write_Database(school + u"/Mevo05Data.mdb"_s, {Pupils, 1});
-        sample_data::Write_Template(school + u"/Mevo05EmptyDatabase.mdb"_s, 1);
-        const QDir program(QApplication::applicationDirPath());
-        for (const QString& assets : {u"system"_s, u"Sounds"_s})
-            QFile::link(program.filePath(assets), folder.filePath(assets));
-        QFile settings(folder.filePath(u"product.ini"_s));
-        if (!settings.open(QIODevice::WriteOnly)) throw std::runtime_error("can't write product.ini");
-        settings.write(u"[SETTINGS]\r\ndatabase_sharepath=%1\r\n"_s.arg(school).toUtf8());
-    }
-    QString Path() const { return folder.path(); }
-
-private:
-    QTemporaryDir folder;
-};
-
 // Starts this program as the one to be measured, and waits until it has got there; gives its memory, in MB.
 double Start(const QStringList& arguments) {
     QProcess process;
@@ -130,7 +107,7 @@ double Start(const QStringList& arguments) {
 }
 
 void Start_To_Menu(benchmark::State& state) {
-    const Installed_Folder installed;
+    const Installed_Folder installed(Pupils);
     const double mean_ms = Measure_Beside(
         state,
         [&] {
@@ -141,7 +118,7 @@ void Start_To_Menu(benchmark::State& state) {
 }
 
 void Memory_Of_A_Full_List(benchmark::State& state) {
-    const Installed_Folder installed;
+    const Installed_Folder installed(Pupils);
     double memory = 0;
     double plain = 0;
     Measure_Beside(

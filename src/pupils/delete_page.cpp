@@ -68,10 +68,11 @@ QString Codes_In_Group(database::Recordset& members) {
 } // namespace
 
 void Form9::Load() {
-    const auto act = holder.Begin_Act();
     Timer1->start(Deferred_Ms);
     Fill_Group_Combos();
-    Load_Delete_List(0);
+    // Everyone has just been listed by the click on the first item, unless that went wrong; within one act a
+    // second reading finds the same.
+    if (!everyone_is_listed) Load_Delete_List(0);
 }
 
 // Selecting the first item raises its click, which fills the list.
@@ -85,6 +86,16 @@ void Form9::Fill_Group_Combos() {
     Combo1->Set_ListIndex(0);
 }
 
+void Form9::Take_Pupils(int count) {
+    foundation::Row_Fields field(holder);
+    for (int i = 1; i <= count; ++i) {
+        Take_Names(field, i, {installation, pupils, records});
+        pupils.Pupil_DOB_List[i] = field(u"DOB"_s).Text_Or_Empty();
+        records.Pupil_Group[i] = field(u"Group_Class"_s).Text_Or_Empty();
+        field.Next_Row();
+    }
+}
+
 void Form9::Load_Delete_List(int index) {
     Timer1->stop();
     const QString condition =
@@ -94,12 +105,8 @@ void Form9::Load_Delete_List(int index) {
                     u"Optimistic"_s);
     qint16 count = 0;
     holder.ado_RSCount(count);
-    for (int i = 1; i <= count; ++i) {
-        Take_Names(holder, i, {installation, pupils, records});
-        pupils.Pupil_DOB_List[i] = holder.Field(u"DOB"_s).Text_Or_Empty();
-        records.Pupil_Group[i] = holder.Field(u"Group_Class"_s).Text_Or_Empty();
-        holder.Rows().MoveNext();
-    }
+    everyone_is_listed = index == 0 && count > 0;
+    if (count > 0) Take_Pupils(count);
     counts.Number_Of_Students = count;
     Listed_Count = count;
     holder.ado_Close();

@@ -46,6 +46,7 @@ private:
     void Lay_Out_Individual_Deletion();
     void Lay_Out_Group_Deletion();
     void Tell_Helps();
+    void Take_Pupils(int count);
     QStringList Selected_Codes() const;
     bool Confirmed(const QString& title, int individuals);
     int Removed_In_Group(const QString& name);
@@ -57,6 +58,7 @@ private:
     shell::Menu_Counts& counts;
     foundation::Access_Holder holder;
     int Listed_Count = 0; // pupils in the list
+    bool everyone_is_listed = false;
 
     List_View* ListView1;
     Work_Bar* ProgressBar1;

@@ -32,22 +32,23 @@ void Form15::Timer1_Timer() {
 }
 
 void Form15::Load_All_Students() {
-    List_All_Pupils(holder, {installation, pupils, records}, *Combo1, [this](int p) { Take_Pupil(p); });
+    List_All_Pupils(holder, {installation, pupils, records}, *Combo1,
+                    [this](foundation::Row_Fields& field, int p) { Take_Pupil(field, p); });
     if (pupils.Pupils_Listed == 0)
         Label7->setText(u"No reports are available as yet"_s);
     else
         Combo1->Set_ListIndex(0);
 }
 
-void Form15::Take_Pupil(int p) {
-    Take_Names(holder, p, {installation, pupils, records});
-    records.Pupil_Sex[p] = holder.Field(u"Sex"_s).Text_Or_Empty();
-    pupils.Pupil_DOB_List[p] = holder.Field(u"DOB"_s).Text_Or_Empty();
+void Form15::Take_Pupil(foundation::Row_Fields& field, int p) {
+    Take_Names(field, p, {installation, pupils, records});
+    records.Pupil_Sex[p] = field(u"Sex"_s).Text_Or_Empty();
+    pupils.Pupil_DOB_List[p] = field(u"DOB"_s).Text_Or_Empty();
     for (int t = 1; t <= scoring::All_Tests; ++t) {
         const scoring::Test_Entry& test = scoring::Test_At(t);
-        pupils.Test_Status[t][p] = Number_Or_Zero(holder.Field(test.Status_Column));
-        pupils.Test_Age[t][p] = Number_Or_Zero(holder.Field(test.Age_Column));
-        pupils.Test_Date[t][p] = holder.Field(test.Date_Column).Text_Or_Empty();
+        pupils.Test_Status[t][p] = Number_Or_Zero(field(test.Status_Column));
+        pupils.Test_Age[t][p] = Number_Or_Zero(field(test.Age_Column));
+        pupils.Test_Date[t][p] = field(test.Date_Column).Text_Or_Empty();
     }
 }
 

@@ -61,7 +61,7 @@ private:
     void Lay_Out_Legend();
     void Order_By_Enter();
     void Tell_Helps();
-    void Take_Pupil(int p);
+    void Take_Pupil(foundation::Row_Fields& field, int p);
     // Does nothing before a pupil is shown, as in the second in which the list is still to be loaded.
     std::function<void()> For_Current_Pupil(void (Form15::*work)(int index));
     void Set_Personal_Enabled(bool enabled);

@@ -77,18 +77,30 @@ shell::Help_Line* Help_In(QLabel* label, QObject* owner) {
     });
 }
 
+using Take_Pupil = std::function<void(foundation::Row_Fields& field, int p)>;
+
+// Gives their entries.
+static QStringList Taken_Pupils(foundation::Access_Holder& holder, int count, const Record_Data& data,
+                                const Take_Pupil& take) {
+    foundation::Row_Fields field(holder);
+    QStringList entries;
+    entries.reserve(count);
+    for (int p = 1; p <= count; ++p) {
+        take(field, p);
+        entries.append(Pupil_Entry(p, data));
+        field.Next_Row();
+    }
+    return entries;
+}
+
 void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,
-                     const std::function<void(int p)>& take) {
+                     const std::function<void(foundation::Row_Fields& field, int p)>& take) {
     holder.ado_Open(data.installation.Connection_String,
                     u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s, u"Optimistic"_s);
     qint16 count = 0;
     holder.ado_RSCount(count);
     box.Clear();
-    for (int p = 1; p <= count; ++p) {
-        take(p);
-        box.AddItem(Pupil_Entry(p, data));
-        holder.Rows().MoveNext();
-    }
+    if (count > 0) box.Add_Items(Taken_Pupils(holder, count, data, take));
     holder.ado_Close();
     data.pupils.Pupils_Listed = count;
 }

@@ -39,7 +39,7 @@ shell::Help_Line* Help_In(QLabel* label, QObject* owner);
 // Reads all pupils by their names into the lists and the box to choose from. `take` fills what the page needs
 // of the row at hand at place p.
 void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,
-                     const std::function<void(int p)>& take);
+                     const std::function<void(foundation::Row_Fields& field, int p)>& take);
 
 // Selects the first item; a list without items is left alone.
 void Select_First(shell::Click_Combo* combo);

@@ -1,5 +1,7 @@
 #include "pupils/pupil_records.h"
 
+#include <QStringBuilder>
+
 using namespace Qt::StringLiterals;
 
 namespace pupils {
@@ -25,15 +27,15 @@ bool Is_Group_Name(const Group_Lists& groups, const QString& name) {
     return false;
 }
 
-void Take_Names(foundation::Access_Holder& holder, int p, Record_Data data) {
-    data.pupils.Student_Code[p] = holder.Field(u"StudentCode"_s).Text_Or_Empty();
-    data.records.Pupil_Surname[p] = holder.Field(u"Surname"_s).Text_Or_Empty();
-    data.records.Pupil_Forename[p] = holder.Field(u"Forename"_s).Text_Or_Empty();
+void Take_Names(foundation::Row_Fields& field, int p, Record_Data data) {
+    data.pupils.Student_Code[p] = field(u"StudentCode"_s).Text_Or_Empty();
+    data.records.Pupil_Surname[p] = field(u"Surname"_s).Text_Or_Empty();
+    data.records.Pupil_Forename[p] = field(u"Forename"_s).Text_Or_Empty();
 }
 
 QString Pupil_Entry(int p, const Record_Data& data) {
-    return data.records.Pupil_Surname[p] + u' ' + data.records.Pupil_Forename[p] + u" ("_s +
-           data.pupils.Student_Code[p] + u')';
+    return data.records.Pupil_Surname[p] % u' ' % data.records.Pupil_Forename[p] % " ("_L1 %
+           data.pupils.Student_Code[p] % u')';
 }
 
 qint16 Number_Or_Zero(const basics::Value& value) {

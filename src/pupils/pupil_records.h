@@ -2,6 +2,7 @@
 
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
+#include "foundation/row_fields.h"
 #include "platform/basics/bounded.h"
 #include "platform/basics/value.h"
 #include "platform/database/connection.h"
@@ -54,7 +55,7 @@ void Load_Groups(foundation::Access_Holder& holder, const foundation::Installati
 bool Is_Group_Name(const Group_Lists& groups, const QString& name);
 
 // Code, surname and forename of the row at hand.
-void Take_Names(foundation::Access_Holder& holder, int p, Record_Data data);
+void Take_Names(foundation::Row_Fields& field, int p, Record_Data data);
 
 // The pupil's entry in a box to choose from: "Grey Anna (GREANN204XYZ)".
 QString Pupil_Entry(int p, const Record_Data& data);

@@ -1,5 +1,6 @@
 #include "pupils/security_page.h"
 
+#include "platform/basics/dates.h"
 #include "platform/basics/run_time_error.h"
 #include "printing/grid_print.h"
 
@@ -33,8 +34,8 @@ void Form2::Timer1_Timer() {
 }
 
 void Form2::Load_Everyone_Afresh() {
-    const auto act = holder.Begin_Act();
-    List_All_Pupils(holder, {installation, pupils, records}, *Combo1, [this](int p) { Take_Pupil(p); });
+    List_All_Pupils(holder, {installation, pupils, records}, *Combo1,
+                    [this](foundation::Row_Fields& field, int p) { Take_Pupil(field, p); });
     Label3->setText(QString::number(pupils.Pupils_Listed));
     Populate_SpreadSheet(pupils.Pupils_Listed);
     Fill_Group_Combos();
@@ -50,16 +51,16 @@ std::function<void()> Form2::With_Lists(void (Form2::*work)()) {
 }
 
 static QString Day_First(const basics::Value& date) {
-    return date.Is_Date() ? date.As_Date().toString(u"dd/MM/yyyy"_s) : date.Text_Or_Empty();
+    return date.Is_Date() ? basics::Day_Text(date.As_Date().date()) : date.Text_Or_Empty();
 }
 
-void Form2::Take_Pupil(int p) {
-    Take_Names(holder, p, {installation, pupils, records});
-    pupils.Pupil_DOB_List[p] = Day_First(holder.Field(u"DOB"_s));
-    records.Pupil_Group[p] = holder.Field(u"Group_Class"_s).Text_Or_Empty();
-    records.Pupil_Password[p] = holder.Field(u"Password"_s).Text_Or_Empty();
-    records.Pupil_Show_Name[p] = Number_Or_Zero(holder.Field(u"Show_Name"_s));
-    records.Pupil_Dob_As_Pw[p] = Number_Or_Zero(holder.Field(u"Dob_as_pw"_s));
+void Form2::Take_Pupil(foundation::Row_Fields& field, int p) {
+    Take_Names(field, p, {installation, pupils, records});
+    pupils.Pupil_DOB_List[p] = Day_First(field(u"DOB"_s));
+    records.Pupil_Group[p] = field(u"Group_Class"_s).Text_Or_Empty();
+    records.Pupil_Password[p] = field(u"Password"_s).Text_Or_Empty();
+    records.Pupil_Show_Name[p] = Number_Or_Zero(field(u"Show_Name"_s));
+    records.Pupil_Dob_As_Pw[p] = Number_Or_Zero(field(u"Dob_as_pw"_s));
 }
 
 void Form2::SpreadSheet_Headings() {
@@ -72,6 +73,7 @@ void Form2::SpreadSheet_Headings() {
 
 void Form2::Populate_SpreadSheet(int count) {
     SpreadSheet_Headings();
+    if (count > Spread1->rowCount()) Spread1->Set_MaxRows(count); // all at once, and not as each is written
     for (int row = 1; row <= count; ++row) {
         const QString texts[] = {
             pupils.Student_Code[row],
@@ -169,7 +171,6 @@ void Form2::Combo2_Click() {
 // Loading everyone afresh chooses the first group, before the choice is kept: so the panel goes back to that
 // group.
 void Form2::Update_Group_Settings() {
-    const auto act = holder.Begin_Act();
     Update_Group_Row();
     Update_Groups_For_All_Students();
     const int chosen = Combo2->ListIndex();

@@ -55,7 +55,7 @@ private:
     void Lay_Out_Group_Settings();
     void Lay_Out_Group_Names();
     void Tell_Helps();
-    void Take_Pupil(int p);
+    void Take_Pupil(foundation::Row_Fields& field, int p);
     // Does nothing in the second in which the lists are still to be loaded.
     std::function<void()> With_Lists(void (Form2::*work)());
     void Bring_Into_View(int row);

@@ -48,9 +48,12 @@ void Form30::Timer2_Timer() {
 void Form30::Load_Students() {
     scoring::Load_Pupil_Lists(holder, installation, platform.clock, pupils);
     lists_loaded = true;
-    Combo1->Clear();
+    QStringList entries;
+    entries.reserve(pupils.Pupils_Listed);
     for (int p = 1; p <= pupils.Pupils_Listed; ++p)
-        Combo1->AddItem(scoring::Pupil_List_Entry(pupils, p));
+        entries.append(scoring::Pupil_List_Entry(pupils, p));
+    Combo1->Clear();
+    Combo1->Add_Items(entries);
     if (pupils.Pupils_Listed > 0)
         Combo1->Set_ListIndex(0);
     else

@@ -1,5 +1,6 @@
 #include "scoring/pupil_lists.h"
 
+#include "foundation/row_fields.h"
 #include "platform/basics/age.h"
 
 #include <algorithm>
@@ -11,14 +12,14 @@ namespace scoring {
 namespace {
 
 using basics::Value;
-using foundation::Access_Holder;
+using foundation::Row_Fields;
 
 // A single status without a value leaves the sum without one, and so the pupil off the list, however many
 // tests are done.
-bool Belongs_On_List(Access_Holder& holder) {
+bool Belongs_On_List(Row_Fields& field) {
     double sum = 0;
     for (int t = 1; t <= All_Tests; ++t) {
-        const Value status = holder.Field(Test_At(t).Status_Column);
+        const Value& status = field(Test_At(t).Status_Column);
         if (status.Is_Empty()) return false;
         sum += status.As_Double();
     }
@@ -30,35 +31,43 @@ qint16 Age_Now(const Value& date_of_birth, const desktop::Clock& clock) {
     return static_cast<qint16>(basics::Age_In_Months(date_of_birth.As_Date(), clock.Now()));
 }
 
-void Take_Pupil(Access_Holder& holder, const desktop::Clock& clock, int p, Pupil_Lists& lists) {
-    lists.Student_Code[p] = holder.Field(u"StudentCode"_s).Text_Or_Empty();
-    lists.Pupil_Name_List[p] =
-        holder.Field(u"Surname"_s).Text_Or_Empty() + u' ' + holder.Field(u"Forename"_s).Text_Or_Empty();
-    const Value date_of_birth = holder.Field(u"DOB"_s);
+void Take_Pupil(Row_Fields& field, const desktop::Clock& clock, int p, Pupil_Lists& lists) {
+    lists.Student_Code[p] = field(u"StudentCode"_s).Text_Or_Empty();
+    lists.Pupil_Name_List[p] = field(u"Surname"_s).Text_Or_Empty() + u' ';
+    lists.Pupil_Name_List[p] += field(u"Forename"_s).Text_Or_Empty();
+    const Value& date_of_birth = field(u"DOB"_s);
     lists.Pupil_DOB_List[p] = date_of_birth.Text_Or_Empty();
     lists.Pupil_Age_Now[p] = Age_Now(date_of_birth, clock);
     for (int t = 1; t <= All_Tests; ++t) {
         const Test_Entry& test = Test_At(t);
-        lists.Test_Status[t][p] = holder.Field(test.Status_Column).As_Integer();
-        lists.Test_Age[t][p] = holder.Field(test.Age_Column).As_Integer();
-        lists.Test_Date[t][p] = holder.Field(test.Date_Column).Text_Or_Empty();
+        lists.Test_Status[t][p] = field(test.Status_Column).As_Integer();
+        lists.Test_Age[t][p] = field(test.Age_Column).As_Integer();
+        lists.Test_Date[t][p] = field(test.Date_Column).Text_Or_Empty();
     }
     lists.Pupil_Test_Age[p] = Age_When_First_Tested(lists, p);
 }
 
+// Gives how many they are.
+int Take_Those_With_Results(foundation::Access_Holder& holder, int rows, const desktop::Clock& clock,
+                            Pupil_Lists& lists) {
+    Row_Fields field(holder);
+    int n = 0;
+    for (int row = 1; row <= rows; ++row) {
+        if (Belongs_On_List(field)) Take_Pupil(field, clock, ++n, lists);
+        if (!field.Is_Behind_The_Last()) field.Next_Row();
+    }
+    return n;
+}
+
 } // namespace
 
-void Load_Pupil_Lists(Access_Holder& holder, const foundation::Installation& installation,
+void Load_Pupil_Lists(foundation::Access_Holder& holder, const foundation::Installation& installation,
                       const desktop::Clock& clock, Pupil_Lists& lists) {
     holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s,
                     u"Optimistic"_s);
     qint16 rows = 0;
     holder.ado_RSCount(rows);
-    int n = 0;
-    for (int row = 1; row <= rows; ++row) {
-        if (Belongs_On_List(holder)) Take_Pupil(holder, clock, ++n, lists);
-        if (!holder.Rows().Eof()) holder.Rows().MoveNext();
-    }
+    const int n = rows > 0 ? Take_Those_With_Results(holder, rows, clock, lists) : 0;
     holder.ado_Close();
     lists.Pupils_Listed = n;
 }

@@ -34,6 +34,7 @@ public:
     void Expect_Abort_Ends(const std::function<void()>& reading);
 
     QList<Box_Shown> shown;
+    std::function<desktop::Answer(desktop::Box_Style)> otherwise; // answers what nobody scripted
 
 private:
     struct Reply {

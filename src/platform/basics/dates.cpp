@@ -23,7 +23,10 @@ static QDate Usual_Date(const QString& text) {
         if (form[i] == u'0' ? !is_digit : text[i] != form[i]) return {};
     }
     const auto number = [&text](qsizetype at, qsizetype digits) {
-        return QStringView(text).sliced(at, digits).toInt();
+        int sum = 0;
+        for (qsizetype i = at; i < at + digits; ++i)
+            sum = sum * 10 + (text[i].unicode() - u'0');
+        return sum;
     };
     return {number(6, 4), number(3, 2), number(0, 2)};
 }
@@ -52,7 +55,7 @@ std::optional<QDateTime> Stored_Date(const QString& text) {
 }
 
 // Written by hand for the same reason as it is read by hand.
-static QString Day_Text(QDate date) {
+QString Day_Text(QDate date) {
     QString text = u"00/00/0000"_s;
     QChar* characters = text.data();
     const auto put = [characters](int number, int last) {

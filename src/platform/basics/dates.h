@@ -13,4 +13,7 @@ std::optional<QDateTime> Stored_Date(const QString& text);
 // A date of the years 1 to 9999 as text: dd/mm/yyyy, with the time of day behind it unless it is midnight.
 QString Date_Text(const QDateTime& date);
 
+// Its day alone, dd/mm/yyyy.
+QString Day_Text(QDate date);
+
 } // namespace basics

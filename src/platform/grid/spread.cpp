@@ -2,6 +2,7 @@
 
 #include "platform/basics/run_time_error.h"
 
+#include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QStyledItemDelegate>
@@ -44,15 +45,89 @@ QString Column_Letters(int column) {
 
 } // namespace
 
+// The grid's texts, and of each column its heading and its side: nothing of a cell's own, as each of the
+// toolkit's items would have it.
+class Cells final : public QAbstractTableModel {
+public:
+    Cells(int columns, int rows, QObject* parent) : QAbstractTableModel(parent), columns(columns) {
+        Set_Rows(rows);
+        headings.resize(static_cast<std::size_t>(columns));
+    }
+
+    struct Heading {
+        QString text;
+        QFont font;
+        Side side = Side::Centre; // of the column's cells
+        int alignment = Qt::AlignCenter;
+    };
+    std::vector<Heading> headings; // by column
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() || columns == 0 ? 0 : static_cast<int>(texts.size()) / columns;
+    }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role == Qt::TextAlignmentRole) return int(Alignment_Of(index.column()));
+        if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
+        return texts[At(index.column(), index.row())];
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation == Qt::Vertical) return QAbstractTableModel::headerData(section, orientation, role);
+        const Heading& heading = headings[static_cast<std::size_t>(section)];
+        if (role == Qt::DisplayRole) return heading.text;
+        if (role == Qt::FontRole) return heading.font;
+        return role == Qt::TextAlignmentRole ? QVariant(heading.alignment) : QVariant();
+    }
+
+    Qt::Alignment Alignment_Of(int column) const {
+        const bool left = headings[static_cast<std::size_t>(column)].side == Side::Left;
+        return (left ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter;
+    }
+    const QString& Text(int column, int row) const { return texts[At(column, row)]; }
+    void Set_Text(int column, int row, const QString& text) {
+        QString& cell = texts[At(column, row)];
+        if (cell == text) return;
+        cell = text;
+        Q_EMIT dataChanged(index(row, column), index(row, column));
+    }
+    void Set_Rows(int rows) {
+        const int now = rowCount();
+        if (rows > now) {
+            beginInsertRows({}, now, rows - 1);
+            texts.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns), u""_s);
+            endInsertRows();
+        } else if (rows < now) {
+            beginRemoveRows({}, rows, now - 1);
+            texts.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns));
+            endRemoveRows();
+        }
+    }
+    void Heading_Changed(int column) { Q_EMIT headerDataChanged(Qt::Horizontal, column, column); }
+
+private:
+    std::size_t At(int column, int row) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
+               static_cast<std::size_t>(column);
+    }
+
+    int columns;
+    std::vector<QString> texts; // row by row
+};
+
 fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
-    : QTableWidget(std::max(rows, 0), columns, parent),
+    : QTableView(parent),
+      cells(new Cells(columns, std::max(rows, 0), this)),
       rows_as_written(rows == Rows_As_Written),
-      sides(static_cast<std::size_t>(columns), Side::Centre),
       wider_on_paper(static_cast<std::size_t>(columns), 0) {
+    setModel(cells);
     setObjectName(name);
     setItemDelegate(new Look_Delegate(this));
-    for (int column = 1; column <= columns; ++column)
+    for (int column = 1; column <= columns; ++column) {
+        QFont& bold = cells->headings[static_cast<std::size_t>(column) - 1].font;
+        bold = font();
+        bold.setBold(true);
         Set_Heading(column, Column_Letters(column));
+    }
     if (columns > 0) Set_Left_Aligned(1);
     horizontalHeader()->hide();
     horizontalHeader()->setHighlightSections(false);
@@ -61,35 +136,21 @@ fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::NoSelection);
     setTabKeyNavigation(false);
-    connect(this, &QTableWidget::cellDoubleClicked, this, [this] { Q_EMIT Double_Click(); });
+    connect(this, &QTableView::doubleClicked, this, [this] { Q_EMIT Double_Click(); });
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this] { Q_EMIT Double_Click(); });
 }
 
-Qt::Alignment fpSpread::Alignment_Of(int column) const {
-    const bool left = sides[static_cast<std::size_t>(column) - 1] == Side::Left;
-    return (left ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter;
+int fpSpread::rowCount() const {
+    return cells->rowCount();
 }
 
-QTableWidgetItem* fpSpread::Item_At(int column, int row) {
-    QTableWidgetItem* cell = item(row - 1, column - 1);
-    if (!cell) {
-        cell = new QTableWidgetItem;
-        cell->setTextAlignment(Alignment_Of(column));
-        setItem(row - 1, column - 1, cell);
-    }
-    return cell;
+int fpSpread::columnCount() const {
+    return cells->columnCount();
 }
 
 void fpSpread::Set_Heading(int column, const QString& text) {
-    QTableWidgetItem* heading = horizontalHeaderItem(column - 1);
-    if (!heading) {
-        heading = new QTableWidgetItem;
-        QFont font = this->font();
-        font.setBold(true);
-        heading->setFont(font);
-        setHorizontalHeaderItem(column - 1, heading);
-    }
-    heading->setText(text);
+    cells->headings[static_cast<std::size_t>(column) - 1].text = text;
+    cells->Heading_Changed(column - 1);
 }
 
 void fpSpread::Set_Text(int column, int row, const QString& text) {
@@ -99,19 +160,20 @@ void fpSpread::Set_Text(int column, int row, const QString& text) {
         horizontalHeader()->show();
         return;
     }
-    if (row > rowCount() && rows_as_written) setRowCount(row);
+    if (row > rowCount() && rows_as_written) cells->Set_Rows(row);
     if (row > rowCount()) return;
-    Item_At(column, row)->setText(text);
+    cells->Set_Text(column - 1, row - 1, text);
     if (row == 1 && heading_row) Set_Heading(column, text);
 }
 
 QString fpSpread::Text(int column, int row) const {
-    const QTableWidgetItem* cell = row == 0 ? horizontalHeaderItem(column - 1) : item(row - 1, column - 1);
-    return cell ? cell->text() : QString(u""_s);
+    if (column < 1 || column > columnCount() || row < 0 || row > rowCount()) return u""_s;
+    return row == 0 ? cells->headings[static_cast<std::size_t>(column) - 1].text
+                    : cells->Text(column - 1, row - 1);
 }
 
 void fpSpread::Set_MaxRows(int rows) {
-    setRowCount(rows);
+    cells->Set_Rows(rows);
 }
 
 void fpSpread::Set_ColWidth(int column, int pixels) {
@@ -126,10 +188,11 @@ void fpSpread::Narrow_On_Screen(int column, int pixels) {
 }
 
 void fpSpread::Set_Left_Aligned(int column) {
-    sides[static_cast<std::size_t>(column) - 1] = Side::Left;
-    horizontalHeaderItem(column - 1)->setTextAlignment(Alignment_Of(column));
-    for (int row = 1; row <= rowCount(); ++row)
-        if (QTableWidgetItem* cell = item(row - 1, column - 1)) cell->setTextAlignment(Alignment_Of(column));
+    Cells::Heading& heading = cells->headings[static_cast<std::size_t>(column) - 1];
+    heading.side = Side::Left;
+    heading.alignment = int(cells->Alignment_Of(column - 1));
+    cells->Heading_Changed(column - 1);
+    viewport()->update();
 }
 
 void fpSpread::Set_Heading_Row(int height) {
@@ -137,8 +200,8 @@ void fpSpread::Set_Heading_Row(int height) {
     setRowHidden(0, true);
     for (int column = 1; column <= columnCount(); ++column) {
         Set_Heading(column, Text(column, 1));
-        horizontalHeaderItem(column - 1)
-            ->setData(Qt::TextAlignmentRole, int(Alignment_Of(column)) | Qt::TextWordWrap);
+        cells->headings[static_cast<std::size_t>(column) - 1].alignment =
+            int(cells->Alignment_Of(column - 1)) | Qt::TextWordWrap;
     }
     horizontalHeader()->setFixedHeight(height);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -153,7 +216,7 @@ void fpSpread::Fit_Rows() {
 }
 
 bool fpSpread::viewportEvent(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QTableWidget::viewportEvent(event);
+    if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const QModelIndex cell = indexAt(help->pos());
     const QString text = cell.data().toString().trimmed();
@@ -195,7 +258,8 @@ Printed_Grid fpSpread::Printed() const {
     for (int column = 1; column <= extent.columns; ++column) {
         const auto place = static_cast<std::size_t>(column) - 1;
         if (!isColumnHidden(column - 1))
-            printed.columns.push_back({columnWidth(column - 1) + wider_on_paper[place], sides[place]});
+            printed.columns.push_back(
+                {columnWidth(column - 1) + wider_on_paper[place], cells->headings[place].side});
     }
     if (PrintColHeaders) printed.heads.push_back(Row_Texts(0, extent));
     for (int row = 1; row <= extent.rows; ++row)

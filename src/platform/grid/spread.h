@@ -3,7 +3,7 @@
 #include "platform/grid/grid_printing.h"
 
 #include <QColor>
-#include <QTableWidget>
+#include <QTableView>
 #include <vector>
 
 namespace grid {
@@ -22,18 +22,23 @@ struct Print_Outlet {
     QString pdf_folder; // for the PDF that stands in where no printer is set up
 };
 
+class Cells;
+
 // The grid control: cells addressed by column and row from 1, filled by the program and read by the user. A
 // double click on it is told to its page.
 //
 // Row 0 is the header row, which stays while the others scroll. A column that was given no heading has its
 // letter there, and the row is shown as soon as one heading has been written.
-class fpSpread : public QTableWidget {
+class fpSpread : public QTableView {
     Q_OBJECT
 public:
     // A row count for a grid that gets its rows as they are written.
     static constexpr int Rows_As_Written = -1;
 
     fpSpread(const QString& name, int columns, int rows, QWidget* parent);
+
+    int rowCount() const;
+    int columnCount() const;
 
     // A cell outside the grid takes no text.
     void Set_Text(int column, int row, const QString& text);
@@ -81,15 +86,13 @@ private:
         int rows = 0;
     };
 
-    Qt::Alignment Alignment_Of(int column) const;
-    QTableWidgetItem* Item_At(int column, int row);
     void Set_Heading(int column, const QString& text);
     QStringList Row_Texts(int row, const Extent& extent) const;
     Extent Printed_Extent() const;
 
+    Cells* cells;
     bool rows_as_written;
     bool heading_row = false;
-    std::vector<Side> sides;         // by column
     std::vector<int> wider_on_paper; // pixels, by column
 };
 

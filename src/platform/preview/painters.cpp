@@ -20,27 +20,56 @@ QPen Painted_Pen(const Pen& pen) {
     return QPen(pen.colour, pen.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
 }
 
-void Paint_Operation(const Text_Operation& text, QPainter& painter) {
-    painter.save();
-    painter.translate(text.x, text.y);
-    painter.rotate(-text.angle / 10.0);
-    painter.scale(text.squeeze, 1);
-    painter.setFont(Font_Of(text.style));
-    painter.setPen(text.colour);
-    painter.drawText(QPointF(0, Ascent(text.style)), text.text);
-    painter.restore();
-}
+// Paints one operation after the other. A sheet's texts have few styles, whose font and ascent are asked for
+// once.
+class Operation_Painter {
+public:
+    explicit Operation_Painter(QPainter& painter) : painter(painter) {}
 
-void Paint_Operation(const Line_Operation& line, QPainter& painter) {
-    painter.setPen(Painted_Pen(line.pen));
-    painter.drawLine(line.x1, line.y1, line.x2, line.y2);
-}
+    void operator()(const Text_Operation& text) {
+        const Face& face = Face_Of(text.style);
+        painter.setFont(face.font);
+        painter.setPen(text.colour);
+        if (text.angle == 0 && text.squeeze == 1) {
+            painter.drawText(QPointF(text.x, text.y + face.ascent), text.text);
+            return;
+        }
+        painter.save();
+        painter.translate(text.x, text.y);
+        painter.rotate(-text.angle / 10.0);
+        painter.scale(text.squeeze, 1);
+        painter.drawText(QPointF(0, face.ascent), text.text);
+        painter.restore();
+    }
 
-void Paint_Operation(const Rectangle_Operation& rectangle, QPainter& painter) {
-    painter.setPen(rectangle.outline ? Painted_Pen(*rectangle.outline) : QPen(Qt::NoPen));
-    painter.setBrush(rectangle.fill ? QBrush(*rectangle.fill) : QBrush(Qt::NoBrush));
-    painter.drawRect(rectangle.x, rectangle.y, rectangle.width, rectangle.height);
-}
+    void operator()(const Line_Operation& line) {
+        painter.setPen(Painted_Pen(line.pen));
+        painter.drawLine(line.x1, line.y1, line.x2, line.y2);
+    }
+
+    void operator()(const Rectangle_Operation& rectangle) {
+        painter.setPen(rectangle.outline ? Painted_Pen(*rectangle.outline) : QPen(Qt::NoPen));
+        painter.setBrush(rectangle.fill ? QBrush(*rectangle.fill) : QBrush(Qt::NoBrush));
+        painter.drawRect(rectangle.x, rectangle.y, rectangle.width, rectangle.height);
+    }
+
+private:
+    struct Face {
+        Text_Style style;
+        QFont font;
+        double ascent;
+    };
+
+    const Face& Face_Of(const Text_Style& style) {
+        const auto found = std::find_if(faces.begin(), faces.end(),
+                                        [&style](const Face& face) { return face.style == style; });
+        if (found != faces.end()) return *found;
+        return faces.emplace_back(Face{style, Font_Of(style), static_cast<double>(Ascent(style))});
+    }
+
+    QPainter& painter;
+    std::vector<Face> faces;
+};
 
 QRectF Place_Of(const Text_Operation& text) {
     return Ink_Of(text);
@@ -96,8 +125,9 @@ void Paint(const Drawing& drawing, QPainter& painter) {
     // All lines run along the page's edges: on whole pixels they are sharper than smoothed ones.
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::TextAntialiasing, true);
+    Operation_Painter paints(painter);
     for (const Operation* operation : Painted_Operations(drawing))
-        std::visit([&painter](const auto& kind) { Paint_Operation(kind, painter); }, *operation);
+        std::visit(paints, *operation);
     painter.restore();
 }
 

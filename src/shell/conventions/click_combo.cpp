@@ -2,6 +2,7 @@
 
 #include "shell/conventions/guard.h"
 
+#include <QAbstractListModel>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QListView>
@@ -56,13 +57,60 @@ private:
     QElapsedTimer since_key;
 };
 
+// Texts and nothing else: the toolkit's own items are objects with a font, an icon and more each.
+class Texts final : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(texts.size());
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        const bool is_text = role == Qt::DisplayRole || role == Qt::EditRole;
+        return is_text && index.isValid() ? QVariant(texts[index.row()]) : QVariant();
+    }
+    bool setData(const QModelIndex& index, const QVariant& value, int) override {
+        texts[index.row()] = value.toString();
+        Q_EMIT dataChanged(index, index);
+        return true;
+    }
+    bool insertRows(int row, int count, const QModelIndex&) override {
+        beginInsertRows({}, row, row + count - 1);
+        texts.insert(row, count, QString());
+        endInsertRows();
+        return true;
+    }
+    bool removeRows(int row, int count, const QModelIndex&) override {
+        if (count < 1) return false;
+        beginRemoveRows({}, row, row + count - 1);
+        texts.remove(row, count);
+        endRemoveRows();
+        return true;
+    }
+    void Append(const QStringList& more) {
+        if (more.isEmpty()) return;
+        const int first = static_cast<int>(texts.size());
+        beginInsertRows({}, first, first + static_cast<int>(more.size()) - 1);
+        texts += more;
+        endInsertRows();
+    }
+
+private:
+    QStringList texts;
+};
+
 } // namespace
 
 Click_Combo::Click_Combo(const QString& name, QWidget* parent) : QComboBox(parent) {
     setObjectName(name);
+    setModel(new Texts(this));
     setView(new Items_View(this));
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded); // whatever style was in force so far
     connect(this, &QComboBox::activated, this, [this] { Q_EMIT Click(); });
+}
+
+void Click_Combo::Add_Items(const QStringList& texts) {
+    static_cast<Texts*>(model())->Append(texts);
 }
 
 void Click_Combo::showPopup() {

@@ -15,6 +15,7 @@ public:
     void showPopup() override; // not behind a box, whoever asks for it
     void Clear() { clear(); }
     void AddItem(const QString& text) { addItem(text); }
+    void Add_Items(const QStringList& texts); // at once, as a school's pupils are
 
 Q_SIGNALS:
     void Click();

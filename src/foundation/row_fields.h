@@ -1,0 +1,42 @@
+#pragma once
+
+#include "foundation/access_holder.h"
+
+#include <vector>
+
+namespace foundation {
+
+// The fields of row after row of an open holder. A list asks each row for the same fields in the same order,
+// so that where each stands is looked up once.
+class Row_Fields {
+public:
+    explicit Row_Fields(Access_Holder& holder) : rows(holder.Rows()) {}
+
+    // The field's value in the row at hand; it holds until the next one is asked for. Error 3265 for a column
+    // that isn't there.
+    const basics::Value& operator()(const QString& name) {
+        if (next == places.size()) places.emplace_back();
+        Place& place = places[next++];
+        if (place.name != name) place = {name, rows.Column_Of(name)};
+        rows.Read(place.column, value);
+        return value;
+    }
+    bool Is_Behind_The_Last() const { return rows.Eof(); }
+    void Next_Row() {
+        rows.MoveNext();
+        next = 0;
+    }
+
+private:
+    struct Place {
+        QString name;
+        int column = 0;
+    };
+
+    database::Recordset& rows;
+    std::vector<Place> places; // by their turn within a row
+    std::size_t next = 0;
+    basics::Value value;
+};
+
+} // namespace foundation
