@@ -47,9 +47,9 @@ QString Row_Of_Pupil(const QString& code) {
 }
 
 std::unique_ptr<database::Connection> Own_Connection(const foundation::Installation& installation,
-                                                     foundation::Access_Holder& holder) {
+                                                     database::Kept_Engine& kept) {
     auto connection = std::make_unique<database::Connection>();
-    connection->Keep_In(holder.Kept());
+    connection->Keep_In(kept);
     connection->ConnectionString = installation.Connection_String;
     connection->Open();
     return connection;

@@ -67,6 +67,6 @@ QString Row_Of_Pupil(const QString& code);
 
 // A connection of the procedure's own, open, and released with it.
 std::unique_ptr<database::Connection> Own_Connection(const foundation::Installation& installation,
-                                                     foundation::Access_Holder& holder);
+                                                     database::Kept_Engine& kept);
 
 } // namespace pupils

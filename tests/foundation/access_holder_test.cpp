@@ -76,7 +76,6 @@ TEST_F(Holder, NoLockIsHeldWhileABoxShows) {
     const auto act = holder.Begin_Act();
     Open(u"SELECT * FROM Mevo_Groups"_s);
     outside.boxes.Will_Answer(Answer::Ignore, [this] { sample.Run(u"DELETE FROM Mevo_Groups"_s); });
-    outside.boxes.Will_Answer(Answer::Ignore);
     Open(u"SELECT * FROM No_Such_Table"_s);
     Open(u"SELECT * FROM Mevo_Groups"_s);
     EXPECT_EQ(Count(), 0);
