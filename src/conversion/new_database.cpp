@@ -1,6 +1,7 @@
 #include "conversion/new_database.h"
 
 #include "conversion/refusal.h"
+#include "foundation/schema.h"
 #include "platform/basics/dates.h"
 
 #include <sqlite3.h>
@@ -12,6 +13,7 @@ namespace conversion {
 using jet_stream::Value_Tag;
 
 New_Database::New_Database(const QString& file) : engine(file, Access::Read_Write) {
+    engine.Run(foundation::Page_Size_Statement.toString());
     engine.Run(u"PRAGMA journal_mode = MEMORY"_s);
     engine.Run(u"PRAGMA synchronous = OFF"_s); // the whole file is written out before it gets its name
     engine.Run(u"PRAGMA locking_mode = EXCLUSIVE"_s);

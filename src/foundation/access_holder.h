@@ -38,6 +38,13 @@ public:
     // Closes at once what is kept of the file for the next query: before the file is copied or replaced.
     void Let_Go() { kept.Let_Go(); }
 
+    // Of an act that begins here and asks more than once: see there.
+    database::Whole_Act Begin_Act() { return database::Whole_Act(kept); }
+    // Before a box, and before the program looks at its events, within an act.
+    void End_Shared_Lock() { kept.End_Shared_Lock(); }
+    // For a connection of an act's own beside the holder's queries.
+    database::Kept_Engine& Kept() { return kept; }
+
     // The open recordset. Error 91 if Ignore left none.
     database::Recordset& Rows();
     basics::Value Field(const QString& name) { return Rows().Fields(name).Value(); }

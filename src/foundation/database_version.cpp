@@ -14,14 +14,16 @@ using desktop::Box_Style;
 
 constexpr int Most_Names = 100; // of tables in a file, and of columns in Mevo_Pupils
 
-static void Open_Here(database::Connection& connection, const Installation& installation) {
+static void Open_Here(database::Connection& connection, const Installation& installation,
+                      database::Kept_Engine* kept = nullptr) {
+    if (kept) connection.Keep_In(*kept);
     connection.ConnectionString = installation.Connection_String;
     connection.Open();
 }
 
-bool Groups_Table_Exists(const Installation& installation) {
+bool Groups_Table_Exists(const Installation& installation, database::Kept_Engine* kept) {
     database::Connection connection;
-    Open_Here(connection, installation);
+    Open_Here(connection, installation, kept);
     const auto schema = connection.OpenSchema();
 
     Bounded<QString, Most_Names> names;
@@ -38,9 +40,9 @@ bool Groups_Table_Exists(const Installation& installation) {
     return met;
 }
 
-bool Pupils_Have_Dob_As_Pw(const Installation& installation) {
+bool Pupils_Have_Dob_As_Pw(const Installation& installation, database::Kept_Engine* kept) {
     database::Connection connection;
-    Open_Here(connection, installation);
+    Open_Here(connection, installation, kept);
     database::Recordset pupils;
     pupils.LockType = database::Lock_Type::Optimistic;
     pupils.Set_ActiveConnection(&connection);
@@ -59,8 +61,14 @@ bool Pupils_Have_Dob_As_Pw(const Installation& installation) {
 }
 
 bool Database_Is_Version_51(const Installation& installation) {
-    const bool groups = Groups_Table_Exists(installation);
-    const bool passwords = Pupils_Have_Dob_As_Pw(installation);
+    database::Kept_Engine kept;
+    const database::Whole_Act act(kept);
+    return Database_Is_Version_51(installation, kept);
+}
+
+bool Database_Is_Version_51(const Installation& installation, database::Kept_Engine& kept) {
+    const bool groups = Groups_Table_Exists(installation, &kept);
+    const bool passwords = Pupils_Have_Dob_As_Pw(installation, &kept);
     return groups && passwords;
 }
 

@@ -72,6 +72,9 @@ database::Tables Needed_Tables();
 // Both names are compared letter by letter, as when a database is opened.
 bool Is_Of_Version_51(const database::Tables& tables);
 
+// Before the first table of a new file: of the pages that wide rows fill, half as many are read and written.
+inline constexpr QStringView Page_Size_Statement = u"PRAGMA page_size = 8192";
+
 QString Declared_Type(const Column& column);
 QString Create_Table_Statement(const Table& table);
 

@@ -64,6 +64,10 @@ QString Read_Product_Ini(desktop::Platform& platform, Installation& installation
 
 bool Read_Customer_Details(desktop::Platform& platform, Installation& installation) {
     Access_Holder holder(platform);
+    return Read_Customer_Details(holder, installation);
+}
+
+bool Read_Customer_Details(Access_Holder& holder, Installation& installation) {
     holder.ado_Open(installation.Connection_String, u"SELECT * FROM Customer_Details"_s, u"Optimistic"_s);
     qint16 count = 0;
     holder.ado_RSCount(count);
@@ -118,8 +122,13 @@ void Form8::Find_Database(const QString& program_folder) {
 void Form8::Timer1_Timer(const QString& program_folder) {
     Find_Database(program_folder);
     // A conversion that failed has already told the user; the pages then show what the file still gives.
-    if (!Database_Is_Version_51(installation)) Convert_Database_To_51(installation, platform);
-    Read_Customer_Details(platform, installation);
+    Access_Holder holder(platform);
+    const auto act = holder.Begin_Act();
+    if (!Database_Is_Version_51(installation, holder.Kept())) {
+        holder.Let_Go(); // a box is shown, and the tables change
+        Convert_Database_To_51(installation, platform);
+    }
+    Read_Customer_Details(holder, installation);
 }
 
 } // namespace foundation

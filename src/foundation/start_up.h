@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/access_holder.h"
 #include "foundation/installation.h"
 #include "platform/desktop/ports.h"
 
@@ -44,5 +45,6 @@ QString Read_Product_Ini(desktop::Platform& platform, Installation& installation
 
 // Reads the row of this product; the last one wins. False if there is none.
 bool Read_Customer_Details(desktop::Platform& platform, Installation& installation);
+bool Read_Customer_Details(Access_Holder& holder, Installation& installation);
 
 } // namespace foundation

@@ -46,7 +46,11 @@ void Form92::Compute_All_Scores() {
 void Form92::Show_Progress(const QString& text) {
     Label10->setText(text);
     Label10->repaint();
+    constexpr int frame_ms = 40; // as often as an eye can follow
+    if (painted.isValid() && !painted.hasExpired(frame_ms)) return;
+    scoring.holder.End_Shared_Lock(); // events are looked at
     shell::Paint_Meanwhile(platform);
+    painted.start();
 }
 
 void Form92::Load_Group_Filter(const QString& connection_string) {

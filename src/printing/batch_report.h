@@ -4,6 +4,7 @@
 #include "printing/report_page.h"
 #include "shell/conventions/click_combo.h"
 
+#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QListWidget>
 #include <QRadioButton>
@@ -52,6 +53,7 @@ private:
     QString Document_Name() const override;
 
     scoring::Scoring& scoring;
+    QElapsedTimer painted; // while the scores are worked out
     scoring::Cohort_Tables cohort;
     Batch_Sheets report;
     qint16 Batch_Count = 0;

@@ -183,8 +183,9 @@ void Form9::HotLabel2_Click() {
     if (!Confirmed(u"Deleting Records from Database - CAUTION!"_s, count)) return;
     const desktop::Wait_Pointer busy(platform.pointer);
     {
+        const database::Whole_Act act(deleting);
         // Carries no statement, but shows a database that is out of reach before anything is deleted.
-        const auto connection = Own_Connection(installation);
+        Own_Connection(installation, deleting)->Close();
         ProgressBar1->Begin(count);
         for (const QString& code : codes) {
             bool result = false;
@@ -200,7 +201,7 @@ void Form9::HotLabel2_Click() {
 void Form9::DeletePupil(const QString& code, bool& result) {
     result = false;
     try {
-        const auto connection = Own_Connection(installation);
+        const auto connection = Own_Connection(installation, deleting);
         for (const QString& statement : Deletes_Of_A_Pupil())
             connection->Execute(
                 With(statement + u" WHERE studentcode = '?studentcode'"_s, u"?studentcode"_s, code));
@@ -235,7 +236,7 @@ void Form9::Disband_If_Wished(const QString& name) {
 }
 
 void Form9::DeleteGroup(const QString& name) {
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, deleting);
     connection->Execute(With(u"DELETE FROM Mevo_Groups WHERE Group_Name = '?group'"_s, u"?group"_s, name));
 }
 
@@ -249,6 +250,7 @@ int Form9::DeletePupilsInGroup(const QString& name) {
 
 // The data rows go first here: without the pupils' rows nothing would tell whose they are.
 int Form9::Removed_In_Group(const QString& name) {
+    const database::Whole_Act act(deleting);
     const bool everyone = name == All_Groups;
     if (everyone)
         Erase_All_Pupil_Data_Tables();
@@ -256,18 +258,18 @@ int Form9::Removed_In_Group(const QString& name) {
         Delete_Multiple_Test_Tables(name);
     const QString statement =
         everyone ? u"DELETE FROM Mevo_Pupils"_s : u"DELETE FROM Mevo_Pupils WHERE Group_Class = '?group'"_s;
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, deleting);
     return connection->Execute(With(statement, u"?group"_s, name));
 }
 
 void Form9::Erase_All_Pupil_Data_Tables() {
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, deleting);
     for (const QString& statement : Deletes_Of_All_Data())
         connection->Execute(statement);
 }
 
 void Form9::Delete_Multiple_Test_Tables(const QString& name) {
-    const auto connection = Own_Connection(installation);
+    const auto connection = Own_Connection(installation, deleting);
     database::Recordset members;
     members.Set_ActiveConnection(connection.get());
     members.Source = With(u"SELECT * from mevo_pupils where group_class = '?group'"_s, u"?group"_s, name);

@@ -57,7 +57,8 @@ private:
     Pupil_Records& records;
     shell::Menu_Counts& counts;
     foundation::Access_Holder holder;
-    int Listed_Count = 0; // pupils in the list
+    database::Kept_Engine deleting; // for the deletions of one act; the list is read past it
+    int Listed_Count = 0;           // pupils in the list
     bool everyone_is_listed = false;
 
     List_View* ListView1;

@@ -101,6 +101,7 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     Import_Pass pass;
     {
         const desktop::Wait_Pointer busy(platform.pointer);
+        const auto act = maker.Begin_Act();
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
         Walk_Import_Text(text, pass,
                          {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },

@@ -36,6 +36,9 @@ public:
     // the first that fails ends the work in silence, what ran before it stays, and the result is false.
     bool Insert_New_Pupil(QStringList& fields);
 
+    // For an import of many: the file stays open until its end.
+    database::Whole_Act Begin_Act() { return database::Whole_Act(kept); }
+
     QString New_StudentCode;
 
 private:

@@ -46,8 +46,10 @@ QString Row_Of_Pupil(const QString& code) {
     return u"SELECT * FROM Mevo_Pupils WHERE StudentCode = '"_s + code + u'\'';
 }
 
-std::unique_ptr<database::Connection> Own_Connection(const foundation::Installation& installation) {
+std::unique_ptr<database::Connection> Own_Connection(const foundation::Installation& installation,
+                                                     database::Kept_Engine& kept) {
     auto connection = std::make_unique<database::Connection>();
+    connection->Keep_In(kept);
     connection->ConnectionString = installation.Connection_String;
     connection->Open();
     return connection;

@@ -66,6 +66,7 @@ qint16 Number_Or_Zero(const basics::Value& value);
 QString Row_Of_Pupil(const QString& code);
 
 // A connection of the procedure's own, open, and released with it.
-std::unique_ptr<database::Connection> Own_Connection(const foundation::Installation& installation);
+std::unique_ptr<database::Connection> Own_Connection(const foundation::Installation& installation,
+                                                     database::Kept_Engine& kept);
 
 } // namespace pupils

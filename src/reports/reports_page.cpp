@@ -84,6 +84,7 @@ void Form30::This_Students_Age(int p) {
 
 // The order must hold: each step relies on the one before.
 void Form30::Regen_Bars_For_Another_Child(int p) {
+    const auto act = holder.Begin_Act();
     Hide_Any_Tables();
     Picture2->Reset_Bars();
     tables->Set_Heading(u""_s);

@@ -29,7 +29,9 @@ void Score_Cohort(int count, const Progress_Label& show_progress, Cohort_Tables&
     Score_Store& scores = scoring.scores;
     const auto saved_centiles = scores.Raw_Centile;
     const auto saved_time_centiles = scores.Time_Centile;
+    const auto act = scoring.holder.Begin_Act();
     for (int i = 1; i <= count; ++i) {
+        if (i % Pupils_A_Lock == 0) scoring.holder.End_Shared_Lock();
         show_progress(u"Scoring student %1/%2"_s.arg(i).arg(count));
         Clear_Scores(scores);
         Score_All_Tests(cohort.Cohort_Pupil[i], {}, scoring);

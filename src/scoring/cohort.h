@@ -5,6 +5,8 @@
 namespace scoring {
 
 inline constexpr int Largest_Cohort = 2000;
+inline constexpr int Pupils_A_Lock =
+    100; // are read under one at most, so that nobody who writes waits for long
 
 // A batch of pupils and their results, by place i in the batch, from 1.
 struct Cohort_Tables {

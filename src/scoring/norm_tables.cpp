@@ -99,6 +99,7 @@ int Centile_Of_Time(qint32 time, const Times_By_Centile& times) {
 } // namespace
 
 void Load_All_Norms(Access_Holder& holder, const Installation& installation, Norm_Tables& norms) {
+    const auto act = holder.Begin_Act();
     for (int t = 1; t <= Normed_Tests; ++t)
         Load_Centile_Norms(Test_At(t).Norm_Table, t, holder, installation, norms);
     for (int t = 1; t <= Normed_Tests; ++t)

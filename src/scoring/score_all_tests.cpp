@@ -42,12 +42,14 @@ void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scorin
 }
 
 void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring) {
+    const auto act = scoring.holder.Begin_Act();
     Run_Passes(&Test_Passes::Time, p, show_progress, scoring);
     if (show_progress) show_progress(Strip_At_Rest);
 }
 
 void Score_Chosen_Pupil(int p, Passes_Wanted wanted, const Progress_Strip& show_progress, Scoring& scoring,
                         Summary_Cells& cells) {
+    const auto act = scoring.holder.Begin_Act();
     Clear_Scores(scoring.scores);
     Show_Test_Names(cells);
     Clear_Terminated_Flags(scoring.scores);

@@ -138,6 +138,7 @@ void Form77::Load() {
 }
 
 void Form77::Get_Student_Count() {
+    const auto act = holder.Begin_Act();
     qint16 count = 0;
     holder.ado_Open(installation.Connection_String, u"SELECT * FROM mevo_pupils"_s, u"ReadOnly"_s);
     holder.ado_RSCount(count);
@@ -146,8 +147,9 @@ void Form77::Get_Student_Count() {
     Count_Pupils_With_Results();
 }
 
-static qint16 Pupils_With_Results(const QString& connection_string) {
+static qint16 Pupils_With_Results(const QString& connection_string, database::Kept_Engine& kept) {
     database::Connection connection;
+    connection.Keep_In(kept);
     connection.ConnectionString = connection_string;
     connection.Open();
     database::Recordset pupils;
@@ -168,7 +170,7 @@ static qint16 Pupils_With_Results(const QString& connection_string) {
 
 void Form77::Count_Pupils_With_Results() {
     try {
-        counts.Number_With_Results = Pupils_With_Results(installation.Connection_String);
+        counts.Number_With_Results = Pupils_With_Results(installation.Connection_String, holder.Kept());
     } catch (const basics::Run_Time_Error&) {
         // The menu opens all the same, with the count that it had.
     }

@@ -72,6 +72,15 @@ TEST_F(Holder, RetryOnceTheFileIsBackLeavesNoTrace) {
                                              Pointer_Shape::Default, Pointer_Shape::Arrow_And_Hourglass}));
 }
 
+TEST_F(Holder, NoLockIsHeldWhileABoxShows) {
+    const auto act = holder.Begin_Act();
+    Open(u"SELECT * FROM Mevo_Groups"_s);
+    outside.boxes.Will_Answer(Answer::Ignore, [this] { sample.Run(u"DELETE FROM Mevo_Groups"_s); });
+    Open(u"SELECT * FROM No_Such_Table"_s);
+    Open(u"SELECT * FROM Mevo_Groups"_s);
+    EXPECT_EQ(Count(), 0);
+}
+
 TEST_F(Holder, TheBoxTellsNumberSourceAndDescription) {
     outside.boxes.Will_Answer(Answer::Abort);
     EXPECT_THROW(Open(u"SELECT * FROM No_Such_Table"_s), Program_Ended);

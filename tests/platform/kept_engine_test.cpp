@@ -4,19 +4,30 @@
 #include "platform/database/engine_errors.h"
 #include "platform/database/recordset.h"
 #include "support/error_number.h"
+#include "support/narrow_places.h"
 #include "support/on_windows.h"
+#include "support/other_workstation.h"
 #include "support/printing.h"
 #include "support/sample_file.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <functional>
 #include <gtest/gtest.h>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 using namespace Qt::StringLiterals;
 using namespace database;
 using test_support::Error_Number;
 using test_support::On_Windows;
+using test_support::Other_Workstation;
+using test_support::Plain_Account;
 using test_support::Sample_File;
 
 namespace {
@@ -55,11 +66,109 @@ protected:
         return handles;
     }
 
+    bool Others_May_Write() const {
+        try {
+            Engine_Handle(sample.Path(), Access::Read_Write).Run(u"BEGIN EXCLUSIVE; ROLLBACK"_s);
+            return true;
+        } catch (const std::exception&) {
+            return false;
+        }
+    }
+    void Write(const QString& surname) {
+        Connection connection;
+        Open(connection);
+        connection.Execute(u"UPDATE Mevo_Pupils SET Surname = '"_s + surname + u"' WHERE rowid = 1"_s);
+    }
+
     Sample_File sample;
     Kept_Engine kept;
 };
 
+const QString First_Name = u"SELECT Surname FROM Mevo_Pupils WHERE rowid = 1"_s;
+
 } // namespace
+
+TEST_F(Kept, ALockThatReadsShareIsGoneBehindThemInWhateverWayTheyEnd) {
+    const std::pair<const char*, std::function<void()>> ends[] = {
+        {"asked for", [this] { kept.End_Shared_Lock(); }},
+        {"a box", [this] { kept.Let_Go(); }},
+        {"events are looked at", [] { QCoreApplication::processEvents(); }},
+        {"a change", [this] { Write(u"Ours"_s); }},
+    };
+    for (const auto& [name, end] : ends) {
+        SCOPED_TRACE(name);
+        const Whole_Act act(kept);
+        Ask(First_Name);
+        EXPECT_FALSE(Others_May_Write());
+        end();
+        EXPECT_TRUE(Others_May_Write());
+        sample.Run(u"UPDATE Mevo_Pupils SET Surname = 'Theirs'"_s);
+        EXPECT_EQ(Ask(First_Name), u"Theirs"_s); // begun anew
+    }
+    EXPECT_TRUE(Others_May_Write()); // the act's own end
+}
+
+TEST_F(Kept, WhoeverWritesGetsInBetweenReadsThatDontEnd) {
+    constexpr int longest_ms = 2000; // a quarter of a second, on a busy machine
+    Other_Workstation writer(sample.Path());
+    const Whole_Act act(kept);
+    const QString before = Ask(First_Name);
+    writer.Rename_All_For_Ever();
+    QElapsedTimer waited;
+    waited.start();
+    while (Ask(First_Name) == before && waited.elapsed() < longest_ms) {
+    }
+    EXPECT_LT(waited.elapsed(), longest_ms);
+}
+
+TEST_F(Kept, AJournalStaysOnlyWhereWhoeverMayWriteTheFileMayWriteItToo) {
+#ifdef _WIN32
+    GTEST_SKIP() << "there journals are removed";
+#else
+    struct Case {
+        const char* name;
+        mode_t folder, file;
+        gid_t group;
+        bool stays, others_write;
+    };
+    constexpr gid_t other_group = 12345;
+    const gid_t own_group = getegid();
+    for (const Case& c : {Case{"one account's file", 0755, 0644, own_group, true, false},
+                          {"everybody's file", 0777, 0666, other_group, true, true},
+                          {"a folder from which only owners remove", 01777, 0666, own_group, false, true},
+                          {"a file of a group that we are of", 0770, 0660, own_group, true, true},
+                          {"another group's file", 0770, 0660, other_group, true, false}}) {
+        SCOPED_TRACE(c.name);
+        const Sample_File shared;
+        const QByteArray file = QFile::encodeName(shared.Path());
+        const QByteArray folder = QFile::encodeName(shared.Folder());
+        const auto give = [&](const QByteArray& place, mode_t mode) {
+            return chown(place.constData(), static_cast<uid_t>(-1), c.group) == 0 &&
+                   chmod(place.constData(), mode) == 0;
+        };
+        if (!give(folder, c.folder) || !give(file, c.file))
+            continue; // another's group wants an administrator
+        Connection connection;
+        connection.ConnectionString = foundation::Connection_String_For(shared.Path());
+        connection.Open();
+        connection.Execute(u"UPDATE Mevo_Pupils SET Surname = 'Ours'"_s);
+        const QFileInfo journal(shared.Path() + u"-journal"_s);
+        EXPECT_EQ(journal.exists(), c.stays);
+        EXPECT_EQ(journal.size(), 0);
+        if (c.stays) {
+            const QFileInfo database(shared.Path());
+            EXPECT_EQ(journal.permissions(), database.permissions());
+            EXPECT_EQ(journal.groupId(), database.groupId());
+        }
+        if (c.others_write) {
+            const Plain_Account somebody; // as far as the process may change to one
+            shared.Run(u"UPDATE Mevo_Pupils SET Surname = 'Theirs'"_s);
+            EXPECT_FALSE(QFileInfo::exists(journal.filePath())); // a plain program removes it
+        }
+        EXPECT_EQ(shared.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    }
+#endif
+}
 
 TEST_F(Kept, AHandleLivesNoLongerThanTheUsersAction) {
     if (!On_Windows && !QDir(u"/proc/self/fd"_s).exists())

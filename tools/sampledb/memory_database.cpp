@@ -1,5 +1,7 @@
 #include "sampledb/memory_database.h"
 
+#include "foundation/schema.h"
+
 #include <QDir>
 #include <QSaveFile>
 
@@ -33,6 +35,7 @@ void Bind(database::Engine_Statement& statement, int place, const QVariant& valu
 }
 
 Memory_Database::Memory_Database() : engine(u":memory:"_s, database::Access::Read_Write) {
+    engine.Run(foundation::Page_Size_Statement.toString());
 }
 
 void Memory_Database::Execute(const QString& statement) {

@@ -1,6 +1,7 @@
 #include "scores/score_lines.h"
 
 #include "platform/basics/run_time_error.h"
+#include "scoring/cohort.h"
 #include "scoring/sequence_totals.h"
 
 using namespace Qt::StringLiterals;
@@ -94,19 +95,21 @@ QString Csv_Line(const QStringList& fields) {
 QString Score_Lines(const QString& database, Passes_Wanted wanted, desktop::Platform& platform) {
     foundation::Installation installation;
     installation.Connection_String = foundation::Connection_String_For(database);
-    foundation::Access_Holder list_holder(platform);
     foundation::Access_Holder holder(platform);
     scoring::Scoring_Data data;
     Scoring pass = scoring::Pass_Over(data, installation, holder);
 
     Naming(u"The norms"_s, [&] { scoring::Load_All_Norms(holder, installation, data.norms); });
     Naming(u"The list of pupils"_s,
-           [&] { scoring::Load_Pupil_Lists(list_holder, installation, platform.clock, data.pupils); });
+           [&] { scoring::Load_Pupil_Lists(holder, installation, platform.clock, data.pupils); });
     Summary_Cells cells;
     QString lines = Csv_Line(Header);
-    for (int p = 1; p <= data.pupils.Pupils_Listed; ++p)
+    const auto act = holder.Begin_Act();
+    for (int p = 1; p <= data.pupils.Pupils_Listed; ++p) {
+        if (p % scoring::Pupils_A_Lock == 0) holder.End_Shared_Lock();
         lines += Naming(u"Pupil "_s + data.pupils.Student_Code[p],
                         [&] { return Pupil_Lines(p, wanted, pass, cells); });
+    }
     return lines;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/database/engine_handle.h"
 #include "platform/database/jet_sql.h"
 
+#include <algorithm>
 #include <sqlite3.h>
 #include <string_view>
 
@@ -18,11 +19,21 @@ int Compare_Texts(void*, int left_size, const void* left_bytes, int right_size, 
     return basics::Compare_Names(left, right);
 }
 
-void Install(const Engine_Handle& engine, const char* name) {
-    // In the engine's own encoding: for another one, its built-in NOCASE would go before ours.
-    engine.Check(
-        sqlite3_create_collation_v2(engine.Get(), name, SQLITE_UTF8, nullptr, Compare_Texts, nullptr));
+// As the engine's own: letters of ASCII only.
+int Compare_Plainly(void*, int left_size, const void* left, int right_size, const void* right) {
+    const int order = sqlite3_strnicmp(static_cast<const char*>(left), static_cast<const char*>(right),
+                                       std::min(left_size, right_size));
+    return order != 0 ? order : left_size - right_size;
 }
+
+using Order = int (*)(void*, int, const void*, int, const void*);
+
+void Install(const Engine_Handle& engine, const char* name, Order order) {
+    // In the engine's own encoding: for another one, its built-in NOCASE would go before ours.
+    engine.Check(sqlite3_create_collation_v2(engine.Get(), name, SQLITE_UTF8, nullptr, order, nullptr));
+}
+
+} // namespace
 
 bool Holds_Foreign_Indexes(const Engine_Handle& engine) {
     return Engine_Statement(engine, u"SELECT 1 FROM sqlite_master AS m, pragma_index_xinfo(m.name) AS x "
@@ -30,11 +41,13 @@ bool Holds_Foreign_Indexes(const Engine_Handle& engine) {
         .Step();
 }
 
-} // namespace
-
 void Install_Text_Order(const Engine_Handle& engine) {
-    Install(engine, Text_Order);
-    if (!Holds_Foreign_Indexes(engine)) Install(engine, "NOCASE");
+    Install(engine, Text_Order, Compare_Texts);
+    Install(engine, "NOCASE", Compare_Texts);
+}
+
+void Install_Plain_No_Case(const Engine_Handle& engine) {
+    Install(engine, "NOCASE", Compare_Plainly);
 }
 
 } // namespace database

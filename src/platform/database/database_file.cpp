@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 namespace database {
 namespace {
 
-constexpr qsizetype Header_Size = 100;  // of the engine's file format
 constexpr qsizetype Journal_Marks = 18; // two bytes of the header: 2 means a write-ahead log
 
 QByteArray Header_Of(const QString& file) {
@@ -19,11 +18,11 @@ QByteArray Header_Of(const QString& file) {
     return opened.open(QIODevice::ReadOnly) ? opened.read(Header_Size) : QByteArray();
 }
 
+} // namespace
+
 bool Begins_A_Database(const QByteArray& header) {
     return header.startsWith("SQLite format 3");
 }
-
-} // namespace
 
 bool Is_Path_Too_Long(const QString& file) {
     constexpr qsizetype of_journal = 8;
@@ -54,9 +53,12 @@ void Refuse_What_Is_No_Database(const QString& file) {
     Raise_Engine_Error(errors::Engine_Failure, u"Unrecognized database format '"_s + file + u"'."_s);
 }
 
-bool Has_Write_Ahead_Log(const QString& file) {
-    const QByteArray header = Header_Of(file);
+bool Has_Write_Ahead_Log(const QByteArray& header) {
     return header.size() == Header_Size && (header[Journal_Marks] == 2 || header[Journal_Marks + 1] == 2);
+}
+
+bool Has_Write_Ahead_Log(const QString& file) {
+    return Has_Write_Ahead_Log(Header_Of(file));
 }
 
 bool Looks_Like_A_Database(const QString& file) {

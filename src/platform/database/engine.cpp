@@ -7,6 +7,7 @@
 #include "platform/database/engine_errors.h"
 #include "platform/database/hardening.h"
 #include "platform/database/jet_sql.h"
+#include "platform/database/journal_rights.h"
 
 #include <QScopeGuard>
 #include <cmath>
@@ -47,9 +48,12 @@ int Allow_Plain_Statements(void*, int action, const char* first, const char* sec
         return SQLITE_OK;
     case SQLITE_FUNCTION:
         return qstrcmp(second, "load_extension") == 0 ? SQLITE_DENY : SQLITE_OK;
-    // The engine itself looks over the rows when a column with a limit is added.
+    // The engine itself looks over the rows when a column with a limit is added. The version is what a shared
+    // read lock reads; with something behind it, it would be set.
     case SQLITE_PRAGMA:
-        return qstrcmp(first, "quick_check") == 0 ? SQLITE_OK : SQLITE_DENY;
+        return qstrcmp(first, "quick_check") == 0 || (qstrcmp(first, "schema_version") == 0 && !second)
+                   ? SQLITE_OK
+                   : SQLITE_DENY;
     default:
         return SQLITE_DENY;
     }
@@ -90,32 +94,79 @@ private:
 
 } // namespace
 
-Engine::Engine(const QString& connection_string, int timeout_seconds) : connection_string(connection_string) {
-    const QString file = basics::Native_Path(Data_Source(connection_string));
-    Refuse_What_Is_No_Database(file);
-    const bool in_wal_mode = Has_Write_Ahead_Log(file);
+Engine::Engine(const QString& connection_string, int timeout_seconds, Reads reads)
+    : connection_string(connection_string),
+      file(basics::Native_Path(Data_Source(connection_string))),
+      reads(reads) {
+    Open(timeout_seconds);
+    if (reads == Reads::Alone) End_Shared_Lock();
+}
 
-    engine.emplace(file, Access::Read_Write,
-                   [](sqlite3* failed, int result) { Raise_Engine_Error(failed, result); });
+// All that is read here is read under one lock.
+void Engine::Open(int timeout_seconds) {
+    const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
+    since.start();
+    try {
+        engine.emplace(
+            file, Access::Read_Write, [](sqlite3* failed, int result) { Raise_Engine_Error(failed, result); },
+            files.Name());
+    } catch (const basics::Run_Time_Error&) {
+        Refuse_What_Is_No_Database(file); // tells what the engine has no words for
+        throw;
+    }
+    const QByteArray header = engine->First_Bytes(Header_Size);
+    if (!Begins_A_Database(header)) Refuse_What_Is_No_Database(file);
+    const bool in_wal_mode = Has_Write_Ahead_Log(header);
     sqlite3* const opened = engine->Get();
     Set_Timeout(timeout_seconds);
     sqlite3_progress_handler(opened, 10'000, End_If_Too_Long, &since);
     Harden(opened);
     if (in_wal_mode) Refuse_Log_Of_Read_Only_File(opened);
-    if (in_wal_mode) Run(u"PRAGMA journal_mode = DELETE"_s);
-    Run(u"PRAGMA synchronous = FULL"_s);
-    Run(u"PRAGMA cell_size_check = ON"_s);
-    Run(u"PRAGMA cache_size = -16384"_s); // KiB: a school's file as a whole, given back with the engine
-    Install_Text_Order(*engine);          // reads the schema as well: what is no database shows here
+    if (in_wal_mode) engine->Run(u"PRAGMA journal_mode = DELETE"_s);
+    Install_Text_Order(*engine);
+    Share_Lock();
+    for (const QString& setting :
+         {u"PRAGMA synchronous = FULL"_s, u"PRAGMA cell_size_check = ON"_s,
+          u"PRAGMA cache_size = -16384"_s}) // KiB: a school's file as a whole, given back with the engine
+        engine->Run(setting);
+    const bool has_foreign_indexes = Holds_Foreign_Indexes(*engine); // what is no database shows here
+    if (has_foreign_indexes) {
+        End_Shared_Lock();
+        Install_Plain_No_Case(*engine);
+    }
     sqlite3_set_authorizer(opened, Allow_Plain_Statements, nullptr);
+}
+
+void Engine::Set_Reads(Reads wanted) {
+    reads = wanted;
+    if (reads == Reads::Alone) End_Shared_Lock();
+}
+
+// A statement that stands on its row keeps the engine's read lock, and needs no transaction to be begun or
+// ended. This one reads a number that lies in the file's first page.
+void Engine::Share_Lock() {
+    constexpr int longest_ms = 250; // writers wait so long for us, and then go first
+    if (lock_is_held && !lock_held.hasExpired(longest_ms)) return;
+    End_Shared_Lock();
+    if (!reading) reading.emplace(*engine, u"PRAGMA schema_version"_s, Engine_Statement::Use::Often);
+    lock_is_held = reading->Step();
+    lock_held.start();
+}
+
+void Engine::End_Shared_Lock() {
+    if (!lock_is_held) return;
+    reading->Reset();
+    lock_is_held = false;
 }
 
 void Engine::Set_Timeout(int seconds) {
     waiting.Install(engine->Get(), seconds);
 }
 
-bool Engine::Serves(const QString& asked) const {
+bool Engine::Serves(const QString& asked) {
+    if (lock_is_held) return asked == connection_string;
     int has_moved = 0;
+    files.Look_Anew();
     return asked == connection_string &&
            sqlite3_file_control(engine->Get(), "main", SQLITE_FCNTL_HAS_MOVED, &has_moved) == SQLITE_OK &&
            has_moved == 0;
@@ -162,17 +213,34 @@ Statement_Result Engine::Run(const QString& sql, const std::vector<Value>& value
     return Run(*Known_Or(sql, [&] { return Prepared(sql, {}); }), values);
 }
 
+// While it lives, the program may do what its statements may not.
+struct Unhindered {
+    explicit Unhindered(sqlite3* engine) : engine(engine) {
+        sqlite3_set_authorizer(engine, nullptr, nullptr);
+    }
+    ~Unhindered() { sqlite3_set_authorizer(engine, Allow_Plain_Statements, nullptr); }
+    Unhindered(const Unhindered&) = delete;
+    Unhindered& operator=(const Unhindered&) = delete;
+    sqlite3* engine;
+};
+
+// Before the first change of an act. Making a journal and removing it again takes more round trips than
+// emptying it.
+void Engine::Settle_Journal() {
+    if (journal_is_settled) return;
+    journal_is_settled = true;
+    if (!Journal_May_Stay(file)) return;
+    const Unhindered settling(engine->Get());
+    engine->Run(u"PRAGMA journal_mode = TRUNCATE"_s);
+    files.Keep_Journal();
+}
+
 void Engine::Rehearse_A_Change() {
-    struct Taken_Back {
-        explicit Taken_Back(sqlite3* engine) : engine(engine) {
-            sqlite3_set_authorizer(engine, nullptr, nullptr);
-        }
-        ~Taken_Back() {
-            sqlite3_exec(engine, "ROLLBACK", nullptr, nullptr, nullptr);
-            sqlite3_set_authorizer(engine, Allow_Plain_Statements, nullptr);
-        }
-        sqlite3* engine;
+    struct Taken_Back : Unhindered {
+        using Unhindered::Unhindered;
+        ~Taken_Back() { sqlite3_exec(engine, "ROLLBACK", nullptr, nullptr, nullptr); }
     };
+    End_Shared_Lock();
     since.start();
     const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
     const Taken_Back rehearsal(engine->Get());
@@ -196,6 +264,12 @@ static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
 Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Value>& values) {
     Engine_Statement& statement = prepared.statement;
     const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
+    if (statement.Changes()) {
+        End_Shared_Lock(); // it stands alone, and never waits for others with a lock in its hands
+        Settle_Journal();
+    } else if (reads == Reads::Shared) {
+        Share_Lock();
+    }
     const Reset_At_The_End reset(statement);
     for (std::size_t i = 0; i < values.size(); ++i)
         Bind(statement, static_cast<int>(i) + 1, values[i]);

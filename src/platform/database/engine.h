@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/busy_waiting.h"
+#include "platform/database/engine_files.h"
 #include "platform/database/engine_handle.h"
 #include "platform/database/row_store.h"
 
@@ -33,20 +34,27 @@ struct Statement_Result {
 // A database file that is open, with the statements that were prepared on it.
 class Engine {
 public:
+    enum class Reads { Alone, Shared };
+
     // Opens the file that the connection string names: as it is, never made, and hardened.
-    Engine(const QString& connection_string, int timeout_seconds);
+    Engine(const QString& connection_string, int timeout_seconds, Reads reads = Reads::Alone);
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
     void Set_Timeout(int seconds);
     // Whether the connection string still leads to this very file.
-    bool Serves(const QString& connection_string) const;
+    bool Serves(const QString& connection_string);
 
     // Runs one statement of the Jet dialect. With `to_be_written` its rows come with their identities, where
     // they have any.
     Statement_Result Run_Jet(const QString& jet, bool to_be_written);
     // Runs one statement of the engine's own dialect with values for its place holders.
     Statement_Result Run(const QString& sql, const std::vector<basics::Value>& values = {});
+    // Shared, reads that follow each other do so under one read lock of the file, for a quarter of a second
+    // at most before it is given up and taken anew; a statement that writes ends it first. Alone, each takes
+    // its own.
+    void Set_Reads(Reads wanted);
+    void End_Shared_Lock(); // at once; the next read takes another
     // Meets what a change of the file would meet, and changes nothing.
     void Rehearse_A_Change();
 
@@ -55,10 +63,21 @@ private:
     std::shared_ptr<Prepared_Statement> Known_Or(const QString& key, const Prepare& prepare);
     std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
     Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);
+    void Share_Lock();
+    void Open(int timeout_seconds);
+    void Settle_Journal();
 
     QString connection_string;
-    Busy_Waiting waiting; // outlives the engine
+    QString file;
+    bool journal_is_settled = false;
+    Engine_Files files; // both outlive the engine
+    Busy_Waiting waiting;
     std::optional<Engine_Handle> engine;
+    // While it stands on its row, the engine keeps its read lock from one statement to the next.
+    std::optional<Engine_Statement> reading;
+    bool lock_is_held = false;
+    Reads reads;
+    QElapsedTimer lock_held;
     QHash<QString, std::shared_ptr<Prepared_Statement>> known; // gone before the engine is
     QElapsedTimer since;                                       // ends a statement that runs too long
 };

@@ -20,11 +20,11 @@ void Engine_Handle::Throw_Its_Words(sqlite3* engine, int) {
     throw std::runtime_error(sqlite3_errmsg(engine));
 }
 
-Engine_Handle::Engine_Handle(const QString& file, Access access, Fail fail) : fail(std::move(fail)) {
+Engine_Handle::Engine_Handle(const QString& file, Access access, Fail fail, const char* vfs)
+    : fail(std::move(fail)) {
     const int flags = access == Access::Read_Only ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     sqlite3* opened = nullptr; // even where it fails, for the engine's words
-    const int result =
-        sqlite3_open_v2(file.toUtf8().constData(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result = sqlite3_open_v2(file.toUtf8().constData(), &opened, flags | SQLITE_OPEN_NOMUTEX, vfs);
     handle.reset(opened);
     Check(result);
     sqlite3_extended_result_codes(opened, 1);
@@ -36,6 +36,16 @@ void Engine_Handle::Run(const QString& sql) const {
 
 int Engine_Handle::Changed_Rows() const {
     return sqlite3_changes(Get());
+}
+
+QByteArray Engine_Handle::First_Bytes(int count) const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (!file || !file->pMethods) Check(SQLITE_CANTOPEN);
+    QByteArray bytes(count, '\0');
+    const int result = file->pMethods->xRead(file, bytes.data(), count, 0);
+    if (result != SQLITE_IOERR_SHORT_READ) Check(result);
+    return bytes;
 }
 
 void Engine_Handle::Check(int result) const {
@@ -83,6 +93,10 @@ bool Engine_Statement::Step() {
     const int result = sqlite3_step(Get());
     engine->Check(result);
     return result == SQLITE_ROW;
+}
+
+bool Engine_Statement::Changes() const {
+    return sqlite3_stmt_readonly(Get()) == 0;
 }
 
 void Engine_Statement::Reset() {

@@ -21,13 +21,17 @@ public:
     static void Throw_Its_Words(sqlite3* engine, int result);
 
     // The file must exist; ":memory:" is an empty database without one.
-    Engine_Handle(const QString& file, Access access, Fail fail = Throw_Its_Words);
+    // `vfs` names a way to the files other than the system's; it outlives the handle.
+    Engine_Handle(const QString& file, Access access, Fail fail = Throw_Its_Words, const char* vfs = nullptr);
     Engine_Handle(const Engine_Handle&) = delete;
     Engine_Handle& operator=(const Engine_Handle&) = delete;
 
     void Run(const QString& sql) const; // any number of statements; passes over their rows
     int Changed_Rows() const;           // by the last statement that changes rows
-    void Check(int result) const;       // a call's of the engine's own
+    // So many bytes from the file's start, zeros behind its end. Read through the engine's own handle: on
+    // POSIX systems a second one would drop the locks of the process when it is closed.
+    QByteArray First_Bytes(int count) const;
+    void Check(int result) const; // a call's of the engine's own
     sqlite3* Get() const { return handle.get(); }
 
 private:
@@ -52,7 +56,8 @@ public:
     void Bind(int place, double number);
     void Bind_Text(int place, const QByteArray& utf8);
     void Bind_Bytes(int place, const QByteArray& bytes);
-    bool Step(); // true where there is a row
+    bool Step();          // true where there is a row
+    bool Changes() const; // whether it would write to the file
     void Reset();
 
     // Of the row; columns count from 0.

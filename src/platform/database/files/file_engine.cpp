@@ -49,8 +49,8 @@ void Raise(sqlite3* engine, int result) {
 } // namespace
 
 File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds) {
-    const bool in_wal_mode = Has_Write_Ahead_Log(file);
     engine.emplace(file, access, Raise);
+    const bool in_wal_mode = Has_Write_Ahead_Log(engine->First_Bytes(Header_Size));
     sqlite3* const opened = engine->Get();
     waiting.Install(opened, timeout_seconds);
     since.start();

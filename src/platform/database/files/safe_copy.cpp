@@ -77,7 +77,6 @@ struct Live_Target {
 
 // Null if the file isn't fit to hold a transaction.
 std::unique_ptr<Live_Target> Locked(File_Engine& fresh, const QString& target, int timeout_seconds) {
-    if (!Looks_Like_A_Database(target)) return nullptr;
     try {
         return std::make_unique<Live_Target>(fresh, target, timeout_seconds);
     } catch (const Damaged_File&) {
@@ -86,6 +85,7 @@ std::unique_ptr<Live_Target> Locked(File_Engine& fresh, const QString& target, i
 }
 
 bool Replace_In_Place(const QString& fresh, const QString& target, const Keep& keep, int timeout_seconds) {
+    if (!Looks_Like_A_Database(target)) return false;
     File_Engine source(fresh, Access::Read_Only, 0);
     const auto live = Locked(source, target, timeout_seconds);
     if (!live) return false;
