@@ -4,8 +4,8 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/wait_pointer.h"
 #include "printing/grid_print.h"
-#include "pupils/import_file.h"
-#include "pupils/pupil_fields.h"
+#include "pupils/import/import_file.h"
+#include "pupils/import/pupil_fields.h"
 
 #include <QScopeGuard>
 
