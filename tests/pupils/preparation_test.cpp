@@ -53,10 +53,10 @@ protected:
         Cure(list, lines, Now);
         for (const Rehearsed_Row& row : Rehearse(list, {}, Now))
             if (row.kind == Row_Kind::Refused) list.chosen[row.line] = false;
-        Prepared_File file;
-        file.Hold(Prepared_Bytes(Rehearse(list, {}, Now)));
-        Form42 form(outside.platform, navigator, installation);
-        outside.file_dialogs.answers = {file.Name()};
+        List_To_Import prepared;
+        prepared.file.Hold(Prepared_Bytes(Rehearse(list, {}, Now)));
+        Form42 form(outside.platform, navigator, installation, prepared);
+        outside.file_dialogs.answers = {prepared.file.Name()};
         test_support::Click(form, u"PreviewImport"_s);
         outside.boxes.Will_Answer(desktop::Answer::Yes);
         test_support::Click(form, u"HotLabel3"_s);
@@ -171,8 +171,9 @@ TEST(Rehearsal, TellsWhatWouldBecomeOfEachRow) {
         (QStringList{
             u"2: already there, registered in Oak"_s,
             u"3: other birthday, one of that name in Oak was born 14/03/2019"_s, u"4: new"_s,
-            u"5: twice, the same as line 4"_s, u"6: unlikely age, the year has two digits; is it right?"_s,
-            u"7: would be spoilt, the import writes years with two digits, and would read 1925 as another century"_s,
+            u"5: twice, the same as line 4"_s,
+            u"6: unlikely age, the tests have no norms for this age; the year has two digits; is it right?"_s,
+            u"7: would be spoilt, the tests have no norms for this age; the import writes years with two digits, and would read 1925 as another century"_s,
             u"8: would be spoilt, the forename is spelt like a part of the import's statement, which would fill it in"_s,
             u"9: would be refused, “X” is neither male nor female; “31/04/2019” is no date, day first; the "
             u"class has "

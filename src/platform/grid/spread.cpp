@@ -152,11 +152,37 @@ void fpSpread::Fit_Rows() {
         setRowHeight(row, std::max(usual, sizeHintForRow(row) + between_rows));
 }
 
+void fpSpread::Set_Marks(const QMap<int, QString>& words_by_row) {
+    if (words_by_row.isEmpty() && !verticalHeader()->isVisible()) return;
+    for (int row = 1; row <= rowCount(); ++row) {
+        const QString words = words_by_row.value(row);
+        const bool same = verticalHeaderItem(row - 1) && words == Mark_Of(row);
+        if (same) continue;
+        // A row without a mark has an empty one, or its number would show.
+        auto* mark = new QTableWidgetItem(words.isEmpty() ? QString() : u"!"_s);
+        mark->setData(Qt::UserRole, words);
+        if (!words.isEmpty()) mark->setToolTip(Qt::convertFromPlainText(words));
+        setVerticalHeaderItem(row - 1, mark);
+        for (int column = 1; column <= columnCount(); ++column)
+            if (QTableWidgetItem* cell = item(row - 1, column - 1))
+                cell->setData(Qt::AccessibleDescriptionRole, words);
+    }
+    verticalHeader()->setFixedWidth(Mark_Width);
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    verticalHeader()->setHighlightSections(false);
+    verticalHeader()->setVisible(!words_by_row.isEmpty());
+}
+
+QString fpSpread::Mark_Of(int row) const {
+    const QTableWidgetItem* mark = verticalHeaderItem(row - 1);
+    return mark ? mark->data(Qt::UserRole).toString() : QString();
+}
+
 bool fpSpread::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QTableWidget::viewportEvent(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const QModelIndex cell = indexAt(help->pos());
-    const QString text = cell.data().toString().trimmed();
+    const QString text = QStringList{cell.data().toString(), Mark_Of(cell.row() + 1)}.join(u'\n').trimmed();
     QToolTip::showText(help->globalPos(),
                        text.isEmpty() ? text : Qt::convertFromPlainText(With_Breaks_At_Commas(text)),
                        viewport(), visualRect(cell));

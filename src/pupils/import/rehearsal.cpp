@@ -36,8 +36,7 @@ bool Has_Norms(int months) {
 
 QString Age_Words(int months) {
     if (months < 0) return u"not born yet"_s;
-    const QString age = u"%1 y %2 m"_s.arg(months / 12).arg(months % 12);
-    return Has_Norms(months) ? age : age + u", no norms"_s;
+    return u"%1 y %2 m"_s.arg(months / 12).arg(months % 12);
 }
 
 namespace {
@@ -104,6 +103,7 @@ private:
         row.birthday = read->date;
         text = Shown_Date(read->date);
         row.age_months = basics::Age_In_Months(read->date.startOfDay(), setting.now);
+        if (!Has_Norms(row.age_months)) row.words.append(u"the tests have no norms for this age"_s);
         if (Full_Year(read->date.toString(u"yy"_s)) != read->date.year())
             Find(Row_Kind::Spoilt,
                  u"the import writes years with two digits, and would read %1 as another century"_s.arg(

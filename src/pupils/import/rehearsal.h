@@ -30,9 +30,8 @@ struct Rehearsed_Row {
     bool goes = true; // is to be imported
 };
 
-// "4 y 3 m", and whether the tests have norms of that age.
-QString Age_Words(int months);
-bool Has_Norms(int months);
+QString Age_Words(int months); // "4 y 3 m"
+bool Has_Norms(int months);    // whether the tests have norms of that age
 
 struct Rehearsal_Setting {
     Date_Order order = Date_Order::Day_First;

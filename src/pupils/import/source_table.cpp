@@ -61,15 +61,17 @@ Source_Table Read_Source_Bytes(const QByteArray& bytes, const Source_Choice& cho
     return Is_Packed(bytes) ? Read_Workbook(bytes, choice.sheet) : Read_Text_Source(bytes, choice.encoding);
 }
 
-Source_Table Read_Source_File(const QString& file, const Source_Choice& choice) {
-    QByteArray bytes;
+QByteArray Bytes_Of_Source(const QString& file) {
     try {
         Refuse_Beyond(QFileInfo(file).size(), source_limit::File_Bytes, u"bytes"_s);
-        bytes = Read_Import_File(QFileInfo(file).absoluteFilePath());
+        return Read_Import_File(QFileInfo(file).absoluteFilePath());
     } catch (const basics::Run_Time_Error& error) {
         throw Refused_Source(u"This can't be read: "_s + error.Description + u'.');
     }
-    return Read_Source_Bytes(bytes, choice);
+}
+
+Source_Table Read_Source_File(const QString& file, const Source_Choice& choice) {
+    return Read_Source_Bytes(Bytes_Of_Source(file), choice);
 }
 
 } // namespace pupils

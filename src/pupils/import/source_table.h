@@ -68,6 +68,7 @@ struct Source_Choice {
     int sheet = 0; // from 0
 };
 Source_Table Read_Source_Bytes(const QByteArray& bytes, const Source_Choice& choice = {});
+QByteArray Bytes_Of_Source(const QString& file);
 Source_Table Read_Source_File(const QString& file, const Source_Choice& choice = {});
 
 } // namespace pupils
