@@ -5,7 +5,12 @@
 #include "support/files.h"
 #include "support/page_fixture.h"
 
+#include <QBuffer>
+#include <QRegularExpression>
+#include <QSet>
 #include <gtest/gtest.h>
+#include <quazip/quazip.h>
+#include <quazip/quazipfile.h>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +46,34 @@ QString Why_Refused(const QByteArray& bytes) {
     } catch (const Refused_Source& refused) {
         return refused.Why();
     }
+}
+
+// A workbook of that sheet; its second format of cells is a date, its third an amount.
+QByteArray Workbook_Of(const QByteArray& sheet) {
+    const std::pair<QString, QByteArray> parts[] = {
+        {u"xl/workbook.xml"_s, "<workbook><sheets><sheet name='A' id='r1'/></sheets></workbook>"},
+        {u"xl/_rels/workbook.xml.rels"_s, "<r><Relationship Id='r1' Target='sheet.xml'/></r>"},
+        {u"xl/styles.xml"_s,
+         "<s><numFmts><numFmt numFmtId='170' formatCode='0.0\"days\"'/></numFmts><cellXfs><xf/><xf "
+         "numFmtId='14'/><xf numFmtId='170'/></cellXfs></s>"},
+        {u"xl/sheet.xml"_s, sheet}};
+    QBuffer buffer;
+    QuaZip zip(&buffer);
+    zip.open(QuaZip::mdCreate);
+    for (const auto& [name, bytes] : parts) {
+        QuaZipFile file(&zip);
+        file.open(QIODevice::WriteOnly, QuaZipNewInfo(name));
+        file.write(bytes);
+    }
+    zip.close();
+    return buffer.data();
+}
+
+QString Text_Of(const QList<Source_Row>& rows) {
+    QStringList texts;
+    for (const Source_Row& row : rows)
+        texts.append(u"%1: %2"_s.arg(row.line).arg(row.cells.join(u'|')));
+    return texts.join(u' ');
 }
 
 class Exports : public test_support::Page_Fixture {
@@ -221,6 +254,45 @@ TEST(Recognition, TakesColumnsByHeadingsAndByWhatTheyHold) {
     }
     EXPECT_FALSE(Mapping_Of(u"0 1 2 3 4 5"_s, 5));
     EXPECT_FALSE(Mapping_Of(u"0 1 2 3 4"_s, 5));
+}
+
+TEST(Workbooks, AreReadAsTheyAreAndNeverTrusted) {
+    const auto sheet = [](const QByteArray& rows) {
+        return "<worksheet><sheetData>" + rows + "</sheetData></worksheet>";
+    };
+    QByteArray attributes,
+        laughs = "<!DOCTYPE a [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">]>";
+    for (int i = 0; i < 100; ++i)
+        attributes += " a" + QByteArray::number(i) + "=''";
+    const struct {
+        QByteArray sheet;
+        QString read; // "row: cells", or why not
+    } cases[] = {
+        {sheet("<row r='3'><c r='B3'><v>7.5</v></c><c><v>x</v></c></row><row><c "
+               "t='inlineStr'><is><t>a</t><rPh><t>b</t></rPh>"
+               "</is></c></row>"),
+         u"3: |7.5|x 4: a"_s},
+        {sheet("<row><c s='1'><v>43538</v></c><c s='1' t='str'><v>43538</v></c><c s='2'><v>1.5</v></c><c "
+               "t='d'><v>"
+               "2019-03-14T00:00:00</v></c><c t='s'><v>99</v></c><c t='e'><v>#REF!</v></c></row>"),
+         u"1: 2019-03-14|43538|1.5|2019-03-14||#REF!"_s},
+        {sheet("<row r='2147483647'><c r='A4294967295'><v>x</v></c></row>"), u"1: x"_s},
+        {sheet("<row><c r='XFD1'><v>x</v></c></row>"), u"more"_s},
+        {sheet(QByteArray("<row/>").repeated(3'000'000)), u"more"_s},
+        {sheet("<row><c><v>" + QByteArray(200'000, 'x') + "</v></c></row>"), u"more"_s},
+        {QByteArray("<a>").repeated(100'000), u"more"_s},
+        {"<a" + attributes + "/>", u"more"_s},
+        {laughs + sheet("<row><c><v>&b;</v></c></row>"), u"no spreadsheet"_s},
+        {sheet("<row><c>"), u"damaged"_s},
+        {"", u"damaged"_s},
+    };
+    for (const auto& [bytes, read] : cases) {
+        SCOPED_TRACE(read.toStdString());
+        const QByteArray workbook = Workbook_Of(bytes);
+        const QString why = Why_Refused(workbook);
+        EXPECT_TRUE(why.isEmpty() ? Text_Of(Read_Source_Bytes(workbook).rows) == read : why.contains(read))
+            << why.toStdString();
+    }
 }
 
 TEST(Sources, ThatAreNoListsAreRefusedInWords) {

@@ -63,6 +63,8 @@ bool Is_Line_End(QChar character) {
     return character == u'\n' || character == u'\r';
 }
 
+constexpr qsizetype Longest_Record = 20'000; // cells; a spreadsheet writes commas for all its columns
+
 // Gives record by record. A quote counts only at the beginning of a field and where its other half follows
 // soon: otherwise it is a character like any other, so that a stray one swallows nothing.
 class Record_Reader {
@@ -76,6 +78,8 @@ public:
         QStringList cells;
         do {
             cells.append(Next_Cell());
+            if (cells.size() > Longest_Record)
+                throw Refused_Source(u"A line of this is longer than any list's."_s);
         } while (Passed_Delimiter());
         Pass_Line_End();
         return cells;

@@ -14,8 +14,9 @@ using namespace Qt::StringLiterals;
 namespace pupils {
 namespace {
 
-constexpr int Most_Parts = 5000;          // of the package
-constexpr qint64 Most_Bytes = 64'000'000; // of a part once it is unpacked
+constexpr int Most_Parts = 5000;            // of the package
+constexpr qint64 Most_Bytes = 40'000'000;   // of all parts that are read, once they are unpacked
+constexpr qint64 Most_Elements = 3'000'000; // in them
 constexpr qint64 Longest_Run =
     100'000;                // bytes from one "<" to the next; a cell holds 32767 characters at most
 constexpr int Deepest = 64; // elements within one another
@@ -41,7 +42,9 @@ constexpr qsizetype Most_Sheets = 1000;
 // thrown through the toolkit.
 class Bounded_Part final : public QIODevice {
 public:
-    explicit Bounded_Part(QuaZipFile& file) : file(file) { open(QIODevice::ReadOnly); }
+    Bounded_Part(QuaZipFile& file, qint64& unpacked) : file(file), unpacked(unpacked) {
+        open(QIODevice::ReadOnly);
+    }
     bool Passed_Limits() const { return passed_limits; }
     bool isSequential() const override { return true; }
 
@@ -53,30 +56,20 @@ protected:
                 run = 0;
             else if (++run > Longest_Run)
                 passed_limits = true;
-        bytes += std::max<qint64>(taken, 0);
-        passed_limits = passed_limits || bytes > Most_Bytes;
+        unpacked += std::max<qint64>(taken, 0);
+        passed_limits = passed_limits || unpacked > Most_Bytes;
         return passed_limits ? 0 : taken;
     }
     qint64 writeData(const char*, qint64) override { return -1; }
 
 private:
     QuaZipFile& file;
-    qint64 bytes = 0;
+    qint64& unpacked; // of all parts
     qint64 run = 0;
     bool passed_limits = false;
 };
 
 using Xml = QXmlStreamReader;
-
-// Whether the token may stand in a workbook.
-void Check_Token(const Xml& xml, int& depth) {
-    if (xml.isDTD() || xml.isEntityReference()) Refuse(u"This workbook holds what no spreadsheet writes."_s);
-    if (xml.isStartElement()) {
-        if (++depth > Deepest || xml.attributes().size() > Most_Attributes) Refuse_Size();
-    } else if (xml.isEndElement()) {
-        --depth;
-    }
-}
 
 class Package {
 public:
@@ -91,13 +84,13 @@ public:
         if (!zip.setCurrentFile(part, QuaZip::csInsensitive)) return false;
         QuaZipFile file(&zip);
         if (!file.open(QIODevice::ReadOnly)) Refuse_Damaged();
-        Bounded_Part bounded(file);
+        Bounded_Part bounded(file, unpacked);
         Xml xml(&bounded);
-        int depth = 0;
+        depth = 0;
         while (!xml.atEnd()) {
             xml.readNext();
             if (xml.hasError()) break;
-            Check_Token(xml, depth);
+            Check_Token(xml);
             take(xml);
         }
         if (bounded.Passed_Limits()) Refuse_Size();
@@ -106,8 +99,21 @@ public:
     }
 
 private:
+    // Whether the token may stand in a workbook.
+    void Check_Token(const Xml& xml) {
+        if (xml.isDTD() || xml.isEntityReference())
+            Refuse(u"This workbook holds what no spreadsheet writes."_s);
+        if (xml.isEndElement()) --depth;
+        if (!xml.isStartElement()) return;
+        if (++depth > Deepest || ++elements > Most_Elements || xml.attributes().size() > Most_Attributes)
+            Refuse_Size();
+    }
+
     QBuffer buffer;
     QuaZip zip;
+    qint64 unpacked = 0; // bytes so far
+    qint64 elements = 0;
+    int depth = 0;
 };
 
 QString Attribute(const Xml& xml, QLatin1StringView name) {
@@ -248,7 +254,8 @@ public:
 
 private:
     void Begin_Row(int number) {
-        row = number > 0 ? number : row + 1; // a row without its number follows the one before
+        constexpr int last = 1'048'576; // of any sheet
+        row = number > 0 && number <= last ? number : row + 1; // one without its number follows the one before
         column = -1;
         cells.clear();
     }
