@@ -1,6 +1,7 @@
 #include "pupils/prepare_page.h"
 
 #include "platform/desktop/wait_pointer.h"
+#include "scoring/pupil_lists.h"
 
 #include <QCompleter>
 #include <QDir>
@@ -242,6 +243,15 @@ void Form43::Show_New_Classes(const Rehearsal_Counts& counts) {
     Check1->setChecked(Accepts_Classes(list, counts));
 }
 
+QString Form43::Summary(const Rehearsal_Counts& counts) const {
+    QString words = In_Words(counts);
+    if (!registered.why_unknown.isEmpty()) words += u" Who is registered can't be read."_s;
+    if (registered.Count() + counts.going > scoring::Most_Pupils)
+        words +=
+            u" With them there are more pupils than the %1 of the pages' lists."_s.arg(scoring::Most_Pupils);
+    return words;
+}
+
 void Form43::Show_Rehearsal() {
     rows = Rehearse(list, registered, platform.clock.Now());
     const Rehearsal_Counts counts = Count(rows, registered);
@@ -250,10 +260,8 @@ void Form43::Show_Rehearsal() {
     Show_New_Classes(counts);
     const bool there = !list.source.isEmpty();
     const QString why_not = there ? Why_Not_Yet(list, counts) : QString();
-    Label12->setText(!there ? u"Open a file, or copy a list in a spreadsheet and paste it."_s
-                            : In_Words(counts) + (registered.why_unknown.isEmpty()
-                                                      ? QString()
-                                                      : u" Who is registered can't be read."_s));
+    Label12->setText(there ? Summary(counts)
+                           : u"Open a file, or copy a list in a spreadsheet and paste it."_s);
     const bool unsettled = there && list.order == Date_Order::Unsettled;
     Label13->setText(QStringList{why_not, unsettled ? Dates_Either_Way(list).join(u"; "_s) : QString()}
                          .join(u' ')

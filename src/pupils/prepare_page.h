@@ -52,6 +52,7 @@ private:
     void Show_Filter(const Rehearsal_Counts& counts);
     void Show_New_Classes(const Rehearsal_Counts& counts);
     void Tell_Row();
+    QString Summary(const Rehearsal_Counts& counts) const;
     void Take_Change();
     QList<Rehearsed_Row> Shown_Rows() const;
 

@@ -49,7 +49,9 @@ TEST_F(Prepare, RemembersColumnsByTheirHeadingsAndKeepsOrHandsOverTheList) {
         "Bell\tCynthia\tCy\tF\t15/03/2019\tOak\n"_s;
     auto form = Opened();
     Click(*form, u"HotLabel3"_s);
-    EXPECT_EQ(Caption(*form, u"Label13"_s), u"2 of the rows must be corrected, cured or left out first."_s);
+    EXPECT_EQ(
+        Caption(*form, u"Label13"_s),
+        u"2 of the rows must be corrected, cured or left out first. No column is chosen for: forename."_s);
     Combo(*form, 3).Set_ListIndex(3);
     EXPECT_EQ(Shown_Rows(*form), u"Bo Cy"_s);
     shared.Forget();

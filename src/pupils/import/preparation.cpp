@@ -1,6 +1,7 @@
 #include "pupils/import/preparation.h"
 
 #include "pupils/import/pupil_fields.h"
+#include "pupils/import/told_losses.h"
 
 #include <algorithm>
 
@@ -35,6 +36,13 @@ QStringList Birthdays(const Preparation& list) {
     for (const int row : Pupil_Rows(list.table, list.recognition))
         texts.append(Tidied(Cell(list.table.rows[row], list.recognition.mapping[place::Date_Of_Birth])));
     return texts;
+}
+
+QString Fields_Without_Column(const Column_Mapping& mapping) {
+    QStringList names;
+    for (const qsizetype field : {place::Surname, place::Forename, place::Sex, place::Date_Of_Birth})
+        if (mapping[std::size_t(field)] == No_Column) names.append(Field_Name(field));
+    return names.isEmpty() ? QString() : u" No column is chosen for: %1."_s.arg(names.join(u", "_s));
 }
 
 bool Is_In_The_Way(const Rehearsed_Row& row) {
@@ -130,7 +138,8 @@ QString Why_Not_Yet(const Preparation& list, const Rehearsal_Counts& counts) {
     if (list.order == Date_Order::Unsettled && list.dates.dates > 0)
         return u"Settle which comes first in the dates."_s;
     if (counts.in_the_way > 0)
-        return u"%1 of the rows must be corrected, cured or left out first."_s.arg(counts.in_the_way);
+        return u"%1 of the rows must be corrected, cured or left out first."_s.arg(counts.in_the_way) +
+               Fields_Without_Column(list.recognition.mapping);
     if (counts.going == 0) return u"No row is left to be imported."_s;
     if (!Accepts_Classes(list, counts)) return u"Accept the new classes first."_s;
     return {};
