@@ -262,10 +262,10 @@ void Form43::Show_Rehearsal() {
     const QString why_not = there ? Why_Not_Yet(list, counts) : QString();
     Label12->setText(there ? Summary(counts)
                            : u"Open a file, or copy a list in a spreadsheet and paste it."_s);
-    const bool unsettled = there && list.order == Date_Order::Unsettled;
-    Label13->setText(QStringList{why_not, unsettled ? Dates_Either_Way(list).join(u"; "_s) : QString()}
-                         .join(u' ')
-                         .trimmed());
+    const QStringList either_way =
+        list.order == Date_Order::Unsettled ? Dates_Either_Way(list) : QStringList();
+    Label13->setText(either_way.isEmpty() ? why_not
+                                          : why_not + u" Which is right? "_s + either_way.join(u"; "_s));
     HotLabel4->setEnabled(
         std::any_of(rows.begin(), rows.end(), [](const auto& row) { return row.goes && row.curable; }));
     HotLabel5->setEnabled(there && why_not.isEmpty());

@@ -3,6 +3,7 @@
 #include "pupils/import/pupil_fields.h"
 #include "pupils/import/told_losses.h"
 
+#include <QLocale>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -149,13 +150,13 @@ QStringList Dates_Either_Way(const Preparation& list) {
     QStringList texts;
     const QStringList birthdays = Birthdays(list);
     const QList<int> rows = Pupil_Rows(list.table, list.recognition);
-    const auto read = [](const QString& text, Date_Order order) {
-        return Read_Source_Date(text, order)->date.toString(u"d/MMM/yyyy"_s).replace(u'/', u' ');
-    };
-    for (const int each : list.dates.telling_apart)
-        texts.append(u"line %1, %2: %3 or %4"_s.arg(list.table.rows[rows[each]].line)
-                         .arg(birthdays[each], read(birthdays[each], Date_Order::Day_First),
-                              read(birthdays[each], Date_Order::Month_First)));
+    for (const int each : list.dates.telling_apart) {
+        const auto read = [&](Date_Order order) {
+            return QLocale::c().toString(Read_Source_Date(birthdays[each], order)->date, u"d MMM yyyy"_s);
+        };
+        texts.append(u"line %1: %2 or %3"_s.arg(list.table.rows[rows[each]].line)
+                         .arg(read(Date_Order::Day_First), read(Date_Order::Month_First)));
+    }
     return texts;
 }
 
