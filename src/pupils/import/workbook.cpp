@@ -255,7 +255,8 @@ public:
 private:
     void Begin_Row(int number) {
         constexpr int last = 1'048'576; // of any sheet
-        row = number > 0 && number <= last ? number : row + 1; // one without its number follows the one before
+        row =
+            number > 0 && number <= last ? number : row + 1; // one without its number follows the one before
         column = -1;
         cells.clear();
     }
