@@ -6,8 +6,8 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/database/jet_sql.h"
 #include "pupils/import/import_file.h"
-#include "pupils/new_pupil.h"
 #include "pupils/import/pupil_fields.h"
+#include "pupils/new_pupil.h"
 
 #include <cstdint>
 #include <cstdio>
