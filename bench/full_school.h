@@ -72,6 +72,7 @@ void Register_Choices(Full_School& school);
 void Register_Openings(Full_School& school);
 void Register_Whole_File(Full_School& school);
 void Register_Paper(Full_School& school);
+void Register_Preparing(Full_School& school);
 void Register_Scores(Full_School& school);
 
 } // namespace bench

@@ -98,7 +98,8 @@ void Import_A_School(benchmark::State& state, desktop::Platform& ports) {
     desktop::Platform platform = console::With({.boxes = &boxes, .file_dialogs = &file_dialogs}, ports);
     foundation::Installation installation;
     Nowhere nowhere;
-    pupils::Form42 page(platform, nowhere, installation);
+    pupils::List_To_Import prepared;
+    pupils::Form42 page(platform, nowhere, installation, prepared);
     page.resize(1366, 768);
     page.show();
     installation.Connection_String = foundation::Connection_String_For(schools.Imported());

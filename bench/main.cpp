@@ -68,6 +68,7 @@ static void Measure(desktop::Platform& ports) {
     for (bench::Full_School* school : {&small, &full}) {
         bench::Register_Choices(*school);
         bench::Register_Openings(*school);
+        bench::Register_Preparing(*school);
     }
     for (bench::Full_School* school : {&small_cohort, &full_cohort}) {
         bench::Register_Scores(*school);

@@ -10,7 +10,7 @@ if(WIN32)
     set(MEVO_PROGRAM_FOLDER .)
 endif()
 
-set(programs mevo mevo-convert mevo-practice mevo-print mevo-sampledb mevo-scores mevo-setup)
+set(programs mevo mevo-convert mevo-import-check mevo-practice mevo-print mevo-sampledb mevo-scores mevo-setup)
 if(MEVO_JET_READER)
     install(TARGETS mevo-jet-reader RUNTIME DESTINATION ${MEVO_PROGRAM_FOLDER} COMPONENT program)
 endif()

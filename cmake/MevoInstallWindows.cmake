@@ -25,6 +25,6 @@ foreach(plug_in platforms/qwindows platforms/qoffscreen styles/qwindowsvistastyl
 endforeach()
 
 install(FILES packaging/windows/licences/README.txt DESTINATION Licences COMPONENT program)
-foreach(licence GPL-3 LGPL-3 LGPL-2)
+foreach(licence GPL-3 LGPL-3 LGPL-2 LGPL-2.1)
     install(FILES /usr/share/common-licenses/${licence} DESTINATION Licences RENAME ${licence}.txt COMPONENT program)
 endforeach()

@@ -12,6 +12,13 @@ MDBTOOLS_PLACES=(
     https://snapshot.debian.org/archive/debian/20230601T000000Z/pool/main/m/mdbtools/mdbtools_1.0.0%2Bdfsg.orig.tar.xz
     http://archive.ubuntu.com/ubuntu/pool/universe/m/mdbtools/mdbtools_1.0.0+dfsg.orig.tar.xz
 )
+QUAZIP=quazip-1.4
+QUAZIP_DIGEST=79633fd3a18e2d11a7d5c40c4c79c1786ba0c74b59ad752e8429746fe1781dd6
+QUAZIP_PLACES=(
+    http://deb.debian.org/debian/pool/main/libq/libquazip1-qt6/libquazip1-qt6_1.4.orig.tar.gz
+    https://snapshot.debian.org/archive/debian/20230601T000000Z/pool/main/libq/libquazip1-qt6/libquazip1-qt6_1.4.orig.tar.gz
+    http://archive.ubuntu.com/ubuntu/pool/universe/libq/libquazip1-qt6/libquazip1-qt6_1.4.orig.tar.gz
+)
 
 # What packaging/windows/build_libraries makes its own of.
 SQLITE=sqlite3-3.40.1
@@ -58,9 +65,9 @@ unpacked() {
     touch "$3/.$2"
 }
 
-# Both sets of libraries below LIBRARIES_FOLDER, where CMakePresets.json looks for them.
+# All sets of libraries below LIBRARIES_FOLDER, where CMakePresets.json looks for them.
 provide_libraries() {
-    local mdbtools=$LIBRARIES_FOLDER/downloads/$MDBTOOLS.tar.xz
+    local mdbtools=$LIBRARIES_FOLDER/downloads/$MDBTOOLS.tar.xz quazip=$LIBRARIES_FOLDER/downloads/$QUAZIP.tar.gz
     if [ ! -e "$LIBRARIES_FOLDER/mingw/.built-here" ]; then
         [ -e "$WINDOWS_LIBRARIES" ] || {
             echo "No libraries for Windows at $WINDOWS_LIBRARIES. MEVO_WINDOWS_LIBRARIES names their archive;" \
@@ -71,4 +78,6 @@ provide_libraries() {
     fi
     fetch "$mdbtools" "$MDBTOOLS_DIGEST" "${MDBTOOLS_PLACES[@]}"
     unpacked "$mdbtools" "$MDBTOOLS_DIGEST" "$LIBRARIES_FOLDER/mdbtools"
+    fetch "$quazip" "$QUAZIP_DIGEST" "${QUAZIP_PLACES[@]}"
+    unpacked "$quazip" "$QUAZIP_DIGEST" "$LIBRARIES_FOLDER/quazip"
 }

@@ -5,6 +5,7 @@
 #include "pupils/delete_page.h"
 #include "pupils/fine_tuning_page.h"
 #include "pupils/import_page.h"
+#include "pupils/prepare_page.h"
 #include "pupils/register_page.h"
 #include "pupils/security_page.h"
 #include "reports/reports_page.h"
@@ -65,7 +66,9 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Delete:
         return std::make_unique<pupils::Form9>(platform, navigator, records, counts);
     case Page_Id::Import:
-        return std::make_unique<pupils::Form42>(platform, navigator, installation);
+        return std::make_unique<pupils::Form42>(platform, navigator, installation, list_to_import);
+    case Page_Id::Prepare:
+        return std::make_unique<pupils::Form43>(platform, navigator, installation, list_to_import);
     case Page_Id::Testing_Progress:
         return std::make_unique<shell::Form14>(platform, navigator, installation);
     case Page_Id::Settings:

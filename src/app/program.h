@@ -6,6 +6,7 @@
 #include "foundation/start_up.h"
 #include "platform/database/files/safe_copy.h"
 #include "platform/desktop/ports.h"
+#include "pupils/list_to_import.h"
 #include "pupils/pupil_records.h"
 #include "reports/state/report_state.h"
 #include "scoring/scoring.h"
@@ -40,6 +41,7 @@ private:
     scoring::Scoring scoring;
     reports::Report_State report_state;
     pupils::Pupil_Records pupil_records;
+    pupils::List_To_Import list_to_import;
     foundation::Form8 form8;
     shell::Page_Host host;
 };

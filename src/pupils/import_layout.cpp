@@ -13,8 +13,11 @@ constexpr int Whole_Width = 1048;
 constexpr int Menu_Left = 924;
 
 Form42::Form42(desktop::Platform& platform, shell::Navigator& navigator,
-               const foundation::Installation& installation)
-    : Page(platform, navigator, Frame_Size), installation(installation), maker(platform, installation) {
+               const foundation::Installation& installation, List_To_Import& prepared)
+    : Page(platform, navigator, Frame_Size),
+      installation(installation),
+      prepared(prepared),
+      maker(platform, installation) {
     setObjectName(u"Form42"_s);
     setWindowTitle(u"Import a fixed format comma-seperated file into Mevo"_s);
     Lay_Out();
@@ -25,8 +28,8 @@ void Form42::Lay_Out() {
     constexpr int row = 90;
     constexpr int height = 40;
     Make_Label(u"Label1"_s, u"Import new individuals using a special text file"_s, Text_Role::Title,
-               {Left, 16, Whole_Width, 40});
-    Make_Label(u"Label2"_s, windowTitle(), Text_Role::Subtitle, {Left, 56, Whole_Width, 24});
+               {Left, 16, Whole_Width - 180, 40});
+    Make_Label(u"Label2"_s, windowTitle(), Text_Role::Subtitle, {Left, 56, Whole_Width - 180, 24});
     PreviewImport = Make_HotLabel(u"PreviewImport"_s, u"Preview file"_s, {Left, row, 150, height},
                                   [this] { PreviewImport_Click(); });
     Text1 = Make_Entry(u"Text1"_s, u"File to import"_s, {Left + 162, row, 586, height}, Frame1);
@@ -44,6 +47,22 @@ void Form42::Lay_Out() {
     ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,
                                 {Left, 474, Whole_Width, 20}, Frame1);
     Label3 = Make_Help_Label(u"Label3"_s, {Left, 504, Menu_Left - 12 - Left, height}, Frame1);
+    // Made last, so that the others keep their letters.
+    HotLabel5 = Make_HotLabel(u"HotLabel5"_s, u"Prepare a file..."_s,
+                              {Left + Whole_Width - 168, 30, 168, height}, [this] { HotLabel5_Click(); });
+}
+
+// What is narrower on screen than on paper leaves room for the bar beside the rows.
+constexpr int On_Screen(int width) {
+    return width * 23 / 25;
+}
+
+// The column that always reads the same gives its room to the marks of the rows.
+void Form42::Set_User_Id_Width(int less) {
+    constexpr int column = 5;
+    constexpr int width = 158;
+    Spread1->Set_ColWidth(column, width);
+    Spread1->Narrow_On_Screen(column, On_Screen(width) - less);
 }
 
 void Form42::Lay_Out_Grid() {
@@ -60,14 +79,15 @@ void Form42::Lay_Out_Grid() {
     Spread1->setAccessibleName(u"Preview of the individuals to import"_s);
     Spread1->setAccessibleDescription(u"One row for each line of the file."_s);
     Spread1->setGeometry(Left, 142, Whole_Width, 324);
-    int number = 0; // together they leave room for the bar beside the rows
+    int number = 0;
     for (const Column& column : columns) {
         Spread1->Set_Text(++number, 0, column.heading);
         Spread1->Set_ColWidth(number, column.width);
-        Spread1->Narrow_On_Screen(number, column.width * 23 / 25);
+        Spread1->Narrow_On_Screen(number, On_Screen(column.width));
     }
     for (const int text_column : {1, 2, 6, 7})
         Spread1->Set_Left_Aligned(text_column);
+    shell::On(Spread1, &grid::fpSpread::currentCellChanged, this, platform, [this] { Tell_Mark(); });
 }
 
 void Form42::Tell_Helps() {
@@ -82,6 +102,9 @@ void Form42::Tell_Helps() {
     help->Tell(
         PreviewImport,
         u"Preview allows you to do a dry run and check that the import file is in the correct format."_s);
+    help->Tell(HotLabel5, u"Any other list of pupils: with headings, in another order, or a workbook. It is "
+                          u"prepared on a page of "
+                          u"its own, and comes back here."_s);
     help->Follow_Focus(*this);
 }
 

@@ -4,8 +4,9 @@
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/wait_pointer.h"
 #include "printing/grid_print.h"
-#include "pupils/import_file.h"
-#include "pupils/pupil_fields.h"
+#include "pupils/import/import_file.h"
+#include "pupils/import/pupil_fields.h"
+#include "pupils/import/told_losses.h"
 
 #include <QScopeGuard>
 
@@ -52,6 +53,20 @@ void Form42::PreviewImport_Click() {
     }
 }
 
+void Form42::Load() {
+    if (!prepared.file.Name().isEmpty()) Once_Painted(u"Timer1"_s, [this] { Preview_Prepared(); });
+}
+
+// As though it had been chosen in the dialog.
+void Form42::Preview_Prepared() {
+    try {
+        Text1->setText(prepared.file.Name());
+        Preview(Text1->text());
+    } catch (const std::exception&) {
+        // As the preview's own button has it.
+    }
+}
+
 void Form42::Preview(const QString& file_name) {
     Import_Pass pass;
     {
@@ -63,6 +78,7 @@ void Form42::Preview(const QString& file_name) {
                          {[this](const QStringList& fields, qint16 line) { Show_Record(fields, line); }, {}});
     }
     Lines_Previewed = pass.line_count;
+    Show_Marks();
     Offer_Import(pass.error_text.isEmpty());
     if (!pass.error_text.isEmpty())
         platform.boxes.Ask(Box_Style::Exclamation, windowTitle(), Erroneous_Records_Text(pass));
@@ -73,7 +89,21 @@ void Form42::Offer_Import(bool offered) {
     HotLabel4->setEnabled(offered);
 }
 
+void Form42::Show_Marks() {
+    Set_User_Id_Width(marks.isEmpty() ? 0 : grid::fpSpread::Mark_Width);
+    Spread1->Set_Marks(marks);
+}
+
+void Form42::Tell_Mark() {
+    const QString words = Spread1->Mark_Of(Spread1->currentRow() + 1);
+    if (!words.isEmpty()) Label3->setText(words);
+}
+
 void Form42::Show_Record(const QStringList& fields, int row) {
+    if (const QStringList losses = Broken_Rules(fields, true); losses.isEmpty())
+        marks.remove(row);
+    else
+        marks[row] = u"Line %1: "_s.arg(row) + losses.join(u"; "_s) + u'.';
     Fill_Spread(Normalise_Hyphen(fields[place::Surname]), fields[place::Forename], fields[place::Sex],
                 Format_Import_Date(fields[place::Date_Of_Birth]), u""_s, fields[place::Group],
                 fields[place::Password], row);
@@ -130,7 +160,13 @@ void Form42::HotLabel4_Click() {
     }
 }
 
+void Form42::HotLabel5_Click() {
+    prepared.file.Drop();
+    navigator.Go_To(shell::Page_Id::Prepare);
+}
+
 void Form42::HotLabel1_Click() {
+    prepared.Forget();
     navigator.Go_To(shell::Page_Id::Main_Menu);
 }
 

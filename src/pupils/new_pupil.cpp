@@ -2,7 +2,7 @@
 
 #include "platform/basics/run_time_error.h"
 #include "platform/database/connection.h"
-#include "pupils/pupil_fields.h"
+#include "pupils/import/pupil_fields.h"
 
 #include <QList>
 #include <algorithm>
@@ -92,13 +92,6 @@ QString& Replace_Chars(QString& text, const QString& from_chars, QChar to_char) 
     for (QChar& character : text)
         if (from_chars.contains(character)) character = to_char;
     return text;
-}
-
-QString Normalise_Hyphen(const QString& surname) {
-    const QString spaced_hyphen = u" - "_s;
-    const qsizetype place = surname.indexOf(spaced_hyphen);
-    if (place < 0) return surname;
-    return surname.left(place) + u'-' + surname.mid(place + spaced_hyphen.size());
 }
 
 QString New_Pupil_Statement(const QStringList& fields, const QString& student_code) {

@@ -3,6 +3,7 @@
 #include "foundation/installation.h"
 #include "platform/database/kept_engine.h"
 #include "platform/desktop/ports.h"
+#include "pupils/import/pupil_fields.h"
 
 #include <QString>
 #include <QStringList>
@@ -11,9 +12,6 @@ namespace pupils {
 
 // Overwrites in place each character that occurs in from_chars, and gives the text back.
 QString& Replace_Chars(QString& text, const QString& from_chars, QChar to_char);
-
-// The first " - " becomes "-"; a second one stays.
-QString Normalise_Hyphen(const QString& surname);
 
 // The statement that makes the pupil's own row; the group must not be blank any more.
 QString New_Pupil_Statement(const QStringList& fields, const QString& student_code);

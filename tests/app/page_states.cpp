@@ -150,6 +150,28 @@ void Import(Tour& tour) {
     tour.Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
+constexpr char School_List[] =
+    "Pupil name;Sex;Date of birth;Class\n\"Ashdown, Ella\";female;04/03/2019;Oak\n"
+    "\"Brook, Mohammed\";male;05/06/2019;St John's\n\"Łaś, Zofia\";girl;07/08/2018;Oak\n"
+    "\"Moss, Al\";X;09/10/2011;Oak\n";
+
+void Prepare(Tour& tour) {
+    const QString file = tour.school.sample.Folder() + u"/list.csv"_s;
+    Write_Bytes(file, School_List);
+    tour.school.outside.file_dialogs.answers = {file};
+    tour.Go(u"HotLabel2"_s, u"Form42"_s);
+    tour.Go(u"HotLabel5"_s, u"Form43"_s);
+    tour.Show(u"prepare"_s);
+    tour.Click_All({u"HotLabel2"_s});
+    auto& name = Control<QLineEdit>(tour.school.Page(), u"Text1"_s);
+    name.setText(u"list.csv"_s);
+    tour.Show(u"prepare_dates"_s);
+    Control<shell::Click_Combo>(tour.school.Page(), u"Combo8"_s).Set_ListIndex(1);
+    tour.Show(u"prepare_rehearsed"_s);
+    tour.Go(u"HotLabel1"_s, u"Form42"_s);
+    tour.Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
 void Archive_In_View(Tour& tour) {
     const Sample_File archive(3);
     tour.Pay({u"HotLabel8"_s, u"Form60"_s, u"archiving"_s, {}});
@@ -173,6 +195,7 @@ void Go_Through_All_Pages(const Look_At& look, shell::Scheme scheme) {
     tour.Show(u"main_menu"_s);
     Reports(tour);
     Import(tour);
+    Prepare(tour);
     Other_Pages(tour);
     Archive_In_View(tour);
 }

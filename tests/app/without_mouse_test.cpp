@@ -121,6 +121,39 @@ public:
         outside.boxes.Will_Answer(Answer::Yes);
         Tab_And_Press(u"HotLabel3"_s, Qt::Key_Space);
         Expect_Changed(u"Mevo_\\w+ ASHELL\\w+: new"_s);
+        Prepare_A_List(file);
+    }
+
+    // Month and day want to be settled, a field to be corrected, and a row is left out.
+    void Prepare_A_List(const QString& file) {
+        Write_Bytes(file,
+                    "Name,Sex,Born\n\"Zeal, Bo\",girl,03/04/2019\n\"Zeal, Cy\",boy,05/06/2019\nTotal,2,\n");
+        outside.file_dialogs.answers = {file};
+        Go(u"HotLabel5"_s, u"Form43"_s);
+        Tab_And_Press(u"HotLabel2"_s);
+        Tab_To(u"Combo8"_s);
+        Press(Qt::Key_Down, 2); // the month comes first
+        Tab_To(u"Text2"_s);
+        Type(u"Hazel"_s);
+        Tab_To(u"Spread1"_s);
+        Press(Qt::Key_Down, 2);
+        Press(Qt::Key_Space);
+        Press(Qt::Key_Up, 2);
+        Press(Qt::Key_Right, 4);
+        Press(Qt::Key_F2);
+        Type(u"Beau"_s);
+        Press(Qt::Key_Return);
+        QApplication::processEvents(); // ends what is typed into a cell
+        Tab_And_Press(u"Check1"_s, Qt::Key_Space);
+        Tab_And_Press(u"HotLabel6"_s);
+        Follow_To(u"Form42"_s);
+        outside.boxes.Will_Answer(Answer::Yes);
+        Tab_And_Press(u"HotLabel3"_s, Qt::Key_Space);
+        Expect_Changed(u"Mevo_(\\w+ ZEA(BEA|CY)\\w+: new|Groups \\d+: new, Group_Name 'Hazel')"_s);
+        EXPECT_EQ(
+            sample.Column(
+                u"SELECT Forename || Sex || DOB || Group_Class FROM Mevo_Pupils WHERE Surname = 'Zeal'"_s),
+            (QStringList{u"BeauF04/03/19Hazel"_s, u"CyM06/05/19Hazel"_s}));
     }
 
     void Correct_A_Name_And_Allow_A_Retest() {

@@ -5,9 +5,9 @@
 #include "foundation/schema.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/jet_sql.h"
-#include "pupils/import_file.h"
+#include "pupils/import/import_file.h"
+#include "pupils/import/pupil_fields.h"
 #include "pupils/new_pupil.h"
-#include "pupils/pupil_fields.h"
 
 #include <cstdint>
 #include <cstdio>

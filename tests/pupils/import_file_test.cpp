@@ -1,4 +1,4 @@
-#include "pupils/import_file.h"
+#include "pupils/import/import_file.h"
 
 #include "support/error_number.h"
 #include "support/files.h"

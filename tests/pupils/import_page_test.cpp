@@ -3,7 +3,9 @@
 #include "pupils/record_page_fixture.h"
 #include "support/files.h"
 
+#include <QHeaderView>
 #include <QStringEncoder>
+#include <gtest/gtest.h>
 
 namespace pupils {
 namespace {
@@ -40,7 +42,8 @@ protected:
         return (Enabled(u"HotLabel3"_s) ? u"import "_s : u""_s) +
                (Enabled(u"HotLabel4"_s) ? u"print"_s : u""_s);
     }
-    Form42 form{outside.platform, navigator, installation};
+    List_To_Import prepared;
+    Form42 form{outside.platform, navigator, installation, prepared};
 };
 
 const QString Both = u"import print"_s;
@@ -50,6 +53,13 @@ QString Told(const QString& errors, int count) {
     return QString::number(count) +
            u" record(s) could not be imported because of invalid data.\r\rErroneous records are:\r\r"_s +
            errors;
+}
+
+QString Marked_Rows(const grid::fpSpread& grid) {
+    QStringList rows;
+    for (int row = 1; row <= grid.rowCount(); ++row)
+        if (!grid.Mark_Of(row).isEmpty()) rows.append(QString::number(row));
+    return grid.verticalHeader()->isVisible() ? rows.join(u' ') : QString();
 }
 
 } // namespace
@@ -143,6 +153,10 @@ TEST_F(Import, AnApostropheOrALongNameCostsWhatItBreaksInSilence) {
     Preview_Bytes(
         "One,Al,M,1/2/2003,Owls,it's\nTwo,Al,M,1/2/2003,St John's,\nThree,Al,M,1/2/2003,Owls,its\n" + name +
         ",Al,M,1/2/2003,Owls,\nLong,Al,M,1/2/2003," + QByteArray(60, 'g') + ",\n\n\n");
+    const auto& grid = test_support::Control<grid::fpSpread>(form, u"Spread1"_s);
+    EXPECT_EQ(Marked_Rows(grid), u"1 2 5"_s);
+    EXPECT_EQ(grid.columnCount(), 7);
+    EXPECT_EQ(grid.Mark_Of(1), u"Line 1: the password holds an apostrophe: the pupil would not be stored."_s);
     Import_All();
     EXPECT_EQ(sample.Column(u"SELECT surname || group_class FROM mevo_pupils WHERE rowid > 12"_s),
               (QStringList{u"TwoSt John's"_s, u"ThreeOwls"_s, QString::fromLatin1(name) + u"Owls"_s}));

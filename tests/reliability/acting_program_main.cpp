@@ -82,7 +82,8 @@ static void Import(Desk& desk) {
     QRandomGenerator generator(1);
     while (desk.outside.random.numbers.size() < 10'007)
         desk.outside.random.numbers.append(generator.generateDouble());
-    pupils::Form42 page(desk.outside.platform, desk.navigator, desk.installation);
+    pupils::List_To_Import prepared;
+    pupils::Form42 page(desk.outside.platform, desk.navigator, desk.installation, prepared);
     desk.outside.file_dialogs.answers = {desk.installation.App_Path + u"/class%1.txt"_s.arg(desk.number)};
     Click(page, u"PreviewImport"_s);
     QObject::connect(&Control<QProgressBar>(page, u"ProgressBar1"_s), &QProgressBar::valueChanged, &page,

@@ -166,7 +166,9 @@ public:
 class Kept_Clipboard final : public desktop::Clipboard {
 public:
     void Put(const desktop::Page_Copy& page) override { copied.append(page); }
+    QString Text() override { return text; }
     QList<desktop::Page_Copy> copied;
+    QString text;
 };
 
 // Values by their key, each with the type that the system would tell. A key without one can't be opened.

@@ -1,3 +1,4 @@
+#include "console/csv_line.h"
 #include "scores/command_line.h"
 #include "scores/score_lines.h"
 #include "support/command_line.h"
@@ -55,9 +56,8 @@ TEST(ScoreExport, TimesAreLeftEmptyUnlessAskedForAndChangeNothingElse) {
 }
 
 TEST(ScoreExport, FieldsAreQuotedWhereTheyMustBe) {
-    EXPECT_EQ(
-        score_export::Csv_Line({u"plain"_s, u""_s, u"a,b"_s, u"say \"hi\""_s, u"two\nlines"_s, u" 7"_s}),
-        u"plain,,\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\", 7\r\n"_s);
+    EXPECT_EQ(console::Csv_Line({u"plain"_s, u""_s, u"a,b"_s, u"say \"hi\""_s, u"two\nlines"_s, u" 7"_s}),
+              u"plain,,\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\", 7\r\n"_s);
 }
 
 TEST(ScoreExport, FailsInOneLineAndWritesNothing) {

@@ -105,6 +105,7 @@ private:
 class No_Clipboard final : public desktop::Clipboard {
 public:
     void Put(const desktop::Page_Copy&) override {}
+    QString Text() override { return {}; }
 };
 
 class No_Dialogs final : public desktop::Modal_Dialogs {

@@ -1,5 +1,6 @@
 #include "scores/score_lines.h"
 
+#include "console/csv_line.h"
 #include "platform/basics/run_time_error.h"
 #include "scoring/cohort.h"
 #include "scoring/sequence_totals.h"
@@ -11,6 +12,7 @@ namespace score_export {
 namespace {
 
 using basics::Run_Time_Error;
+using console::Csv_Line;
 using scoring::All_Tests;
 using scoring::Passes_Wanted;
 using scoring::Scoring;
@@ -81,16 +83,6 @@ auto Naming(const QString& what, Step step) {
 }
 
 } // namespace
-
-QString Csv_Line(const QStringList& fields) {
-    QStringList written;
-    for (QString field : fields) {
-        const bool needs_quotes =
-            field.contains(u',') || field.contains(u'"') || field.contains(u'\r') || field.contains(u'\n');
-        written.append(needs_quotes ? u'"' + field.replace(u"\""_s, u"\"\""_s) + u'"' : field);
-    }
-    return written.join(u',') + u"\r\n"_s;
-}
 
 QString Score_Lines(const QString& database, Passes_Wanted wanted, desktop::Platform& platform) {
     foundation::Installation installation;

@@ -4,7 +4,6 @@
 #include "scoring/score_all_tests.h"
 
 #include <QString>
-#include <QStringList>
 #include <stdexcept>
 
 namespace score_export {
@@ -14,10 +13,6 @@ class Export_Fault : public std::runtime_error {
 public:
     explicit Export_Fault(const QString& line) : std::runtime_error(line.toStdString()) {}
 };
-
-// One record of comma-separated values with its line end; a field with a comma, a quote or a line end in it
-// is quoted.
-QString Csv_Line(const QStringList& fields);
 
 // The scores of every pupil on the Reports page's list, in its order and as if each was chosen there in
 // turn, so that what one pupil leaves for the next is in them.

@@ -58,22 +58,35 @@ private:
     desktop::Processes& processes;
 };
 
-// Writes the file to import, and gives it when asked.
-class One_Class_List final : public desktop::File_Dialogs {
+void Write_File(const QString& name, const QByteArray& lines) {
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(lines) != lines.size())
+        throw std::runtime_error("can't write " + name.toStdString());
+}
+
+// Writes the file to import and a school's own list, and gives them when asked.
+class Two_Lists final : public desktop::File_Dialogs {
 public:
-    explicit One_Class_List(QString file) : file(std::move(file)) {
-        QFile list(this->file);
-        const QByteArray lines = "Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n"
-                                 "Brook - Lane,Mohammed,M,1 Feb 2019,,robin\r\n\r\n"
-                                 "O'Connell,Chloe,F,2018-11-30,Nightingales,\r\n";
-        if (!list.open(QIODevice::WriteOnly) || list.write(lines) != lines.size())
-            throw std::runtime_error("can't write " + this->file.toStdString());
+    explicit Two_Lists(const QDir& folder)
+        : class_list(folder.filePath(u"class list.txt"_s)), school_list(folder.filePath(u"list.csv"_s)) {
+        Write_File(class_list, "Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n"
+                               "Brook - Lane,Mohammed,M,1 Feb 2019,,robin\r\n\r\n"
+                               "O'Connell,Chloe,F,2018-11-30,Nightingales,\r\n");
+        Write_File(
+            school_list,
+            "Hillside Primary School;;;;\nUPN;Pupil name;Sex;Date of birth;Reg group\n"
+            "H1;Ashdown, Ella;female;04/03/2019;Oak\nH2;Brook-Lane, Mohammed;male;01/02/2019;St John's\n"
+            "H3;O'Connell, Chloe;female;30/11/2018;Nightingales\nH4;Łaś, Zofia;female;07/08/2018;Oak\n"
+            "H5;Moss, Albert;male;09/10/11;Oak\nH6;Reed, Sam;;12/12/2018;Oak\n");
     }
-    QString Open_File(const desktop::File_Question&) override { return file; }
+    QString Open_File(const desktop::File_Question& question) override {
+        return question.title == "Open a list of pupils"_L1 ? school_list : class_list;
+    }
     QString Save_File(const desktop::File_Question&) override { return {}; }
 
 private:
-    QString file;
+    QString class_list;
+    QString school_list;
 };
 
 class Silence final : public desktop::Sound {
@@ -162,6 +175,7 @@ private:
             Click(clicked);
         if (form == "Form42"_L1) Name_A_Schools_Folder();
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
+        if (form == "Form42"_L1) Prepare_A_List();
         Click(u"HotLabel1"_s);
         Wait_For(u"Form77"_s);
     }
@@ -169,6 +183,17 @@ private:
     // The class list lies in a folder of this machine that has another name each time.
     void Name_A_Schools_Folder() {
         static_cast<QLineEdit&>(Control(u"Text1"_s)).setText(u"/home/school/class list.txt"_s);
+    }
+
+    void Prepare_A_List() {
+        Click(u"HotLabel5"_s);
+        Wait_For(u"Form43"_s);
+        pictures.Take(window, u"Form43"_s);
+        Click(u"HotLabel2"_s);
+        static_cast<QLineEdit&>(Control(u"Text1"_s)).setText(u"/home/school/list.csv"_s);
+        pictures.Take(window, u"Form43_in_use"_s);
+        Click(u"HotLabel1"_s);
+        Wait_For(u"Form42"_s);
     }
 
     void Through_The_Charts() {
@@ -279,12 +304,12 @@ int main(int argc, char** argv) {
     desktop::No_User_Settings settings; // the pictures are of a new account
     Photographed_Dialogs dialogs(pictures);
     const QTemporaryDir own;
-    One_Class_List class_list(own.filePath(u"class list.txt"_s));
+    Two_Lists lists(QDir(own.path()));
     desktop::Platform platform = console::With({.boxes = &boxes,
                                                 .clock = &clock,
                                                 .sound = &sound,
                                                 .dialogs = &dialogs,
-                                                .file_dialogs = &class_list,
+                                                .file_dialogs = &lists,
                                                 .settings = &settings},
                                                ports);
     app::Program program(platform);

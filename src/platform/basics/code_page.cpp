@@ -44,16 +44,6 @@ char Like_Character(char32_t character) {
     return row == std::end(Like_Signs) ? '\0' : row->like;
 }
 
-QString From_Code_Page_1252(const QByteArray& bytes) {
-    QString text = QString::fromLatin1(bytes);
-    for (QChar& character : text) {
-        const int place = character.unicode() - 0x80;
-        const bool own = place >= 0 && place < int(std::size(From_0x80)) && From_0x80[place] != 0;
-        if (own) character = From_0x80[place];
-    }
-    return text;
-}
-
 bool Joins_The_One_Before(char32_t character) {
     return QChar::isMark(character) || QChar::category(character) == QChar::Other_Format;
 }
@@ -68,6 +58,16 @@ QByteArray To_Code_Page_1252(char32_t character) {
     const QString parts = QChar::decomposition(character);
     if (parts.isEmpty()) return "?";
     return To_Code_Page_1252(parts.toUcs4().first());
+}
+
+QString From_Code_Page_1252(const QByteArray& bytes) {
+    QString text = QString::fromLatin1(bytes);
+    for (QChar& character : text) {
+        const int place = character.unicode() - 0x80;
+        const bool own = place >= 0 && place < int(std::size(From_0x80)) && From_0x80[place] != 0;
+        if (own) character = From_0x80[place];
+    }
+    return text;
 }
 
 QString From_Code_Page(const QByteArray& bytes) {

@@ -10,8 +10,10 @@ namespace basics {
 // joins the character before it gives no byte.
 QByteArray To_Code_Page_1252(char32_t character);
 
-// Text in the system's single-byte code page; Windows-1252 where none is set. The five bytes that
-// Windows-1252 leaves empty stay as they came.
+// Text in Windows-1252. The five bytes that it leaves empty stay as they came.
+QString From_Code_Page_1252(const QByteArray& bytes);
+
+// Text in the system's single-byte code page; Windows-1252 where none is set.
 QString From_Code_Page(const QByteArray& bytes);
 
 } // namespace basics

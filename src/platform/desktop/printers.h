@@ -40,6 +40,7 @@ class Clipboard {
 public:
     virtual ~Clipboard() = default;
     virtual void Put(const Page_Copy& page) = 0;
+    virtual QString Text() = 0; // empty if it holds none
 };
 
 } // namespace desktop

@@ -232,6 +232,7 @@ public:
         QApplication::clipboard()->setMimeData(content);
         Add_Metafile_To_Clipboard(page.wmf);
     }
+    QString Text() override { return QApplication::clipboard()->text(); }
 };
 
 } // namespace

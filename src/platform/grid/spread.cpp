@@ -68,11 +68,12 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns; }
     QVariant data(const QModelIndex& index, int role) const override {
         if (role == Qt::TextAlignmentRole) return int(Alignment_Of(index.column()));
+        if (role == Qt::AccessibleDescriptionRole) return marks.value(index.row() + 1);
         if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
         return texts[At(index.column(), index.row())];
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-        if (orientation == Qt::Vertical) return QAbstractTableModel::headerData(section, orientation, role);
+        if (orientation == Qt::Vertical) return Row_Heading(section, role);
         const Heading& heading = headings[static_cast<std::size_t>(section)];
         if (role == Qt::DisplayRole) return heading.text;
         if (role == Qt::FontRole) return heading.font;
@@ -102,6 +103,12 @@ public:
             endRemoveRows();
         }
     }
+    // Words by row, from 1.
+    void Set_Marks(const QMap<int, QString>& words) {
+        marks = words;
+        if (rowCount() > 0) Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
+    }
+    QString Mark_Of(int row) const { return marks.value(row); }
     void Heading_Changed(int column) { Q_EMIT headerDataChanged(Qt::Horizontal, column, column); }
 
 private:
@@ -110,8 +117,18 @@ private:
                static_cast<std::size_t>(column);
     }
 
+    // A row without a mark has an empty heading, or its number would show.
+    QVariant Row_Heading(int row, int role) const {
+        const bool is_marked = marks.contains(row + 1);
+        if (marks.isEmpty() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+            return QAbstractTableModel::headerData(row, Qt::Vertical, role);
+        if (role == Qt::DisplayRole) return is_marked ? u"!"_s : u""_s;
+        return is_marked ? QVariant(Qt::convertFromPlainText(Mark_Of(row + 1))) : QVariant();
+    }
+
     int columns;
     std::vector<QString> texts; // row by row
+    QMap<int, QString> marks;
 };
 
 fpSpread::fpSpread(const QString& name, int columns, int rows, QWidget* parent)
@@ -215,11 +232,24 @@ void fpSpread::Fit_Rows() {
         setRowHeight(row, std::max(usual, sizeHintForRow(row) + between_rows));
 }
 
+void fpSpread::Set_Marks(const QMap<int, QString>& words_by_row) {
+    if (words_by_row.isEmpty() && !verticalHeader()->isVisible()) return;
+    cells->Set_Marks(words_by_row);
+    verticalHeader()->setFixedWidth(Mark_Width);
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    verticalHeader()->setHighlightSections(false);
+    verticalHeader()->setVisible(!words_by_row.isEmpty());
+}
+
+QString fpSpread::Mark_Of(int row) const {
+    return cells->Mark_Of(row);
+}
+
 bool fpSpread::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const QModelIndex cell = indexAt(help->pos());
-    const QString text = cell.data().toString().trimmed();
+    const QString text = QStringList{cell.data().toString(), Mark_Of(cell.row() + 1)}.join(u'\n').trimmed();
     QToolTip::showText(help->globalPos(),
                        text.isEmpty() ? text : Qt::convertFromPlainText(With_Breaks_At_Commas(text)),
                        viewport(), visualRect(cell));

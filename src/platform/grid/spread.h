@@ -3,6 +3,7 @@
 #include "platform/grid/grid_printing.h"
 
 #include <QColor>
+#include <QMap>
 #include <QTableView>
 #include <vector>
 
@@ -51,6 +52,11 @@ public:
     void Set_Heading_Row(int height);
     // Gives each row the height that its cells need at the widths of their columns, the usual one at least.
     void Fit_Rows();
+    // Marks rows in their header, which is shown while there is a mark, and tells the words in the row's tool
+    // tips and to a screen reader. What is printed stays as it is.
+    void Set_Marks(const QMap<int, QString>& words_by_row);
+    QString Mark_Of(int row) const;                            // empty text if it has none
+    static constexpr int Mark_Width = 22;                      // pixels of the header
     void Set_Look(const QString& text, const Cell_Look& look); // of all cells that hold the text
 
     static constexpr int Portrait = 1;

@@ -24,6 +24,7 @@ enum class Page_Id {
     Security,
     Delete,
     Import,
+    Prepare,
     Testing_Progress,
     Settings,
     Archiving,

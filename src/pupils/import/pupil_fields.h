@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QtGlobal>
 
 // The places of a new pupil's fields, in the order in which an import file has them. A seventh may follow,
@@ -15,3 +16,10 @@ inline constexpr qsizetype Password = 5;
 inline constexpr qsizetype Count = 6;
 
 } // namespace pupils::place
+
+namespace pupils {
+
+// The first " - " becomes "-"; a second one stays.
+QString Normalise_Hyphen(const QString& surname);
+
+} // namespace pupils

@@ -1,10 +1,10 @@
-#include "pupils/import_file.h"
+#include "pupils/import/import_file.h"
 
 #include "platform/basics/code_page.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
-#include "pupils/pupil_fields.h"
+#include "pupils/import/pupil_fields.h"
 
 #include <QDate>
 #include <QDir>
@@ -77,6 +77,8 @@ constexpr int Two_Digit_Year_Pivot = 30;
 constexpr qsizetype Longest_Date = 40; // characters; a longer text is no date
 constexpr int First_Year = 100;        // of the calendar that dates are kept in
 
+} // namespace
+
 int Month_Number(const QString& word) {
     static const QStringList names{u"january"_s,   u"february"_s, u"march"_s,    u"april"_s,
                                    u"may"_s,       u"june"_s,     u"july"_s,     u"august"_s,
@@ -95,6 +97,8 @@ int Full_Year(const QString& digits) {
     if (digits.size() > 2) return year;
     return year < Two_Digit_Year_Pivot ? 2000 + year : 1900 + year;
 }
+
+namespace {
 
 // The forms by what they capture: day, month and year under these names, whatever their order.
 const QList<QRegularExpression>& Date_Forms() {

@@ -37,6 +37,9 @@ QStringList Import_Fields(QStringView line);
 QString Format_Import_Date(const QString& text);
 bool Is_Import_Date(const QString& text);
 
+int Month_Number(const QString& word); // of an English name, whole or its first letters; 0 for any other word
+int Full_Year(const QString& digits);  // two digits from 30 on are of the last century
+
 // "OK", or the message of the first failure. Gender and date are overwritten with the form that is kept.
 QString Validate_Import_Record(QStringList& fields, qint16 line_number);
 
