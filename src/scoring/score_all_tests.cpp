@@ -46,6 +46,11 @@ void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scorin
     if (show_progress) show_progress(Strip_At_Rest);
 }
 
+void Time_One_Test(int t, int p, Scoring& scoring) {
+    scoring.scores.Current_Test = t;
+    if (scoring.pupils.Test_Status[t][p] == 1) Passes[t - 1].Time(p, nullptr, scoring);
+}
+
 void Score_Chosen_Pupil(int p, Passes_Wanted wanted, const Progress_Strip& show_progress, Scoring& scoring,
                         Summary_Cells& cells) {
     Clear_Scores(scoring.scores);
