@@ -207,6 +207,9 @@ void Expect_Readable(QWidget& surface) {
     for (auto* control : surface.findChildren<QWidget*>()) {
         const QVariant text = control->property(qobject_cast<QComboBox*>(control) ? "currentText" : "text");
         if (text.toString().trimmed().isEmpty() || !control->isVisible()) continue;
+        const QWidget* front = surface.childAt(control->mapTo(&surface, control->rect().center()));
+        if (front && front != control && !front->isAncestorOf(control) && !control->isAncestorOf(front))
+            continue; // a panel stands before it
         constexpr int edge = 7;
         const QRect inside = QRect(control->mapTo(&surface, QPoint(0, 0)), control->size())
                                  .adjusted(0, edge, 0, -edge)

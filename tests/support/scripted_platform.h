@@ -165,7 +165,9 @@ public:
 class Kept_Clipboard final : public desktop::Clipboard {
 public:
     void Put(const desktop::Page_Copy& page) override { copied.append(page); }
+    void Put_Text(const QString& text) override { texts.append(text); }
     QList<desktop::Page_Copy> copied;
+    QStringList texts;
 };
 
 // Values by their key, each with the type that the system would tell. A key without one can't be opened.

@@ -105,6 +105,7 @@ private:
 class No_Clipboard final : public desktop::Clipboard {
 public:
     void Put(const desktop::Page_Copy&) override {}
+    void Put_Text(const QString&) override {}
 };
 
 class No_Dialogs final : public desktop::Modal_Dialogs {

@@ -232,6 +232,7 @@ public:
         QApplication::clipboard()->setMimeData(content);
         Add_Metafile_To_Clipboard(page.wmf);
     }
+    void Put_Text(const QString& text) override { QApplication::clipboard()->setText(text); }
 };
 
 } // namespace
@@ -247,6 +248,7 @@ void Write_Pdf(const Printed_Document& document, const QString& file) {
     {
         QPdfWriter writer(&saved);
         writer.setTitle(document.name);
+        if (!document.about.isEmpty()) writer.setCreator(document.about);
         writer.setResolution(Pdf_Dots_Per_Inch);
         Take_Whole_Sheets(writer);
         QPainter painter(&writer);

@@ -20,6 +20,7 @@ struct Print_Outlet {
     desktop::Printers& printers;
     QString document;   // as the printer's queue names it
     QString pdf_folder; // for the PDF that stands in where no printer is set up
+    QString about = {}; // for that PDF's properties
 };
 
 // The grid control: cells addressed by column and row from 1, filled by the program and read by the user. A
