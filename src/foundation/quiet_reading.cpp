@@ -31,10 +31,10 @@ Quiet_Reading::Quiet_Reading(desktop::Platform& outside)
       holder(ports) {
 }
 
-QString Quiet_Reading::Why(const basics::Run_Time_Error& met) {
+QString Quiet_Reading::Why(const std::exception& met) {
     holder.ado_Close();
     const QString kept = std::exchange(boxes.first, {});
-    return kept.isEmpty() ? met.Description : kept;
+    return kept.isEmpty() ? QString::fromUtf8(met.what()) : kept;
 }
 
 } // namespace foundation

@@ -12,7 +12,7 @@ public:
     explicit Quiet_Reading(desktop::Platform& outside);
 
     Access_Holder& Holder() { return holder; }
-    QString Why(const basics::Run_Time_Error& met); // what was kept, or else what was met; forgets it
+    QString Why(const std::exception& met); // what was kept, or else what was met; forgets it
 
 private:
     class Boxes final : public desktop::Message_Boxes {

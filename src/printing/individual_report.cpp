@@ -56,7 +56,7 @@ void Form94::Lay_Out() {
     Make_Label(u"Label4"_s, u"Reports Print Preview"_s, Text_Role::Title,
                {Preview_Left, 16, title_width, 34});
     BatchNotice = Make_Label(u"BatchNotice"_s, u""_s, Text_Role::Quiet,
-                             {Preview_Left + title_width, 14, Preview_Width - title_width, 38});
+                             {Preview_Left + title_width, 16, Preview_Width - title_width, 36});
     BatchNotice->setWordWrap(true);
     Make_Preview({Preview_Left, 54, Preview_Width, 490}); // a whole sheet at the first zoom
     Label1 = Make_Label(u"Label1"_s, u""_s, Text_Role::Help, {Choices_Left, 380, Choices_Width, 116});

@@ -30,6 +30,7 @@ public:
         Put(section.heading, true, 10);
         for (const QString& line : section.lines)
             Put(line, false, 9);
+        sheet.CurrentY += Row_Padding;
         if (!section.headings.isEmpty() && !section.rows.isEmpty()) Put_Row(section.headings, true);
         for (const QStringList& row : section.rows)
             Put_Row(row, false);

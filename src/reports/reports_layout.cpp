@@ -266,8 +266,9 @@ void Form30::Lay_Out_Beside_Chart() {
 
 void Form30::Lay_Out_Why() {
     constexpr int around = 4;
+    constexpr int above = 8; // the scale's first mark is covered too
     const QRect place(QPoint(Tables_Left, Chart_Corner.y()), Table_Panel::Size);
-    Why = new Why_Panel(place.adjusted(0, -around, around, around), platform, Frame1);
+    Why = new Why_Panel(place.adjusted(0, -above, around, around), platform, Frame1);
     connect(Why, &Why_Panel::Chosen, this, [this](int t) { Open_Why(t); });
     connect(Why, &Why_Panel::Print, this, [this] { Print_Why(); });
     connect(Why, &Why_Panel::Close, this, [this] { Close_Why(); });

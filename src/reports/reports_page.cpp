@@ -289,9 +289,9 @@ void Form30::Open_Why(int t) {
         words.sections.first().lines.prepend(
             u"The answers have changed since this pupil was chosen. Choose the pupil again."_s);
     if (Why->isHidden()) asked_why_from = QApplication::focusWidget();
+    Why->Tell(t, words);
     Show_Beside_Chart(false);
     Picture2->Let_Keys_In(false);
-    Why->Tell(t, words);
 }
 
 void Form30::Close_Why() {

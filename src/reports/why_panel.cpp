@@ -57,7 +57,7 @@ Why_Panel::Why_Panel(const QRect& place, desktop::Platform& platform, QWidget* f
 }
 
 QPushButton* Why_Panel::Make_Button(const QString& name, const QString& caption, int left) {
-    constexpr int button_width = 88;
+    constexpr int button_width = 94;
     auto* button = new QPushButton(caption, this);
     button->setObjectName(name);
     button->setGeometry(left, Rim, button_width, Row_Height);
@@ -65,9 +65,9 @@ QPushButton* Why_Panel::Make_Button(const QString& name, const QString& caption,
 }
 
 void Why_Panel::Lay_Out() {
-    constexpr int list_left = 316;
+    constexpr int list_left = 296;
     constexpr int list_width = 152;
-    constexpr int step = 96;
+    constexpr int step = 100;
     title = shell::Make_Label(u"WhyTitle"_s, {}, shell::Text_Role::Heading, this);
     title->setGeometry(Rim, 8, list_left - 2 * Rim, 20);
     pupil = shell::Make_Label(u"WhyPupil"_s, {}, shell::Text_Role::Quiet, this);
@@ -77,7 +77,7 @@ void Why_Panel::Lay_Out() {
     tests->setAccessibleName(u"Test"_s);
     for (int t = 1; t <= scoring::All_Tests; ++t)
         tests->AddItem(scoring::Test_At(t).Test_Name);
-    const int buttons = width() - Rim - 3 * step + 8;
+    const int buttons = width() - Rim - 3 * step + 6;
     copy = Make_Button(u"WhyCopy"_s, u"Copy"_s, buttons);
     print = Make_Button(u"WhyPrint"_s, u"Print"_s, buttons + step);
     close = Make_Button(u"WhyClose"_s, u"Close"_s, buttons + 2 * step);
@@ -111,7 +111,9 @@ void Why_Panel::Tell(int t, const Why_Words& told) {
     }
     text->setHtml(As_Html(words));
     raise();
+    if (!isHidden()) return;
     show();
+    text->setFocus(); // the keys move the text at once
 }
 
 } // namespace reports

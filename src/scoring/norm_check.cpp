@@ -1,7 +1,6 @@
 #include "scoring/norm_check.h"
 
 #include "foundation/quiet_reading.h"
-#include "platform/basics/run_time_error.h"
 #include "scoring/list_items.h"
 #include "scoring/score_conversion.h"
 #include "scoring/sequence_totals.h"
@@ -17,8 +16,6 @@ using namespace Qt::StringLiterals;
 namespace scoring {
 
 namespace {
-
-using basics::Run_Time_Error;
 
 constexpr int Centiles = 99;
 
@@ -151,7 +148,7 @@ Greatest_Scores Find_Greatest_Scores(Scoring& scoring) {
         int longest = 0;
         try {
             if (Has_Sequence_Total(t)) longest = Longest_Lists(t, scoring);
-        } catch (const Run_Time_Error&) {
+        } catch (const std::exception&) {
             scoring.holder.ado_Close(); // the table is held to its own last row then
         }
         for (int age = Youngest_Normed; age <= Oldest_Normed; ++age)
@@ -170,7 +167,7 @@ QString Failure_Of(Load_Table load, const QString& table, int t, foundation::Qui
     try {
         load(table, t, reading.Holder(), installation, norms);
         return {};
-    } catch (const Run_Time_Error& error) {
+    } catch (const std::exception& error) {
         return u"The table can't be read to its end: "_s + reading.Why(error);
     }
 }

@@ -53,7 +53,6 @@ Why_Section Result_Of(const Explanation& told) {
     for (int at = 0; at < told.cells.size(); ++at)
         if ((at < first_of_times || told.has_times) && !told.cells[at].isEmpty())
             section.rows.append({names[at], told.cells[at]});
-    if (told.ended_early) section.lines.append(u"The test was ended early."_s);
     return section;
 }
 
@@ -133,13 +132,19 @@ QString Time_Of(int item, const Traced_Test& used) {
     return {};
 }
 
+QString Ordinal(int place) {
+    static const QString ends[] = {u"th"_s, u"st"_s, u"nd"_s, u"rd"_s};
+    const bool teen = place / 10 % 10 == 1;
+    return QString::number(place) + ends[teen || place % 10 > 3 ? 0 : place % 10];
+}
+
 // "cat asked 1st, chosen 3rd"
 QString Pairs_Of(const Traced_Item& item) {
     const QStringList asked = item.asked.Text_Or_Empty().split(u',');
     QStringList pairs;
     for (const Sequence_Pair& pair : item.sequence_pairs)
-        pairs.append(
-            u"%1: place %2 chosen at %3"_s.arg(asked.value(pair.asked - 1)).arg(pair.asked).arg(pair.chosen));
+        pairs.append(u"%1 asked %2, chosen %3"_s.arg(asked.value(pair.asked - 1), Ordinal(pair.asked),
+                                                     Ordinal(pair.chosen)));
     return pairs.join(u"; "_s);
 }
 

@@ -24,7 +24,7 @@ void Norms_Page::Lay_Out() {
     constexpr int row = 25;
     Make_Label(u"NormsTitle"_s, u"Norm tables"_s, Text_Role::Title, {Left, 20, 400, 38});
     digest = Make_Label(u"NormsDigest"_s, u""_s, Text_Role::Fact, {Left, 62, 440, 30});
-    result = Make_Label(u"NormsResult"_s, u""_s, Text_Role::Body, {Left + 452, 62, Whole_Width - 452, 30});
+    result = Make_Label(u"NormsResult"_s, u""_s, Text_Role::Fact, {Left + 452, 62, Whole_Width - 452, 30});
     for (QLabel* told : {digest, result})
         told->setFocusPolicy(Qt::TabFocus);
     tables = new grid::fpSpread(u"NormTables"_s, 3, 1, Frame1);
