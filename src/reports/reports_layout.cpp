@@ -4,6 +4,7 @@
 
 #include <QButtonGroup>
 #include <QGroupBox>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -19,9 +20,9 @@ constexpr int Tables_Left = 296; // and that of the scale beside the chart
 constexpr QPoint Chart_Corner{366, 40};
 constexpr int Beside_Chart = 988;
 constexpr int Beside_Chart_Width = 76;
-constexpr int Tests_Top = 446;
-constexpr int Tests_Height = 42;
-constexpr int Notices_Top = 496;
+constexpr int Tests_Top = 449;
+constexpr int Tests_Height = 40;
+constexpr int Notices_Top = 495;
 constexpr int Help_Top = 516;
 constexpr int Last_Row = 504;
 constexpr int Menu_Left = 924;
@@ -70,7 +71,7 @@ void Form30::Lay_Out() {
     const QRect track(Left, Notices_Top - 4, Whole_Progress, 3);
     Track = Make_Patch(u"Shape11_track"_s, "progress", u"track"_s, track, Frame1);
     Notices = new Notice_Line(u"Notices"_s, Frame1);
-    Notices->setGeometry(Left, Notices_Top, Menu_Left - 12 - Left, 19);
+    Notices->setGeometry(Left, Notices_Top, Menu_Left - 12 - Left, 21);
     Shape11 = Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {0, 0, 1, track.height()}, Track);
     Lay_Out_Why();
 }
@@ -266,12 +267,15 @@ void Form30::Lay_Out_Beside_Chart() {
 
 void Form30::Lay_Out_Why() {
     constexpr int around = 4;
-    constexpr int above = 8; // the scale's first mark is covered too
+    constexpr int above = 8; // the scale's first and last mark are covered too
     const QRect place(QPoint(Tables_Left, Chart_Corner.y()), Table_Panel::Size);
-    Why = new Why_Panel(place.adjusted(0, -above, around, around), platform, Frame1);
+    Why = new Why_Panel(place.adjusted(0, -above, around, above), platform, Frame1);
     connect(Why, &Why_Panel::Chosen, this, [this](int t) { Open_Why(t); });
     connect(Why, &Why_Panel::Print, this, [this] { Print_Why(); });
     connect(Why, &Why_Panel::Close, this, [this] { Close_Why(); });
+    // Wherever the keys are on the page; not while the panel is hidden.
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), Why);
+    shell::On(escape, &QShortcut::activated, this, platform, [this] { Close_Why(); });
 }
 
 void Form30::Lay_Out_Commands() {

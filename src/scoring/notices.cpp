@@ -8,6 +8,7 @@
 #include "scoring/standing.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +38,9 @@ void Look_At_Dates(int p, const QDate& today, const Pupil_Lists& pupils, QList<N
         const auto tested = basics::Stored_Date(pupils.Test_Date[t][p]);
         if (!Is_Possible(tested, today) || tested->date() <= born->date())
             notices.append({t, u"Birthday or test date can't be right"_s});
+        // One month may lie in how a module counts.
+        else if (std::abs(basics::Age_In_Months(*born, *tested) - pupils.Test_Age[t][p]) > 1)
+            notices.append({t, u"The age stored with the test isn't that of birthday and test date"_s});
     }
 }
 

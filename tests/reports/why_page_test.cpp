@@ -2,6 +2,8 @@
 // why.
 
 #include "platform/basics/number_text.h"
+#include "printing/individual_report.h"
+#include "printing/why_report.h"
 #include "reports/reports_page_fixture.h"
 #include "scoring/cohort.h"
 #include "shell/conventions/guard.h"
@@ -30,6 +32,11 @@ protected:
                 text.place.center().x() < left + Profile_Chart::Column_Pitch)
                 words.append(text.text);
         return words.join(u' ');
+    }
+    QString On_The_Preview() {
+        printing::Form94 preview(outside.platform, navigator, {installation, state, scores.scores});
+        preview.Load();
+        return Caption(preview, u"BatchNotice"_s);
     }
     QString Notices() { return Control(*page, u"Notices"_s).accessibleName(); }
     QString Panel_Text() { return Control<QTextBrowser>(*page, u"WhyText"_s).toPlainText(); }
@@ -204,6 +211,30 @@ TEST_F(Why_Page, NoticesTellWhatToBeCarefulAbout) {
     }
 }
 
+TEST_F(Why_Page, AnExplanationGoesOnFromSheetToSheet) {
+    Open_On(code);
+    page->Open_Why(8);
+    Click(*page, u"WhyPrint"_s);
+    scoring::Why_Words words = state.why;
+    words.sections.last().rows += words.sections.last().rows;
+    preview::ViewPro sheets;
+    printing::Draw_Why(words, installation, outside.clock, state.Norms_Digest, sheets);
+    ASSERT_EQ(sheets.PageCount(), 2);
+    QStringList texts;
+    for (int number = 1; number <= 2; ++number)
+        for (const preview::Operation& operation : sheets.Page(number).operations)
+            if (const auto* text = std::get_if<preview::Text_Operation>(&operation)) {
+                texts.append(text->text);
+                const bool foot = text->text.startsWith(u"Mevo for Networks"_s);
+                EXPECT_TRUE(foot || text->y <= 16838 - 720) << text->text.toStdString();
+            }
+    for (const QString& told :
+         {u"Why this score: Yoon"_s, scoring::Pupil_List_Entry(scores.pupils, state.Current_Pupil)})
+        EXPECT_TRUE(texts.contains(told));
+    EXPECT_EQ(texts.count(u"25"_s), 2) << "each row comes once";
+    EXPECT_TRUE(sheets.About.endsWith(state.Norms_Digest));
+}
+
 TEST_F(Why_Page, AfterABatchANoticeStandsUntilAPupilIsChosen) {
     Open_On(code);
     scoring::Cohort_Tables cohort;
@@ -212,7 +243,9 @@ TEST_F(Why_Page, AfterABatchANoticeStandsUntilAPupilIsChosen) {
         1, [](const QString&) {}, cohort, scoring);
     page->show(); // as when the batch report is left
     EXPECT_TRUE(Notices().startsWith(u"After a batch report"_s));
+    EXPECT_FALSE(On_The_Preview().isEmpty());
     Choose(code);
+    EXPECT_TRUE(On_The_Preview().isEmpty());
     EXPECT_FALSE(Notices().contains(u"After a batch report"_s));
 }
 
