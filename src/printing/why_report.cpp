@@ -17,7 +17,7 @@ using shell::Text_Role;
 namespace {
 
 constexpr int Body_Width = 10400;
-constexpr int Body_Bottom = 14300;
+constexpr int Body_Bottom = 14750;
 constexpr int Cell_Padding = 70;
 constexpr int Row_Padding = 24;
 
@@ -57,7 +57,7 @@ private:
         static const QHash<qsizetype, QString> widths{{2, u"3000|2400"_s},
                                                       {3, u"2000|2000|3000"_s},
                                                       {5, u"700|3600|3600|1500|1000"_s},
-                                                      {6, u"600|2600|2600|1400|900|2300"_s}};
+                                                      {6, u"600|2400|2400|1300|900|2800"_s}};
         sheet.FontSize = 8;
         sheet.FontBold = bold;
         sheet.CurrentX = 0;

@@ -125,6 +125,7 @@ QList<Notice> Notices_On(int p, const QDate& today, const Scoring& scoring) {
 }
 
 QStringList Gathered(const QList<Notice>& notices) {
+    constexpr int most_named = 4;
     QStringList texts;
     QList<QStringList> tests;
     for (const Notice& notice : notices) {
@@ -137,7 +138,9 @@ QStringList Gathered(const QList<Notice>& notices) {
         if (notice.t != 0) tests[at].append(Test_At(notice.t).Test_Name);
     }
     for (qsizetype at = 0; at < texts.size(); ++at)
-        if (!tests[at].isEmpty()) texts[at] += u": "_s + tests[at].join(u", "_s);
+        if (!tests[at].isEmpty())
+            texts[at] += u": "_s + (tests[at].size() > most_named ? u"%1 tests"_s.arg(tests[at].size())
+                                                                  : tests[at].join(u", "_s));
     return texts;
 }
 

@@ -20,7 +20,8 @@ inline QString Times_Not_Read() {
     return QStringLiteral("Times not read yet for this pupil");
 }
 
-// The tests of notices that read alike are named together: "Ended early: Tolvens, Bliks friends".
+// The tests of notices that read alike are named together, "Ended early: Tolvens, Bliks friends", or counted
+// where they are many.
 QStringList Gathered(const QList<Notice>& notices);
 
 } // namespace scoring

@@ -43,13 +43,17 @@ Why_Section Result_Of(const Explanation& told) {
     if (told.t == test_index::Pindo) {
         if (told.standing == Standing::Scored)
             section.rows = {{u"Attempts"_s, QString::number(told.attempts)},
-                            {u"Verdict"_s, Or_Unknown(told.cells.value(0))}};
+                            {u"Verdict"_s, told.cells.value(0).isEmpty()
+                                               ? u"none, with fewer than 6 attempts"_s
+                                               : told.cells.first()}};
         else
             section.lines.append(u"This test has not been taken."_s);
         return section;
     }
     if (told.standing != Standing::Scored)
         section.lines.append(u"No score: "_s + In_Words(told.standing) + u'.');
+    if (told.standing != Standing::Scored && told.used.band)
+        section.rows.append({names[0], QString::number(told.used.raw_total)});
     for (int at = 0; at < told.cells.size(); ++at)
         if ((at < first_of_times || told.has_times) && !told.cells[at].isEmpty())
             section.rows.append({names[at], told.cells[at]});

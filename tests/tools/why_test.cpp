@@ -61,12 +61,14 @@ void Expect_Same_Scores(const Explanation& told, const QStringList& line) {
     const QStringList names{u"Raw score"_s,  u"Centile"_s,      u"Standard score"_s, u"Z-score"_s,
                             u"Time (sec)"_s, u"Time centile"_s, u"Time z-score"_s};
     const Why_Words words = Put_In_Words(told, {});
-    for (int at = 0; at < names.size(); ++at)
+    const bool scored = told.standing == Standing::Scored;
+    EXPECT_EQ(Told(words, names[0]), scored ? line[Cells] : QString::number(told.used.raw_total));
+    for (int at = 1; at < names.size(); ++at)
         EXPECT_EQ(Told(words, names[at]), line[Cells + at]) << names[at].toStdString();
     EXPECT_EQ(told.used.norm.centile, line[Cells + 1].toInt());
     EXPECT_EQ(told.used.raw_total, Sum_Of_Points(told));
     EXPECT_EQ(Told(words, u"Sum"_s), QString::number(told.used.raw_total));
-    if (told.standing == Standing::Scored) {
+    if (scored) {
         EXPECT_EQ(told.used.raw_total, line[Cells].toInt());
         EXPECT_EQ(told.used.time->centile, line[Cells + 5].toInt());
     }
