@@ -3,6 +3,7 @@
 #include "printing/product_lines.h"
 #include "printing/sheet.h"
 
+#include <QHash>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;

@@ -4,6 +4,7 @@
 #include "shell/conventions/theme.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace reports {
 

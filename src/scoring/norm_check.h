@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QStringList>
+#include <array>
 
 namespace scoring {
 

@@ -13,7 +13,9 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QToolTip>
+#include <functional>
 #include <gtest/gtest.h>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 using namespace reports;

@@ -8,7 +8,9 @@
 #include "support/sample_file.h"
 #include "support/scripted_platform.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
