@@ -106,6 +106,8 @@ void Form30::Find_Notices(int p) {
     notices.clear();
     scoring::Passing_Over_Errors(
         [&] { notices = scoring::Notices_On(p, platform.clock.Now().date(), scoring); });
+    if (scoring::Are_Practice_Norms(state.Norms_Digest))
+        notices.append({0, u"Made-up norms, for practice"_s});
 }
 
 QStringList Form30::Notices_In_Force() const {
@@ -114,7 +116,6 @@ QStringList Form30::Notices_In_Force() const {
         texts.append(u"After a batch report: tables of answers, Single's z bars and Trm, and times read now "
                      "are the last pupil's until you choose a pupil again"_s);
     texts += scoring::Gathered(notices);
-    if (scoring::Are_Practice_Norms(state.Norms_Digest)) texts.append(u"Made-up norms, for practice"_s);
     if (!state.Time_Scores_Ready) texts.append(scoring::Times_Not_Read());
     return texts;
 }

@@ -50,7 +50,7 @@ Why_Section Result_Of(const Explanation& told) {
             section.lines.append(u"This test has not been taken."_s);
         return section;
     }
-    if (told.standing != Standing::Scored)
+    if (told.standing != Standing::Scored && (told.used.band || told.failure.isEmpty()))
         section.lines.append(u"No score: "_s + In_Words(told.standing) + u'.');
     if (told.standing != Standing::Scored && told.used.band)
         section.rows.append({names[0], QString::number(told.used.raw_total)});
