@@ -3,6 +3,7 @@
 #include "reports/profile_bars.h"
 #include "shell/conventions/theme.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -19,32 +20,54 @@ Column_Values::Column_Values(const QString& name, QWidget* chart) : QWidget(char
     setGeometry(chart->rect());
 }
 
+// Only where words were or come: what lies beneath is painted anew with them.
 void Column_Values::Show_Texts(const QList<Column_Text>& shown) {
+    QRegion changed;
+    for (const QList<Column_Text>& each : {texts, shown})
+        for (const Column_Text& column : each)
+            changed += column.place.adjusted(-3, -1, 3, 1);
     texts = shown;
-    raise();
-    update();
+    update(changed);
 }
 
-static void Draw_Text(QPainter& painter, const Column_Text& column) {
-    const int flags =
-        Qt::AlignHCenter | Qt::TextWordWrap | (column.is_value ? Qt::AlignVCenter : Qt::AlignBottom);
-    const QRect words = painter.boundingRect(column.place, flags, column.text);
-    painter.setPen(Qt::NoPen);
-    painter.drawRoundedRect(words.adjusted(-3, column.is_value ? 1 : -1, 3, column.is_value ? -1 : 1), 3, 3);
+static void Draw_Plate(QPainter& painter, const QRect& plate) {
+    painter.fillRect(plate, Qt::white);
     painter.setPen(shell::chart_colours::Ink);
+}
+
+// A value has one line and comes with each pupil: it is placed by hand, which the toolkit's layout of lines
+// takes several times as long for.
+static void Draw_Value(QPainter& painter, const QFontMetrics& metrics, const Column_Text& column) {
+    constexpr int edge = 3;
+    const QRect& place = column.place;
+    const int width = metrics.horizontalAdvance(column.text);
+    const int left = place.left() + (place.width() - width) / 2;
+    Draw_Plate(painter, {left - edge, place.top() + 1, width + 2 * edge, place.height() - 2});
+    painter.drawText(left, place.top() + (place.height() + metrics.ascent() - metrics.descent()) / 2,
+                     column.text);
+}
+
+static void Draw_Words(QPainter& painter, const Column_Text& column) {
+    constexpr int flags = Qt::AlignHCenter | Qt::AlignBottom | Qt::TextWordWrap;
+    const QRect words = painter.boundingRect(column.place, flags, column.text);
+    Draw_Plate(painter, words.adjusted(-3, -1, 3, 1));
     painter.drawText(column.place, flags, column.text);
 }
 
 // On white plates: the ground may be of any grey, and a bar of its own colour.
-void Column_Values::paintEvent(QPaintEvent*) {
+void Column_Values::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::white);
     QFont font = this->font();
     font.setPixelSize(12);
     painter.setFont(font);
-    for (const Column_Text& column : texts)
-        Draw_Text(painter, column);
+    const QFontMetrics metrics(font);
+    for (const Column_Text& column : texts) {
+        if (!event->region().intersects(column.place)) continue;
+        if (column.is_value)
+            Draw_Value(painter, metrics, column);
+        else
+            Draw_Words(painter, column);
+    }
 }
 
 static int Top_Of_Value(const QRect& bar, bool hangs, int mark_bottom) {

@@ -244,7 +244,7 @@ void Profile_Chart::Reset_Bars() {
     constexpr Bar at_rest{356, 0};
     for (int t = 1; t <= 8; ++t) {
         Place(Shape(t), at_rest);
-        Shape(t)->raise();
+        Shape(t)->stackUnder(values); // in front of all but the words
         Place(Time_Shape(t), at_rest);
     }
 }
@@ -258,7 +258,7 @@ void Profile_Chart::Clear_Bar_Arrays() {
 
 void Profile_Chart::Hide_Test_Bars(int t) {
     Shape(t)->hide();
-    Shape(t)->raise();
+    Shape(t)->stackUnder(values);
     Time_Shape(t)->hide();
 }
 
