@@ -2,6 +2,7 @@
 
 #include "printing/batch_report.h"
 #include "printing/individual_report.h"
+#include "printing/why_report.h"
 #include "pupils/delete_page.h"
 #include "pupils/fine_tuning_page.h"
 #include "pupils/import_page.h"
@@ -11,6 +12,7 @@
 #include "reports/reports_page.h"
 #include "shell/archiving.h"
 #include "shell/main_menu.h"
+#include "shell/norms_page.h"
 #include "shell/settings.h"
 #include "shell/testing_progress.h"
 
@@ -57,6 +59,10 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
             platform, navigator, printing::Individual_Sources{installation, report_state, scores.scores});
     case Page_Id::Batch_Report:
         return std::make_unique<printing::Form92>(platform, navigator, installation, report_state, scoring);
+    case Page_Id::Why_Report:
+        return std::make_unique<printing::Why_Report>(platform, navigator, installation, report_state);
+    case Page_Id::Norms:
+        return std::make_unique<shell::Norms_Page>(platform, navigator, installation);
     case Page_Id::Register:
         return std::make_unique<pupils::Form10>(platform, navigator, installation, counts);
     case Page_Id::Fine_Tuning:

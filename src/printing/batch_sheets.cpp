@@ -24,6 +24,7 @@ void Batch_Sheets::Report_Setup() {
 
 void Batch_Sheets::Build_Batch(int count, const Batch_Options& chosen) {
     options = chosen;
+    sheet.About = About_Scores(sources.state.Norms_Digest);
     sheet.BeginOutput();
     const int pages = Sheets_For(count);
     for (int page = 1; page <= pages; ++page) {

@@ -36,9 +36,10 @@ grid::fpSpread& Spread1_Of(const QWidget& page) {
 } // namespace
 
 bool Print_On_Paper(grid::fpSpread& grid, const QString& document,
-                    const foundation::Installation& installation, desktop::Platform& platform) {
-    const QString pdf =
-        grid.Action(grid::fpSpread::Action_Print, {platform.printers, document, installation.Archive_Folder});
+                    const foundation::Installation& installation, desktop::Platform& platform,
+                    const QString& about) {
+    const QString pdf = grid.Action(grid::fpSpread::Action_Print,
+                                    {platform.printers, document, installation.Archive_Folder, about});
     Tell_Of_Pdf(pdf, platform);
     return pdf.isEmpty();
 }

@@ -19,6 +19,7 @@ bool Grid_Print(Grid_Kind kind, const QWidget& page, const foundation::Installat
 
 // Prints a grid whose properties are set. Tells of the PDF and gives the answer as Grid_Print does.
 bool Print_On_Paper(grid::fpSpread& grid, const QString& document,
-                    const foundation::Installation& installation, desktop::Platform& platform);
+                    const foundation::Installation& installation, desktop::Platform& platform,
+                    const QString& about = {});
 
 } // namespace printing

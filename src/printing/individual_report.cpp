@@ -10,7 +10,9 @@ namespace printing {
 using shell::Text_Role;
 
 Form94::Form94(desktop::Platform& platform, shell::Navigator& navigator, Individual_Sources sources)
-    : Report_Page(platform, navigator, sources.installation), report(ViewPro1, sources, platform) {
+    : Report_Page(platform, navigator, sources.installation),
+      scores(sources.scores),
+      report(ViewPro1, sources, platform) {
     setObjectName(u"Form94"_s);
     Lay_Out();
     Tell_Helps();
@@ -20,6 +22,10 @@ void Form94::Load() {
     const desktop::Wait_Pointer busy(platform.pointer);
     Report_Setup();
     Build_Report();
+    if (scores.Left_By_A_Batch)
+        BatchNotice->setText(
+            u"After a batch report, z-score bars and \"Trm\" are those of the last pupil scored. "
+            "Choose the pupil again on the Reports page."_s);
 }
 
 void Form94::Report_Setup() {
@@ -46,8 +52,12 @@ constexpr int Choices_Width = 232;
 
 void Form94::Lay_Out() {
     constexpr int tick = 28;
+    constexpr int title_width = 330;
     Make_Label(u"Label4"_s, u"Reports Print Preview"_s, Text_Role::Title,
-               {Preview_Left, 16, Preview_Width, 34});
+               {Preview_Left, 16, title_width, 34});
+    BatchNotice = Make_Label(u"BatchNotice"_s, u""_s, Text_Role::Quiet,
+                             {Preview_Left + title_width, 16, Preview_Width - title_width, 36});
+    BatchNotice->setWordWrap(true);
     Make_Preview({Preview_Left, 54, Preview_Width, 490}); // a whole sheet at the first zoom
     Label1 = Make_Label(u"Label1"_s, u""_s, Text_Role::Help, {Choices_Left, 380, Choices_Width, 116});
     Label1->setWordWrap(true);

@@ -25,9 +25,10 @@ private:
     void Draw_Anew() override { Build_Report(); }
     QString Document_Name() const override;
 
+    const scoring::Score_Store& scores;
     Individual_Sheet report;
     QCheckBox *Check1, *Check2, *Check3, *Check4;
-    QLabel *Label1, *Label2, *Label3, *Label8, *Label9;
+    QLabel *Label1, *Label2, *Label3, *Label8, *Label9, *BatchNotice;
 };
 
 } // namespace printing

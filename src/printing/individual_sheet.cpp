@@ -34,6 +34,7 @@ void Individual_Sheet::Report_Setup() {
 }
 
 void Individual_Sheet::Build_Report(const Report_Sections& sections) {
+    sheet.About = About_Scores(sources.state.Norms_Digest);
     sheet.BeginOutput();
     // The last build's chart and legend left their line and their colour for the table.
     sheet.LineWidth = Usual_Line;

@@ -64,7 +64,8 @@ bool Print_Table(const Chosen_Table& table, const reports::Report_State& state,
     grid.PrintMarginLeft = 1440;
     grid.PrintColHeaders = false;
     grid.PrintRowHeaders = false;
-    return Print_On_Paper(grid, Document_Name(table), installation, platform);
+    return Print_On_Paper(grid, Document_Name(table), installation, platform,
+                          About_Scores(state.Norms_Digest));
 }
 
 } // namespace printing

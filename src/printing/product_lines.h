@@ -15,4 +15,9 @@ inline QString Short_Product_Line() {
     return QStringLiteral("Quend Mevo 5.11, Quend Research");
 }
 
+// For the properties of a PDF with scores; norms as their digest.
+inline QString About_Scores(const QString& norms) {
+    return norms.isEmpty() ? QString() : QStringLiteral("Mevo 5.11, norms ") + norms;
+}
+
 } // namespace printing

@@ -87,9 +87,10 @@ void Report_Page::Tell_Common_Helps(shell::Help_Line& help, const QString& copyi
     help.Tell(HotLabel1, u"Return to the main reports page"_s);
     help.Tell(HotLabel2, u"Print out the report as one A4 sheet."_s);
     help.Tell(HotLabel3, copying);
-    help.Tell(
-        KeepToMargins,
-        u"Move all that is drawn inside the paper's margins, so that it is centred and the school's name stands alone at the top."_s);
+    if (KeepToMargins)
+        help.Tell(
+            KeepToMargins,
+            u"Move all that is drawn inside the paper's margins, so that it is centred and the school's name stands alone at the top."_s);
     help.Tell(
         zooms[0],
         u"Show the report at full size. You can use the mouse drag the report around within the Preview window."_s);

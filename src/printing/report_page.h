@@ -56,7 +56,7 @@ private:
     shell::HotLabel *HotLabel1, *HotLabel3;
     std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
     std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
-    QCheckBox* KeepToMargins;
+    QCheckBox* KeepToMargins = nullptr;    // not on every page
 };
 
 } // namespace printing

@@ -87,7 +87,8 @@ void Form42::Lay_Out_Grid() {
     }
     for (const int text_column : {1, 2, 6, 7})
         Spread1->Set_Left_Aligned(text_column);
-    shell::On(Spread1, &grid::fpSpread::currentCellChanged, this, platform, [this] { Tell_Mark(); });
+    shell::On(Spread1->selectionModel(), &QItemSelectionModel::currentChanged, this, platform,
+              [this] { Tell_Mark(); });
 }
 
 void Form42::Tell_Helps() {

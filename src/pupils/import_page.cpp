@@ -95,7 +95,7 @@ void Form42::Show_Marks() {
 }
 
 void Form42::Tell_Mark() {
-    const QString words = Spread1->Mark_Of(Spread1->currentRow() + 1);
+    const QString words = Spread1->Mark_Of(Spread1->currentIndex().row() + 1);
     if (!words.isEmpty()) Label3->setText(words);
 }
 

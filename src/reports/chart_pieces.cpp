@@ -5,6 +5,8 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -96,6 +98,11 @@ void Chart_Row::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End:
         Q_EMIT Left_By(event->key());
         break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        Q_EMIT Pressed();
+        break;
     default:
         QWidget::keyPressEvent(event);
     }
@@ -104,6 +111,47 @@ void Chart_Row::keyPressEvent(QKeyEvent* event) {
 void Chart_Row::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     raise(); // its mark stands before the bars
+    if (event->reason() != Qt::ActiveWindowFocusReason) Q_EMIT Focused();
+}
+
+void Chart_Row::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    QToolTip::hideText();
+}
+
+void Chart_Row::Make_Stop(bool made) {
+    is_stop = made;
+    setFocusPolicy(made ? Qt::TabFocus : Qt::NoFocus);
+}
+
+Notice_Line::Notice_Line(const QString& name, QWidget* parent) : QLabel(parent) {
+    setObjectName(name);
+    shell::Set_Role(*this, Text_Role::Foot);
+    setAccessibleDescription(u"What to be careful about in this profile."_s);
+}
+
+void Notice_Line::Tell(const QStringList& notices, bool warns) {
+    constexpr int edges = 16;
+    setText(fontMetrics().elidedText(notices.join(u"  \u00B7  "_s), Qt::ElideRight, width() - edges));
+    setToolTip(u"<p style=\"white-space:pre\">%1</p>"_s.arg(notices.join(u'\n').toHtmlEscaped()));
+    if (notices.isEmpty()) setToolTip({});
+    setAccessibleName(notices.join(u". "_s));
+    setFocusPolicy(notices.isEmpty() ? Qt::NoFocus : Qt::TabFocus);
+    if (property("warning").toBool() == warns) return;
+    setProperty("warning", warns);
+    style()->unpolish(this);
+    style()->polish(this);
+}
+
+void Notice_Line::focusInEvent(QFocusEvent* event) {
+    QLabel::focusInEvent(event);
+    if (event->reason() != Qt::ActiveWindowFocusReason)
+        QToolTip::showText(mapToGlobal(QPoint(0, height())), toolTip(), this);
+}
+
+void Notice_Line::focusOutEvent(QFocusEvent* event) {
+    QLabel::focusOutEvent(event);
+    QToolTip::hideText();
 }
 
 } // namespace reports

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QLabel>
 #include <QString>
 #include <QWidget>
 
@@ -30,14 +31,34 @@ class Chart_Row final : public QWidget {
 public:
     Chart_Row(const QString& name, QWidget* parent);
     void Tell(const QString& words) { setAccessibleName(words); }
+    void Make_Stop(bool made); // of the Tab key
+    bool Is_Stop() const { return is_stop; }
 
 Q_SIGNALS:
     void Left_By(int key);
+    void Focused();
+    void Pressed(); // by a key that presses a button
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    bool is_stop = false;
+};
+
+// What to be careful about, on one line: as much of it as has room, and all of it as a tip for the pointer
+// and for the keys. It is told in full to a screen reader, and is no stop of the Tab key while it is empty.
+class Notice_Line final : public QLabel {
+public:
+    Notice_Line(const QString& name, QWidget* parent);
+    void Tell(const QStringList& notices, bool warns);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 };
 
 } // namespace reports

@@ -1,12 +1,16 @@
 #include "reports/profile_chart.h"
 
 #include "platform/basics/native_path.h"
+#include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 #include "scoring/score_conversion.h"
+#include "scoring/standing.h"
 #include "scoring/summary_table.h"
 
 #include <QAccessibleWidget>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -47,7 +51,12 @@ QAccessibleInterface* Interface_Of(const QString&, QObject* object) {
 } // namespace
 
 Profile_Chart::Profile_Chart(const QString& name, const Chart_Data& data, QWidget* parent)
-    : QFrame(parent), state(data.state), pupils(data.pupils), scores(data.scores), boxes(data.boxes) {
+    : QFrame(parent),
+      state(data.state),
+      pupils(data.pupils),
+      scores(data.scores),
+      norms(data.norms),
+      boxes(data.boxes) {
     QAccessible::installFactory(Interface_Of);
     setObjectName(name);
     setAccessibleName(u"Cognitive Profile"_s);
@@ -64,8 +73,11 @@ Profile_Chart::Profile_Chart(const QString& name, const Chart_Data& data, QWidge
         rows[i] = new Chart_Row(u"Row%1"_s.arg(t), this);
         rows[i]->setGeometry(Column_Left(t) - around, 0, Column_Width + 2 * around, Chart_Height);
         connect(rows[i], &Chart_Row::Left_By, this, [this, t](int key) { Move_From(t, key); });
+        connect(rows[i], &Chart_Row::Focused, this, [this, t] { Tell_Tip(t); });
+        connect(rows[i], &Chart_Row::Pressed, this, [this, t] { Q_EMIT Asked_Why(t); });
     }
-    Row(1)->setFocusPolicy(Qt::TabFocus);
+    Row(1)->Make_Stop(true);
+    values = new Column_Values(u"Values"_s, this);
     Image12 = new Terminated_Mark(u"Image12"_s, this);
     Image13 = new Terminated_Mark(u"Image13"_s, this);
 }
@@ -80,9 +92,45 @@ void Profile_Chart::Move_From(int t, int key) {
         to += key == Qt::Key_Left || key == Qt::Key_Up ? -1 : 1;
     to = std::clamp(to, 1, 8);
     if (to == t) return;
-    Row(to)->setFocusPolicy(Qt::TabFocus);
+    Row(to)->Make_Stop(true);
     Row(to)->setFocus(Qt::TabFocusReason);
-    Row(t)->setFocusPolicy(Qt::NoFocus);
+    Row(t)->Make_Stop(false);
+}
+
+int Profile_Chart::Current_Test() const {
+    for (int t = 1; t <= 8; ++t)
+        if (Row(t)->Is_Stop()) return t;
+    return 1;
+}
+
+void Profile_Chart::Let_Keys_In(bool let) {
+    for (int t = 1; t <= 8; ++t)
+        Row(t)->setFocusPolicy(let && Row(t)->Is_Stop() ? Qt::TabFocus : Qt::NoFocus);
+}
+
+int Profile_Chart::Column_At(int x) const {
+    for (int t = 1; t <= 8; ++t)
+        if (x >= Column_Left(t) && x < Column_Left(t) + Column_Width) return t;
+    return 0;
+}
+
+void Profile_Chart::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (const int t = Column_At(event->position().toPoint().x())) Q_EMIT Asked_Why(t);
+}
+
+bool Profile_Chart::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QFrame::event(event);
+    if (const int t = Column_At(static_cast<QHelpEvent*>(event)->pos().x()))
+        Tell_Tip(t);
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+void Profile_Chart::Tell_Tip(int t) {
+    if (!values_shown || state.Current_Pupil == 0) return;
+    constexpr int down = 20;
+    QToolTip::showText(mapToGlobal(QPoint(Column_Left(t) + Column_Width, down)), Tip_For(t), this);
 }
 
 void Profile_Chart::paintEvent(QPaintEvent*) {
@@ -196,7 +244,7 @@ void Profile_Chart::Reset_Bars() {
     constexpr Bar at_rest{356, 0};
     for (int t = 1; t <= 8; ++t) {
         Place(Shape(t), at_rest);
-        Shape(t)->raise();
+        Shape(t)->stackUnder(values); // in front of all but the words
         Place(Time_Shape(t), at_rest);
     }
 }
@@ -210,7 +258,7 @@ void Profile_Chart::Clear_Bar_Arrays() {
 
 void Profile_Chart::Hide_Test_Bars(int t) {
     Shape(t)->hide();
-    Shape(t)->raise();
+    Shape(t)->stackUnder(values);
     Time_Shape(t)->hide();
 }
 
@@ -247,10 +295,12 @@ QString Profile_Chart::Words_For(int t) const {
         return state.summary(scoring::Summary_Row(t), number).simplified();
     };
     QString words = scoring::Test_At(t).Test_Name + u": "_s;
-    if (pupils.Test_Status[t][state.Current_Pupil] == 0) return words + u"not taken"_s;
+    if (pupils.Test_Status[t][state.Current_Pupil] == 0)
+        return words + In_Words(scoring::Standing_Of(t, state.Current_Pupil, pupils, scores, norms));
     namespace column = scoring::summary_column;
     const QString score = cell(z ? column::ZScore : column::Centile);
-    words += score.isEmpty() ? u"no score for this age"_s : (z ? u"z-score "_s : u"centile "_s) + score;
+    words += score.isEmpty() ? In_Words(scoring::Standing_Of(t, state.Current_Pupil, pupils, scores, norms))
+                             : (z ? u"z-score "_s : u"centile "_s) + score;
     if (const QString age = cell(column::Test_Age); !age.isEmpty()) words += u", age at test "_s + age;
     if (const QString time = cell(z ? column::Time_ZScore : column::Time_Centile);
         state.Show_Time_Bars && !time.isEmpty())
@@ -263,6 +313,68 @@ void Profile_Chart::Describe() {
         Row(t)->Tell(Words_For(t));
         Row(t)->setAccessibleDescription(Is_Marked(t) ? Mark(t)->accessibleDescription() : QString());
     }
+    Lay_Values();
+}
+
+void Profile_Chart::Show_Values(bool shown) {
+    values_shown = shown;
+    values->setVisible(shown);
+}
+
+// A mark near the chart's upper edge has its letter inside the bar.
+int Profile_Chart::Mark_Bottom(int t) const {
+    return Is_Marked(t) ? std::max(0, Mark(t)->y()) + Mark(t)->height() / 2 : 0;
+}
+
+void Profile_Chart::Put_Value(const QFrame* bar, int centile, int mark_bottom,
+                              QList<Column_Text>& texts) const {
+    const bool z = state.Chart_Mode == "Z"_L1;
+    const bool hangs = z && centile < 50;
+    texts.append({Value_Place(bar->geometry(), hangs, hangs ? 0 : mark_bottom),
+                  z ? basics::Two_Decimals(scoring::Centile_To_ZScore(centile)) : QString::number(centile),
+                  true});
+}
+
+// The bars have their places by now; no value moves one.
+void Profile_Chart::Lay_Values() {
+    QList<Column_Text> texts;
+    for (int t = 1; t <= 8; ++t) {
+        const auto standing = scoring::Standing_Of(t, state.Current_Pupil, pupils, scores, norms);
+        if (standing != scoring::Standing::Scored) {
+            texts.append({Foot_Place(Column_Left(t), Column_Width), In_Words(standing), false});
+            continue;
+        }
+        Put_Value(Shape(t), scores.Raw_Centile[t], Mark_Bottom(t), texts);
+        const int time_centile = scores.Time_Centile[t].As_Integer();
+        if (state.Show_Time_Bars && time_centile > 0) Put_Value(Time_Shape(t), time_centile, 0, texts);
+    }
+    values->Show_Texts(texts);
+}
+
+QString Profile_Chart::Tip_For(int t) const {
+    namespace column = scoring::summary_column;
+    static const std::pair<QString, int> parts[] = {
+        {u"Tested: %1"_s, column::Test_Date},
+        {u"Age at test: %1"_s, column::Test_Age},
+        {u"Raw score: %1"_s, column::Score},
+        {u"Centile: %1"_s, column::Centile},
+        {u"Standard score: %1"_s, column::Standard_Score},
+        {u"Z-score: %1"_s, column::ZScore},
+    };
+    const auto cell = [this, t](int number) {
+        return state.summary(scoring::Summary_Row(t), number).simplified();
+    };
+    QStringList lines{scoring::Test_At(t).Test_Name};
+    const auto standing = scoring::Standing_Of(t, state.Current_Pupil, pupils, scores, norms);
+    if (standing != scoring::Standing::Scored) lines.append(In_Words(standing));
+    for (const auto& [words, number] : parts)
+        if (!cell(number).isEmpty()) lines.append(words.arg(cell(number)));
+    if (standing == scoring::Standing::Scored)
+        lines.append(state.Time_Scores_Ready
+                         ? u"Time: %1 sec, centile %2"_s.arg(cell(column::Time), cell(column::Time_Centile))
+                         : u"Time: not read yet"_s);
+    // A text of this kind is never taken for mark-up.
+    return u"<p style=\"white-space:pre\">"_s + lines.join(u'\n').toHtmlEscaped() + u"</p>"_s;
 }
 
 } // namespace reports

@@ -2,10 +2,10 @@
 
 #include "platform/desktop/ports.h"
 #include "reports/chart_pieces.h"
+#include "reports/column_values.h"
 #include "reports/profile_bars.h"
 #include "reports/state/report_state.h"
-#include "scoring/pupil_lists.h"
-#include "scoring/score_store.h"
+#include "scoring/scoring.h"
 
 #include <QPixmap>
 #include <array>
@@ -19,6 +19,7 @@ struct Chart_Data {
     Report_State& state;
     const scoring::Pupil_Lists& pupils;
     scoring::Score_Store& scores;
+    const scoring::Norm_Tables& norms;
     desktop::Message_Boxes& boxes;
 };
 
@@ -61,15 +62,24 @@ public:
     void TerminatedTests();
     void Stand_Marks_On_Bars();
 
-    // What the bars show, in words, for a reader who doesn't see them.
+    // What the bars show, in words, for a reader who doesn't see them; and the values that stand beside them.
     void Describe();
+    void Show_Values(bool shown); // and why columns have none; with the tips
+    int Current_Test() const;     // the column that the Tab key stops at
+    // While something stands before the chart the keys don't stop at its columns.
+    void Let_Keys_In(bool let);
 
     bool Has_Bar(int t) const { return !Shape(t)->isHidden(); } // also one of no height
     Terminated_Mark* Image12;
     Terminated_Mark* Image13;
     Chart_Row* Row(int t) const { return rows[static_cast<std::size_t>(t)]; }
 
+Q_SIGNALS:
+    void Asked_Why(int t); // by a double click on a column, or by a key on it
+
 protected:
+    bool event(QEvent* event) override; // the tips
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -81,15 +91,24 @@ private:
     Bar ZScore_Place(qint16 centile);
     QString Words_For(int t) const; // a row of the chart
     void Move_From(int t, int key);
+    int Column_At(int x) const; // 0 between the columns
+    void Tell_Tip(int t);
+    QString Tip_For(int t) const;
+    void Lay_Values();
+    void Put_Value(const QFrame* bar, int centile, int mark_bottom, QList<Column_Text>& texts) const;
+    int Mark_Bottom(int t) const;
 
     Report_State& state;
     const scoring::Pupil_Lists& pupils;
     scoring::Score_Store& scores;
+    const scoring::Norm_Tables& norms;
     desktop::Message_Boxes& boxes;
 
     std::array<QFrame*, 9> accuracy{};
     std::array<QFrame*, 9> time{};
     std::array<Chart_Row*, 9> rows{};
+    Column_Values* values;
+    bool values_shown = true;
     QPixmap ground;
 };
 

@@ -4,6 +4,7 @@
 
 #include <QButtonGroup>
 #include <QGroupBox>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -19,11 +20,15 @@ constexpr int Tables_Left = 296; // and that of the scale beside the chart
 constexpr QPoint Chart_Corner{366, 40};
 constexpr int Beside_Chart = 988;
 constexpr int Beside_Chart_Width = 76;
-constexpr int Tests_Top = 450;
+constexpr int Tests_Top = 449;
+constexpr int Tests_Height = 40;
+constexpr int Notices_Top = 495;
+constexpr int Help_Top = 516;
 constexpr int Last_Row = 504;
 constexpr int Menu_Left = 924;
 constexpr int Twips_To_Pixels = 15;
 constexpr int Whole_Progress = 8 * 120; // eight tests
+const QString Values_Setting = u"Reports/Show_Values"_s;
 
 Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_Data data)
     : Page(platform, navigator, Frame_Size),
@@ -51,20 +56,24 @@ static QFrame* Make_Patch(const QString& name, const char* kind, const QVariant&
 void Form30::Lay_Out() {
     Lay_Out_Left_Panel();
     Lay_Out_Chart();
+    Lay_Out_Beside_Chart();
     Lay_Out_Commands();
     Label7 = Make_HotLabel(
-        u"Label7"_s, u""_s, {Left, Last_Row, Menu_Left - 12 - Left, 40}, [this] { Label7_Click(); },
+        u"Label7"_s, u""_s, {Left, Help_Top, Menu_Left - 12 - Left, 28}, [this] { Label7_Click(); },
         HotLabel::Look::Strip);
     Show_In_Label7(u""_s);
     constexpr int verdict_width = 210;
-    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, {Left, 458, verdict_width, 36});
+    Label16 = Make_Label(u"Label16"_s, u""_s, Text_Role::Quiet, {Left, 456, verdict_width, 36});
     Label16->setWordWrap(true);
     Label17 = Make_Label(u"Label17"_s, u""_s, Text_Role::Quiet,
-                         {Left + verdict_width, 458, Left_Width - verdict_width, 36});
+                         {Left + verdict_width, 456, Left_Width - verdict_width, 36});
     Label17->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    const QRect track(Left, Last_Row - 5, Whole_Progress, 4);
+    const QRect track(Left, Notices_Top - 4, Whole_Progress, 3);
     Track = Make_Patch(u"Shape11_track"_s, "progress", u"track"_s, track, Frame1);
+    Notices = new Notice_Line(u"Notices"_s, Frame1);
+    Notices->setGeometry(Left, Notices_Top, Menu_Left - 12 - Left, 21);
     Shape11 = Make_Patch(u"Shape11"_s, "progress", u"fill"_s, {0, 0, 1, track.height()}, Track);
+    Lay_Out_Why();
 }
 
 static QGroupBox* Make_Group(const QString& caption, const QRect& place, QWidget* parent) {
@@ -92,21 +101,23 @@ static void Pair(HotLabel* one, HotLabel* other, QObject* owner) {
 
 void Form30::Lay_Out_Left_Panel() {
     constexpr int half = 116;
-    const QRect first(12, 44, half, 34);
-    const QRect second(12 + half + 12, 44, half, 34);
+    const QRect first(12, 39, half, 29);
+    const QRect second(12 + half + 12, 39, half, 29);
     const auto subtitle = [this](const QString& name, const QString& text, QWidget* group) {
-        Make_Label(name, text, Text_Role::Quiet, {12, 24, 240, 18}, group);
+        Make_Label(name, text, Text_Role::Quiet, {12, 21, 240, 17}, group);
     };
-    Make_Label(u"Label1"_s, u"Reports"_s, Text_Role::Title, {Left, 16, Left_Width, 36});
-    Make_Label(u"Label2"_s, u"Pupils"_s, Text_Role::Heading, {Left, 52, Left_Width, 20});
+    Make_Label(u"Label1"_s, u"Reports"_s, Text_Role::Title, {Left, 16, 180, 34});
+    Make_Label(u"Label2"_s, u"Pupils"_s, Text_Role::Heading, {Left, 50, Left_Width, 19});
     Combo1 = new shell::Click_Combo(u"Combo1"_s, Frame1);
-    Combo1->setGeometry(Left, 74, Left_Width, 34);
+    Combo1->setGeometry(Left, 70, Left_Width, 32);
     Combo1->setAccessibleName(u"Pupils"_s);
     Combo1->setAccessibleDescription(u"The pupil whose results the page shows."_s);
     Combo1->setMaxVisibleItems(24);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
 
-    QGroupBox* scales = Make_Group(u"Scoring type"_s, {Left, 112, Left_Width, 86}, Frame1);
+    Who = Make_Label(u"Who"_s, u""_s, Text_Role::Quiet, {Left, 104, Left_Width, 34});
+
+    QGroupBox* scales = Make_Group(u"Scoring type"_s, {Left, 142, Left_Width, 74}, Frame1);
     subtitle(u"Label4"_s, u"Scales"_s, scales);
     // A choice of pupil runs these handlers too, and describes the chart itself once it has all scores.
     const auto choose_scale = [this](void (Form30::*chosen)()) {
@@ -121,7 +132,7 @@ void Form30::Lay_Out_Left_Panel() {
         HotLabel::Look::Command, scales);
     Pair(ShowCentiles, ShowZScores, this);
 
-    QGroupBox* shading = Make_Group(u"Graph shading"_s, {Left, 202, Left_Width, 86}, Frame1);
+    QGroupBox* shading = Make_Group(u"Graph shading"_s, {Left, 217, Left_Width, 74}, Frame1);
     subtitle(u"Label5"_s, u"Chart colours"_s, shading);
     ShowGreys = Make_HotLabel(
         u"ShowGreys"_s, u"Grey bands"_s, first, [this] { ShowGreys_Click(); }, HotLabel::Look::Command,
@@ -190,7 +201,8 @@ void Form30::Lay_Out_Chart() {
     Image2->setGeometry(QRect(QPoint(chart - 70, Chart_Corner.y()), side));
     Image2->show();
 
-    Picture2 = new Profile_Chart(u"Picture2"_s, {state, pupils, scoring.scores, platform.boxes}, Frame1);
+    Picture2 =
+        new Profile_Chart(u"Picture2"_s, {state, pupils, scoring.scores, norms, platform.boxes}, Frame1);
     Picture2->setAccessibleDescription(
         u"The pupil's scores by test; the arrow keys go from one to the next."_s);
     Picture2->move(Chart_Corner);
@@ -199,9 +211,9 @@ void Form30::Lay_Out_Chart() {
         const int t = static_cast<int>(i) + 1;
         // Pindo has no bars to stand under.
         const QRect place = t == scoring::test_index::Pindo
-                                ? QRect(Beside_Chart, Tests_Top, Beside_Chart_Width, 44)
+                                ? QRect(Beside_Chart, Tests_Top, Beside_Chart_Width, Tests_Height)
                                 : QRect(chart + Profile_Chart::Column_Left(t) - 4, Tests_Top,
-                                        Profile_Chart::Column_Width + 8, 44);
+                                        Profile_Chart::Column_Width + 8, Tests_Height);
         BtnEnh[i] = Make_HotLabel(u"BtnEnh1%1"_s.arg(t), scoring::Test_At(t).Test_Name, place,
                                   [this, t] { Test_Button_Click(t); });
         Shape10[i] = Make_Patch(u"Shape10(%1)"_s.arg(i), "marker", true,
@@ -231,6 +243,39 @@ void Form30::Lay_Out_Key(const QPoint& corner) {
     };
     entry(Measure::Accuracy, u"Accuracy"_s, 0);
     Time_Key = entry(Measure::Time, u"Time"_s, row);
+}
+
+void Form30::Lay_Out_Beside_Chart() {
+    ShowValues = new QCheckBox(u"Values"_s, Frame1);
+    ShowValues->setObjectName(u"ShowValues"_s);
+    ShowValues->setGeometry(Beside_Chart, Chart_Corner.y() + 48, Beside_Chart_Width, 28);
+    ShowValues->setChecked(platform.settings.Is_On(Values_Setting, u"1"_s));
+    Picture2->Show_Values(ShowValues->isChecked());
+    shell::On(ShowValues, &QCheckBox::clicked, this, platform, [this] {
+        platform.settings.Turn(Values_Setting, ShowValues->isChecked());
+        Picture2->Show_Values(ShowValues->isChecked());
+    });
+    WhyEntry = Make_HotLabel(u"WhyEntry"_s, u"Why"_s,
+                             {Beside_Chart, Chart_Corner.y() + Chart_Height - 36, Beside_Chart_Width, 36},
+                             [this] { Open_Why(Picture2->Current_Test()); });
+    connect(Picture2, &Profile_Chart::Asked_Why, this, [this](int t) {
+        if (shell::Takes_Event(this->platform, Picture2, this))
+            shell::Guarded(
+                this->platform, [this, t] { Open_Why(t); }, window());
+    });
+}
+
+void Form30::Lay_Out_Why() {
+    constexpr int around = 4;
+    constexpr int above = 8; // the scale's first and last mark are covered too
+    const QRect place(QPoint(Tables_Left, Chart_Corner.y()), Table_Panel::Size);
+    Why = new Why_Panel(place.adjusted(0, -above, around, above), platform, Frame1);
+    connect(Why, &Why_Panel::Chosen, this, [this](int t) { Open_Why(t); });
+    connect(Why, &Why_Panel::Print, this, [this] { Print_Why(); });
+    connect(Why, &Why_Panel::Close, this, [this] { Close_Why(); });
+    // Wherever the keys are on the page; not while the panel is hidden.
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), Why);
+    shell::On(escape, &QShortcut::activated, this, platform, [this] { Close_Why(); });
 }
 
 void Form30::Lay_Out_Commands() {
@@ -264,6 +309,9 @@ void Form30::Tell_Helps() {
     help->Tell(HotLabel7, u"Summary of the pupil's performance in the tests"_s);
     help->Tell(PrintIcon,
                u"Print out the scores summary table or any of the raw data tables currently on screen."_s);
+    help->Tell(WhyEntry, u"Show how a score came about; a double click on its column does the same"_s);
+    help->Tell(ShowValues, u"Show or hide the values at the bars, and why a column has no bar"_s);
+    Why->Tell_Helps(*help);
     for (HotLabel* scale : {ShowCentiles, ShowZScores})
         help->Tell(scale, u"Show either the Centile or Z-Scores chart"_s);
     for (HotLabel* ground : {ShowGreys, ShowWhite})

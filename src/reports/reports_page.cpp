@@ -3,10 +3,14 @@
 #include "platform/basics/number_text.h"
 #include "platform/desktop/wait_pointer.h"
 #include "reports/state/pupil_comment.h"
+#include "scoring/norm_check.h"
+#include "scoring/passing_over_errors.h"
 #include "scoring/pindo.h"
 #include "scoring/summary_table.h"
 #include "scoring/tables/raw_tables.h"
 #include "shell/conventions/comment_dialog.h"
+
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +41,7 @@ void Form30::Load() {
     };
     if (installation.Viewing_Mode) HotLabel3->setEnabled(false);
     scoring::Load_All_Norms(holder, installation, norms);
+    state.Norms_Digest = scoring::Norms_Digest(norms);
     Once_Painted(u"Timer2"_s, [this] { Timer2_Timer(); });
 }
 
@@ -74,12 +79,57 @@ void Form30::Combo1_Click() {
     Regen_Bars_For_Another_Child(state.Current_Pupil);
 }
 
+static QString Age_As_Printed(int months) {
+    return basics::Signed_Number(months / 12) + u"y "_s + basics::Signed_Number(months % 12) + u'm';
+}
+
 void Form30::This_Students_Age(int p) {
     state.Pupil_Name = pupils.Pupil_Name_List[p];
     state.Pupil_DOB = pupils.Pupil_DOB_List[p];
-    const int months = scoring::Age_When_First_Tested(pupils, p);
-    state.Pupil_Age_Text =
-        basics::Signed_Number(months / 12) + u"y "_s + basics::Signed_Number(months % 12) + u'm';
+    state.Pupil_Age_Text = Age_As_Printed(scoring::Age_When_First_Tested(pupils, p));
+}
+
+// Two pupils may bear one name.
+void Form30::Show_Who(int p) {
+    const auto line = [this](const QString& text) {
+        return Who->fontMetrics().elidedText(text, Qt::ElideRight, Who->width());
+    };
+    const QString& school_class = pupils.Pupil_Class_List[p];
+    const QString born = u"Born "_s + pupils.Pupil_DOB_List[p] +
+                         (school_class.isEmpty() ? QString() : u" \u00B7 "_s + school_class);
+    const QString ages = u"Now "_s + Age_As_Printed(pupils.Pupil_Age_Now[p]).trimmed() +
+                         u" \u00B7 At test "_s + state.Pupil_Age_Text.trimmed();
+    Who->setText(line(born) + u'\n' + line(ages));
+    Who->setToolTip(born);
+    Combo1->setAccessibleDescription(u"The pupil whose results the page shows. "_s + born + u". "_s + ages);
+}
+
+// While the items are still those of the pupil.
+void Form30::Find_Notices(int p) {
+    notices.clear();
+    scoring::Passing_Over_Errors(
+        [&] { notices = scoring::Notices_On(p, platform.clock.Now().date(), scoring); });
+    if (scoring::Are_Practice_Norms(state.Norms_Digest))
+        notices.append({0, u"Made-up norms, for practice"_s});
+}
+
+QStringList Form30::Notices_In_Force() const {
+    QStringList texts;
+    if (scoring.scores.Left_By_A_Batch)
+        texts.append(u"After a batch report: tables of answers, Single's z bars and Trm, and times read now "
+                     "are the last pupil's until you choose a pupil again"_s);
+    texts += scoring::Gathered(notices);
+    if (!state.Time_Scores_Ready) texts.append(scoring::Times_Not_Read());
+    return texts;
+}
+
+void Form30::Show_Notices() {
+    Notices->Tell(Has_Pupil() ? Notices_In_Force() : QStringList(), scoring.scores.Left_By_A_Batch);
+}
+
+void Form30::showEvent(QShowEvent* event) {
+    Page::showEvent(event);
+    Show_Notices(); // a batch report may have lain over the page
 }
 
 // The order must hold: each step relies on the one before.
@@ -93,8 +143,10 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
         const desktop::Wait_Pointer busy(platform.pointer);
         const auto wanted =
             state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
+        work_before = scoring.work;
         scoring::Score_Chosen_Pupil(p, wanted, Progress(), scoring, state.summary);
         state.Time_Scores_Ready = state.Show_Time_Bars;
+        Find_Notices(p);
     }
     if (state.Chart_Mode == "P"_L1)
         ShowCentiles_Click();
@@ -109,6 +161,8 @@ void Form30::Regen_Bars_For_Another_Child(int p) {
     Show_Summary_Cells();
     Load_Comment(p, pupils, installation, holder, state.comment);
     Describe_Chart();
+    Show_Who(p);
+    Show_Notices();
     Show_Progress_Width(1);
 }
 
@@ -211,6 +265,7 @@ void Form30::Show_In_Label7(const QString& text) {
 }
 
 void Form30::Hide_Any_Tables() {
+    Close_Why();
     tables->Hide();
 }
 
@@ -221,7 +276,41 @@ void Form30::Hide_All_Objects() {
 
 void Form30::Show_Chart(bool shown) {
     Picture2->setVisible(shown);
-    Key->setVisible(shown);
+    Show_Beside_Chart(shown);
+}
+
+void Form30::Show_Beside_Chart(bool shown) {
+    for (QWidget* beside : {Key, static_cast<QWidget*>(ShowValues), static_cast<QWidget*>(WhyEntry)})
+        beside->setVisible(shown);
+}
+
+void Form30::Open_Why(int t) {
+    if (!Has_Pupil() || Picture2->isHidden()) return;
+    const desktop::Wait_Pointer busy(platform.pointer);
+    const int p = state.Current_Pupil;
+    const scoring::Explanation told = scoring::Explain(t, p, work_before, scoring, platform);
+    scoring::Why_Words words = scoring::Put_In_Words(told, notices);
+    if (t <= scoring::Normed_Tests && told.used.norm.centile != scoring.scores.Raw_Centile[t])
+        words.sections.first().lines.prepend(
+            u"The answers have changed since this pupil was chosen. Choose the pupil again."_s);
+    if (Why->isHidden()) asked_why_from = QApplication::focusWidget();
+    Why->Tell(t, words);
+    Show_Beside_Chart(false);
+    Picture2->Let_Keys_In(false);
+}
+
+void Form30::Close_Why() {
+    if (Why->isHidden()) return;
+    const bool had_focus = Why->isAncestorOf(QApplication::focusWidget());
+    Picture2->Let_Keys_In(true);
+    Show_Beside_Chart(true);
+    if (had_focus && asked_why_from) asked_why_from->setFocus();
+    Why->hide();
+}
+
+void Form30::Print_Why() {
+    state.why = Why->Words();
+    navigator.Open_On_Top(shell::Page_Id::Why_Report);
 }
 
 void Form30::Hide_All_Markers() {
@@ -271,6 +360,7 @@ void Form30::HotLabel2_Click() {
     Show_Time_Flag();
     Picture2->Stand_Marks_On_Bars();
     Describe_Chart();
+    Show_Notices();
 }
 
 void Form30::HotLabel3_Click() {
@@ -283,14 +373,17 @@ void Form30::HotLabel3_Click() {
 }
 
 void Form30::HotLabel4_Click() {
+    Close_Why();
     if (Has_Pupil() && !Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Individual_Report);
 }
 
 void Form30::HotLabel6_Click() {
+    Close_Why();
     if (lists_loaded && !Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Batch_Report);
 }
 
 void Form30::HotLabel5_Click() {
+    Close_Why();
     if (!state.Chart_Replaced) return;
     Hide_All_Markers();
     tables->Set_Heading(u""_s);
@@ -337,6 +430,7 @@ bool Form30::Is_Done(int t) const {
 void Form30::Test_Button_Click(int t) {
     if (!lists_loaded) return;
     const bool pindo = t == scoring::test_index::Pindo;
+    Close_Why();
     tables->Clear_For(t);
     state.Chart_Replaced = true;
     Show_Raw_Marker(t - 1);

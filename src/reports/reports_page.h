@@ -4,12 +4,15 @@
 #include "reports/profile_chart.h"
 #include "reports/state/report_state.h"
 #include "reports/table_panel.h"
+#include "reports/why_panel.h"
 #include "scoring/score_all_tests.h"
 #include "scoring/scoring.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
 
+#include <QCheckBox>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <array>
 
 namespace reports {
@@ -64,7 +67,21 @@ public:
     void PrintIcon_Click();        // the table on screen
     void Test_Button_Click(int t); // BtnEnh11 to BtnEnh19: one test's answers, item by item
 
+    void Open_Why(int t); // how the score of test t, 1 to 9, came about, before the chart
+    void Close_Why();     // does nothing while it isn't open
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void Lay_Out_Beside_Chart();
+    void Lay_Out_Why();
+    void Show_Beside_Chart(bool shown);
+    void Show_Who(int p);
+    void Find_Notices(int p);
+    void Show_Notices();
+    QStringList Notices_In_Force() const;
+    void Print_Why();
     void Lay_Out();
     void Lay_Out_Chart();
     void Lay_Out_Tables(QLabel* heading);
@@ -96,7 +113,16 @@ private:
 
     bool lists_loaded = false; // until then they are those of an earlier visit
 
+    scoring::Work_Lists work_before; // as the pupil on screen was scored with
+    QList<scoring::Notice> notices;  // of that pupil
+    QPointer<QWidget> asked_why_from;
+
     Profile_Chart* Picture2;
+    Why_Panel* Why;
+    QCheckBox* ShowValues;
+    shell::HotLabel* WhyEntry;
+    QLabel* Who;
+    Notice_Line* Notices;
     Table_Panel* tables;
     shell::Click_Combo* Combo1;
     std::array<QLabel*, 9> Label9;

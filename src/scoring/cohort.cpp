@@ -39,6 +39,7 @@ void Score_Cohort(int count, const Progress_Label& show_progress, Cohort_Tables&
     }
     scores.Raw_Centile = saved_centiles;
     scores.Time_Centile = saved_time_centiles;
+    scores.Left_By_A_Batch = count > 0;
 }
 
 } // namespace scoring

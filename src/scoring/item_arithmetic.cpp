@@ -21,6 +21,7 @@ void Split(const QString& list, Elements& elements, int& count) {
 struct Misplaced_Elements {
     basics::Bounded<List_Element, 10> requested;
     basics::Bounded<List_Element, 10> chosen;
+    basics::Bounded<int, 10> places; // in their lists
     int count = 0;
 };
 
@@ -31,15 +32,23 @@ Misplaced_Elements Elements_Out_Of_Place(const Work_Lists& work) {
         ++misplaced.count;
         misplaced.requested[misplaced.count] = work.Requested_Items[i];
         misplaced.chosen[misplaced.count] = work.Chosen_Items[i];
+        misplaced.places[misplaced.count] = i;
     }
     return misplaced;
 }
 
-int Equal_Pairs(const Misplaced_Elements& misplaced) {
+void Tell_Pair(int asked, int chosen, const Work_Lists& work) {
+    if (work.Heard_By) work.Heard_By->push_back({asked, chosen});
+}
+
+int Equal_Pairs(const Misplaced_Elements& misplaced, const Work_Lists& work) {
     int pairs = 0;
     for (int i = 1; i <= misplaced.count; ++i)
-        for (int j = 1; j <= misplaced.count; ++j)
-            if (misplaced.requested[i] == misplaced.chosen[j]) ++pairs;
+        for (int j = 1; j <= misplaced.count; ++j) {
+            if (misplaced.requested[i] != misplaced.chosen[j]) continue;
+            ++pairs;
+            Tell_Pair(misplaced.places[i], misplaced.places[j], work);
+        }
     return pairs;
 }
 
@@ -73,8 +82,11 @@ void Seq_Errors_Direct(const Value& requested, const Value& chosen, int& result,
         Split_Requested(requested, work);
         Split_Chosen(chosen, work);
         for (int i = 1; i <= work.Requested_Count; ++i)
-            for (int j = 1; j <= work.Requested_Count; ++j)
-                if (work.Requested_Items[j] == work.Chosen_Items[i]) ++result;
+            for (int j = 1; j <= work.Requested_Count; ++j) {
+                if (work.Requested_Items[j] != work.Chosen_Items[i]) continue;
+                ++result;
+                if (i != j) Tell_Pair(j, i, work); // one in place is taken off again below
+            }
     }
     result -= work.Last_Correct_Count;
 }
@@ -84,7 +96,7 @@ void Seq_Errors_Misplaced(const Value& requested, const Value& chosen, int& resu
     if (form == Item_Form::Single) return;
     Split_Requested(requested, work);
     Split_Chosen(chosen, work);
-    result = Equal_Pairs(Elements_Out_Of_Place(work));
+    result = Equal_Pairs(Elements_Out_Of_Place(work), work);
 }
 
 } // namespace scoring

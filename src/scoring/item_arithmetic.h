@@ -3,6 +3,8 @@
 #include "platform/basics/bounded.h"
 #include "platform/basics/value.h"
 
+#include <vector>
+
 namespace scoring {
 
 // One element of a list: a stretch of the text that it was split from.
@@ -17,6 +19,12 @@ struct List_Element {
     QStringView Text() const { return QStringView(list).sliced(start, size); }
 };
 
+// Two elements that make a sequence error together, by their places in their lists, from 1.
+struct Sequence_Pair {
+    int asked;
+    int chosen;
+};
+
 // The elements of the two lists that were split last, from 1. Splitting doesn't clear what lies beyond the
 // new count: a chosen list that is too short is compared with an earlier list's tail.
 struct Work_Lists {
@@ -24,7 +32,8 @@ struct Work_Lists {
     basics::Bounded<List_Element, 100> Chosen_Items;
     int Requested_Count = 0;
     int Chosen_Count = 0;
-    int Last_Correct_Count = 0; // of the item that Score_Item saw last
+    int Last_Correct_Count = 0;                     // of the item that Score_Item saw last
+    std::vector<Sequence_Pair>* Heard_By = nullptr; // takes each sequence error while somebody listens
 };
 
 // What an item's two texts are: one answer each, or lists with commas.

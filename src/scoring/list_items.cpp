@@ -1,18 +1,21 @@
 #include "scoring/list_items.h"
 
+#include "scoring/test_pass.h"
+
 namespace scoring {
 
-static void Add_Item(const Test_Items& items, int i, int& total, Work_Lists& work) {
+static void Add_Item(int t, int i, Scoring& scoring) {
+    Test_Items& items = scoring.items[t];
     int correct = 0;
-    Score_Item(items.Item_Requested(i), items.Item_Chosen(i), correct, Item_Form::List, work);
-    total += correct;
+    Score_Item(items.Item_Requested(i), items.Item_Chosen(i), correct, Item_Form::List, scoring.work);
+    items.Raw_Total += correct;
+    Tell_Item(t, i, Counting::Elements_In_Place, correct, scoring);
 }
 
 void Add_Up_Lists(int t, Scoring& scoring) {
-    Test_Items& items = scoring.items[t];
-    items.Raw_Total = 0;
+    scoring.items[t].Raw_Total = 0;
     for (int i = 1; i <= Test_At(t).Items; ++i)
-        Add_Item(items, i, items.Raw_Total, scoring.work);
+        Add_Item(t, i, scoring);
 }
 
 void Add_Up_Lists_And_Sequence_Errors(int t, Sequence_Errors_Rule rule, Scoring& scoring) {
@@ -20,10 +23,11 @@ void Add_Up_Lists_And_Sequence_Errors(int t, Sequence_Errors_Rule rule, Scoring&
     items.Raw_Total = 0;
     items.Sequence_Errors = 0;
     for (int i = 1; i <= Test_At(t).Items; ++i) {
-        Add_Item(items, i, items.Raw_Total, scoring.work);
+        Add_Item(t, i, scoring);
         int errors = 0;
         rule(items.Item_Requested(i), items.Item_Chosen(i), errors, Item_Form::List, scoring.work);
         items.Sequence_Errors += errors;
+        if (scoring.trace) scoring.trace->Take_Sequence_Errors(t, i, errors);
     }
 }
 

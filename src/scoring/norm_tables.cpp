@@ -18,8 +18,6 @@ using foundation::Access_Holder;
 using foundation::Installation;
 using Times_By_Centile = Norm_Tables::Times_By_Centile;
 
-constexpr int Youngest = 4; // years: the first and the last norm column
-constexpr int Oldest = 8;
 constexpr int Oldest_With_Empty_Cells = 6;
 constexpr int Slowest_Centile = 1;
 constexpr int Fastest_Centile = 99;
@@ -64,7 +62,7 @@ int Test_Of_Table(const QString& table_name, QString Test_Entry::*kind) {
 
 int Norm_Age(const QString& age_column) {
     const int age = Value(age_column).As_Integer();
-    if (age < Youngest || age > Oldest) basics::Raise(basics::errors::Subscript_Out_Of_Range);
+    if (age < Youngest_Normed || age > Oldest_Normed) basics::Raise(basics::errors::Subscript_Out_Of_Range);
     return age;
 }
 
@@ -85,15 +83,33 @@ int Nearer_Centile(qint32 time, const Times_By_Centile& times) {
     }
 }
 
-int Centile_Of_Time(qint32 time, const Times_By_Centile& times) {
-    if (const int exact = Exact_Centile(time, times)) return exact;
+struct Found_Centile {
+    int centile;
+    Time_Match match;
+};
+
+Found_Centile Centile_Of_Time(qint32 time, const Times_By_Centile& times) {
+    if (const int exact = Exact_Centile(time, times)) return {exact, Time_Match::Exact};
     const qint32 fastest = times[Fastest_Centile];
     const qint32 slowest = times[Slowest_Centile];
-    int centile = 0;
-    if (time < fastest) centile = Fastest_Centile;
-    if (time > slowest) centile = Slowest_Centile; // wins over the line above in a table in disorder
-    if (time > fastest && time < slowest) centile = Nearer_Centile(time, times);
-    return centile;
+    Found_Centile found{0, Time_Match::None};
+    if (time < fastest) found = {Fastest_Centile, Time_Match::Faster_Than_All};
+    // Wins over the line above in a table in disorder.
+    if (time > slowest) found = {Slowest_Centile, Time_Match::Slower_Than_All};
+    if (time > fastest && time < slowest) found = {Nearer_Centile(time, times), Time_Match::Nearest};
+    return found;
+}
+
+Norm_Row Row_Of(int raw, const Norm_Tables::Centiles_By_Raw_Score& centiles) {
+    return {raw, raw > 0 ? centiles[raw - 1] : qint16(0), centiles[raw],
+            raw < Highest_Place ? centiles[raw + 1] : qint16(0)};
+}
+
+Time_Row Row_Of(qint32 time, const Found_Centile& found, const Times_By_Centile& times) {
+    const int c = found.centile;
+    return {time,     found.match,
+            c,        c > Slowest_Centile ? times[c - 1] : 0,
+            times[c], c >= Slowest_Centile && c < Fastest_Centile ? times[c + 1] : 0};
 }
 
 } // namespace
@@ -113,7 +129,7 @@ void Load_Centile_Norms(const QString& table_name, int t, Access_Holder& holder,
     Open_Norms(table_name, holder, installation);
     for (int r = 1; !holder.Rows().Eof(); ++r, holder.Rows().MoveNext()) {
         centiles[0][r] = static_cast<qint16>(r - 1);
-        for (int age = Youngest; age <= Oldest; ++age)
+        for (int age = Youngest_Normed; age <= Oldest_Normed; ++age)
             centiles[age + 1][r - 1] = Centile_In(holder.Field(u"Age %1 Centile"_s.arg(age)), age);
     }
     holder.ado_Close();
@@ -124,10 +140,17 @@ void Load_Time_Norms(const QString& table_name, int t, Access_Holder& holder,
     Open_Norms(table_name, holder, installation);
     for (; !holder.Rows().Eof(); holder.Rows().MoveNext()) {
         const int c = holder.Field(u"Centile"_s).As_Integer();
-        for (int age = Youngest; age <= Oldest; ++age)
+        for (int age = Youngest_Normed; age <= Oldest_Normed; ++age)
             norms.Time_Norms[t][age][c] = holder.Field(u"Raw score %1"_s.arg(age)).As_Long();
     }
     holder.ado_Close();
+}
+
+Norm_Band Norm_Band_Of(int months) {
+    const Age_Band& band = Band_Of(months);
+    constexpr int open_end = std::numeric_limits<int>::max();
+    const int first = &band == std::begin(Age_Bands) ? 0 : (&band - 1)->months_below;
+    return {band.column, first, band.months_below == open_end ? open_end : band.months_below - 1};
 }
 
 QString Age_To_Norm_Column(int months) {
@@ -139,10 +162,11 @@ QString Age_To_Band_Letter(int months) {
 }
 
 void Raw_To_Centile(const Value& raw, const QString& table_name, const QString& age_column,
-                    const Norm_Tables& norms, Score_Store& scores) {
+                    const Norm_Tables& norms, Score_Store& scores, Norm_Row* used) {
     const int test = Test_Of_Table(table_name, &Test_Entry::Norm_Table);
     const int age = Norm_Age(age_column);
     const qint16 centile = norms.Centile_Norms[test][age + 1][raw.As_Integer()];
+    if (used) *used = Row_Of(raw.As_Integer(), norms.Centile_Norms[test][age + 1]);
     const int t = scores.Current_Test;
     scores.Raw_Score[t] = raw;
     scores.Raw_Centile[t] = centile;
@@ -150,11 +174,13 @@ void Raw_To_Centile(const Value& raw, const QString& table_name, const QString& 
 }
 
 void Time_To_Centile(qint32 time, const QString& table_name, const QString& age_column,
-                     const Norm_Tables& norms, Score_Store& scores) {
+                     const Norm_Tables& norms, Score_Store& scores, Time_Row* used) {
     const int test = Test_Of_Table(table_name, &Test_Entry::Time_Norm_Table);
     const int age = Norm_Age(age_column);
-    const int found = Centile_Of_Time(time, norms.Time_Norms[test][age]);
-    const int centile = time == 0 ? Slowest_Centile : found;
+    Found_Centile found = Centile_Of_Time(time, norms.Time_Norms[test][age]);
+    if (time == 0) found = {Slowest_Centile, Time_Match::No_Time};
+    const int centile = found.centile;
+    if (used) *used = Row_Of(time, found, norms.Time_Norms[test][age]);
     const int t = scores.Current_Test;
     scores.Time_Score[t] = time;
     scores.Time_Centile[t] = centile;

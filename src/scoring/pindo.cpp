@@ -20,7 +20,10 @@ void Score_Pindo(int p, Scoring& scoring) {
     Replace_Words(Colour_Words, Pindo, scoring.items);
     const Test_Items& items = scoring.items[Pindo];
     for (int i = 1; i <= Test_At(Pindo).Items; ++i) { // four tries for each body part, from the hat down
-        if (!Is_Valid_Time(items.Item_Time(i))) continue;
+        const bool attempted = Is_Valid_Time(items.Item_Time(i));
+        Tell_Item(Pindo, i, Counting::Timed_Try, attempted ? 1 : 0, scoring);
+        if (scoring.trace) scoring.trace->Of(Pindo).times.push_back({i, items.Item_Time(i), attempted});
+        if (!attempted) continue;
         ++scoring.scores.Pindo_Attempts;
         if (items.Item_Chosen(i) == items.Item_Requested(i)) ++scoring.scores.Pindo_Correct;
     }

@@ -20,8 +20,9 @@ struct Pupil_Lists {
     Of_Each_Pupil<QString> Student_Code;
     Of_Each_Pupil<QString> Pupil_Name_List; // surname, blank, forename
     Of_Each_Pupil<QString> Pupil_DOB_List;  // dd/mm/yyyy
-    Of_Each_Pupil<qint16> Pupil_Age_Now;    // completed months
-    Of_Each_Pupil<qint16> Pupil_Test_Age;   // see Age_When_First_Tested
+    Of_Each_Pupil<QString> Pupil_Class_List;
+    Of_Each_Pupil<qint16> Pupil_Age_Now;  // completed months
+    Of_Each_Pupil<qint16> Pupil_Test_Age; // see Age_When_First_Tested
 
     basics::Bounded<Of_Each_Pupil<qint16>, All_Tests> Test_Status; // [t][p]; 1 alone is completed
     basics::Bounded<Of_Each_Pupil<qint16>, All_Tests> Test_Age; // [t][p], completed months; selects the norms

@@ -1,8 +1,11 @@
 #include "scoring/score_all_tests.h"
 
+#include "platform/basics/run_time_error.h"
 #include "scoring/pindo.h"
 #include "scoring/sequence_tests.h"
 #include "scoring/single_answer_tests.h"
+
+using namespace Qt::StringLiterals;
 
 namespace scoring {
 
@@ -25,11 +28,24 @@ constexpr Test_Passes Passes[Normed_Tests] = {
 constexpr int Strip_Step = 120; // pixels
 constexpr int Strip_At_Rest = 1;
 
+// One pass; a row that can't be scored ends the work under way, and the error names pupil and test.
+template<class Step>
+void Naming_Pupil(int t, int p, const Pupil_Lists& pupils, Step step) {
+    try {
+        step();
+    } catch (basics::Run_Time_Error& error) {
+        if (error.About.isEmpty())
+            error.About = u"Pupil: %1, test: %2"_s.arg(Pupil_List_Entry(pupils, p), Test_At(t).Test_Name);
+        throw;
+    }
+}
+
 void Run_Passes(Pass Test_Passes::*pass, int p, const Progress_Strip& show_progress, Scoring& scoring) {
     scoring.scores.Current_Test = 0;
     for (const Test_Passes& test : Passes) {
         const int t = ++scoring.scores.Current_Test; // also for a test not taken: its slot stays empty
-        if (scoring.pupils.Test_Status[t][p] == 1) (test.*pass)(p, nullptr, scoring);
+        if (scoring.pupils.Test_Status[t][p] == 1)
+            Naming_Pupil(t, p, scoring.pupils, [&] { (test.*pass)(p, nullptr, scoring); });
         if (show_progress) show_progress(Strip_Step * t);
     }
 }
@@ -38,7 +54,8 @@ void Run_Passes(Pass Test_Passes::*pass, int p, const Progress_Strip& show_progr
 
 void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scoring) {
     Run_Passes(&Test_Passes::Score, p, show_progress, scoring);
-    if (scoring.pupils.Test_Status[test_index::Pindo][p] == 1) Score_Pindo(p, scoring);
+    if (scoring.pupils.Test_Status[test_index::Pindo][p] == 1)
+        Naming_Pupil(test_index::Pindo, p, scoring.pupils, [&] { Score_Pindo(p, scoring); });
 }
 
 void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring) {
@@ -47,10 +64,16 @@ void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scorin
     if (show_progress) show_progress(Strip_At_Rest);
 }
 
+void Time_One_Test(int t, int p, Scoring& scoring) {
+    scoring.scores.Current_Test = t;
+    if (scoring.pupils.Test_Status[t][p] == 1) Passes[t - 1].Time(p, nullptr, scoring);
+}
+
 void Score_Chosen_Pupil(int p, Passes_Wanted wanted, const Progress_Strip& show_progress, Scoring& scoring,
                         Summary_Cells& cells) {
     const auto act = scoring.holder.Begin_Act();
     Clear_Scores(scoring.scores);
+    scoring.scores.Left_By_A_Batch = false;
     Show_Test_Names(cells);
     Clear_Terminated_Flags(scoring.scores);
     Score_All_Tests(p, show_progress, scoring);

@@ -17,6 +17,9 @@ void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scorin
 // The time pass over the eight normed tests, once for each raw pass. It ends with the strip at width 1.
 void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring);
 
+// The time pass of one normed test, if it was completed; its slot alone is filled.
+void Time_One_Test(int t, int p, Scoring& scoring);
+
 enum class Passes_Wanted { Raw, Raw_And_Time };
 
 // What choosing the pupil at place p does to the score store, and to the names in the summary, in the one

@@ -26,6 +26,7 @@ struct Score_Store {
     int Current_Test = 0; // the slot that the running pass fills
     bool Tolvens_Terminated = false;
     bool Friends_Terminated = false;
+    bool Left_By_A_Batch = false; // all but the centiles is that of the last entry of a batch
 };
 
 // Sets the centiles to 0, which marks tests without a score, and Pindo's attempts; what else an earlier pupil

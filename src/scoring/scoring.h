@@ -7,6 +7,7 @@
 #include "scoring/norm_tables.h"
 #include "scoring/pupil_lists.h"
 #include "scoring/score_store.h"
+#include "scoring/trace.h"
 
 namespace scoring {
 
@@ -28,6 +29,7 @@ struct Scoring {
     Score_Store& scores;
     Item_Store& items;
     Work_Lists& work;
+    Trace* trace = nullptr; // who listens; nobody, as a rule
 };
 
 inline Scoring Pass_Over(Scoring_Data& data, const foundation::Installation& installation,

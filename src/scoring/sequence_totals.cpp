@@ -12,7 +12,9 @@ using test_index::Bliks_Letters;
 using test_index::Drell;
 using test_index::Tolvens;
 
-int Total_Of_Shown_Rows(const Test_Items& items, int rows, Sequence_Errors_Rule rule, Work_Lists work) {
+int Total_Of_Shown_Rows(int t, int rows, Sequence_Errors_Rule rule, const Scoring& scoring) {
+    const Test_Items& items = scoring.items[t];
+    Work_Lists work = scoring.work;
     int total = 0;
     for (int i = 1; i <= rows; ++i) {
         const basics::Value& requested = items.Item_Requested(i);
@@ -23,6 +25,7 @@ int Total_Of_Shown_Rows(const Test_Items& items, int rows, Sequence_Errors_Rule 
         Passing_Over_Errors([&] { Score_Item(requested, chosen, correct, Item_Form::List, work); });
         Passing_Over_Errors([&] { rule(requested, chosen, errors, Item_Form::List, work); });
         total += errors;
+        if (scoring.trace) scoring.trace->Take_Sequence_Errors(t, i, errors);
     }
     return total;
 }
@@ -38,15 +41,14 @@ bool Has_Sequence_Total(int t) {
 }
 
 int Sequence_Total(int t, int p, const Scoring& scoring) {
-    const Test_Items& items = scoring.items[t];
     switch (t) {
     case Tolvens:
-        return Total_Of_Shown_Rows(items, Tolvens_Rows_Shown(scoring.pupils.Test_Age[Tolvens][p]),
-                                   Seq_Errors_Direct, scoring.work);
+        return Total_Of_Shown_Rows(t, Tolvens_Rows_Shown(scoring.pupils.Test_Age[Tolvens][p]),
+                                   Seq_Errors_Direct, scoring);
     case Bliks_Friends:
-        return Total_Of_Shown_Rows(items, Test_At(t).Items, Seq_Errors_Misplaced, scoring.work);
+        return Total_Of_Shown_Rows(t, Test_At(t).Items, Seq_Errors_Misplaced, scoring);
     default:
-        return items.Sequence_Errors;
+        return scoring.items[t].Sequence_Errors;
     }
 }
 

@@ -21,11 +21,14 @@ bool Is_Right(const Test_Items& items, int i) {
 }
 
 // Nothing asked and nothing answered is not a right answer.
-void Count_Right_Answers(int t, Item_Store& store) {
-    Test_Items& items = store[t];
+void Count_Right_Answers(int t, Scoring& scoring) {
+    Test_Items& items = scoring.items[t];
     items.Raw_Total = 0;
-    for (int i = 1; i <= Test_At(t).Items; ++i)
-        if (Is_Right(items, i) && !items.Item_Requested(i).Reads(u"")) ++items.Raw_Total;
+    for (int i = 1; i <= Test_At(t).Items; ++i) {
+        const int points = Is_Right(items, i) && !items.Item_Requested(i).Reads(u"") ? 1 : 0;
+        items.Raw_Total += points;
+        Tell_Item(t, i, Counting::Equal_Answer, points, scoring);
+    }
 }
 
 int Count_Valid_Times(int t, const Item_Store& store) {
@@ -35,12 +38,11 @@ int Count_Valid_Times(int t, const Item_Store& store) {
     return count;
 }
 
-// Older pupils take the later half of level 1 and all of level 2, younger ones level 1.
-Item_Range Mirvel_Window(int p, const Scoring& scoring) {
-    return scoring.pupils.Test_Age[Mirvel][p] >= Older_From ? Item_Range{5, 16} : Item_Range{1, 8};
-}
-
 } // namespace
+
+Item_Range Mirvel_Window(int months) {
+    return months >= Older_From ? Item_Range{5, 16} : Item_Range{1, 8};
+}
 
 void Score_Karrel(int p, database::Recordset* rs, Scoring& scoring) {
     Test_Items& items = scoring.items[Karrel];
@@ -48,7 +50,7 @@ void Score_Karrel(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Karrel, All_Items(Karrel), Item_Load::Answers_And_Times, p, rs, scoring);
     items.Time_Count = Count_Valid_Times(Karrel, scoring.items);
     Rename_Karrel_Items(scoring.pupils.Test_Age[Karrel][p], scoring.items);
-    Count_Right_Answers(Karrel, scoring.items);
+    Count_Right_Answers(Karrel, scoring);
     Look_Up_Raw_Total(Karrel, p, scoring);
 }
 
@@ -64,7 +66,7 @@ void Time_Karrel(int p, database::Recordset* rs, Scoring& scoring) {
 
 void Score_BLN(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Letter_Names, All_Items(Letter_Names), Item_Load::Answers, p, rs, scoring);
-    Count_Right_Answers(Letter_Names, scoring.items);
+    Count_Right_Answers(Letter_Names, scoring);
     Look_Up_Raw_Total(Letter_Names, p, scoring);
 }
 
@@ -75,21 +77,24 @@ void Time_BLN(int p, database::Recordset* rs, Scoring& scoring) {
 
 void Score_Mirvel(int p, database::Recordset* rs, Scoring& scoring) {
     Test_Items& items = scoring.items[Mirvel];
-    const Item_Range window = Mirvel_Window(p, scoring);
+    const Item_Range window = Mirvel_Window(scoring.pupils.Test_Age[Mirvel][p]);
     Load_Items(Mirvel, window, Item_Load::Answers, p, rs, scoring);
     items.Raw_Total = 0;
-    for (int i = window.First; i <= window.Last; ++i)
-        if (Is_Right(items, i)) ++items.Raw_Total; // here two empty fields count as right
+    for (int i = window.First; i <= window.Last; ++i) {
+        const int points = Is_Right(items, i) ? 1 : 0; // here two empty fields count as right
+        items.Raw_Total += points;
+        Tell_Item(Mirvel, i, Counting::Equal_Or_Empty, points, scoring);
+    }
     Look_Up_Raw_Total(Mirvel, p, scoring);
 }
 
 void Time_Mirvel(int p, database::Recordset* rs, Scoring& scoring) {
-    Time_Items(Mirvel, Mirvel_Window(p, scoring), p, rs, scoring);
+    Time_Items(Mirvel, Mirvel_Window(scoring.pupils.Test_Age[Mirvel][p]), p, rs, scoring);
 }
 
 void Score_Yoon(int p, database::Recordset* rs, Scoring& scoring) {
     Load_Items(Yoon, All_Items(Yoon), Item_Load::Answers, p, rs, scoring);
-    Count_Right_Answers(Yoon, scoring.items);
+    Count_Right_Answers(Yoon, scoring);
     Look_Up_Raw_Total(Yoon, p, scoring);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scoring/scoring.h"
+#include "scoring/test_pass.h"
 
 namespace scoring {
 
@@ -15,6 +16,8 @@ void Rename_Karrel_Items(int months, Item_Store& items);
 void Score_BLN(int p, database::Recordset* rs, Scoring& scoring);
 void Time_BLN(int p, database::Recordset* rs, Scoring& scoring);
 
+// Older pupils take the later half of level 1 and all of level 2, younger ones level 1.
+Item_Range Mirvel_Window(int months);
 void Score_Mirvel(int p, database::Recordset* rs, Scoring& scoring);
 void Time_Mirvel(int p, database::Recordset* rs, Scoring& scoring);
 

@@ -77,23 +77,45 @@ bool Is_Valid_Time(const Value& time) {
     return milliseconds > 0 && milliseconds < Time_Limit;
 }
 
+void Tell_Item(int t, int i, Counting rule, int points, const Scoring& scoring) {
+    if (!scoring.trace) return;
+    const Test_Items& items = scoring.items[t];
+    scoring.trace->Of(t).items.push_back(
+        {i, items.Item_Requested(i), items.Item_Chosen(i), rule, points, 0, {}});
+}
+
 void Look_Up_Raw_Total(int t, int p, Scoring& scoring) {
-    Raw_To_Centile(scoring.items[t].Raw_Total, Test_At(t).Norm_Table,
-                   Age_To_Norm_Column(scoring.pupils.Test_Age[t][p]), scoring.norms, scoring.scores);
+    const int total = scoring.items[t].Raw_Total;
+    const Norm_Band band = Norm_Band_Of(scoring.pupils.Test_Age[t][p]);
+    Norm_Row* used = nullptr;
+    if (scoring.trace) {
+        Traced_Test& told = scoring.trace->Of(t);
+        told.raw_total = total;
+        told.band = band;
+        used = &told.norm;
+    }
+    Raw_To_Centile(total, Test_At(t).Norm_Table, band.column.toString(), scoring.norms, scoring.scores, used);
 }
 
 void Add_Up_Times(int t, Item_Range range, int p, Scoring& scoring) {
     Test_Items& items = scoring.items[t];
     items.Time_Count = 0;
     for (int i = range.First; i <= range.Last; ++i) {
-        if (!Is_Valid_Time(items.Item_Time(i))) continue;
+        const bool counts = Is_Valid_Time(items.Item_Time(i));
+        if (scoring.trace) scoring.trace->Of(t).times.push_back({i, items.Item_Time(i), counts});
+        if (!counts) continue;
         items.Time_Sum += items.Item_Time(i).As_Double();
         ++items.Time_Count;
     }
     if (items.Time_Count == 0) basics::Raise(basics::errors::Division_By_Zero);
     items.Mean_Time = Value(items.Time_Sum / items.Time_Count).As_Long();
+    Time_Row* used = nullptr;
+    if (scoring.trace) {
+        scoring.trace->Of(t).time_sum = items.Time_Sum;
+        used = &scoring.trace->Of(t).time.emplace();
+    }
     Time_To_Centile(items.Mean_Time, Test_At(t).Time_Norm_Table,
-                    Age_To_Norm_Column(scoring.pupils.Test_Age[t][p]), scoring.norms, scoring.scores);
+                    Age_To_Norm_Column(scoring.pupils.Test_Age[t][p]), scoring.norms, scoring.scores, used);
 }
 
 void Time_Items(int t, Item_Range range, int p, database::Recordset* rs, Scoring& scoring) {

@@ -22,6 +22,9 @@ void Load_Items(int t, Item_Range range, Item_Load load, int p, database::Record
 // More than 0 and less than 1000000 milliseconds; an item that wasn't timed has none.
 bool Is_Valid_Time(const basics::Value& time);
 
+// For whoever listens: an item was counted by that rule.
+void Tell_Item(int t, int i, Counting rule, int points, const Scoring& scoring);
+
 // Takes the test's raw total to its norms, by the pupil's age at that test.
 void Look_Up_Raw_Total(int t, int p, Scoring& scoring);
 

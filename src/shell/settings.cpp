@@ -43,6 +43,8 @@ void Form20::Lay_Out() {
         u"HotLabel2"_s, u"Change password"_s, {Left, 196, Whole_Width / 2 - 8, 56},
         [this] { HotLabel2_Click(); }, HotLabel::Look::Entry);
     HotLabel2->Set_Weight(HotLabel::Weight::Primary);
+    NormTables = Make_HotLabel(u"NormTables"_s, u"Norm tables"_s, {Left + Whole_Width / 2 + 8, 204, 180, 40},
+                               [this] { navigator.Open_On_Top(Page_Id::Norms); });
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 204, 140, 40},
                               [this] { HotLabel1_Click(); });
 }
@@ -51,6 +53,8 @@ void Form20::Tell_Helps() {
     Help_Line* help = Make_Help(u"Label1"_s, {Left, 284, Whole_Width, 96}).line;
     help->Tell(HotLabel1, u"Return to Main Menu"_s);
     help->Tell(HotLabel2, u"Click on 'Change password' to change the administrator's password."_s);
+    help->Tell(NormTables,
+               u"Look into the norm tables: what they hold, whether they are in order, and their digest."_s);
     help->Tell(lblVersion, u"Your Mevo software version number."_s);
     help->Tell(lblFlashVersion, [this] {
         return Flash_Installed

@@ -92,6 +92,7 @@ void Reports(Tour& tour) {
     tour.Show(u"reports_centiles"_s);
     const Step steps[] = {{{u"ShowZScores"_s, u"HotLabel2"_s}, u"reports_zscores_times"_s},
                           {{u"ShowWhite"_s}, u"reports_zscores_white"_s},
+                          {{u"WhyEntry"_s}, u"reports_why"_s},
                           {{u"BtnEnh11"_s}, u"reports_answers"_s},
                           {{u"BtnEnh18"_s}, u"reports_wide_answers"_s},
                           {{u"HotLabel7"_s}, u"reports_summary"_s}};
@@ -101,6 +102,10 @@ void Reports(Tour& tour) {
     }
     tour.Meet_Dialog(u"comment"_s);
     tour.Click_All({u"HotLabel3"_s, u"HotLabel5"_s});
+    tour.Click_All({u"WhyEntry"_s});
+    tour.Go(u"WhyPrint"_s, u"Why_Report"_s);
+    tour.Show(u"why_report"_s);
+    tour.Go(u"HotLabel1"_s, u"Form30"_s);
     tour.Go(u"HotLabel4"_s, u"Form94"_s);
     tour.Show(u"individual_report"_s);
     tour.Go(u"HotLabel1"_s, u"Form30"_s);
@@ -129,6 +134,9 @@ void Other_Pages(Tour& tour) {
             tour.school.outside.boxes.Will_Answer(desktop::Answer::Yes);
             tour.Meet_Dialog(u"password"_s);
             tour.Click_All({u"HotLabel2"_s});
+            tour.Go(u"NormTables"_s, u"Norms_Page"_s);
+            tour.Show(u"norm_tables"_s);
+            tour.Go(u"HotLabel1"_s, u"Form20"_s);
         }
         tour.Go(u"HotLabel1"_s, u"Form77"_s);
     }

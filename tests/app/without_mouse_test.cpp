@@ -213,9 +213,10 @@ public:
         }
         EXPECT_EQ(heard.removeDuplicates(), 0);
         const QRegularExpression form(
-            u"^[A-Z][a-z ]+: (not taken|z-score -?[0-9.]+, age at test [0-9]+ y [0-9]+ m, time z-score -?[0-9.]+(, terminated)?)$"_s);
+            u"^[A-Z][a-z ]+: (not taken|retest allowed|z-score -?[0-9.]+, age at test [0-9]+ y [0-9]+ m, time z-score -?[0-9.]+(, terminated)?)$"_s);
         for (const QString& row : heard)
             EXPECT_TRUE(form.match(row).hasMatch()) << row.toStdString();
+        Ask_Why();
         Tab_And_Press(u"HotLabel7"_s);
         EXPECT_TRUE(Shown(Page(), u"fpSpread1"_s));
         Tab_And_Press(u"PrintIcon"_s);
@@ -225,6 +226,27 @@ public:
         Type_Into_Dialog(u"not kept"_s, Qt::Key_Escape);
         Tab_And_Press(u"HotLabel3"_s);
         Look_At_The_Print_Preview();
+    }
+
+    void Ask_Why() {
+        Press(Qt::Key_Return);
+        ASSERT_TRUE(Shown(Page(), u"Why"_s));
+        EXPECT_EQ(Focused(), u"WhyText"_s);
+        Tab_And_Press(u"WhyTest"_s, Qt::Key_Up);
+        EXPECT_EQ(Caption(Page(), u"WhyTitle"_s), u"Why this score: Mirvel"_s);
+        Tab_And_Press(u"WhyCopy"_s, Qt::Key_Space);
+        EXPECT_TRUE(outside.clipboard.texts.value(0).startsWith(u"Why this score: Mirvel\n"_s));
+        Tab_And_Press(u"WhyPrint"_s, Qt::Key_Space);
+        Follow_To(u"Why_Report"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo explanation of a score"_s);
+        Go(u"HotLabel1"_s, u"Form30"_s);
+        Press(Qt::Key_Escape);
+        EXPECT_FALSE(Shown(Page(), u"Why"_s));
+        EXPECT_EQ(Focused(), u"Row8"_s);
+        Tab_To(u"Notices"_s);
+        Tab_And_Press(u"ShowValues"_s, Qt::Key_Space);
+        EXPECT_FALSE(Shown(Page(), u"Values"_s));
     }
 
     void Look_At_The_Print_Preview() {
@@ -271,6 +293,10 @@ public:
         for (int entry = 0; entry < 2; ++entry)
             Type_Into_Dialog(u"by hand"_s, Qt::Key_Return);
         Tab_And_Press(u"HotLabel2"_s);
+        Tab_And_Press(u"NormTables"_s);
+        Follow_To(u"Norms_Page"_s);
+        Tab_And_Press(u"NormTables"_s, Qt::Key_Down);
+        Go(u"HotLabel1"_s, u"Form20"_s);
         Expect_Changed(u"Customer_Details \\d+ Admin_Password: .* -> 'by hand'"_s);
         Go(u"HotLabel1"_s, u"Form77"_s);
     }

@@ -43,10 +43,13 @@ protected:
 TEST_F(Pdf, IsVectorA4WithItsFontsAndFindableWords) {
     if (On_Windows) GTEST_SKIP() << "no other program reads a PDF there";
     const QString file = File(u"two.pdf"_s);
-    desktop::Write_Pdf(Two_Sheets(), file);
+    desktop::Printed_Document sheets = Two_Sheets();
+    sheets.about = u"Mevo, norms 0123"_s;
+    desktop::Write_Pdf(sheets, file);
     EXPECT_EQ(Files(), QStringList{u"two.pdf"_s});
 
     const QString info = Told_By(u"pdfinfo"_s, {file});
+    EXPECT_TRUE(info.contains(QRegularExpression(u"Creator: +Mevo, norms 0123\\n"_s))) << info.toStdString();
     EXPECT_TRUE(info.contains(QRegularExpression(u"Pages: +2\\n"_s)) && info.contains(u"(A4)"_s))
         << info.toStdString();
     const QString fonts = Told_By(u"pdffonts"_s, {file}); // below two lines of headings, each embedded

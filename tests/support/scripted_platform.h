@@ -166,9 +166,11 @@ public:
 class Kept_Clipboard final : public desktop::Clipboard {
 public:
     void Put(const desktop::Page_Copy& page) override { copied.append(page); }
+    void Put_Text(const QString& text) override { texts.append(text); }
     QString Text() override { return text; }
     QList<desktop::Page_Copy> copied;
-    QString text;
+    QStringList texts; // that were put there
+    QString text;      // what lies there from elsewhere
 };
 
 // Values by their key, each with the type that the system would tell. A key without one can't be opened.

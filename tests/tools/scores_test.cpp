@@ -55,6 +55,46 @@ TEST(ScoreExport, TimesAreLeftEmptyUnlessAskedForAndChangeNothingElse) {
     EXPECT_GT(timed, 0);
 }
 
+TEST(ScoreExport, NormsAreLookedIntoWhenAsked) {
+    const std::pair<QString, QString> cases[] = {
+        {u"UPDATE Tolvens_Norms SET \"Age 5 Centile\" = 1 WHERE rowid = 31"_s,
+         u"Tolvens_Norms (raw scores 0 to 49): Age 5: the centile falls at raw score 30."_s},
+        {u"UPDATE Yoon_Norms SET \"Age 6 Centile\" = 0"_s, u"): Age 6: the column is empty.\n"_s},
+        {u"UPDATE Yoon_TimeNorms SET \"Raw score 7\" = 999999 WHERE Centile = 40"_s,
+         u"Yoon_TimeNorms (centiles 1 to 99): Age 7: the time rises at centile 40."_s},
+        {u"DELETE FROM Yoon_TimeNorms WHERE Centile IN (40, 41, 43)"_s,
+         u"Age 8: no time for centile 40 to 41, 43."_s},
+        {u"DELETE FROM Mirvel_Norms WHERE rowid > 12"_s,
+         u"Mirvel_Norms (raw scores 0 to 11): Age 7: no centile for raw score 12. Age 8: "_s},
+        {u"DELETE FROM Drell_Norms WHERE rowid > 20"_s, u"no centile for raw score 20 to "_s},
+        {u"UPDATE Drell_Norms SET \"Age 8 Centile\" = 120 WHERE rowid = 32"_s,
+         u"Age 8: no standard score belongs to the centile of raw score 31."_s},
+        {u"UPDATE Drell_Norms SET \"Age 7 Centile\" = NULL WHERE rowid = 32"_s,
+         u"Drell_Norms (raw scores 0 to 31): The table can't be read to its end: Invalid use of Null"_s},
+        {u"DROP TABLE Karrel_Norms"_s, u"The table can't be read to its end: no such table: Karrel_Norms"_s},
+    };
+    for (const auto& [change, told] : cases) {
+        const Sample_File sample;
+        // The made-up norms have no score for the youngest who know next to nothing.
+        for (const QString& table : {u"Karrel_Norms"_s, u"BliksLetters_Norms"_s})
+            sample.Run(u"UPDATE %1 SET \"Age 4 Centile\" = 1 WHERE \"Age 4 Centile\" IS NULL"_s.arg(table));
+        const QStringList arguments{sample.Path(), u"--check-norms"_s};
+        EXPECT_EQ(Export(arguments).status, 0) << Export(arguments).output.toStdString();
+        sample.Run(change);
+        const Outcome outcome = Export(arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(outcome.output.contains(told)) << outcome.output.toStdString();
+    }
+}
+
+TEST(ScoreExport, ACommentNamesTheNormsWhenAsked) {
+    const Sample_File sample;
+    const QString with = Export({sample.Path(), u"--about"_s}).output;
+    const qsizetype end = with.indexOf(u'\n') + 1;
+    EXPECT_EQ(with.first(end), u"# Mevo 5.11, norms 9d9d-eed5-49bc-b0df (made up, for practice)\r\n"_s);
+    EXPECT_EQ(with.sliced(end), Export({sample.Path()}).output);
+}
+
 TEST(ScoreExport, FieldsAreQuotedWhereTheyMustBe) {
     EXPECT_EQ(console::Csv_Line({u"plain"_s, u""_s, u"a,b"_s, u"say \"hi\""_s, u"two\nlines"_s, u" 7"_s}),
               u"plain,,\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\", 7\r\n"_s);
@@ -72,6 +112,7 @@ TEST(ScoreExport, FailsInOneLineAndWritesNothing) {
         {{u""_s}, u"Usage"_s},
         {{sample.Path(), u"--time-bars"_s}, u"time-bars"_s},
         {{sample.Folder() + u"/none.mdb"_s}, u"Could not find file"_s},
+        {{sample.Folder() + u"/none.mdb"_s, u"--check-norms"_s}, u"Could not find file"_s},
         {{sample.Folder()}, u"folder"_s},
         {{text}, u"Unrecognized database format"_s},
         {{no_norms.Path()}, u"Yoon_TimeNorms"_s},

@@ -106,6 +106,7 @@ class No_Clipboard final : public desktop::Clipboard {
 public:
     void Put(const desktop::Page_Copy&) override {}
     QString Text() override { return {}; }
+    void Put_Text(const QString&) override {}
 };
 
 class No_Dialogs final : public desktop::Modal_Dialogs {

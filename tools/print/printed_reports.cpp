@@ -6,6 +6,7 @@
 #include "printing/batch_sheets.h"
 #include "printing/individual_sheet.h"
 #include "reports/state/pupil_comment.h"
+#include "scoring/norm_check.h"
 #include "scoring/score_all_tests.h"
 
 #include <vector>
@@ -67,6 +68,7 @@ Office::Office(const Print_Request& request, desktop::Platform& platform)
     state.Show_Time_Bars = request.time_bars;
     Naming(u"The product's details"_s, [&] { foundation::Read_Customer_Details(platform, installation); });
     Naming(u"The norms"_s, [&] { scoring::Load_All_Norms(scoring_holder, installation, data.norms); });
+    state.Norms_Digest = scoring::Norms_Digest(data.norms);
     Naming(u"The list of pupils"_s,
            [&] { scoring::Load_Pupil_Lists(page_holder, installation, platform.clock, data.pupils); });
 }
@@ -110,9 +112,12 @@ Printed_Document Office::Individual_Reports(const QStringList& codes) {
         sheets.push_back(
             Naming(u"Pupil "_s + data.pupils.Student_Code[p], [&] { return Individual_Report(p); }));
     const int pages = static_cast<int>(sheets.size());
-    return {u"Mevo individual reports"_s, pages, [sheets = std::move(sheets)](QPainter& painter, int page) {
+    const QString about = sheets.empty() ? QString() : sheets.front().about;
+    return {u"Mevo individual reports"_s, pages,
+            [sheets = std::move(sheets)](QPainter& painter, int page) {
                 sheets[static_cast<std::size_t>(page - 1)].paint(painter, 1);
-            }};
+            },
+            about};
 }
 
 void Office::Require_Group(const QString& group) const {

@@ -14,12 +14,15 @@ namespace score_export {
 namespace {
 
 constexpr int Done = 0;
+constexpr int Found_Something = 1;
 constexpr int Failed = 2;
 const QString Program = u"mevo-scores"_s;
 
 struct Request {
     QString database;
     scoring::Passes_Wanted wanted;
+    bool check_norms;
+    Header_Comment comment;
 };
 
 void Write_Whole(const QString& text, QIODevice& output) {
@@ -34,6 +37,12 @@ std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& o
     parser.addPositionalArgument(u"DATABASE"_s, u"The database file."_s);
     const QCommandLineOption times(u"times"_s, u"Score the item times as well."_s);
     parser.addOption(times);
+    const QCommandLineOption check(
+        u"check-norms"_s, u"Look into the norm tables instead; status 1 where something is wrong."_s);
+    parser.addOption(check);
+    const QCommandLineOption about(u"about"_s,
+                                   u"Begin with a comment that names the norms by their digest."_s);
+    parser.addOption(about);
     const QCommandLineOption help = parser.addHelpOption();
 
     if (!parser.parse(arguments)) throw Export_Fault(parser.errorText());
@@ -43,9 +52,16 @@ std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& o
     }
     const QStringList files = parser.positionalArguments();
     if (files.size() != 1 || files.first().isEmpty())
-        throw Export_Fault(u"Usage: mevo-scores DATABASE [--times]"_s);
+        throw Export_Fault(u"Usage: mevo-scores DATABASE [--times] [--about] [--check-norms]"_s);
     using scoring::Passes_Wanted;
-    return Request{files.first(), parser.isSet(times) ? Passes_Wanted::Raw_And_Time : Passes_Wanted::Raw};
+    return Request{files.first(), parser.isSet(times) ? Passes_Wanted::Raw_And_Time : Passes_Wanted::Raw,
+                   parser.isSet(check), parser.isSet(about) ? Header_Comment::Norms : Header_Comment::None};
+}
+
+int Check_The_Norms(const QString& database, desktop::Platform& platform, QIODevice& output) {
+    const scoring::Norm_Check check = Check_Of(database, platform);
+    Write_Whole(Norm_Lines(check), output);
+    return check.Findings() == 0 ? Done : Found_Something;
 }
 
 } // namespace
@@ -55,7 +71,9 @@ int Run_Command(const QStringList& arguments, QIODevice& output, QTextStream& er
         const std::optional<Request> request = Read_Arguments(arguments, output);
         if (!request) return Done;
         console::Console_Platform platform(Program, errors);
-        Write_Whole(Score_Lines(request->database, request->wanted, platform.Ports()), output);
+        if (request->check_norms) return Check_The_Norms(request->database, platform.Ports(), output);
+        Write_Whole(Score_Lines(request->database, request->wanted, platform.Ports(), request->comment),
+                    output);
         return Done;
     } catch (const console::Program_Ended&) {
         return Failed; // the box that was shown has told why

@@ -141,6 +141,7 @@ public:
         Require([this] { return Combo().count() > 0; }, u"the pupil list stayed empty"_s);
         Choose_A_Pupil_With_Marks();
         Through_The_Charts();
+        Through_An_Explanation();
         for (const QString& button : {u"BtnEnh11"_s, u"BtnEnh17"_s, u"BtnEnh18"_s, u"BtnEnh19"_s}) {
             Click(button);
             pictures.Take(window, u"reports_detail_"_s + button);
@@ -173,6 +174,7 @@ private:
         pictures.Take(window, form);
         for (const QString& clicked : visit.clicks)
             Click(clicked);
+        if (form == "Form20"_L1) Through_The_Norms();
         if (form == "Form42"_L1) Name_A_Schools_Folder();
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
         if (form == "Form42"_L1) Prepare_A_List();
@@ -194,6 +196,26 @@ private:
         pictures.Take(window, u"Form43_in_use"_s);
         Click(u"HotLabel1"_s);
         Wait_For(u"Form42"_s);
+    }
+
+    void Through_An_Explanation() {
+        Click(u"WhyEntry"_s);
+        pictures.Take(window, u"reports_why"_s);
+        Click(u"WhyPrint"_s);
+        Wait_For(u"Why_Report"_s);
+        pictures.Take(window, u"Why_Report"_s);
+        Enlarge_And_Copy(u"Why_Report"_s);
+        Click(u"HotLabel1"_s);
+        Wait_For(u"Form30"_s);
+        Click(u"WhyClose"_s);
+    }
+
+    void Through_The_Norms() {
+        Click(u"NormTables"_s);
+        Wait_For(u"Norms_Page"_s);
+        pictures.Take(window, u"Norms_Page"_s);
+        Click(u"HotLabel1"_s);
+        Wait_For(u"Form20"_s);
     }
 
     void Through_The_Charts() {

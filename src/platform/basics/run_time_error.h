@@ -21,6 +21,7 @@ public:
     int Number;
     QString Source;
     QString Description;
+    QString About; // whose data it met, for the user; nobody decides by it
 
 private:
     QByteArray utf8;

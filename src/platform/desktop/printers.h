@@ -15,6 +15,7 @@ struct Printed_Document {
     QString name; // as the queue shows it, and in the name of a PDF
     int pages = 0;
     std::function<void(QPainter& painter, int page)> paint; // pages count from 1
+    QString about = {}; // what made it and from what, for the properties of a PDF
 };
 
 // The printer that the user chose, the usual one, or a PDF where there is none.
@@ -41,6 +42,7 @@ public:
     virtual ~Clipboard() = default;
     virtual void Put(const Page_Copy& page) = 0;
     virtual QString Text() = 0; // empty if it holds none
+    virtual void Put_Text(const QString& text) = 0;
 };
 
 } // namespace desktop

@@ -233,6 +233,7 @@ public:
         Add_Metafile_To_Clipboard(page.wmf);
     }
     QString Text() override { return QApplication::clipboard()->text(); }
+    void Put_Text(const QString& text) override { QApplication::clipboard()->setText(text); }
 };
 
 } // namespace
@@ -248,6 +249,7 @@ void Write_Pdf(const Printed_Document& document, const QString& file) {
     {
         QPdfWriter writer(&saved);
         writer.setTitle(document.name);
+        if (!document.about.isEmpty()) writer.setCreator(document.about);
         writer.setResolution(Pdf_Dots_Per_Inch);
         Take_Whole_Sheets(writer);
         QPainter painter(&writer);

@@ -306,7 +306,9 @@ QString fpSpread::Action(int action, const Print_Outlet& outlet) {
     if (action != Action_Print || PrintOrientation != Portrait)
         throw basics::Run_Time_Error(basics::errors::Invalid_Property_Value, objectName(),
                                      u"Invalid property value"_s);
-    return outlet.printers.Print(Document_Of(Lay_Out_Sheets(Printed()), outlet.document), outlet.pdf_folder);
+    desktop::Printed_Document document = Document_Of(Lay_Out_Sheets(Printed()), outlet.document);
+    document.about = outlet.about;
+    return outlet.printers.Print(document, outlet.pdf_folder);
 }
 
 } // namespace grid

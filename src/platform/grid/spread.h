@@ -21,6 +21,7 @@ struct Print_Outlet {
     desktop::Printers& printers;
     QString document;   // as the printer's queue names it
     QString pdf_folder; // for the PDF that stands in where no printer is set up
+    QString about = {}; // for that PDF's properties
 };
 
 class Cells;

@@ -184,12 +184,12 @@ const Drawing& ViewPro::Page(int number) const {
 desktop::Printed_Document ViewPro::Document(const QString& name, int first, int last) const {
     const int from = std::max(first, 1);
     const int to = std::min(last, PageCount());
-    if (from > to) return {name, 0, {}};
+    if (from > to) return {name, 0, {}, About};
     // A copy, as the pages may be built anew while a printer still takes these.
     const auto pages =
         std::make_shared<const std::vector<Drawing>>(sheets.begin() + (from - 1), sheets.begin() + to);
     return {name, to - from + 1,
-            [pages](QPainter& painter, int page) { Paint(pages->at(size_t(page) - 1), painter); }};
+            [pages](QPainter& painter, int page) { Paint(pages->at(size_t(page) - 1), painter); }, About};
 }
 
 Text_Style ViewPro::Style() const {

@@ -44,6 +44,8 @@ public:
     // on.
     bool Keep_To_Margins = false;
 
+    QString About; // for the properties of a PDF of the document
+
     // Called before and after each cell of a hooked table, with the row from 1.
     std::function<void(int row)> Before_Cell;
     std::function<void(int row)> After_Cell;

@@ -2,6 +2,7 @@
 
 #include "platform/basics/value.h"
 #include "scoring/summary_table.h"
+#include "scoring/why_words.h"
 
 #include <QString>
 #include <array>
@@ -30,6 +31,9 @@ struct Report_State {
 
     std::array<QString, 9> Test_Table_Title; // captions of the detail tables, set when the page is loaded
     scoring::Summary_Cells summary;          // what the summary grid shows
+
+    scoring::Why_Words why; // the explanation that is to be printed
+    QString Norms_Digest;   // of the norms in force, since the page was loaded
 };
 
 } // namespace reports

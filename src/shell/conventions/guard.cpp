@@ -18,8 +18,10 @@ namespace shell {
     platform.processes.End(1);
 }
 
-[[noreturn]] static void End_With(desktop::Platform& platform, int number, const QString& description) {
-    End_With(platform, u"Run-time error '"_s + basics::Plain_Number(number) + u"':\r\r"_s + description);
+[[noreturn]] static void End_With(desktop::Platform& platform, int number, const QString& description,
+                                  const QString& about = {}) {
+    const QString told = about.isEmpty() ? description : description + u"\r\r"_s + about;
+    End_With(platform, u"Run-time error '"_s + basics::Plain_Number(number) + u"':\r\r"_s + told);
 }
 
 void Guarded(desktop::Platform& platform, const std::function<void()>& work, const QWidget* window) {
@@ -28,7 +30,7 @@ void Guarded(desktop::Platform& platform, const std::function<void()>& work, con
     try {
         work();
     } catch (const basics::Run_Time_Error& error) {
-        End_With(platform, error.Number, error.Description);
+        End_With(platform, error.Number, error.Description, error.About);
     } catch (const std::bad_alloc&) {
         End_With(platform, basics::errors::Out_Of_Memory, u"Out of memory"_s);
     } catch (const std::exception& error) {

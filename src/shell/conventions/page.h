@@ -28,6 +28,8 @@ enum class Page_Id {
     Testing_Progress,
     Settings,
     Archiving,
+    Why_Report, // over the Reports page: an explanation to print
+    Norms,      // over the Settings page: what the norm tables hold
 };
 
 // How a page says what follows. It is destroyed after its handler has returned.
