@@ -38,10 +38,10 @@ void Take_Pupil(Row_Fields& field, const desktop::Clock& clock, int p, Pupil_Lis
     lists.Pupil_Name_List[p] += field(u"Forename"_s).Text_Or_Empty();
     const Value& date_of_birth = field(u"DOB"_s);
     lists.Pupil_DOB_List[p] = date_of_birth.Text_Or_Empty();
+    lists.Pupil_Age_Now[p] = Age_Now(date_of_birth, clock);
     lists.Pupil_Class_List[p].clear();
     Passing_Over_Errors(
-        [&] { lists.Pupil_Class_List[p] = holder.Field(u"Group_Class"_s).Text_Or_Empty().trimmed(); });
-    lists.Pupil_Age_Now[p] = Age_Now(date_of_birth, clock);
+        [&] { lists.Pupil_Class_List[p] = field(u"Group_Class"_s).Text_Or_Empty().trimmed(); });
     for (int t = 1; t <= All_Tests; ++t) {
         const Test_Entry& test = Test_At(t);
         lists.Test_Status[t][p] = field(test.Status_Column).As_Integer();

@@ -187,7 +187,8 @@ protected:
         return Caption(u"Label10"_s) + u", "_s + Caption(u"Label11"_s) + u", "_s + Caption(u"Label13"_s);
     }
     QString Import() {
-        Form42 form(outside.platform, navigator, installation);
+        List_To_Import prepared;
+        Form42 form(outside.platform, navigator, installation, prepared);
         Show(form);
         const QByteArray group = in_the_way == "Group"_L1 ? "Ed's" : "Elm";
         const QByteArray password = in_the_way == "Password"_L1 ? "o'k" : "fox";
