@@ -1,9 +1,7 @@
 #include "shell/archiving.h"
 
 #include "conversion/refusal.h"
-#include "foundation/database_version.h"
 #include "foundation/database_words.h"
-#include "foundation/schema.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
@@ -29,7 +27,6 @@ constexpr int Left = 40;
 constexpr int Column_Width = 452;
 constexpr int Whole_Width = 920;
 
-const QString Product_Row = u"SELECT * FROM Customer_Details WHERE Product_Name = 'MEVO'"_s;
 const QString No_Choice = u"*.mdb"_s; // what an Open dialog's file name is until a file is chosen
 
 } // namespace
@@ -42,6 +39,7 @@ Form60::Form60(desktop::Platform& platform, Navigator& navigator, foundation::In
       copies(copies),
       older_files(older_files),
       holder(platform),
+      acts(platform, installation, counts, copies, holder),
       Timer1(new QTimer(this)) {
     setObjectName(u"Form60"_s);
     Timer1->setObjectName(u"Timer1"_s);
@@ -257,83 +255,9 @@ void Form60::Save_As(const QString& file) {
                        u"Your database has been archived as "_s + file);
 }
 
-bool Form60::Confirmed(const QString& title, Wrong_Password wrong) {
-    if (counts.Number_Of_Students.As_Integer() <= 0) return true; // nobody's results can be lost
-    const QString text =
-        u"Current database contains "_s + counts.Number_Of_Students.Text_Or_Empty() +
-        u" pupils.\r"
-        "It is strongly advised that you archive (save) your current pupil database before proceeding.\r"
-        "Please only choose 'Yes' if you have recently archived the current database (or, if you have not "
-        "recently archived the current database but are still happy to lose the current database).\r"
-        "Select 'No' if in doubt or wish to cancel this task."_s;
-    return platform.boxes.Ask(Box_Style::Yes_No, title, text) == Answer::Yes && Password_Accepted(wrong);
-}
-
-// An empty answer never passes, whatever the password is.
-bool Form60::Password_Accepted(Wrong_Password wrong) {
-    const QString answer = platform.input_box.Ask(u"Please enter your password"_s, u"Security check"_s);
-    if (answer.isEmpty()) return false;
-    if (answer == installation.Admin_Password.Text_Or_Empty()) return true;
-    if (wrong == Wrong_Password::Is_Told)
-        platform.boxes.Ask(Box_Style::Critical, u"Incorrect password"_s, u"Password not accepted"_s);
-    return false;
-}
-
-void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
-    const desktop::Wait_Pointer busy(platform.pointer);
-    holder.Let_Go();
-    copies.Replace({source,
-                    installation.Database_Path,
-                    foundation::Needed_Tables(),
-                    reason,
-                    platform.clock.Now(),
-                    installation.Archive_Folder,
-                    {installation.Current_Database_Path}});
-}
-
-// Names that differ only in case are another product's. A file that may not be written needn't be, if it has
-// the password already.
-bool Form60::Lacks_The_Password(database::Recordset& row) const {
-    return row.Fields(u"Product_Name"_s).Value().Text_Or_Empty() == "MEVO"_L1 &&
-           row.Fields(u"Admin_Password"_s).Value() != installation.Admin_Password;
-}
-
-// Fails, before anything is replaced, where the archive wouldn't take the password.
-void Form60::Require_That_It_Takes_The_Password(const QString& archive) {
-    holder.Let_Go();
-    database::Connection connection;
-    connection.ConnectionString = foundation::Connection_String_For(archive);
-    connection.Open();
-    database::Recordset rows;
-    rows.Source = Product_Row;
-    rows.Set_ActiveConnection(&connection);
-    rows.Open();
-    for (; !rows.Eof(); rows.MoveNext())
-        if (Lacks_The_Password(rows)) return connection.Rehearse_A_Change();
-}
-
-// The file's row of this product takes the password in force.
-void Form60::Hand_On_The_Password(const QString& file) {
-    Alternative_Connection_String = foundation::Connection_String_For(file);
-    holder.ado_Open(Alternative_Connection_String, Product_Row, u"Optimistic"_s);
-    for (; !holder.Rows().Eof(); holder.Rows().MoveNext()) {
-        if (!Lacks_The_Password(holder.Rows())) continue;
-        holder.Rows().Fields(u"Admin_Password"_s).Set_Value(installation.Admin_Password);
-        holder.Rows().Update();
-    }
-    holder.ado_Close();
-}
-
-// Brings the working database up, also while the program looks at an archive. False if that failed.
-bool Form60::Working_Database_Is_Of_Version_51() {
-    foundation::Installation working = installation;
-    working.Connection_String = foundation::Connection_String_For(installation.Database_Path);
-    return foundation::Database_Is_Version_51(working) ||
-           foundation::Convert_Database_To_51(working, platform);
-}
-
 void Form60::HotLabel4_Click() {
-    if (!Confirmed(u"Load an archived database - CAUTION!"_s, Wrong_Password::Is_Silent)) return;
+    if (!acts.Confirmed(u"Load an archived database - CAUTION!"_s, Archive_Acts::Wrong_Password::Is_Silent))
+        return;
     Load_Archived_Database();
     Refresh_Archive_Page();
     Set_Archive_Buttons();
@@ -341,27 +265,20 @@ void Form60::HotLabel4_Click() {
 
 void Form60::Load_Archived_Database() {
     const QString file = Chosen_Archive(u"Load archive"_s);
-    if (file.isEmpty()) return;
-    Require_That_It_Takes_The_Password(file);
-    Replace_Working_Database(file, u"load"_s);
-    // Behind the copy on purpose: the working database keeps the password that the archive had.
-    Hand_On_The_Password(file);
-    if (!Working_Database_Is_Of_Version_51()) return;
-    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
-                       u"The database: \r"_s + file +
-                           u"\r has now been loaded and becomes the working database."_s);
+    if (!file.isEmpty()) acts.Load(file);
 }
 
 void Form60::HotLabel5_Click() {
-    if (Confirmed(u"Clear current database and start afresh - CAUTION!"_s, Wrong_Password::Is_Told))
+    if (acts.Confirmed(u"Clear current database and start afresh - CAUTION!"_s,
+                       Archive_Acts::Wrong_Password::Is_Told))
         Clear_Working_Database();
 }
 
 void Form60::Clear_Working_Database() {
     // Before the copy here, so that the password in force reaches the new working database.
-    Hand_On_The_Password(installation.Empty_Database_Path);
-    Replace_Working_Database(installation.Empty_Database_Path, u"clean_start"_s);
-    if (!Working_Database_Is_Of_Version_51()) return;
+    acts.Hand_On_The_Password(installation.Empty_Database_Path);
+    acts.Replace_Working_Database(installation.Empty_Database_Path, u"clean_start"_s);
+    if (!acts.Working_Database_Is_Of_Version_51()) return;
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"The database has now been cleared of all pupils and their data."_s);
     counts.Number_Of_Students = 0;
@@ -375,25 +292,7 @@ void Form60::HotLabel3_Click() {
 
 void Form60::View_Archived_Database() {
     const QString file = Chosen_Archive(u"View archive"_s);
-    if (file.isEmpty()) return;
-    installation.Current_Database_Path = file;
-    installation.Connection_String = foundation::Connection_String_For(file);
-    if (!foundation::Database_Is_Version_51(installation)) {
-        const Answer answer = platform.boxes.Ask(
-            Box_Style::Yes_No_Cancel_Information, u"Older archive type"_s,
-            u"This archive seems to be an older type Mevo database. Do you wish to upgrade it to version 5.1 ?"_s);
-        // Without an upgrade the mode stays normal, and yet every page reads the older archive from here on.
-        if (answer != Answer::Yes) return;
-        if (!foundation::Convert_Database_To_51(installation, platform)) {
-            installation.Connection_String = foundation::Connection_String_For(installation.Database_Path);
-            return;
-        }
-    }
-    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
-                       u"The database "_s + file +
-                           u" is now held in Viewing Mode (note that you cannot edit it)."_s);
-    installation.Viewing_Mode = true;
-    HotLabel6->setEnabled(true);
+    if (!file.isEmpty() && acts.View(file)) HotLabel6->setEnabled(true);
 }
 
 void Form60::HotLabel6_Click() {
