@@ -86,6 +86,14 @@ void File_Engine::Read_All(const Take& take) const {
     }
 }
 
+void Compact(File_Engine& engine) {
+    // The engine attaches a file of its own meanwhile.
+    const int most_attached = sqlite3_limit(engine.Handle().Get(), SQLITE_LIMIT_ATTACHED, 1);
+    const auto again =
+        qScopeGuard([&] { sqlite3_limit(engine.Handle().Get(), SQLITE_LIMIT_ATTACHED, most_attached); });
+    engine.Run(u"VACUUM"_s);
+}
+
 void Replacing_Transaction::Finisher::operator()(sqlite3_backup* backup) const {
     sqlite3_backup_finish(backup);
 }

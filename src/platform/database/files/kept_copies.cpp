@@ -55,7 +55,13 @@ bool Has_Name_Of_Kept_Copy(const QString& file) {
     return !Moment_In(name.left(1).toUpper() + name.mid(1).toLower()).isEmpty();
 }
 
+QString Companion_Of_Archive(const QString& archive) {
+    const bool usual = archive.endsWith(Ending, Qt::CaseInsensitive);
+    return (usual ? archive.chopped(Ending.size()) : archive) + u".kept.sqlite"_s;
+}
+
 Kept_Copy::Kept_Copy(const Replacement& order, const Write& write) {
+    kept_as = order.kept_as;
     for (const QString& file : order.spared + QStringList{order.source})
         spared.append(QFileInfo(Native_Path(file)).canonicalFilePath());
     try {
@@ -89,11 +95,12 @@ bool Kept_Copy::Is_Spared(const QFileInfo& kept) const {
 void Kept_Copy::Stay() {
     stays = true;
     if (file.isEmpty()) return;
+    if (kept_as) *kept_as = file;
     QFileInfoList kept = Kept_In(QFileInfo(file).absoluteDir());
     const qsizetype too_many = kept.size() - Most_Kept_Copies;
     kept.removeIf([this](const QFileInfo& copy) { return Is_Spared(copy); });
     for (const QFileInfo& oldest : kept.first(std::clamp<qsizetype>(too_many, 0, kept.size())))
-        QFile::remove(oldest.filePath());
+        if (QFile::remove(oldest.filePath())) QFile::remove(Companion_Of_Archive(oldest.filePath()));
 }
 
 } // namespace database

@@ -18,6 +18,9 @@ inline constexpr int Most_Kept_Copies = 10;
 // Whether a file has such a name, in any letter case.
 bool Has_Name_Of_Kept_Copy(const QString& file);
 
+// Where what is remembered beside an archive or a kept copy lies; it goes with it.
+QString Companion_Of_Archive(const QString& archive);
+
 // A copy that is being kept: it stands in its folder already, and is removed again unless Stay is called.
 class Kept_Copy {
 public:
@@ -39,6 +42,7 @@ private:
 
     QString file;
     QStringList spared; // canonical
+    QString* kept_as = nullptr;
     bool stays = false;
 };
 
