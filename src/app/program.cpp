@@ -9,6 +9,7 @@
 #include "pupils/security_page.h"
 #include "reports/reports_page.h"
 #include "shell/archiving.h"
+#include "shell/copy_before.h"
 #include "shell/main_menu.h"
 #include "shell/settings.h"
 #include "shell/testing_progress.h"
@@ -30,7 +31,8 @@ Program::Program(desktop::Platform& platform)
       form8(platform, installation),
       host(
           platform, [this](Page_Id page, shell::Navigator& navigator) { return Make_Page(page, navigator); },
-          [this] { return installation.Institution; }) {
+          [this] { return installation.Institution; },
+          [this](Page_Id page) { shell::Copy_Before(page, installation, this->platform); }) {
 }
 
 void Program::Start(const QString& program_folder) {

@@ -106,15 +106,23 @@ void File_Engine::Read_All(const Take& take) const {
         take(Read(place, std::min(Piece, size - place)));
 }
 
-// The engine attaches the file that it writes, which is otherwise out of the question.
+// The engine attaches a file of its own meanwhile, which is otherwise out of the question.
+static auto With_Room_To_Attach(sqlite3* engine) {
+    const int most = sqlite3_limit(engine, SQLITE_LIMIT_ATTACHED, 1);
+    return qScopeGuard([engine, most] { sqlite3_limit(engine, SQLITE_LIMIT_ATTACHED, most); });
+}
+
 void File_Engine::Compact_Into(const QString& file) {
-    const int attached = sqlite3_limit(engine->Get(), SQLITE_LIMIT_ATTACHED, 1);
-    const auto as_before =
-        qScopeGuard([&] { sqlite3_limit(engine->Get(), SQLITE_LIMIT_ATTACHED, attached); });
+    const auto room = With_Room_To_Attach(engine->Get());
     since.start();
     Engine_Statement statement(*engine, u"VACUUM INTO ?1"_s);
     statement.Bind_Text(1, file.toUtf8());
     statement.Step();
+}
+
+void Compact(File_Engine& engine) {
+    const auto room = With_Room_To_Attach(engine.Handle().Get());
+    engine.Run(u"VACUUM"_s);
 }
 
 void Replacing_Transaction::Finisher::operator()(sqlite3_backup* backup) const {

@@ -66,6 +66,9 @@ private:
     std::optional<Engine_Handle> engine;
 };
 
+// Writes the open file anew, without what its unused pages held. In no transaction.
+void Compact(File_Engine& engine);
+
 // Replaces everything that is in the database `target` by what is in `source`, in one transaction of the
 // target: other programs see the old content or the new one, and so does whoever opens the file after a
 // crash.

@@ -61,7 +61,13 @@ bool Has_Name_Of_Kept_Copy(const QString& file) {
     return !Moment_In(name.left(1).toUpper() + name.mid(1).toLower()).isEmpty();
 }
 
+QString Companion_Of_Archive(const QString& archive) {
+    const bool usual = archive.endsWith(Ending, Qt::CaseInsensitive);
+    return (usual ? archive.chopped(Ending.size()) : archive) + u".kept.sqlite"_s;
+}
+
 Kept_Copy::Kept_Copy(const Replacement& order, const Write& write) {
+    kept_as = order.kept_as;
     for (const QString& file : order.spared + QStringList{order.source})
         spared.append(QFileInfo(Native_Path(file)).canonicalFilePath());
     try {
@@ -95,11 +101,12 @@ bool Kept_Copy::Is_Spared(const Kept_File& kept) const {
 void Kept_Copy::Stay() {
     stays = true;
     if (file.isEmpty()) return;
+    if (kept_as) *kept_as = file;
     QList<Kept_File> kept = Kept_Files_In(QFileInfo(file).absolutePath());
     const qsizetype too_many = kept.size() - Most_Kept_Copies;
     kept.removeIf([this](const Kept_File& copy) { return Is_Spared(copy); });
     for (const Kept_File& oldest : kept.last(std::clamp<qsizetype>(too_many, 0, kept.size())))
-        QFile::remove(oldest.path);
+        if (QFile::remove(oldest.path)) QFile::remove(Companion_Of_Archive(oldest.path));
 }
 
 } // namespace database

@@ -32,6 +32,9 @@ QString Free_Kept_Name(const QString& folder, const QString& reason, const QDate
 // Whether a file has such a name, in any letter case.
 bool Has_Name_Of_Kept_Copy(const QString& file);
 
+// Where what is remembered beside an archive or a kept copy lies; it goes with it.
+QString Companion_Of_Archive(const QString& archive);
+
 // A copy that is being kept: it stands in its folder already, and is removed again unless Stay is called.
 class Kept_Copy {
 public:
@@ -53,6 +56,7 @@ private:
 
     QString file;
     QStringList spared; // canonical
+    QString* kept_as = nullptr;
     bool stays = false;
 };
 

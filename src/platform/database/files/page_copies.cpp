@@ -78,7 +78,7 @@ void Remove_Superfluous(const QString& folder, const QString& made, const Page_C
         spared.append(QFileInfo(Native_Path(file)).canonicalFilePath());
     for (const Kept_File& copy : Superfluous(Kept_Files_In(folder), {made, order.reason, order.when})) {
         if (spared.contains(QFileInfo(copy.path).canonicalFilePath())) continue;
-        if (QFile::remove(copy.path) && order.gone) order.gone(copy.path);
+        if (QFile::remove(copy.path)) QFile::remove(Companion_Of_Archive(copy.path));
     }
 }
 

@@ -22,8 +22,6 @@ struct Page_Copy {
     QStringList spared = {}; // copies that stay whatever their age: one in view
     // Copies what belongs to the database to where it belongs to the copy.
     std::function<void(const QString& copy)> along = {};
-    // Removes what belongs to a copy that has gone.
-    std::function<void(const QString& copy)> gone = {};
 };
 
 // Copies the database, unless nothing has been written to it since its newest copy. Gives the copy's name;

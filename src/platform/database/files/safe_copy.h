@@ -16,7 +16,8 @@ struct Replacement {
     QString reason;  // what replaces it, for the name under which the old database is kept: "load"
     QDateTime when;  // when it is replaced, which that name tells too
     QString keep_in; // the folder for the old database; where it can't be there, its own folder serves
-    QStringList spared = {}; // kept databases that stay though they are the oldest: one in view
+    QStringList spared = {};    // kept databases that stay though they are the oldest: one in view
+    QString* kept_as = nullptr; // set to the file that the old database was kept in, once it stays
 };
 
 // Copies whole database files. What fails is a run-time error and leaves the target as it was:
