@@ -10,7 +10,9 @@
 #include "reports/reports_page.h"
 #include "shell/archiving.h"
 #include "shell/copy_before.h"
+#include "shell/go_back.h"
 #include "shell/main_menu.h"
+#include "shell/remove_pupil.h"
 #include "shell/settings.h"
 #include "shell/testing_progress.h"
 
@@ -75,6 +77,10 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Archiving:
         return std::make_unique<shell::Form60>(platform, navigator, installation, counts, copies,
                                                older_files);
+    case Page_Id::Go_Back:
+        return std::make_unique<shell::Form61>(platform, navigator, installation, counts, copies);
+    case Page_Id::Remove_Pupil:
+        return std::make_unique<shell::Form62>(platform, navigator, installation);
     }
     return nullptr;
 }

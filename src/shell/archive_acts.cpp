@@ -1,7 +1,9 @@
 #include "shell/archive_acts.h"
 
 #include "foundation/database_version.h"
+#include "foundation/database_words.h"
 #include "foundation/schema.h"
+#include "platform/basics/native_path.h"
 #include "platform/desktop/wait_pointer.h"
 
 using namespace Qt::StringLiterals;
@@ -13,6 +15,13 @@ using desktop::Box_Style;
 
 static const QString Product_Row = u"SELECT * FROM Customer_Details WHERE Product_Name = 'MEVO'"_s;
 
+// What is damaged is handed on all the same: its opening says what fails.
+desktop::File_Words Tell_Of_File(const QString& file) {
+    constexpr int longest_wait = 1; // seconds: the user looks through a folder
+    const foundation::School_Look look = foundation::Look_At_School(basics::Native_Path(file), longest_wait);
+    return {foundation::In_Words_Of_A_Choice(look), look.kind != foundation::School_Look::Kind::Foreign};
+}
+
 bool Archive_Acts::Confirmed(const QString& title, Wrong_Password wrong) {
     if (counts.Number_Of_Students.As_Integer() <= 0) return true; // nobody's results can be lost
     const QString text =
@@ -22,11 +31,13 @@ bool Archive_Acts::Confirmed(const QString& title, Wrong_Password wrong) {
         "Please only choose 'Yes' if you have recently archived the current database (or, if you have not "
         "recently archived the current database but are still happy to lose the current database).\r"
         "Select 'No' if in doubt or wish to cancel this task."_s;
-    return platform.boxes.Ask(Box_Style::Yes_No, title, text) == Answer::Yes && Password_Accepted(wrong);
+    return platform.boxes.Ask(Box_Style::Yes_No, title, text) == Answer::Yes &&
+           Password_Accepted(platform, installation, wrong);
 }
 
 // An empty answer never passes, whatever the password is.
-bool Archive_Acts::Password_Accepted(Wrong_Password wrong) {
+bool Password_Accepted(desktop::Platform& platform, const foundation::Installation& installation,
+                       Wrong_Password wrong) {
     const QString answer = platform.input_box.Ask(u"Please enter your password"_s, u"Security check"_s);
     if (answer.isEmpty()) return false;
     if (answer == installation.Admin_Password.Text_Or_Empty()) return true;

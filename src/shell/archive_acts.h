@@ -7,6 +7,14 @@
 
 namespace shell {
 
+// What a file dialog says of a file, and whether it takes it.
+desktop::File_Words Tell_Of_File(const QString& file);
+
+enum class Wrong_Password { Is_Silent, Is_Told };
+// Asks for the Administrator's password.
+bool Password_Accepted(desktop::Platform& platform, const foundation::Installation& installation,
+                       Wrong_Password wrong);
+
 // Putting another database in the working one's place, and looking at one instead of it, with all that the
 // user is asked and told: at the Archiving page and wherever else a database is gone back to.
 class Archive_Acts {
@@ -16,11 +24,8 @@ public:
                  const Menu_Counts& counts, database::File_Copies& copies, foundation::Access_Holder& holder)
         : platform(platform), installation(installation), counts(counts), copies(copies), holder(holder) {}
 
-    enum class Wrong_Password { Is_Silent, Is_Told };
-
     // Whether the working database may be lost: asked, with the password, while it holds anybody.
     bool Confirmed(const QString& title, Wrong_Password wrong);
-    bool Password_Accepted(Wrong_Password wrong);
 
     void Load(const QString& file); // over the working database
     bool View(const QString& file); // whether it is in view now

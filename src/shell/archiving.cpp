@@ -1,7 +1,6 @@
 #include "shell/archiving.h"
 
 #include "conversion/refusal.h"
-#include "foundation/database_words.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
@@ -78,7 +77,7 @@ void Form60::Lay_Out() {
     progress->setObjectName(u"pbrProgressBar"_s);
     progress->setAccessibleName(u"Progress of the archiving"_s);
     progress->setFormat(u"Please wait...saving archive"_s);
-    progress->setGeometry(Left + Column_Width + 16, 283, 280, 28);
+    progress->setGeometry(Left + Column_Width + 16, 332, Column_Width, 20);
     progress->hide(); // nothing drives it: a copy is over before it could move
     conversion_bar = new QProgressBar(Frame1);
     conversion_bar->setObjectName(u"pbrConversion"_s);
@@ -88,6 +87,10 @@ void Form60::Lay_Out() {
     conversion_bar->hide();
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 277, 140, 40},
                               [this] { HotLabel1_Click(); });
+    // The last, so that the others keep their letters.
+    GoBack = Make_HotLabel(
+        u"GoBack"_s, u"Go back to…"_s, {Left + Column_Width + 16, 268, 288, 58}, [this] { GoBack_Click(); },
+        HotLabel::Look::Entry);
 }
 
 void Form60::Tell_Helps() {
@@ -103,6 +106,8 @@ void Form60::Tell_Helps() {
          u"Import an archived database (this will erase your current database so take care with this option)."_s},
         {HotLabel5,
          u"Start afresh and clear all pupils and their data from the database (this will erase your current database so take care with this option)."_s},
+        {GoBack,
+         u"See the copies that were kept of the database before it could be changed. You can look inside them, go back to one of them, or remove them."_s},
         {HotLabel6,
          u"You can easily restore the current (working database) and this will remove the archive from the Viewer."_s},
     };
@@ -143,13 +148,6 @@ void Form60::HotLabel1_Click() {
 
 desktop::File_Question Form60::File_Dialog(const QString& title, const QString& file_name) const {
     return {title, u"MS Access 2000 (*.mdb)"_s, installation.Archive_Folder, file_name, u"mdb"_s};
-}
-
-// What is damaged is handed on all the same: its opening says what fails.
-static desktop::File_Words Tell_Of_File(const QString& file) {
-    constexpr int longest_wait = 1; // seconds: the user looks through a folder
-    const foundation::School_Look look = foundation::Look_At_School(basics::Native_Path(file), longest_wait);
-    return {foundation::In_Words_Of_A_Choice(look), look.kind != foundation::School_Look::Kind::Foreign};
 }
 
 QString Form60::Chosen_Archive(const QString& title) {
@@ -201,6 +199,10 @@ QString Form60::Create_Unique_Filename() const {
     const int hour = (now.time().hour() + 11) % 12 + 1;
     return u"Mevo05_"_s + now.toString(u"ddMMyy"_s) + u'_' + u"%1"_s.arg(hour, 2, 10, QChar(u'0')) +
            now.toString(u"mm"_s) + u".mdb"_s;
+}
+
+void Form60::GoBack_Click() {
+    navigator.Go_To(Page_Id::Go_Back);
 }
 
 void Form60::HotLabel2_Click() {
@@ -256,8 +258,7 @@ void Form60::Save_As(const QString& file) {
 }
 
 void Form60::HotLabel4_Click() {
-    if (!acts.Confirmed(u"Load an archived database - CAUTION!"_s, Archive_Acts::Wrong_Password::Is_Silent))
-        return;
+    if (!acts.Confirmed(u"Load an archived database - CAUTION!"_s, Wrong_Password::Is_Silent)) return;
     Load_Archived_Database();
     Refresh_Archive_Page();
     Set_Archive_Buttons();
@@ -269,8 +270,7 @@ void Form60::Load_Archived_Database() {
 }
 
 void Form60::HotLabel5_Click() {
-    if (acts.Confirmed(u"Clear current database and start afresh - CAUTION!"_s,
-                       Archive_Acts::Wrong_Password::Is_Told))
+    if (acts.Confirmed(u"Clear current database and start afresh - CAUTION!"_s, Wrong_Password::Is_Told))
         Clear_Working_Database();
 }
 

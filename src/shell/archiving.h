@@ -33,6 +33,7 @@ public:
     void HotLabel4_Click(); // loads
     void HotLabel5_Click(); // starts afresh
     void HotLabel6_Click(); // ends the viewing
+    void GoBack_Click();    // to the copies that were kept
 
 private:
     void Lay_Out();
@@ -56,7 +57,7 @@ private:
     QTimer* Timer1;
     QProgressBar* conversion_bar;
     QLabel *Label1, *Label13;
-    HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6;
+    HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *GoBack;
 };
 
 } // namespace shell

@@ -27,6 +27,8 @@ enum class Page_Id {
     Testing_Progress,
     Settings,
     Archiving,
+    Go_Back,
+    Remove_Pupil,
 };
 
 // How a page says what follows. It is destroyed after its handler has returned.
@@ -62,8 +64,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override; // gives the entries their letters
 
-    // Runs `work` once, after the page has had time to paint and when it is idle.
-    void Once_Painted(const QString& timer_name, std::function<void()> work);
+    // Runs `work` once, after the page has had time to paint and when it is idle; and again each time that
+    // the timer is started.
+    QTimer* Once_Painted(const QString& timer_name, std::function<void()> work);
 
     HotLabel* Make_HotLabel(const QString& name, const QString& caption, const QRect& place,
                             std::function<void()> click, HotLabel::Look look = HotLabel::Look::Command,

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/database/files/file_engine.h"
 #include "platform/database/files/file_look.h"
 
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 namespace database {
 
@@ -37,6 +39,12 @@ public:
     // source if it is one of them.
     virtual void Replace(const Replacement& order) = 0;
 };
+
+// Changes a database so that nothing of what the work removes is left in the file's bytes: it is done on a
+// copy, which is compacted and put in the file's place in one transaction. All other rows keep their numbers.
+// Throws as the copies do, and then the file is as it was; File_In_Use, which is worth a second try, also
+// where others wrote to the file meanwhile.
+void Rewrite(const QString& database, const std::function<void(File_Engine&)>& work, int timeout_seconds);
 
 class Safe_Copies final : public File_Copies {
 public:
