@@ -45,6 +45,8 @@ public:
         static const QRegularExpression folder(QRegularExpression::escape(QDir::tempPath()) + u"/[^/]+"_s);
         if (auto* foot = school.Page().findChild<QLabel*>(u"Foot"_s))
             foot->setText(foot->accessibleName().replace(folder, u"/srv/mevo"_s));
+        if (auto* place = school.Page().findChild<QLabel*>(u"Place"_s))
+            place->setText(place->text().replace(folder, u"/srv/mevo"_s));
     }
     void Click_All(const QStringList& names) {
         for (const QString& name : names)
@@ -150,6 +152,19 @@ void Import(Tour& tour) {
     tour.Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
+// The pages before have left copies, which still hold whoever is deleted now.
+void Kept_Copies(Tour& tour) {
+    tour.Go(u"HotLabel8"_s, u"Form60"_s);
+    tour.Go(u"GoBack"_s, u"Form61"_s);
+    tour.Show(u"go_back"_s);
+    tour.school.sample.Run(u"DELETE FROM Mevo_Pupils WHERE rowid = 3"_s);
+    tour.Go(u"HotLabel5"_s, u"Form62"_s);
+    tour.Show(u"remove_pupil"_s);
+    tour.Go(u"HotLabel1"_s, u"Form61"_s);
+    tour.Go(u"HotLabel1"_s, u"Form60"_s);
+    tour.Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
 void Archive_In_View(Tour& tour) {
     const Sample_File archive(3);
     tour.Pay({u"HotLabel8"_s, u"Form60"_s, u"archiving"_s, {}});
@@ -174,6 +189,7 @@ void Go_Through_All_Pages(const Look_At& look, shell::Scheme scheme) {
     Reports(tour);
     Import(tour);
     Other_Pages(tour);
+    Kept_Copies(tour);
     Archive_In_View(tour);
 }
 

@@ -9,10 +9,12 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QDir>
+#include <QDirIterator>
 #include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -259,6 +261,44 @@ public:
         Expect_Changed(u"Mevo_\\w+ NEWISL\\w+: gone"_s);
     }
 
+    // Whoever was deleted, out of the archive that was saved earlier as well.
+    void Remove_A_Pupil_Everywhere() {
+        Go(u"GoBack"_s, u"Form61"_s);
+        Go(u"HotLabel5"_s, u"Form62"_s);
+        outside.file_dialogs.answers = {sample.Folder() + u"/kept.mdb"_s};
+        Tab_And_Press(u"HotLabel2"_s);
+        Tab_To(u"Pupils"_s);
+        Type(u"Newton"_s);
+        outside.boxes.Will_Answer(Answer::Yes);
+        outside.boxes.Will_Answer(Answer::Ok);
+        outside.input_box.answers = {program.Installed().Admin_Password.Text_Or_Empty()};
+        EXPECT_EQ(Files_With("Newton").size(), 5) << "four copies of the database and the archive";
+        By_Letter(u"HotLabel3"_s);
+        EXPECT_EQ(Files_With("Newton"), QStringList());
+        EXPECT_EQ(Files_With("NEWISL"), QStringList());
+        EXPECT_EQ(Read_Tables(sample), seen);
+        Go(u"HotLabel1"_s, u"Form61"_s);
+        Remove_A_Copy();
+        Go(u"HotLabel1"_s, u"Form60"_s);
+    }
+
+    void Remove_A_Copy() {
+        auto& copies = Control<QTreeWidget>(Page(), u"Copies"_s);
+        const int before = copies.topLevelItemCount();
+        Tab_To(u"Copies"_s);
+        Press(Qt::Key_Down);
+        outside.boxes.Will_Answer(Answer::Yes);
+        By_Letter(u"HotLabel4"_s);
+        EXPECT_EQ(copies.topLevelItemCount(), before - 1);
+    }
+
+    QStringList Files_With(const QByteArray& text) const {
+        QStringList found;
+        for (QDirIterator files(sample.Folder(), QDir::Files, QDirIterator::Subdirectories); files.hasNext();)
+            if (Bytes_Of(files.next()).contains(text)) found.append(files.fileName());
+        return found;
+    }
+
     // The end of the process is thrown here, which mustn't pass through the toolkit's handling of keys: it
     // wouldn't tidy up.
     void Expect_Quit_At(Qt::Key key) {
@@ -291,6 +331,7 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
         {u"HotLabel8"_s, u"Form60"_s, &Without_A_Mouse::Save_And_View_An_Archive},
         {u"HotLabel7"_s, u"Form14"_s, &Without_A_Mouse::Look_At_The_Progress},
         {u"HotLabel3"_s, u"Form9"_s, &Without_A_Mouse::Delete_A_Pupil},
+        {u"HotLabel8"_s, u"Form60"_s, &Without_A_Mouse::Remove_A_Pupil_Everywhere},
     };
     for (const auto& [entry, form, work] : works) {
         Go(entry, form);
@@ -308,4 +349,35 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
     Expect_Quit_At(Qt::Key_Return);
     ASSERT_EQ(outside.processes.started.size(), 1);
     EXPECT_TRUE(outside.processes.started.first().endsWith(u"\\MevoV51Shell.exe 417"_s));
+}
+
+// Three keys empty the school, as they always did; the copy from before them brings every row back.
+TEST_F(Without_A_Mouse, AnEmptiedSchoolIsWonBack) {
+    Open_Program();
+    const Table_Rows before = Read_Tables(sample);
+    Go(u"HotLabel3"_s, u"Form9"_s);
+    outside.boxes.Will_Answer(Answer::Yes);
+    Press(Qt::Key_S, 1, Qt::AltModifier);
+    Press(Qt::Key_D, 1, Qt::AltModifier);
+    EXPECT_TRUE(Wait_Until([&] { return sample.Value(u"SELECT count(*) FROM Mevo_Pupils"_s) == u"0"_s; }));
+    Go(u"HotLabel1"_s, u"Form77"_s);
+    Go(u"HotLabel8"_s, u"Form60"_s);
+    Go(u"GoBack"_s, u"Form61"_s);
+    outside.clock.now = outside.clock.now.addSecs(60);
+    auto& copies = Control<QTreeWidget>(Page(), u"Copies"_s);
+    ASSERT_EQ(copies.topLevelItemCount(), 1);
+    EXPECT_EQ(copies.topLevelItem(0)->text(1), u"Before the Delete page"_s);
+    EXPECT_EQ(copies.topLevelItem(0)->text(2), u"12"_s);
+    outside.boxes.Will_Answer(Answer::Ok); // with nobody to lose there is neither caution nor password
+    By_Letter(u"HotLabel3"_s);
+    Follow_To(u"Form60"_s);
+    EXPECT_EQ(Changes(before, Read_Tables(sample)), QStringList());
+    EXPECT_EQ(Caption(Page(), u"Label13"_s), u"12"_s);
+    Go(u"GoBack"_s, u"Form61"_s);
+    EXPECT_EQ(Control<QTreeWidget>(Page(), u"Copies"_s).topLevelItem(0)->text(1),
+              u"Before an archive was loaded"_s);
+    outside.boxes.Will_Answer(Answer::Ok);
+    By_Letter(u"HotLabel2"_s);
+    Follow_To(u"Form60"_s);
+    EXPECT_TRUE(program.Installed().Viewing_Mode);
 }

@@ -149,6 +149,7 @@ public:
         Wait_For(u"Form77"_s);
         for (const Visit& visit : Pages_From_The_Menu)
             Visit_From_The_Menu(visit);
+        Through_The_Kept_Copies();
     }
 
 private:
@@ -164,6 +165,17 @@ private:
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
         Click(u"HotLabel1"_s);
         Wait_For(u"Form77"_s);
+    }
+
+    void Through_The_Kept_Copies() {
+        const Way ways[] = {{u"HotLabel8"_s, u"Form60"_s}, {u"GoBack"_s, u"Form61"_s},
+                            {u"HotLabel5"_s, u"Form62"_s}, {u"HotLabel1"_s, u"Form61"_s},
+                            {u"HotLabel1"_s, u"Form60"_s}, {u"HotLabel1"_s, u"Form77"_s}};
+        for (const auto& [entry, form] : ways) {
+            Click(entry);
+            Wait_For(form);
+            if (form == "Form61"_L1 || form == "Form62"_L1) pictures.Take(window, form);
+        }
     }
 
     // The class list lies in a folder of this machine that has another name each time.

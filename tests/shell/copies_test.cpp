@@ -1,0 +1,163 @@
+#include "keeping/earlier_takings.h"
+#include "platform/database/files/page_copies.h"
+#include "platform/database/files/safe_copy.h"
+#include "shell/copy_before.h"
+#include "shell/go_back.h"
+#include "support/database_beside.h"
+#include "support/error_number.h"
+#include "support/files.h"
+#include "support/other_workstation.h"
+#include "support/page_fixture.h"
+#include "support/table_changes.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QSet>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace test_support;
+using shell::Page_Id;
+
+namespace {
+
+class Copies : public Page_Fixture {
+protected:
+    QString Folder() const { return database::Copies_Folder(sample.Path()); }
+    QStringList Names() const { return QDir(Folder()).entryList(QDir::Files, QDir::Name); }
+    void Open_Page(Page_Id page, int minutes_later = 1) {
+        outside.clock.now = outside.clock.now.addSecs(60 * minutes_later);
+        shell::Copy_Before(page, installation, outside.platform);
+    }
+    void Change() const { sample.Run(u"UPDATE Mevo_Pupils SET Forename = Forename || 'x'"_s); }
+};
+
+QList<database::Kept_File> Kept_At(const QStringList& moments) {
+    QList<database::Kept_File> kept;
+    for (const QString& moment : moments)
+        kept.append({moment, u"delete"_s, QDateTime::fromString(moment, u"yyyy-MM-dd HH:mm"_s)});
+    return kept;
+}
+
+} // namespace
+
+TEST_F(Copies, OnePageOneCopyWhereTheFileHasChanged) {
+    outside.clock.now = QDateTime(QDate(2026, 11, 22), QTime(8, 59, 30));
+    const struct {
+        Page_Id page;
+        bool changed;
+        QStringList names;
+    } cases[] = {
+        {Page_Id::Main_Menu, true, {}},
+        {Page_Id::Archiving, true, {}},
+        {Page_Id::Delete, true, {u"Mevo05_before_delete_2026-11-22_09-02-30.mdb"_s}},
+        {Page_Id::Import, false, {u"Mevo05_before_delete_2026-11-22_09-02-30.mdb"_s}},
+        {Page_Id::Fine_Tuning,
+         true,
+         {u"Mevo05_before_delete_2026-11-22_09-02-30.mdb"_s,
+          u"Mevo05_before_fine_tuning_2026-11-22_09-04-30.mdb"_s}},
+    };
+    for (const auto& row : cases) {
+        if (row.changed) Change();
+        Open_Page(row.page);
+        EXPECT_EQ(Names(), row.names);
+    }
+    EXPECT_EQ(Bytes_Of(Folder() + u'/' + Names().last()), Bytes_Of(sample.Path()));
+    EXPECT_EQ(outside.boxes.shown.size(), 0);
+}
+
+TEST_F(Copies, TheCompanionGoesAlongAndAway) {
+    keeping::Keep_Takings(sample.Path(), sample.Value(u"SELECT StudentCode FROM Mevo_Tolvens_data"_s), {1},
+                          outside.clock.now);
+    Open_Page(Page_Id::Security);
+    ASSERT_EQ(Names().size(), 2);
+    EXPECT_TRUE(Names().first().endsWith(u".kept.sqlite"_s));
+    for (int hour = 0; hour < 25; ++hour) {
+        Change();
+        Open_Page(Page_Id::Security, 60);
+    }
+    EXPECT_EQ(Names().size(), 2 * database::Most_Page_Copies);
+}
+
+TEST_F(Copies, WhatCantBeCopiedIsWorkedOnWithoutAWord) {
+    Other_Workstation other(sample.Path());
+    other.Hold_Exclusively();
+    QElapsedTimer waited;
+    waited.start();
+    Open_Page(Page_Id::Delete);
+    EXPECT_LT(waited.elapsed(), 5000);
+    other.Leave_Abruptly();
+    EXPECT_EQ(Names(), QStringList());
+    Write_Bytes(Folder(), "a file where the folder should be");
+    Open_Page(Page_Id::Delete);
+    QFile::remove(Folder());
+    QByteArray torn = Bytes_Of(sample.Path());
+    torn.replace(torn.size() / 2, 4096, QByteArray(4096, 'x'));
+    Write_Bytes(sample.Path(), torn);
+    Open_Page(Page_Id::Delete);
+    EXPECT_EQ(Names(), QStringList());
+    EXPECT_EQ(outside.boxes.shown.size(), 0);
+}
+
+TEST(Page_Copies, OfAPastHourTheLastStaysAndTwentyInAll) {
+    QStringList of_many_hours;
+    for (int hour = 23; hour >= 0; --hour)
+        of_many_hours.append(u"2026-11-21 %1:15"_s.arg(hour, 2, 10, QChar(u'0')));
+    const struct {
+        const char* name;
+        QStringList kept; // the latest first
+        QString made;
+        QStringList superfluous;
+    } cases[] = {
+        {"this hour",
+         {u"2026-11-22 09:30"_s, u"2026-11-22 09:20"_s, u"2026-11-22 09:10"_s},
+         u"2026-11-22 09:30"_s,
+         {}},
+        {"an hour that is over",
+         {u"2026-11-22 10:05"_s, u"2026-11-22 09:59"_s, u"2026-11-22 09:00"_s, u"2026-11-22 08:59"_s},
+         u"2026-11-22 10:05"_s,
+         {u"2026-11-22 09:00"_s}},
+        {"the same hour of another day",
+         {u"2026-11-22 09:30"_s, u"2026-11-21 09:40"_s, u"2026-11-21 09:20"_s},
+         u"2026-11-22 09:30"_s,
+         {u"2026-11-21 09:20"_s}},
+        {"too many", QStringList{u"2026-11-22 09:30"_s} + of_many_hours, u"2026-11-22 09:30"_s,
+         of_many_hours.last(5)},
+        {"the clock fell back", of_many_hours + QStringList{u"2020-01-01 00:00"_s}, u"2020-01-01 00:00"_s,
+         of_many_hours.last(5)},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        QStringList superfluous;
+        for (const auto& copy : database::Superfluous(Kept_At(row.kept), Kept_At({row.made}).first()))
+            superfluous.append(copy.path);
+        EXPECT_EQ(superfluous, row.superfluous);
+    }
+}
+
+// ---- removing for good
+
+TEST_F(Copies, ARewriteLeavesNoByteOfARowAndEveryOtherRowItsNumber) {
+    sample.Run(u"DELETE FROM Mevo_Groups WHERE rowid = 1"_s); // the others keep their numbers beyond it
+    sample.Run(u"UPDATE Mevo_Pupils SET Surname = 'Zzyzxian' WHERE rowid = 3"_s);
+    sample.Run(u"PRAGMA secure_delete = OFF; DELETE FROM Mevo_Pupils WHERE rowid = 3"_s);
+    ASSERT_TRUE(Bytes_Of(sample.Path()).contains("Zzyzxian")) << "other programs leave it there";
+    const Table_Rows before = Read_Tables(sample);
+    const QStringList numbers = sample.Column(u"SELECT rowid || Group_Name FROM Mevo_Groups"_s);
+    const auto nothing = [](database::File_Engine&) {};
+    const auto meanwhile = [this](database::File_Engine&) { Change(); };
+    EXPECT_THROW(database::Rewrite(sample.Path(), meanwhile, 0), database::File_In_Use);
+    {
+        Other_Workstation other(sample.Path());
+        other.Hold_Exclusively();
+        EXPECT_THROW(database::Rewrite(sample.Path(), nothing, 0), database::File_In_Use);
+    }
+    sample.Run(u"UPDATE Mevo_Pupils SET Forename = rtrim(Forename, 'x')"_s);
+    EXPECT_TRUE(Bytes_Of(sample.Path()).contains("Zzyzxian"));
+    database::Rewrite(sample.Path(), nothing, 0);
+    EXPECT_FALSE(Bytes_Of(sample.Path()).contains("Zzyzxian"));
+    EXPECT_EQ(Changes(before, Read_Tables(sample)), QStringList());
+    EXPECT_EQ(sample.Column(u"SELECT rowid || Group_Name FROM Mevo_Groups"_s), numbers);
+    EXPECT_EQ(sample.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+    EXPECT_EQ(QDir(sample.Folder()).entryList(QDir::Files), QStringList{u"Mevo05Data.mdb"_s});
+}
