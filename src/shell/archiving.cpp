@@ -4,6 +4,8 @@
 #include "foundation/database_version.h"
 #include "foundation/database_words.h"
 #include "foundation/schema.h"
+#include "keeping/change_list.h"
+#include "keeping/earlier_takings.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
@@ -251,7 +253,9 @@ void Form60::Save_As(const QString& file) {
         const desktop::Wait_Pointer busy(platform.pointer);
         holder.Let_Go();
         copies.Copy(installation.Database_Path, file);
+        keeping::Quietly([&] { keeping::Copy_Companion(installation.Database_Path, file); });
     }
+    Note(keeping::Act::Archived, file);
     Remember_Archive(installation, platform);
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"Your database has been archived as "_s + file);
@@ -282,13 +286,25 @@ bool Form60::Password_Accepted(Wrong_Password wrong) {
 void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
     const desktop::Wait_Pointer busy(platform.pointer);
     holder.Let_Go();
+    QString kept_as;
     copies.Replace({source,
                     installation.Database_Path,
                     foundation::Needed_Tables(),
                     reason,
                     platform.clock.Now(),
                     installation.Archive_Folder,
-                    {installation.Current_Database_Path}});
+                    {installation.Current_Database_Path},
+                    &kept_as});
+    // Today's stays where it is unless it stands beside the kept copy: it is the only one.
+    keeping::Quietly([&] {
+        if (kept_as.isEmpty()) return;
+        keeping::Set_Companion_Aside(installation.Database_Path, kept_as);
+        keeping::Copy_Companion(source, installation.Database_Path);
+    });
+}
+
+void Form60::Note(keeping::Act act, const QString& file) {
+    keeping::Note(installation, platform.clock, act, {QFileInfo(basics::Native_Path(file)).fileName()});
 }
 
 // Names that differ only in case are another product's. A file that may not be written needn't be, if it has
@@ -344,6 +360,7 @@ void Form60::Load_Archived_Database() {
     if (file.isEmpty()) return;
     Require_That_It_Takes_The_Password(file);
     Replace_Working_Database(file, u"load"_s);
+    Note(keeping::Act::Loaded, file);
     // Behind the copy on purpose: the working database keeps the password that the archive had.
     Hand_On_The_Password(file);
     if (!Working_Database_Is_Of_Version_51()) return;
@@ -361,6 +378,7 @@ void Form60::Clear_Working_Database() {
     // Before the copy here, so that the password in force reaches the new working database.
     Hand_On_The_Password(installation.Empty_Database_Path);
     Replace_Working_Database(installation.Empty_Database_Path, u"clean_start"_s);
+    Note(keeping::Act::Cleared, installation.Database_Path);
     if (!Working_Database_Is_Of_Version_51()) return;
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"The database has now been cleared of all pupils and their data."_s);

@@ -3,6 +3,7 @@
 #include "conversion/older_files.h"
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
+#include "keeping/change_list.h"
 #include "platform/database/files/safe_copy.h"
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page.h"
@@ -52,6 +53,7 @@ private:
     bool Confirmed(const QString& title, Wrong_Password wrong);
     bool Password_Accepted(Wrong_Password wrong);
     void Replace_Working_Database(const QString& source, const QString& reason);
+    void Note(keeping::Act act, const QString& file);
     void Hand_On_The_Password(const QString& file);
     void Require_That_It_Takes_The_Password(const QString& archive);
     bool Lacks_The_Password(database::Recordset& row) const;
