@@ -1,5 +1,7 @@
 #include "keeping/change_list.h"
 
+#include "platform/basics/native_path.h"
+
 #include <QFileInfo>
 #include <QSysInfo>
 
@@ -37,6 +39,16 @@ int Removed(const QString& working_database, const QString& sql, const QStringLi
     });
     if (removed > 0) file.Compact();
     return removed;
+}
+
+// The list is the working database's. What was done with pupils while the program looked at another file says
+// so; copying and replacing are about the working one whatever is in view.
+QString In_Another_Database(Act act, const foundation::Installation& installation) {
+    const QString& string = installation.Connection_String;
+    const bool of_whole_files = act >= Act::Archived && act <= Act::Gone_Back;
+    if (of_whole_files || string == foundation::Connection_String_For(installation.Database_Path)) return {};
+    const QString file = basics::Native_Path(foundation::Database_Named_In(string));
+    return u" (in %1)"_s.arg(QFileInfo(file).fileName());
 }
 
 } // namespace
@@ -79,7 +91,10 @@ void Add_Changes(const QString& working_database, Act act, const QStringList& su
 
 void Note(const foundation::Installation& installation, const desktop::Clock& clock, Act act,
           const QStringList& subjects, const QString& detail) {
-    Quietly([&] { Add_Changes(installation.Database_Path, act, subjects, detail, clock.Now()); });
+    Quietly([&] {
+        Add_Changes(installation.Database_Path, act, subjects,
+                    detail + In_Another_Database(act, installation), clock.Now());
+    });
 }
 
 QList<Change> Changes_In(const QString& working_database) {

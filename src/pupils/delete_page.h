@@ -50,6 +50,8 @@ private:
     bool Confirmed(const QString& title, int individuals);
     int Removed_In_Group(const QString& name);
     void Disband_If_Wished(const QString& name);
+    QStringList Codes_In_Database() const;
+    void Forget_Deleted(const QStringList& before);
 
     foundation::Installation& installation;
     scoring::Pupil_Lists& pupils;

@@ -39,6 +39,7 @@ private:
     void Preview(const QString& file_name);
     void Show_Record(const QStringList& fields, int row);
     void Offer_Import(bool offered);
+    void Note_Import(const QString& file_name, int stored);
 
     const foundation::Installation& installation;
     Pupil_Maker maker;

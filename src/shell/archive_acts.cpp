@@ -3,8 +3,11 @@
 #include "foundation/database_version.h"
 #include "foundation/database_words.h"
 #include "foundation/schema.h"
+#include "keeping/earlier_takings.h"
 #include "platform/basics/native_path.h"
 #include "platform/desktop/wait_pointer.h"
+
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -49,13 +52,25 @@ bool Password_Accepted(desktop::Platform& platform, const foundation::Installati
 void Archive_Acts::Replace_Working_Database(const QString& source, const QString& reason) {
     const desktop::Wait_Pointer busy(platform.pointer);
     holder.Let_Go();
+    QString kept_as;
     copies.Replace({source,
                     installation.Database_Path,
                     foundation::Needed_Tables(),
                     reason,
                     platform.clock.Now(),
                     installation.Archive_Folder,
-                    {installation.Current_Database_Path}});
+                    {installation.Current_Database_Path},
+                    &kept_as});
+    // Today's stays where it is unless it stands beside the kept copy: it is the only one.
+    keeping::Quietly([&] {
+        if (kept_as.isEmpty()) return;
+        keeping::Set_Companion_Aside(installation.Database_Path, kept_as);
+        keeping::Copy_Companion(source, installation.Database_Path);
+    });
+}
+
+void Archive_Acts::Note(keeping::Act act, const QString& file) {
+    keeping::Note(installation, platform.clock, act, {QFileInfo(basics::Native_Path(file)).fileName()});
 }
 
 // Names that differ only in case are another product's. A file that may not be written needn't be, if it has
@@ -99,9 +114,10 @@ bool Archive_Acts::Working_Database_Is_Of_Version_51() {
            foundation::Convert_Database_To_51(working, platform);
 }
 
-void Archive_Acts::Load(const QString& file) {
+void Archive_Acts::Load(const QString& file, keeping::Act as) {
     Require_That_It_Takes_The_Password(file);
     Replace_Working_Database(file, u"load"_s);
+    Note(as, file);
     // Behind the copy on purpose: the working database keeps the password that the archive had.
     Hand_On_The_Password(file);
     if (!Working_Database_Is_Of_Version_51()) return;

@@ -2,6 +2,7 @@
 
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
+#include "keeping/change_list.h"
 #include "platform/database/files/safe_copy.h"
 #include "shell/conventions/menu_counts.h"
 
@@ -27,13 +28,15 @@ public:
     // Whether the working database may be lost: asked, with the password, while it holds anybody.
     bool Confirmed(const QString& title, Wrong_Password wrong);
 
-    void Load(const QString& file); // over the working database
+    // Over the working database. What it is called in the list of changes.
+    void Load(const QString& file, keeping::Act as = keeping::Act::Loaded);
     bool View(const QString& file); // whether it is in view now
 
     // The steps of a replacement.
     void Hand_On_The_Password(const QString& file);
     void Replace_Working_Database(const QString& source, const QString& reason);
     bool Working_Database_Is_Of_Version_51();
+    void Note(keeping::Act act, const QString& file); // that it was done, for the list of changes
 
 private:
     void Require_That_It_Takes_The_Password(const QString& archive);

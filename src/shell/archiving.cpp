@@ -1,6 +1,7 @@
 #include "shell/archiving.h"
 
 #include "conversion/refusal.h"
+#include "keeping/earlier_takings.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
@@ -251,7 +252,9 @@ void Form60::Save_As(const QString& file) {
         const desktop::Wait_Pointer busy(platform.pointer);
         holder.Let_Go();
         copies.Copy(installation.Database_Path, file);
+        keeping::Quietly([&] { keeping::Copy_Companion(installation.Database_Path, file); });
     }
+    acts.Note(keeping::Act::Archived, file);
     Remember_Archive(installation, platform);
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"Your database has been archived as "_s + file);
@@ -278,6 +281,7 @@ void Form60::Clear_Working_Database() {
     // Before the copy here, so that the password in force reaches the new working database.
     acts.Hand_On_The_Password(installation.Empty_Database_Path);
     acts.Replace_Working_Database(installation.Empty_Database_Path, u"clean_start"_s);
+    acts.Note(keeping::Act::Cleared, installation.Database_Path);
     if (!acts.Working_Database_Is_Of_Version_51()) return;
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"The database has now been cleared of all pupils and their data."_s);

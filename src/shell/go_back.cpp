@@ -1,7 +1,6 @@
 #include "shell/go_back.h"
 
 #include "foundation/school_look.h"
-#include "keeping/change_list.h"
 #include "platform/basics/run_time_error.h"
 
 #include <QDir>
@@ -159,8 +158,7 @@ void Form61::HotLabel2_Click() {
 void Form61::HotLabel3_Click() {
     const QString file = kept[Chosen()].path;
     if (!acts.Confirmed(u"Load an archived database - CAUTION!"_s, Wrong_Password::Is_Silent)) return;
-    acts.Load(file);
-    keeping::Note(installation, platform.clock, keeping::Act::Gone_Back, {QFileInfo(file).fileName()});
+    acts.Load(file, keeping::Act::Gone_Back);
     HotLabel1_Click(); // which counts the pupils anew
 }
 
