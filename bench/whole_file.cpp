@@ -89,7 +89,7 @@ void Copy_Before_A_Page(benchmark::State& state, Full_School& school) {
     const double mean_ms = Measure_Beside(
         state, [&] { shell::Copy_Before(shell::Page_Id::Delete, school.installation, school.platform); },
         [&] { Copy_Plainly(file, folder.filePath(u"plain.mdb"_s)); }, Wall_Ms,
-        [&] { writer.Run(u"UPDATE Mevo_Pupils SET Surname = Surname"_s); });
+        [&] { writer.Run(u"UPDATE Customer_Details SET CustomerName = hex(randomblob(8))"_s); });
     const auto kept = database::Kept_Files_In(database::Copies_Folder(file));
     if (kept.isEmpty() || QFileInfo(kept.first().path).size() != QFileInfo(file).size())
         throw std::runtime_error("no whole copy was kept");

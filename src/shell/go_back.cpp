@@ -20,6 +20,8 @@ constexpr int List_Width = 684;
 constexpr int Right = Left + List_Width + 20;
 constexpr int Right_Width = 1060 - Right - Left;
 
+constexpr int Unreadable = Qt::UserRole; // of a row, beside its moment
+
 enum Column { Moment, Why, Pupils, With_Results, Size };
 
 QStringList Row_Of(const database::Kept_File& kept) {
@@ -126,7 +128,9 @@ void Form61::Timer1_Timer() {
         row->setText(Pupils, QString::number(found.pupils));
         row->setText(With_Results, QString::number(found.with_results));
     } catch (const basics::Run_Time_Error&) {
-        row->setText(Pupils, u"can't be read"_s);
+        row->setText(With_Results, u"can't be read"_s);
+        row->setData(Moment, Unreadable, true);
+        Tell_Of_Choice();
     }
     ++counted;
     if (counted < kept.size()) counting->start(0);
@@ -139,8 +143,10 @@ int Form61::Chosen() const {
 
 void Form61::Tell_Of_Choice() {
     const int chosen = Chosen();
-    for (HotLabel* about_one : {HotLabel2, HotLabel3, HotLabel4})
-        about_one->setEnabled(chosen >= 0);
+    const bool readable = chosen >= 0 && !Copies->topLevelItem(chosen)->data(Moment, Unreadable).toBool();
+    HotLabel2->setEnabled(readable);
+    HotLabel3->setEnabled(readable);
+    HotLabel4->setEnabled(chosen >= 0);
     Place->setText(kept.isEmpty() ? u"No copy has been kept yet."_s
                    : chosen < 0   ? QString()
                                   : u"It lies in "_s + QDir::toNativeSeparators(kept[chosen].path));
