@@ -103,7 +103,7 @@ void Changes_Page::Lay_Out() {
     Spread1->verticalHeader()->setDefaultSectionSize(26);
     Spread1->setWordWrap(false);
     int column = 0;
-    for (const int width : {132, 116, 118, 158, 158})
+    for (const int width : {128, 110, 118, 150, 176})
         Spread1->Set_ColWidth(++column, width);
     Notice = Make_Label(u"Notice"_s, u""_s, Text_Role::Quiet, {Left, 446, List_Width, 42});
     Notice->setWordWrap(true);

@@ -113,6 +113,7 @@ void Earlier_Page::Load() {
     } catch (const basics::Run_Time_Error&) {
         Show(results.Present_Takings(p, pupils, state.summary));
     }
+    Notice->setVisible(!Notice->text().isEmpty());
 }
 
 void Earlier_Page::HotLabel1_Click() {
