@@ -2,11 +2,13 @@
 
 #include "printing/batch_report.h"
 #include "printing/individual_report.h"
+#include "pupils/changes_page.h"
 #include "pupils/delete_page.h"
 #include "pupils/fine_tuning_page.h"
 #include "pupils/import_page.h"
 #include "pupils/register_page.h"
 #include "pupils/security_page.h"
+#include "reports/earlier_page.h"
 #include "reports/reports_page.h"
 #include "shell/archiving.h"
 #include "shell/copy_before.h"
@@ -81,6 +83,11 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
         return std::make_unique<shell::Form61>(platform, navigator, installation, counts, copies);
     case Page_Id::Remove_Pupil:
         return std::make_unique<shell::Form62>(platform, navigator, installation);
+    case Page_Id::Earlier_Results:
+        return std::make_unique<reports::Earlier_Page>(
+            platform, navigator, reports::Report_Data{installation, scores, scoring, report_state});
+    case Page_Id::Changes:
+        return std::make_unique<pupils::Changes_Page>(platform, navigator, records);
     }
     return nullptr;
 }

@@ -7,6 +7,7 @@
 #include "platform/desktop/wait_pointer.h"
 
 #include <QSet>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +76,16 @@ void Form9::Load() {
     Timer1->start(Deferred_Ms);
     Fill_Group_Combos();
     Load_Delete_List(0);
+    Select_Handed_Over();
+}
+
+// Nothing is deleted by that: it is for the user to look at and to confirm.
+void Form9::Select_Handed_Over() {
+    const QStringList codes = std::exchange(records.To_Be_Deleted, {});
+    if (codes.isEmpty()) return;
+    for (int i = 1; i <= ListView1->Count(); ++i)
+        if (codes.contains(pupils.Student_Code[i])) ListView1->Select(i);
+    ListView1_Click();
 }
 
 // Selecting the first item raises its click, which fills the list.

@@ -71,7 +71,9 @@ private:
     void Lay_Out_Key(const QPoint& corner);
     void Lay_Out_Left_Panel();
     void Lay_Out_Commands();
+    void Lay_Out_Earlier();
     void Tell_Helps();
+    void EarlierResults_Click();
     void Draw_Scale(const QString& mode);
     void Change_Background(const QString& ground);
     void Copy_Scale_Picture();
@@ -96,6 +98,7 @@ private:
 
     bool lists_loaded = false; // until then they are those of an earlier visit
 
+    shell::HotLabel* EarlierResults;
     Profile_Chart* Picture2;
     Table_Panel* tables;
     shell::Click_Combo* Combo1;

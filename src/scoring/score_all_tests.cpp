@@ -46,6 +46,12 @@ void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scorin
     if (show_progress) show_progress(Strip_At_Rest);
 }
 
+void Score_One_Test(int t, int p, database::Recordset& row, Scoring& scoring) {
+    if (t == test_index::Pindo) return Score_Pindo(p, scoring, &row);
+    scoring.scores.Current_Test = t;
+    Passes[t - 1].Score(p, &row, scoring);
+}
+
 void Score_Chosen_Pupil(int p, Passes_Wanted wanted, const Progress_Strip& show_progress, Scoring& scoring,
                         Summary_Cells& cells) {
     Clear_Scores(scoring.scores);

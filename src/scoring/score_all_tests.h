@@ -17,6 +17,9 @@ void Score_All_Tests(int p, const Progress_Strip& show_progress, Scoring& scorin
 // The time pass over the eight normed tests, once for each raw pass. It ends with the strip at width 1.
 void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scoring& scoring);
 
+// The raw pass of one test alone, over a row that the caller has opened.
+void Score_One_Test(int t, int p, database::Recordset& row, Scoring& scoring);
+
 enum class Passes_Wanted { Raw, Raw_And_Time };
 
 // What choosing the pupil at place p does to the score store, and to the names in the summary, in the one

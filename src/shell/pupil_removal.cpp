@@ -21,12 +21,12 @@ namespace shell {
 
 namespace {
 
-constexpr int Longest_Wait = 5;    // seconds, for a file in use
+constexpr int To_Look = 1;         // seconds, for a file in use
 constexpr QChar Between = u'\x1f'; // no program writes it into a name
 
 QList<Gone_Pupil> Everyone_In(const QString& file) {
     database::Refuse_What_Is_No_Database(file);
-    database::File_Engine engine(file, database::Access::Read_Only, Longest_Wait);
+    database::File_Engine engine(file, database::Access::Read_Only, To_Look);
     QList<Gone_Pupil> everyone;
     for (const QString& row : engine.Run(
              u"SELECT StudentCode || char(31) || coalesce(Surname, '') || char(31) || coalesce(Forename, '') "
@@ -51,13 +51,14 @@ void Delete_Rows(database::File_Engine& engine, const QString& code) {
                    Quoted_Text(code) + u" COLLATE NOCASE"_s);
 }
 
-void Take_Out_Of(const QString& file, const QString& code) {
+void Take_Out_Of(const QString& file, const Removal& removal) {
     database::Rewrite(
-        file, [&code](database::File_Engine& engine) { Delete_Rows(engine, code); }, Longest_Wait);
+        file, [&](database::File_Engine& engine) { Delete_Rows(engine, removal.code); },
+        removal.longest_wait);
 }
 
 void Require_That_They_Are_Gone(const QString& file, const QString& code) {
-    database::File_Engine engine(file, database::Access::Read_Only, Longest_Wait);
+    database::File_Engine engine(file, database::Access::Read_Only, To_Look);
     const QStringList found = engine.Run(u"SELECT count(*) FROM Mevo_Pupils WHERE StudentCode = "_s +
                                          Quoted_Text(code) + u" COLLATE NOCASE"_s);
     if (found != QStringList{u"0"_s})
@@ -118,7 +119,7 @@ QStringList Remove_Everywhere(const Removal& removal) {
     const QString working = basics::Native_Path(removal.working);
     told.Do(working, [&] {
         Require_That_They_Are_Gone(working, removal.code);
-        Take_Out_Of(working, removal.code);
+        Take_Out_Of(working, removal);
     });
     if (!told.failures.isEmpty()) return told.failures;
     const QStringList codes{removal.code};
@@ -132,7 +133,7 @@ QStringList Remove_Everywhere(const Removal& removal) {
     for (int done = 0; done < removal.files.size(); ++done) {
         removal.progress(done, static_cast<int>(removal.files.size()));
         const QString file = basics::Native_Path(removal.files[done]);
-        told.Do(file, [&] { Take_Out_Of(file, removal.code); });
+        told.Do(file, [&] { Take_Out_Of(file, removal); });
     }
     return told.failures;
 }

@@ -23,7 +23,8 @@ QList<Gone_Pupil> Find_Gone_Pupils(const QString& working, const QStringList& fi
 struct Removal {
     QString code;
     QString working;
-    QStringList files; // copies and archives, each once
+    QStringList files;    // copies and archives, each once
+    int longest_wait = 5; // seconds, for a database in use
     // Called before each file.
     std::function<void(int done, int of)> progress = [](int, int) {};
 };

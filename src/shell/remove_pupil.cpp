@@ -167,11 +167,12 @@ void Form62::Remove(const Gone_Pupil& pupil) {
     QStringList failures;
     {
         const desktop::Wait_Pointer busy(platform.pointer);
-        failures =
-            Remove_Everywhere({pupil.code, installation.Database_Path, Files(), [this](int done, int of) {
-                                   Label4->setText(u"File %1 of %2..."_s.arg(done + 1).arg(of));
-                                   Paint_Meanwhile(platform);
-                               }});
+        Removal removal{pupil.code, installation.Database_Path, Files()};
+        removal.progress = [this](int done, int of) {
+            Label4->setText(u"File %1 of %2..."_s.arg(done + 1).arg(of));
+            Paint_Meanwhile(platform);
+        };
+        failures = Remove_Everywhere(removal);
     }
     if (failures.isEmpty()) {
         keeping::Note(installation, platform.clock, keeping::Act::Removed_Everywhere, {QString()});

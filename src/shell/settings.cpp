@@ -11,7 +11,7 @@ namespace shell {
 using desktop::Answer;
 using desktop::Box_Style;
 
-constexpr QSize Frame_Size{760, 416};
+constexpr QSize Frame_Size{760, 440};
 constexpr int Left = 36;
 constexpr int Whole_Width = 688;
 
@@ -43,14 +43,20 @@ void Form20::Lay_Out() {
         u"HotLabel2"_s, u"Change password"_s, {Left, 196, Whole_Width / 2 - 8, 56},
         [this] { HotLabel2_Click(); }, HotLabel::Look::Entry);
     HotLabel2->Set_Weight(HotLabel::Weight::Primary);
+    ChangesEntry = Make_HotLabel(
+        u"ChangesEntry"_s, u"Changes and data protection"_s, {Left, 260, Whole_Width / 2 - 8, 48},
+        [this] { navigator.Open_On_Top(Page_Id::Changes); }, HotLabel::Look::Entry);
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 204, 140, 40},
                               [this] { HotLabel1_Click(); });
 }
 
 void Form20::Tell_Helps() {
-    Help_Line* help = Make_Help(u"Label1"_s, {Left, 284, Whole_Width, 96}).line;
+    Help_Line* help = Make_Help(u"Label1"_s, {Left, 322, Whole_Width, 96}).line;
     help->Tell(HotLabel1, u"Return to Main Menu"_s);
     help->Tell(HotLabel2, u"Click on 'Change password' to change the administrator's password."_s);
+    help->Tell(
+        ChangesEntry,
+        u"See what was done with the pupils' records and when, who hasn't been tested for long, and make a copy for support in which nobody can be recognised."_s);
     help->Tell(lblVersion, u"Your Mevo software version number."_s);
     help->Tell(lblFlashVersion, [this] {
         return Flash_Installed

@@ -34,6 +34,7 @@ private:
 
     QLabel *lblVersion, *lblFlashVersion;
     HotLabel *HotLabel1, *HotLabel2;
+    HotLabel* ChangesEntry;
 };
 
 } // namespace shell

@@ -103,6 +103,9 @@ void Reports(Tour& tour) {
     }
     tour.Meet_Dialog(u"comment"_s);
     tour.Click_All({u"HotLabel3"_s, u"HotLabel5"_s});
+    tour.Go(u"EarlierResults"_s, u"Earlier_Page"_s);
+    tour.Show(u"earlier_results"_s);
+    tour.Go(u"HotLabel1"_s, u"Form30"_s);
     tour.Go(u"HotLabel4"_s, u"Form94"_s);
     tour.Show(u"individual_report"_s);
     tour.Go(u"HotLabel1"_s, u"Form30"_s);
@@ -131,6 +134,11 @@ void Other_Pages(Tour& tour) {
             tour.school.outside.boxes.Will_Answer(desktop::Answer::Yes);
             tour.Meet_Dialog(u"password"_s);
             tour.Click_All({u"HotLabel2"_s});
+            tour.Go(u"ChangesEntry"_s, u"Changes_Page"_s);
+            tour.Show(u"changes"_s);
+            tour.Click_All({u"HotLabel5"_s});
+            tour.Show(u"changes_untested"_s);
+            tour.Go(u"HotLabel1"_s, u"Form20"_s);
         }
         tour.Go(u"HotLabel1"_s, u"Form77"_s);
     }

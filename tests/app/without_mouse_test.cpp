@@ -1,6 +1,7 @@
 // A day's work with the keyboard alone: no mouse event, and no handler called from here.
 
 #include "app/running_program.h"
+#include "platform/grid/spread.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/main_menu.h"
 #include "support/files.h"
@@ -134,6 +135,7 @@ public:
             Press(Qt::Key_Down);
         const QString chosen = code();
         ASSERT_EQ(sample.Value(done + chosen), u"1"_s);
+        retested = chosen.sliced(1).chopped(1);
         Tab_And_Press(u"HotLabel5"_s);
         Tab_And_Press(u"Image1(0)"_s, Qt::Key_Space);
         Tab_And_Press(u"HotLabel7"_s);
@@ -194,6 +196,22 @@ public:
         Type_Into_Dialog(u"not kept"_s, Qt::Key_Escape);
         Tab_And_Press(u"HotLabel3"_s);
         Look_At_The_Print_Preview();
+        Look_At_Earlier_Results();
+    }
+
+    // The pupil whose retest was allowed this day.
+    void Look_At_Earlier_Results() {
+        Tab_To(u"Combo1"_s);
+        Type(sample.Value(u"SELECT Surname FROM Mevo_Pupils WHERE StudentCode = '%1'"_s.arg(retested)));
+        Tab_And_Press(u"EarlierResults"_s);
+        Follow_To(u"Earlier_Page"_s);
+        Tab_To(u"Spread1"_s);
+        const auto& list = Control<grid::fpSpread>(Page(), u"Spread1"_s);
+        EXPECT_EQ(list.Text(1, 1) + list.Text(2, 1), u"Tolvensearlier"_s);
+        EXPECT_FALSE(list.Text(6, 1).isEmpty());
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.last(), u"Mevo earlier results"_s);
+        Go(u"HotLabel1"_s, u"Form30"_s);
     }
 
     void Look_At_The_Print_Preview() {
@@ -242,6 +260,55 @@ public:
         Tab_And_Press(u"HotLabel2"_s);
         Expect_Changed(u"Customer_Details \\d+ Admin_Password: .* -> 'by hand'"_s);
         Go(u"HotLabel1"_s, u"Form77"_s);
+    }
+
+    void Look_At_The_Changes() {
+        Tab_And_Press(u"ChangesEntry"_s);
+        Follow_To(u"Changes_Page"_s);
+        const auto listed = [this] {
+            const auto& list = Control<grid::fpSpread>(Page(), u"Spread1"_s);
+            QStringList acts;
+            for (int row = 1; row <= list.rowCount(); ++row)
+                acts.append(list.Text(3, row));
+            return acts.join(u", "_s);
+        };
+        EXPECT_EQ(listed(),
+                  u"Removed everywhere, Archived, Corrected, Corrected, Retest allowed, Imported"_s);
+        Tab_To(u"Combo1"_s);
+        Type(u"Ret"_s);
+        EXPECT_EQ(listed(), u"Retest allowed"_s);
+        Press(Qt::Key_Home);
+        Tab_To(u"Text1"_s);
+        Type(u"class.txt"_s);
+        EXPECT_EQ(listed(), u"Imported"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.last(), u"Mevo changes and data protection"_s);
+        const QString csv = sample.Folder() + u"/changes.csv"_s;
+        const QString support = sample.Folder() + u"/support.mdb"_s;
+        outside.file_dialogs.answers = {csv, support};
+        By_Letter(u"HotLabel3"_s);
+        EXPECT_EQ(Bytes_Of(csv).count('\n'), 2);
+        outside.boxes.Will_Answer(Answer::Ok);
+        By_Letter(u"HotLabel7"_s);
+        EXPECT_TRUE(QFile::exists(support));
+        outside.boxes.Will_Answer(Answer::Yes);
+        outside.boxes.Will_Answer(Answer::Ok);
+        By_Letter(u"HotLabel4"_s);
+        EXPECT_EQ(outside.boxes.shown.last().text, u"Entries removed: 0"_s);
+        Hand_Over_Who_Was_Not_Tested_For_Long();
+    }
+
+    void Hand_Over_Who_Was_Not_Tested_For_Long() {
+        sample.Run(
+            u"UPDATE Mevo_Pupils SET Karrel_date = '03/05/2016', Tolvens_date = NULL, BliksFriends_date = "
+            "NULL, BliksLetters_date = NULL, BliksLetterNames_date = NULL, Drell_date = NULL, Mirvel_date = "
+            "NULL, Yoon_date = NULL, Pindo_date = NULL WHERE StudentCode = '%1'"_s.arg(retested));
+        By_Letter(u"HotLabel5"_s);
+        EXPECT_EQ(Caption(Page(), u"Heading"_s), u"Pupils not tested for longer than 3 years: 1"_s);
+        Go(u"HotLabel6"_s, u"Form9"_s);
+        EXPECT_EQ(Caption(Page(), u"Label5"_s), u"1"_s) << "selected";
+        Go(u"HotLabel1"_s, u"Form77"_s);
+        EXPECT_EQ(program.Window().findChildren<shell::Page*>().size(), 1) << "pages left behind";
     }
 
     void Look_At_The_Progress() {
@@ -313,6 +380,7 @@ public:
 
 private:
     Table_Rows seen = Read_Tables(sample);
+    QString retested; // a pupil's code
 };
 
 } // namespace
@@ -343,6 +411,9 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
     Change_The_Password();
     EXPECT_EQ(Focused(), u"HotLabel6"_s);
     EXPECT_EQ(program.Window().findChildren<shell::Page*>().size(), 1) << "pages left behind";
+    Tab_And_Press(u"HotLabel6"_s);
+    Follow_To(u"Form20"_s);
+    Look_At_The_Changes();
     Tab_To(u"Foot"_s);
     EXPECT_TRUE(Caption(Page(), u"Label3"_s).endsWith(QDir::toNativeSeparators(sample.Folder())));
     Tab_To(u"HotLabel13"_s);

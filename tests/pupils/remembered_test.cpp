@@ -1,11 +1,13 @@
 #include "keeping/change_list.h"
 #include "keeping/earlier_takings.h"
+#include "pupils/changes_page.h"
 #include "pupils/delete_page.h"
 #include "pupils/fine_tuning_page.h"
 #include "pupils/record_page_fixture.h"
 #include "support/files.h"
 
 #include <QFile>
+#include <QLabel>
 #include <gtest/gtest.h>
 
 namespace pupils {
@@ -67,6 +69,11 @@ TEST_F(Remembered, NothingWaitsForFilesThatCantBeUsed) {
     Look();
     Allow_A_Retest_Of_Karrel(u"Khan"_s);
     Expect_Changed({u"Mevo_Pupils %1 Karrel: 1 -> 0"_s.arg(code)});
+    Changes_Page told(outside.platform, navigator, Data());
+    told.Load();
+    const QString notice = Control<QLabel>(told, u"Notice"_s).text();
+    EXPECT_TRUE(notice.contains(u"The list of changes is damaged"_s)) << notice.toStdString();
+    EXPECT_TRUE(notice.contains(u"The file of earlier results is damaged"_s)) << notice.toStdString();
 }
 
 } // namespace

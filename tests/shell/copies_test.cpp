@@ -3,6 +3,7 @@
 #include "platform/database/files/safe_copy.h"
 #include "shell/copy_before.h"
 #include "shell/go_back.h"
+#include "shell/pupil_removal.h"
 #include "support/database_beside.h"
 #include "support/error_number.h"
 #include "support/files.h"
@@ -162,4 +163,68 @@ TEST_F(Copies, ARewriteLeavesNoByteOfARowAndEveryOtherRowItsNumber) {
     EXPECT_EQ(sample.Column(u"SELECT rowid || Group_Name FROM Mevo_Groups"_s), numbers);
     EXPECT_EQ(sample.Value(u"PRAGMA integrity_check"_s), u"ok"_s);
     EXPECT_EQ(QDir(sample.Folder()).entryList(QDir::Files), QStringList{u"Mevo05Data.mdb"_s});
+}
+
+TEST_F(Copies, ARemovalThatMeetsAFileInUseSaysSoAndCanBeRepeated) {
+    const QString code = sample.Value(u"SELECT StudentCode FROM Mevo_Tolvens_data"_s);
+    const QString theirs = u" WHERE StudentCode = '%1'"_s.arg(code);
+    keeping::Keep_Takings(sample.Path(), code, {1}, outside.clock.now);
+    Open_Page(Page_Id::Delete);
+    sample.Run(u"DELETE FROM Mevo_Pupils"_s +
+               theirs); // a row of answers stays, as when a deletion breaks off
+    const QString copy = Folder() + u'/' + Names().last();
+    const QString archive = sample.Folder() + u"/archive.mdb"_s;
+    database::Safe_Copies().Copy(copy, archive);
+    shell::Removal removal{code, sample.Path(), {copy, archive}, 0};
+    const auto found = shell::Find_Gone_Pupils(sample.Path(), removal.files);
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found.first().code, code);
+    EXPECT_EQ(found.first().files, 2);
+    const auto holds = [&](const QString& file) { return Bytes_Of(file).contains(code.toUtf8()); };
+    const QStringList all{sample.Path(), copy, archive, keeping::Companion_Of(sample.Path()),
+                          keeping::Companion_Of(copy)};
+    {
+        Other_Workstation other(sample.Path());
+        other.Hold_Exclusively();
+        const QStringList told = shell::Remove_Everywhere(removal);
+        ASSERT_EQ(told.size(), 1);
+        EXPECT_TRUE(told.first().contains(u"Mevo05Data.mdb is in use by others"_s));
+    }
+    for (const QString& file : all)
+        EXPECT_TRUE(holds(file)) << file.toStdString();
+    EXPECT_EQ(shell::Remove_Everywhere(removal), QStringList());
+    for (const QString& file : all)
+        EXPECT_FALSE(holds(file)) << file.toStdString();
+    EXPECT_EQ(Database_Beside(copy).Value(u"SELECT count(*) FROM Mevo_Pupils"_s), u"11"_s);
+    removal.code = sample.Value(u"SELECT StudentCode FROM Mevo_Pupils"_s);
+    EXPECT_EQ(shell::Remove_Everywhere(removal).size(), 1) << "they are registered";
+    EXPECT_TRUE(Bytes_Of(copy).contains(removal.code.toUtf8()));
+}
+
+TEST_F(Copies, GoingBackAsksAsALoadDoes) {
+    Open_Page(Page_Id::Delete);
+    sample.Run(u"DELETE FROM Mevo_Pupils WHERE rowid > 5"_s);
+    installation.Admin_Password = u"secret"_s;
+    shell::Menu_Counts counts;
+    counts.Number_Of_Students = 5;
+    database::Safe_Copies copies;
+    shell::Form61 page(outside.platform, navigator, installation, counts, copies);
+    page.Load();
+    Show_On_Screen(page);
+    const struct {
+        desktop::Answer answer;
+        QStringList typed;
+        QString pupils;
+    } cases[] = {{desktop::Answer::No, {}, u"5"_s},
+                 {desktop::Answer::Yes, {u""_s}, u"5"_s},
+                 {desktop::Answer::Yes, {u"Secret"_s}, u"5"_s},
+                 {desktop::Answer::Yes, {u"secret"_s}, u"12"_s}};
+    for (const auto& row : cases) {
+        outside.boxes.Will_Answer(row.answer);
+        if (row.pupils == "12"_L1) outside.boxes.Will_Answer(desktop::Answer::Ok);
+        outside.input_box.answers = row.typed;
+        Click(page, u"HotLabel3"_s);
+        EXPECT_EQ(sample.Value(u"SELECT count(*) FROM Mevo_Pupils"_s), row.pupils);
+    }
+    EXPECT_EQ(outside.boxes.shown.first().title, u"Load an archived database - CAUTION!"_s);
 }

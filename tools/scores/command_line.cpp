@@ -2,6 +2,7 @@
 
 #include "console/console_platform.h"
 #include "console/error_line.h"
+#include "scores/earlier_lines.h"
 #include "scores/score_lines.h"
 
 #include <QCommandLineParser>
@@ -20,6 +21,7 @@ const QString Program = u"mevo-scores"_s;
 struct Request {
     QString database;
     scoring::Passes_Wanted wanted;
+    bool earlier; // the takings before a retest too
 };
 
 void Write_Whole(const QString& text, QIODevice& output) {
@@ -34,6 +36,9 @@ std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& o
     parser.addPositionalArgument(u"DATABASE"_s, u"The database file."_s);
     const QCommandLineOption times(u"times"_s, u"Score the item times as well."_s);
     parser.addOption(times);
+    const QCommandLineOption earlier(u"earlier"_s,
+                                     u"List each taking of each test, those before a retest too."_s);
+    parser.addOption(earlier);
     const QCommandLineOption help = parser.addHelpOption();
 
     if (!parser.parse(arguments)) throw Export_Fault(parser.errorText());
@@ -45,7 +50,8 @@ std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& o
     if (files.size() != 1 || files.first().isEmpty())
         throw Export_Fault(u"Usage: mevo-scores DATABASE [--times]"_s);
     using scoring::Passes_Wanted;
-    return Request{files.first(), parser.isSet(times) ? Passes_Wanted::Raw_And_Time : Passes_Wanted::Raw};
+    return Request{files.first(), parser.isSet(times) ? Passes_Wanted::Raw_And_Time : Passes_Wanted::Raw,
+                   parser.isSet(earlier)};
 }
 
 } // namespace
@@ -55,7 +61,9 @@ int Run_Command(const QStringList& arguments, QIODevice& output, QTextStream& er
         const std::optional<Request> request = Read_Arguments(arguments, output);
         if (!request) return Done;
         console::Console_Platform platform(Program, errors);
-        Write_Whole(Score_Lines(request->database, request->wanted, platform.Ports()), output);
+        Write_Whole(request->earlier ? Earlier_Lines(request->database, platform.Ports())
+                                     : Score_Lines(request->database, request->wanted, platform.Ports()),
+                    output);
         return Done;
     } catch (const console::Program_Ended&) {
         return Failed; // the box that was shown has told why

@@ -1,5 +1,6 @@
 #include "scores/score_lines.h"
 
+#include "platform/basics/csv_text.h"
 #include "platform/basics/run_time_error.h"
 #include "scoring/sequence_totals.h"
 
@@ -82,13 +83,7 @@ auto Naming(const QString& what, Step step) {
 } // namespace
 
 QString Csv_Line(const QStringList& fields) {
-    QStringList written;
-    for (QString field : fields) {
-        const bool needs_quotes =
-            field.contains(u',') || field.contains(u'"') || field.contains(u'\r') || field.contains(u'\n');
-        written.append(needs_quotes ? u'"' + field.replace(u"\""_s, u"\"\""_s) + u'"' : field);
-    }
-    return written.join(u',') + u"\r\n"_s;
+    return basics::Csv_Line(fields);
 }
 
 QString Score_Lines(const QString& database, Passes_Wanted wanted, desktop::Platform& platform) {

@@ -136,6 +136,7 @@ public:
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);
         Click(u"HotLabel3"_s);
+        Over_The_Page(u"EarlierResults"_s, u"Earlier_Page"_s, {}, u"Form30"_s);
         for (const auto& [entry, form] : Previews) {
             Click(entry);
             Wait_For(form);
@@ -161,6 +162,7 @@ private:
         pictures.Take(window, form);
         for (const QString& clicked : visit.clicks)
             Click(clicked);
+        if (form == "Form20"_L1) Over_The_Page(u"ChangesEntry"_s, u"Changes_Page"_s, u"HotLabel5"_s, form);
         if (form == "Form42"_L1) Name_A_Schools_Folder();
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
         Click(u"HotLabel1"_s);
@@ -176,6 +178,19 @@ private:
             Wait_For(form);
             if (form == "Form61"_L1 || form == "Form62"_L1) pictures.Take(window, form);
         }
+    }
+
+    void Over_The_Page(const QString& entry, const QString& form, const QString& click,
+                       const QString& beneath) {
+        Click(entry);
+        Wait_For(form);
+        pictures.Take(window, form);
+        if (!click.isEmpty()) {
+            Click(click);
+            pictures.Take(window, form + u"_in_use"_s);
+        }
+        Click(u"HotLabel1"_s);
+        Wait_For(beneath);
     }
 
     // The class list lies in a folder of this machine that has another name each time.

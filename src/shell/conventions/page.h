@@ -29,6 +29,8 @@ enum class Page_Id {
     Archiving,
     Go_Back,
     Remove_Pupil,
+    Earlier_Results, // over the Reports page: what the pupil scored before a retest
+    Changes,         // over the Settings page: what was done, and what is kept of whom
 };
 
 // How a page says what follows. It is destroyed after its handler has returned.
