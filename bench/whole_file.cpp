@@ -6,9 +6,11 @@
 #include "full_school.h"
 #include "measuring.h"
 #include "plain_writing.h"
+#include "platform/database/files/page_copies.h"
 #include "platform/database/files/safe_copy.h"
 #include "pupils/security_page.h"
 #include "shell/archiving.h"
+#include "shell/copy_before.h"
 
 #include <QApplication>
 #include <QFile>
@@ -78,11 +80,28 @@ void Archive_The_File(benchmark::State& state, Full_School& school) {
         throw std::runtime_error("no whole archive was made");
 }
 
+// The copy that is kept before a page which can empty the database takes its first press.
+void Copy_Before_A_Page(benchmark::State& state, Full_School& school) {
+    constexpr double longest_ms = 150;
+    const QTemporaryDir folder;
+    const QString& file = school.installation.Database_Path;
+    Plain_Writer writer(file);
+    const double mean_ms = Measure_Beside(
+        state, [&] { shell::Copy_Before(shell::Page_Id::Delete, school.installation, school.platform); },
+        [&] { Copy_Plainly(file, folder.filePath(u"plain.mdb"_s)); }, Wall_Ms,
+        [&] { writer.Run(u"UPDATE Customer_Details SET CustomerName = hex(randomblob(8))"_s); });
+    const auto kept = database::Kept_Files_In(database::Copies_Folder(file));
+    if (kept.isEmpty() || QFileInfo(kept.first().path).size() != QFileInfo(file).size())
+        throw std::runtime_error("no whole copy was kept");
+    Tell_Whether_Below(state, mean_ms, longest_ms);
+}
+
 } // namespace
 
 void Register_Whole_File(Full_School& school) {
     school.Register("update_a_group", Update_A_Group);
     school.Register("archive", Archive_The_File);
+    school.Register("copy_before_a_page", Copy_Before_A_Page);
 }
 
 } // namespace bench

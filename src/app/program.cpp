@@ -3,16 +3,21 @@
 #include "printing/batch_report.h"
 #include "printing/individual_report.h"
 #include "printing/why_report.h"
+#include "pupils/changes_page.h"
 #include "pupils/delete_page.h"
 #include "pupils/fine_tuning_page.h"
 #include "pupils/import_page.h"
 #include "pupils/prepare_page.h"
 #include "pupils/register_page.h"
 #include "pupils/security_page.h"
+#include "reports/earlier_page.h"
 #include "reports/reports_page.h"
 #include "shell/archiving.h"
+#include "shell/copy_before.h"
+#include "shell/go_back.h"
 #include "shell/main_menu.h"
 #include "shell/norms_page.h"
+#include "shell/remove_pupil.h"
 #include "shell/settings.h"
 #include "shell/testing_progress.h"
 
@@ -33,7 +38,8 @@ Program::Program(desktop::Platform& platform)
       form8(platform, installation),
       host(
           platform, [this](Page_Id page, shell::Navigator& navigator) { return Make_Page(page, navigator); },
-          [this] { return installation.Institution; }) {
+          [this] { return installation.Institution; },
+          [this](Page_Id page) { shell::Copy_Before(page, installation, this->platform); }) {
 }
 
 void Program::Start(const QString& program_folder) {
@@ -82,6 +88,15 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Archiving:
         return std::make_unique<shell::Form60>(platform, navigator, installation, counts, copies,
                                                older_files);
+    case Page_Id::Go_Back:
+        return std::make_unique<shell::Form61>(platform, navigator, installation, counts, copies);
+    case Page_Id::Remove_Pupil:
+        return std::make_unique<shell::Form62>(platform, navigator, installation);
+    case Page_Id::Earlier_Results:
+        return std::make_unique<reports::Earlier_Page>(
+            platform, navigator, reports::Report_Data{installation, scores, scoring, report_state});
+    case Page_Id::Changes:
+        return std::make_unique<pupils::Changes_Page>(platform, navigator, records);
     }
     return nullptr;
 }

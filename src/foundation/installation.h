@@ -27,5 +27,7 @@ struct Installation {
 
 // `database_path` is a full path; it may hold a semicolon.
 QString Connection_String_For(const QString& database_path);
+// The path of the database that a connection string names.
+QString Database_Named_In(const QString& connection_string);
 
 } // namespace foundation

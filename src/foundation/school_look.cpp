@@ -3,6 +3,7 @@
 #include "foundation/schema.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/database_file.h"
+#include "platform/database/files/file_engine.h"
 #include "platform/database/files/file_look.h"
 
 #include <QFile>
@@ -76,6 +77,14 @@ School_Look Look_At_School(const QString& file, int timeout_seconds) {
         look.why = error.Description;
     }
     return look;
+}
+
+School_Counts Count_School(const QString& file, int timeout_seconds) {
+    database::Refuse_What_Is_No_Database(file);
+    database::File_Engine engine(file, database::Access::Read_Only, timeout_seconds);
+    const QStringList questions = Questions();
+    return {engine.Run(questions[Pupils]).value(0).toInt(),
+            engine.Run(questions[With_Results]).value(0).toInt()};
 }
 
 QString In_Words(const School_Look& look) {

@@ -27,6 +27,14 @@ struct School_Look {
 // of the process has the file open. A file in use is waited for so many seconds.
 School_Look Look_At_School(const QString& file, int timeout_seconds = 15);
 
+struct School_Counts {
+    int pupils = 0;
+    int with_results = 0;
+};
+
+// The numbers alone, without a look at the whole file. Throws a run-time error where they can't be read.
+School_Counts Count_School(const QString& file, int timeout_seconds);
+
 // In one line: "Hillside School, 24 pupils, 20 with results, version 5.1, last changed 3 May 2026, 10:30".
 QString In_Words(const School_Look& look);
 

@@ -1,5 +1,6 @@
 #include "printing/batch_report.h"
 
+#include "keeping/change_list.h"
 #include "printing/batch_list.h"
 
 #include <QSignalBlocker>
@@ -138,6 +139,11 @@ void Form92::Option_Click() {
 
 QString Form92::Document_Name() const {
     return u"Mevo batch report"_s;
+}
+
+void Form92::Note_Printed() const {
+    keeping::Note(installation, platform.clock, keeping::Act::Printed_Batch, {cboGroupFilter->currentText()},
+                  u"%1 on the sheets"_s.arg(Batch_Count));
 }
 
 static QListWidget* Make_List(const QString& name, const QString& told, const QRect& place, QWidget* parent) {

@@ -44,23 +44,32 @@ bool Print_On_Paper(grid::fpSpread& grid, const QString& document,
     return pdf.isEmpty();
 }
 
-bool Grid_Print(Grid_Kind kind, const QWidget& page, const foundation::Installation& installation,
-                desktop::Platform& platform) {
-    grid::fpSpread& grid = Spread1_Of(page);
-    const Grid_Titles titles = Titles_Of(kind);
+bool Print_List(grid::fpSpread& grid, const grid::Marked_Text& heading, const QString& document,
+                const foundation::Installation& installation, desktop::Platform& platform) {
     const QString today = basics::Date_Text(platform.clock.Now().date().startOfDay());
     grid.PrintOrientation = grid::fpSpread::Portrait;
-    grid.Set_PrintHeader(grid::Marked_Text()
-                             .Add_Markup(u"/fn\"Arial\"/fz\"14\"/fb1/c"_s)
-                             .Add_Value(installation.Institution)
-                             .Add_Markup(u"/n/cQuend Mevo"_s + titles.suffix));
+    grid.Set_PrintHeader(heading);
     grid.PrintFooter = Short_Product_Line() + u"/nReport printed on: "_s + today + u"/rPage /p"_s;
     grid.PrintMarginLeft = 1440;
     grid.PrintColHeaders = true;
     grid.PrintRowHeaders = false;
-    const bool on_paper = Print_On_Paper(grid, titles.document, installation, platform);
+    const bool on_paper = Print_On_Paper(grid, document, installation, platform);
     platform.pointer.Set(desktop::Pointer_Shape::Default);
     return on_paper;
+}
+
+grid::Marked_Text List_Heading(const foundation::Installation& installation) {
+    grid::Marked_Text heading;
+    heading.Add_Markup(u"/fn\"Arial\"/fz\"14\"/fb1/c"_s).Add_Value(installation.Institution);
+    return heading;
+}
+
+bool Grid_Print(Grid_Kind kind, const QWidget& page, const foundation::Installation& installation,
+                desktop::Platform& platform) {
+    const Grid_Titles titles = Titles_Of(kind);
+    return Print_List(Spread1_Of(page),
+                      List_Heading(installation).Add_Markup(u"/n/cQuend Mevo"_s + titles.suffix),
+                      titles.document, installation, platform);
 }
 
 } // namespace printing

@@ -119,6 +119,7 @@ void Report_Page::HotLabel2_Click() {
     Telling_Printer_Errors(platform, [&] {
         const desktop::Wait_Pointer busy(platform.pointer);
         pdf = Preview->PrintPages(Document_Name(), 1, pages, installation.Archive_Folder);
+        Note_Printed();
     });
     Tell_Of_Pdf(pdf, platform);
 }

@@ -42,6 +42,7 @@ protected:
 
     // The sheets' name in the printer's queue, which names no pupil.
     virtual QString Document_Name() const = 0;
+    virtual void Note_Printed() const {} // the sheets are with the printer
 
     static constexpr QSize Frame_Size{1080, 560};
     static constexpr int First_Zoom = 40;

@@ -1,8 +1,13 @@
 #include "pupils/delete_page.h"
 
+#include "keeping/change_list.h"
+#include "keeping/earlier_takings.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/recordset.h"
 #include "platform/desktop/wait_pointer.h"
+
+#include <QSet>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -73,6 +78,16 @@ void Form9::Load() {
     // Everyone has just been listed by the click on the first item, unless that went wrong; within one act a
     // second reading finds the same.
     if (!everyone_is_listed) Load_Delete_List(0);
+    Select_Handed_Over();
+}
+
+// Nothing is deleted by that: it is for the user to look at and to confirm.
+void Form9::Select_Handed_Over() {
+    const QStringList codes = std::exchange(records.To_Be_Deleted, {});
+    if (codes.isEmpty()) return;
+    for (int i = 1; i <= ListView1->Count(); ++i)
+        if (codes.contains(pupils.Student_Code[i])) ListView1->Select(i);
+    ListView1_Click();
 }
 
 // Selecting the first item raises its click, which fills the list.
@@ -194,6 +209,7 @@ void Form9::HotLabel2_Click() {
         }
         ProgressBar1->hide();
     }
+    Forget_Deleted(codes);
     Load_Delete_List(Combo1->ListIndex());
     List_Names();
 }
@@ -218,7 +234,10 @@ void Form9::Delete_Group_Action() {
         return;
     }
     if (!Confirmed(u"Delete Pupils in Group"_s, Listed_Count)) return;
-    if (DeletePupilsInGroup(name) > 0) {
+    const QStringList before = Codes_In_Database();
+    const int removed = DeletePupilsInGroup(name);
+    Forget_Deleted(before);
+    if (removed > 0) {
         // The group's own row stays: a second click, on an empty group, disbands it.
         Load_Delete_List(Combo1->ListIndex());
         List_Names();
@@ -233,6 +252,32 @@ void Form9::Disband_If_Wished(const QString& name) {
     if (answer != Answer::Yes) return;
     DeleteGroup(name);
     Fill_Group_Combos();
+}
+
+// None where they can't be read: nothing depends on it.
+QStringList Form9::Codes_In_Database() const {
+    QStringList codes;
+    keeping::Quietly([&] {
+        const auto connection = Own_Connection(installation);
+        database::Recordset all;
+        all.Set_ActiveConnection(connection.get());
+        all.Source = u"SELECT StudentCode FROM Mevo_Pupils"_s;
+        for (all.Open(); !all.Eof(); all.MoveNext())
+            codes.append(all.Fields(0).Value().Text_Or_Empty());
+    });
+    return codes;
+}
+
+// Of those who were there before: the earlier results of whoever is gone go with them.
+void Form9::Forget_Deleted(const QStringList& before) {
+    const QStringList left = Codes_In_Database();
+    const QSet<QString> there(left.begin(), left.end());
+    QStringList gone;
+    for (const QString& code : before)
+        if (!there.contains(code)) gone.append(code);
+    const QString database = foundation::Database_Named_In(installation.Connection_String);
+    keeping::Quietly([&] { keeping::Remove_Takings(keeping::Companion_Of(database), gone); });
+    keeping::Note(installation, platform.clock, keeping::Act::Deleted, gone);
 }
 
 void Form9::DeleteGroup(const QString& name) {

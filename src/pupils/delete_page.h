@@ -50,7 +50,10 @@ private:
     QStringList Selected_Codes() const;
     bool Confirmed(const QString& title, int individuals);
     int Removed_In_Group(const QString& name);
+    void Select_Handed_Over();
     void Disband_If_Wished(const QString& name);
+    QStringList Codes_In_Database() const;
+    void Forget_Deleted(const QStringList& before);
 
     foundation::Installation& installation;
     scoring::Pupil_Lists& pupils;

@@ -1,5 +1,7 @@
 #include "pupils/fine_tuning_page.h"
 
+#include "keeping/change_list.h"
+#include "keeping/earlier_takings.h"
 #include "platform/basics/run_time_error.h"
 #include "pupils/new_pupil.h"
 #include "shell/conventions/utilities.h"
@@ -145,6 +147,20 @@ void Form15::Enable_Personal_Edit() {
     Text3->setFocus();
 }
 
+void Form15::Note_Correction(const QString& born) {
+    QStringList fields;
+    const auto compare = [&fields](const QString& field, const QString& before, const QString& after) {
+        if (before != after) fields.append(field);
+    };
+    compare(u"surname"_s, undo.surname, Normalise_Hyphen(Text3->text()));
+    compare(u"forename"_s, undo.forename, Text4->text());
+    compare(u"date of birth"_s, undo.date_of_birth, born);
+    compare(u"gender"_s, undo.sex, sex->Text5->text());
+    if (!fields.isEmpty())
+        keeping::Note(installation, platform.clock, keeping::Act::Corrected, {undo.code},
+                      fields.join(u", "_s));
+}
+
 // Nothing is asked and nothing is checked: a blank name is stored.
 void Form15::Save_Personal_Details(int index) {
     const int kept_index = Combo1->ListIndex();
@@ -158,6 +174,7 @@ void Form15::Save_Personal_Details(int index) {
     row.Fields(u"Sex"_s).Set_Value(sex->Text5->text());
     row.Update();
     holder.ado_Close();
+    Note_Correction(born);
     records.Pupil_Surname[index] = Text3->text();
     records.Pupil_Forename[index] = Text4->text();
     pupils.Pupil_DOB_List[index] = birth->Text2->text();
@@ -211,10 +228,39 @@ void Form15::HotLabel6_Click() {
     Show_Test_Balls(Current_Pupil, unused);
 }
 
+QList<int> Form15::Marked_Tests() const {
+    QList<int> tests;
+    for (std::size_t i = 0; i < Tests; ++i)
+        if (Retest_Flags[i] == Marked_For_Retest) tests.append(Test_Index(i));
+    return tests;
+}
+
+// Before anything is changed: the test modules overwrite the answers. A retest is allowed all the same where
+// they can't be kept.
+void Form15::Keep_Marked_Takings(const QString& code) {
+    const QList<int> tests = Marked_Tests();
+    if (tests.isEmpty()) return;
+    holder.Let_Go();
+    keeping::Quietly([&] {
+        keeping::Keep_Takings(foundation::Database_Named_In(installation.Connection_String), code, tests,
+                              platform.clock.Now());
+    });
+}
+
+void Form15::Note_Retests(const QString& code) {
+    QStringList names;
+    for (const int t : Marked_Tests())
+        names.append(scoring::Test_At(t).Test_Name);
+    if (!names.isEmpty())
+        keeping::Note(installation, platform.clock, keeping::Act::Retest_Allowed, {code},
+                      names.join(u", "_s));
+}
+
 // The status alone is taken back. Ages, dates and answers stay until the test is taken again, and the page
 // goes on showing the test as completed until the list is loaded anew.
 void Form15::Save_Retest_Flags(int index) {
     const int kept_index = Combo1->ListIndex();
+    Keep_Marked_Takings(pupils.Student_Code[index]);
     holder.ado_Open(installation.Connection_String, Row_Of_Pupil(pupils.Student_Code[index]),
                     u"Optimistic"_s);
     for (std::size_t i = 0; i < Tests; ++i)
@@ -222,6 +268,7 @@ void Form15::Save_Retest_Flags(int index) {
             holder.Rows().Fields(scoring::Test_At(Test_Index(i)).Status_Column).Set_Value(Not_Attempted);
     holder.Rows().Update();
     holder.ado_Close();
+    Note_Retests(pupils.Student_Code[index]);
     Combo1->Set_ListIndex(kept_index);
 }
 

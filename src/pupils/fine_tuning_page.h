@@ -67,6 +67,10 @@ private:
     void Set_Personal_Enabled(bool enabled);
     void Set_Retest_Buttons_Enabled(bool enabled);
     void Show_Retest_Panels(bool shown);
+    void Note_Correction(const QString& born);
+    QList<int> Marked_Tests() const; // t from 1
+    void Keep_Marked_Takings(const QString& code);
+    void Note_Retests(const QString& code);
 
     foundation::Installation& installation;
     scoring::Pupil_Lists& pupils;

@@ -1,5 +1,7 @@
 #include "pupils/import_page.h"
 
+#include "keeping/change_list.h"
+#include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/desktop/wait_pointer.h"
@@ -8,6 +10,7 @@
 #include "pupils/import/pupil_fields.h"
 #include "pupils/import/told_losses.h"
 
+#include <QFileInfo>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -131,11 +134,14 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     Import_Pass pass;
     {
         const desktop::Wait_Pointer busy(platform.pointer);
+        int stored = 0;
+        const auto noted = qScopeGuard([&] { Note_Import(file_name, stored); });
         const auto act = maker.Begin_Act();
         const QString text = Decoded_Import_Text(Read_Import_File(file_name));
-        Walk_Import_Text(text, pass,
-                         {[this](QStringList& fields, qint16) { maker.Insert_New_Pupil(fields); },
-                          [this] { ProgressBar1->Step(); }});
+        Walk_Import_Text(
+            text, pass,
+            {[&](QStringList& fields, qint16) { stored += maker.Insert_New_Pupil(fields) ? 1 : 0; },
+             [this] { ProgressBar1->Step(); }});
     }
     line_count = pass.line_count;
     if (!pass.error_text.isEmpty())
@@ -145,6 +151,13 @@ void Form42::Import_Pupil_File(const QString& file_name, qint16& line_count) {
     Label3->setText(
         basics::Plain_Number(line_count) +
         u" pupils have now been imported. Please now check their settings on the Security page"_s);
+}
+
+void Form42::Note_Import(const QString& file_name, int stored) {
+    const QString file = QFileInfo(basics::Native_Path(file_name)).fileName();
+    if (stored > 0)
+        keeping::Note(installation, platform.clock, keeping::Act::Imported, {file},
+                      u"%1 stored"_s.arg(stored));
 }
 
 void Form42::HotLabel4_Click() {

@@ -45,6 +45,7 @@ private:
     void Show_Marks();
     void Set_User_Id_Width(int less);
     void Tell_Mark();
+    void Note_Import(const QString& file_name, int stored);
 
     const foundation::Installation& installation;
     List_To_Import& prepared;

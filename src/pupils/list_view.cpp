@@ -38,6 +38,10 @@ void List_View::Add_Items(const QList<QStringList>& rows) {
     addTopLevelItems(items);
 }
 
+void List_View::Select(int i) {
+    topLevelItem(i - 1)->setSelected(true);
+}
+
 bool List_View::Is_Selected(int i) const {
     return topLevelItem(i - 1)->isSelected();
 }

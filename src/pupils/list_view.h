@@ -21,6 +21,7 @@ public:
 
     int Count() const { return topLevelItemCount(); }
     bool Is_Selected(int i) const; // from 1
+    void Select(int i);            // besides those that are
     void Set_All_Selected(bool selected);
     int Selected_Count() const;
 

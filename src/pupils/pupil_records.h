@@ -8,6 +8,7 @@
 #include "platform/database/connection.h"
 #include "scoring/pupil_lists.h"
 
+#include <QStringList>
 #include <memory>
 
 namespace pupils {
@@ -39,6 +40,7 @@ struct Pupil_Records {
     Of_Each_Pupil<qint16> Pupil_Show_Name; // 1: appears on the Login List
     Of_Each_Pupil<qint16> Pupil_Dob_As_Pw; // 1: the date of birth is the password
     Group_Lists groups;
+    QStringList To_Be_Deleted; // codes that the Delete page selects when it next opens
 };
 
 // What the pages work on; each lives longer than the page.

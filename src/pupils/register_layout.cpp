@@ -13,7 +13,10 @@ constexpr int Whole_Width = 920;
 
 Form10::Form10(desktop::Platform& platform, shell::Navigator& navigator,
                const foundation::Installation& installation, shell::Menu_Counts& counts)
-    : Page(platform, navigator, Frame_Size), counts(counts), maker(platform, installation) {
+    : Page(platform, navigator, Frame_Size),
+      installation(installation),
+      counts(counts),
+      maker(platform, installation) {
     setObjectName(u"Form10"_s);
     setWindowTitle(u"Registering new pupils"_s);
     Lay_Out();

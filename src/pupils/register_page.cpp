@@ -1,5 +1,6 @@
 #include "pupils/register_page.h"
 
+#include "keeping/change_list.h"
 #include "platform/basics/number_text.h"
 
 using namespace Qt::StringLiterals;
@@ -81,7 +82,9 @@ void Form10::Store_New_Person() {
     Show_ProgBar();
     QStringList fields{Text3->text(), Text4->text(), sex->Text5->text(), birth->Text2->text(), u"Universal"_s,
                        u""_s,         u""_s};
-    maker.Insert_New_Pupil(fields); // whether it worked isn't asked: the page goes on as if it had
+    // Whether it worked isn't told: the page goes on as if it had.
+    if (maker.Insert_New_Pupil(fields))
+        keeping::Note(installation, platform.clock, keeping::Act::Registered, {maker.New_StudentCode});
     WaitProgressBar(5);
     WaitProgressBar(10);
     New_Person_Pending = false;

@@ -48,6 +48,7 @@ private:
     void Store_New_Person();
     void Count_New_Person();
 
+    const foundation::Installation& installation;
     shell::Menu_Counts& counts;
     Pupil_Maker maker;
     int Session_Registered = 0;      // pupils saved since the page opened

@@ -1,5 +1,6 @@
 #include "pupils/security_page.h"
 
+#include "keeping/change_list.h"
 #include "platform/basics/dates.h"
 #include "platform/basics/run_time_error.h"
 #include "printing/grid_print.h"
@@ -124,6 +125,22 @@ void Form2::Combo3_Click() {
     live = true;
 }
 
+void Form2::Note(keeping::Act act, const QString& subject, const QString& detail) {
+    keeping::Note(installation, platform.clock, act, {subject}, detail);
+}
+
+// Their names alone: what was entered stays out of the list of changes.
+QStringList Form2::Corrected_Settings(database::Recordset& row, int p) const {
+    QStringList corrected;
+    if (row.Fields(u"Password"_s).Value().Text_Or_Empty() != records.Pupil_Password[p])
+        corrected.append(u"password"_s);
+    if (Number_Or_Zero(row.Fields(u"Show_Name"_s).Value()) != records.Pupil_Show_Name[p])
+        corrected.append(u"login list"_s);
+    if (Number_Or_Zero(row.Fields(u"Dob_as_pw"_s).Value()) != records.Pupil_Dob_As_Pw[p])
+        corrected.append(u"date of birth as password"_s);
+    return corrected;
+}
+
 void Form2::Update_Pupil_Settings() {
     if (Text2->text().isEmpty() && !Use_Dob.Is_Yes()) {
         platform.boxes.Ask(Box_Style::Critical, u"Warning"_s,
@@ -137,12 +154,18 @@ void Form2::Update_Pupil_Settings() {
     records.Pupil_Group[p] = Combo3->currentText();
     records.Pupil_Password[p] = Text2->text();
     database::Recordset& row = holder.Rows();
+    const QString group_before = row.Fields(u"Group_Class"_s).Value().Text_Or_Empty();
+    const QStringList corrected = Corrected_Settings(row, p);
     row.Fields(u"Password"_s).Set_Value(records.Pupil_Password[p]);
     row.Fields(u"Group_Class"_s).Set_Value(records.Pupil_Group[p]);
     row.Fields(u"Show_Name"_s).Set_Value(int(records.Pupil_Show_Name[p]));
     row.Fields(u"Dob_as_pw"_s).Set_Value(int(records.Pupil_Dob_As_Pw[p]));
     row.Update();
     holder.ado_Close();
+    if (group_before != records.Pupil_Group[p])
+        Note(keeping::Act::Moved, pupils.Student_Code[p],
+             u"from %1 to %2"_s.arg(group_before, records.Pupil_Group[p]));
+    if (!corrected.isEmpty()) Note(keeping::Act::Corrected, pupils.Student_Code[p], corrected.join(u", "_s));
     Populate_SpreadSheet(pupils.Pupils_Listed);
 }
 
@@ -189,6 +212,7 @@ void Form2::Update_Group_Row() {
     row.Fields(u"Dob_as_pw"_s).Set_Value(int(Group_Uses_Dob.Is_Yes()));
     row.Update();
     holder.ado_Close();
+    Note(keeping::Act::Corrected, Combo2->currentText(), u"the group's login list and passwords"_s);
 }
 
 void Form2::Update_Groups_For_All_Students() {
@@ -261,6 +285,9 @@ void Form2::Rename_Group() {
     platform.boxes.Ask(Box_Style::Information, u"Renamed a group"_s,
                        u"The group "_s + old_name + u" has been renamed as "_s + new_name);
     Load_Everyone_Afresh();
+    // An error that the user ignored left the old name.
+    if (Is_Group_Name(records.groups, new_name))
+        Note(keeping::Act::Moved, old_name, u"the whole group to "_s + new_name);
     Text3->setText(u""_s);
 }
 
@@ -270,6 +297,8 @@ void Form2::Disband_Group() {
     Change_Group_In_Pupil_Table(Pupils_Table, name, u"Universal"_s);
     Load_Everyone_Afresh();
     Fill_Group_Combos();
+    if (!Is_Group_Name(records.groups, name))
+        Note(keeping::Act::Moved, name, u"the whole group to Universal"_s);
     Fill_Student_Settings(Current_Pupil);
 }
 

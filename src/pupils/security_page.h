@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/access_holder.h"
+#include "keeping/change_list.h"
 #include "platform/grid/spread.h"
 #include "pupils/page_parts.h"
 #include "pupils/pupil_records.h"
@@ -60,6 +61,8 @@ private:
     std::function<void()> With_Lists(void (Form2::*work)());
     void Bring_Into_View(int row);
     void Run(const QString& statement);
+    void Note(keeping::Act act, const QString& subject, const QString& detail);
+    QStringList Corrected_Settings(database::Recordset& row, int p) const;
     void Refuse_Name_In_Use(const QString& name, QLineEdit* entry);
 
     foundation::Installation& installation;

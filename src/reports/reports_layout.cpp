@@ -58,6 +58,7 @@ void Form30::Lay_Out() {
     Lay_Out_Chart();
     Lay_Out_Beside_Chart();
     Lay_Out_Commands();
+    Lay_Out_Earlier();
     Label7 = Make_HotLabel(
         u"Label7"_s, u""_s, {Left, Help_Top, Menu_Left - 12 - Left, 28}, [this] { Label7_Click(); },
         HotLabel::Look::Strip);
@@ -295,6 +296,12 @@ void Form30::Lay_Out_Commands() {
     HotLabel1 = entry(u"HotLabel1", u"Menu"_s, {Menu_Left, Last_Row, 140, 40}, [this] { HotLabel1_Click(); });
 }
 
+// Beside the title, as it is about the pupil and not about the chart.
+void Form30::Lay_Out_Earlier() {
+    EarlierResults = Make_HotLabel(u"EarlierResults"_s, u"Earlier results"_s, {Left + 134, 18, 134, 32},
+                                   [this] { EarlierResults_Click(); });
+}
+
 void Form30::Tell_Helps() {
     auto* help = new shell::Help_Line(this, [this](const QString& text) { Show_In_Label7(text); });
     help->Tell(HotLabel1, u"Return to the Mevo main menu"_s);
@@ -307,6 +314,7 @@ void Form30::Tell_Helps() {
         HotLabel6,
         u"Show the Print Preview page for batch reports which can show graphical profiles for 8 pupils per page"_s);
     help->Tell(HotLabel7, u"Summary of the pupil's performance in the tests"_s);
+    help->Tell(EarlierResults, u"Show what the pupil scored before a test was taken again"_s);
     help->Tell(PrintIcon,
                u"Print out the scores summary table or any of the raw data tables currently on screen."_s);
     help->Tell(WhyEntry, u"Show how a score came about; a double click on its column does the same"_s);

@@ -377,6 +377,10 @@ void Form30::HotLabel4_Click() {
     if (Has_Pupil() && !Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Individual_Report);
 }
 
+void Form30::EarlierResults_Click() {
+    if (Has_Pupil()) navigator.Open_On_Top(shell::Page_Id::Earlier_Results);
+}
+
 void Form30::HotLabel6_Click() {
     Close_Why();
     if (lists_loaded && !Picture2->isHidden()) navigator.Open_On_Top(shell::Page_Id::Batch_Report);

@@ -88,7 +88,9 @@ private:
     void Lay_Out_Key(const QPoint& corner);
     void Lay_Out_Left_Panel();
     void Lay_Out_Commands();
+    void Lay_Out_Earlier();
     void Tell_Helps();
+    void EarlierResults_Click();
     void Draw_Scale(const QString& mode);
     void Change_Background(const QString& ground);
     void Copy_Scale_Picture();
@@ -117,6 +119,7 @@ private:
     QList<scoring::Notice> notices;  // of that pupil
     QPointer<QWidget> asked_why_from;
 
+    shell::HotLabel* EarlierResults;
     Profile_Chart* Picture2;
     Why_Panel* Why;
     QCheckBox* ShowValues;

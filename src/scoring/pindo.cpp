@@ -15,8 +15,8 @@ static constexpr Word_Pair Colour_Words[] = {
 
 static constexpr int Body_Parts = 6; // one attempt for each is the optimum
 
-void Score_Pindo(int p, Scoring& scoring) {
-    Load_Items(Pindo, All_Items(Pindo), Item_Load::Answers_And_Times, p, nullptr, scoring);
+void Score_Pindo(int p, Scoring& scoring, database::Recordset* rs) {
+    Load_Items(Pindo, All_Items(Pindo), Item_Load::Answers_And_Times, p, rs, scoring);
     Replace_Words(Colour_Words, Pindo, scoring.items);
     const Test_Items& items = scoring.items[Pindo];
     for (int i = 1; i <= Test_At(Pindo).Items; ++i) { // four tries for each body part, from the hat down

@@ -5,7 +5,8 @@
 namespace scoring {
 
 // The colour test has no norms: it gives a count of attempts and a verdict on it.
-void Score_Pindo(int p, Scoring& scoring);
+// rs as in all passes: a row that the caller has opened, or null for the pupil's own.
+void Score_Pindo(int p, Scoring& scoring, database::Recordset* rs = nullptr);
 
 // All three are empty without a verdict: fewer attempts than body parts, or a test not completed.
 struct Pindo_Verdict {

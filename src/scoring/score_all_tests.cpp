@@ -69,6 +69,12 @@ void Time_One_Test(int t, int p, Scoring& scoring) {
     if (scoring.pupils.Test_Status[t][p] == 1) Passes[t - 1].Time(p, nullptr, scoring);
 }
 
+void Score_One_Test(int t, int p, database::Recordset& row, Scoring& scoring) {
+    if (t == test_index::Pindo) return Score_Pindo(p, scoring, &row);
+    scoring.scores.Current_Test = t;
+    Passes[t - 1].Score(p, &row, scoring);
+}
+
 void Score_Chosen_Pupil(int p, Passes_Wanted wanted, const Progress_Strip& show_progress, Scoring& scoring,
                         Summary_Cells& cells) {
     const auto act = scoring.holder.Begin_Act();

@@ -20,6 +20,9 @@ void Compute_Raw_Scores_Times(int p, const Progress_Strip& show_progress, Scorin
 // The time pass of one normed test, if it was completed; its slot alone is filled.
 void Time_One_Test(int t, int p, Scoring& scoring);
 
+// The raw pass of one test alone, over a row that the caller has opened.
+void Score_One_Test(int t, int p, database::Recordset& row, Scoring& scoring);
+
 enum class Passes_Wanted { Raw, Raw_And_Time };
 
 // What choosing the pupil at place p does to the score store, and to the names in the summary, in the one

@@ -1,9 +1,7 @@
 #include "shell/archiving.h"
 
 #include "conversion/refusal.h"
-#include "foundation/database_version.h"
-#include "foundation/database_words.h"
-#include "foundation/schema.h"
+#include "keeping/earlier_takings.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/run_time_error.h"
@@ -29,7 +27,6 @@ constexpr int Left = 40;
 constexpr int Column_Width = 452;
 constexpr int Whole_Width = 920;
 
-const QString Product_Row = u"SELECT * FROM Customer_Details WHERE Product_Name = 'MEVO'"_s;
 const QString No_Choice = u"*.mdb"_s; // what an Open dialog's file name is until a file is chosen
 
 } // namespace
@@ -42,6 +39,7 @@ Form60::Form60(desktop::Platform& platform, Navigator& navigator, foundation::In
       copies(copies),
       older_files(older_files),
       holder(platform),
+      acts(platform, installation, counts, copies, holder),
       Timer1(new QTimer(this)) {
     setObjectName(u"Form60"_s);
     Timer1->setObjectName(u"Timer1"_s);
@@ -80,7 +78,7 @@ void Form60::Lay_Out() {
     progress->setObjectName(u"pbrProgressBar"_s);
     progress->setAccessibleName(u"Progress of the archiving"_s);
     progress->setFormat(u"Please wait...saving archive"_s);
-    progress->setGeometry(Left + Column_Width + 16, 283, 280, 28);
+    progress->setGeometry(Left + Column_Width + 16, 332, Column_Width, 20);
     progress->hide(); // nothing drives it: a copy is over before it could move
     conversion_bar = new QProgressBar(Frame1);
     conversion_bar->setObjectName(u"pbrConversion"_s);
@@ -90,6 +88,10 @@ void Form60::Lay_Out() {
     conversion_bar->hide();
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 277, 140, 40},
                               [this] { HotLabel1_Click(); });
+    // The last, so that the others keep their letters.
+    GoBack = Make_HotLabel(
+        u"GoBack"_s, u"Go back to…"_s, {Left + Column_Width + 16, 268, 288, 58}, [this] { GoBack_Click(); },
+        HotLabel::Look::Entry);
 }
 
 void Form60::Tell_Helps() {
@@ -105,6 +107,8 @@ void Form60::Tell_Helps() {
          u"Import an archived database (this will erase your current database so take care with this option)."_s},
         {HotLabel5,
          u"Start afresh and clear all pupils and their data from the database (this will erase your current database so take care with this option)."_s},
+        {GoBack,
+         u"See the copies that were kept of the database before it could be changed. You can look inside them, go back to one of them, or remove them."_s},
         {HotLabel6,
          u"You can easily restore the current (working database) and this will remove the archive from the Viewer."_s},
     };
@@ -145,13 +149,6 @@ void Form60::HotLabel1_Click() {
 
 desktop::File_Question Form60::File_Dialog(const QString& title, const QString& file_name) const {
     return {title, u"MS Access 2000 (*.mdb)"_s, installation.Archive_Folder, file_name, u"mdb"_s};
-}
-
-// What is damaged is handed on all the same: its opening says what fails.
-static desktop::File_Words Tell_Of_File(const QString& file) {
-    constexpr int longest_wait = 1; // seconds: the user looks through a folder
-    const foundation::School_Look look = foundation::Look_At_School(basics::Native_Path(file), longest_wait);
-    return {foundation::In_Words_Of_A_Choice(look), look.kind != foundation::School_Look::Kind::Foreign};
 }
 
 QString Form60::Chosen_Archive(const QString& title) {
@@ -205,6 +202,10 @@ QString Form60::Create_Unique_Filename() const {
            now.toString(u"mm"_s) + u".mdb"_s;
 }
 
+void Form60::GoBack_Click() {
+    navigator.Go_To(Page_Id::Go_Back);
+}
+
 void Form60::HotLabel2_Click() {
     try {
         suggested_file_name = Create_Unique_Filename();
@@ -251,89 +252,16 @@ void Form60::Save_As(const QString& file) {
         const desktop::Wait_Pointer busy(platform.pointer);
         holder.Let_Go();
         copies.Copy(installation.Database_Path, file);
+        keeping::Quietly([&] { keeping::Copy_Companion(installation.Database_Path, file); });
     }
+    acts.Note(keeping::Act::Archived, file);
     Remember_Archive(installation, platform);
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"Your database has been archived as "_s + file);
 }
 
-bool Form60::Confirmed(const QString& title, Wrong_Password wrong) {
-    if (counts.Number_Of_Students.As_Integer() <= 0) return true; // nobody's results can be lost
-    const QString text =
-        u"Current database contains "_s + counts.Number_Of_Students.Text_Or_Empty() +
-        u" pupils.\r"
-        "It is strongly advised that you archive (save) your current pupil database before proceeding.\r"
-        "Please only choose 'Yes' if you have recently archived the current database (or, if you have not "
-        "recently archived the current database but are still happy to lose the current database).\r"
-        "Select 'No' if in doubt or wish to cancel this task."_s;
-    return platform.boxes.Ask(Box_Style::Yes_No, title, text) == Answer::Yes && Password_Accepted(wrong);
-}
-
-// An empty answer never passes, whatever the password is.
-bool Form60::Password_Accepted(Wrong_Password wrong) {
-    const QString answer = platform.input_box.Ask(u"Please enter your password"_s, u"Security check"_s);
-    if (answer.isEmpty()) return false;
-    if (answer == installation.Admin_Password.Text_Or_Empty()) return true;
-    if (wrong == Wrong_Password::Is_Told)
-        platform.boxes.Ask(Box_Style::Critical, u"Incorrect password"_s, u"Password not accepted"_s);
-    return false;
-}
-
-void Form60::Replace_Working_Database(const QString& source, const QString& reason) {
-    const desktop::Wait_Pointer busy(platform.pointer);
-    holder.Let_Go();
-    copies.Replace({source,
-                    installation.Database_Path,
-                    foundation::Needed_Tables(),
-                    reason,
-                    platform.clock.Now(),
-                    installation.Archive_Folder,
-                    {installation.Current_Database_Path}});
-}
-
-// Names that differ only in case are another product's. A file that may not be written needn't be, if it has
-// the password already.
-bool Form60::Lacks_The_Password(database::Recordset& row) const {
-    return row.Fields(u"Product_Name"_s).Value().Text_Or_Empty() == "MEVO"_L1 &&
-           row.Fields(u"Admin_Password"_s).Value() != installation.Admin_Password;
-}
-
-// Fails, before anything is replaced, where the archive wouldn't take the password.
-void Form60::Require_That_It_Takes_The_Password(const QString& archive) {
-    holder.Let_Go();
-    database::Connection connection;
-    connection.ConnectionString = foundation::Connection_String_For(archive);
-    connection.Open();
-    database::Recordset rows;
-    rows.Source = Product_Row;
-    rows.Set_ActiveConnection(&connection);
-    rows.Open();
-    for (; !rows.Eof(); rows.MoveNext())
-        if (Lacks_The_Password(rows)) return connection.Rehearse_A_Change();
-}
-
-// The file's row of this product takes the password in force.
-void Form60::Hand_On_The_Password(const QString& file) {
-    Alternative_Connection_String = foundation::Connection_String_For(file);
-    holder.ado_Open(Alternative_Connection_String, Product_Row, u"Optimistic"_s);
-    for (; !holder.Rows().Eof(); holder.Rows().MoveNext()) {
-        if (!Lacks_The_Password(holder.Rows())) continue;
-        holder.Rows().Fields(u"Admin_Password"_s).Set_Value(installation.Admin_Password);
-        holder.Rows().Update();
-    }
-    holder.ado_Close();
-}
-
-// Brings the working database up, also while the program looks at an archive. False if that failed.
-bool Form60::Working_Database_Is_Of_Version_51() {
-    foundation::Installation working = installation;
-    working.Connection_String = foundation::Connection_String_For(installation.Database_Path);
-    return foundation::Database_Is_Version_51(working) ||
-           foundation::Convert_Database_To_51(working, platform);
-}
-
 void Form60::HotLabel4_Click() {
-    if (!Confirmed(u"Load an archived database - CAUTION!"_s, Wrong_Password::Is_Silent)) return;
+    if (!acts.Confirmed(u"Load an archived database - CAUTION!"_s, Wrong_Password::Is_Silent)) return;
     Load_Archived_Database();
     Refresh_Archive_Page();
     Set_Archive_Buttons();
@@ -341,27 +269,20 @@ void Form60::HotLabel4_Click() {
 
 void Form60::Load_Archived_Database() {
     const QString file = Chosen_Archive(u"Load archive"_s);
-    if (file.isEmpty()) return;
-    Require_That_It_Takes_The_Password(file);
-    Replace_Working_Database(file, u"load"_s);
-    // Behind the copy on purpose: the working database keeps the password that the archive had.
-    Hand_On_The_Password(file);
-    if (!Working_Database_Is_Of_Version_51()) return;
-    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
-                       u"The database: \r"_s + file +
-                           u"\r has now been loaded and becomes the working database."_s);
+    if (!file.isEmpty()) acts.Load(file);
 }
 
 void Form60::HotLabel5_Click() {
-    if (Confirmed(u"Clear current database and start afresh - CAUTION!"_s, Wrong_Password::Is_Told))
+    if (acts.Confirmed(u"Clear current database and start afresh - CAUTION!"_s, Wrong_Password::Is_Told))
         Clear_Working_Database();
 }
 
 void Form60::Clear_Working_Database() {
     // Before the copy here, so that the password in force reaches the new working database.
-    Hand_On_The_Password(installation.Empty_Database_Path);
-    Replace_Working_Database(installation.Empty_Database_Path, u"clean_start"_s);
-    if (!Working_Database_Is_Of_Version_51()) return;
+    acts.Hand_On_The_Password(installation.Empty_Database_Path);
+    acts.Replace_Working_Database(installation.Empty_Database_Path, u"clean_start"_s);
+    acts.Note(keeping::Act::Cleared, installation.Database_Path);
+    if (!acts.Working_Database_Is_Of_Version_51()) return;
     platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
                        u"The database has now been cleared of all pupils and their data."_s);
     counts.Number_Of_Students = 0;
@@ -375,25 +296,7 @@ void Form60::HotLabel3_Click() {
 
 void Form60::View_Archived_Database() {
     const QString file = Chosen_Archive(u"View archive"_s);
-    if (file.isEmpty()) return;
-    installation.Current_Database_Path = file;
-    installation.Connection_String = foundation::Connection_String_For(file);
-    if (!foundation::Database_Is_Version_51(installation)) {
-        const Answer answer = platform.boxes.Ask(
-            Box_Style::Yes_No_Cancel_Information, u"Older archive type"_s,
-            u"This archive seems to be an older type Mevo database. Do you wish to upgrade it to version 5.1 ?"_s);
-        // Without an upgrade the mode stays normal, and yet every page reads the older archive from here on.
-        if (answer != Answer::Yes) return;
-        if (!foundation::Convert_Database_To_51(installation, platform)) {
-            installation.Connection_String = foundation::Connection_String_For(installation.Database_Path);
-            return;
-        }
-    }
-    platform.boxes.Ask(Box_Style::Plain, desktop::Default_Box_Title(),
-                       u"The database "_s + file +
-                           u" is now held in Viewing Mode (note that you cannot edit it)."_s);
-    installation.Viewing_Mode = true;
-    HotLabel6->setEnabled(true);
+    if (!file.isEmpty() && acts.View(file)) HotLabel6->setEnabled(true);
 }
 
 void Form60::HotLabel6_Click() {

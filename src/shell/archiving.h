@@ -1,10 +1,7 @@
 #pragma once
 
 #include "conversion/older_files.h"
-#include "foundation/access_holder.h"
-#include "foundation/installation.h"
-#include "platform/database/files/safe_copy.h"
-#include "shell/conventions/menu_counts.h"
+#include "shell/archive_acts.h"
 #include "shell/conventions/page.h"
 
 class QProgressBar;
@@ -36,10 +33,9 @@ public:
     void HotLabel4_Click(); // loads
     void HotLabel5_Click(); // starts afresh
     void HotLabel6_Click(); // ends the viewing
+    void GoBack_Click();    // to the copies that were kept
 
 private:
-    enum class Wrong_Password { Is_Silent, Is_Told };
-
     void Lay_Out();
     void Tell_Helps();
     desktop::File_Question File_Dialog(const QString& title, const QString& file_name) const;
@@ -49,26 +45,19 @@ private:
     void Show_Progress(const conversion::Progress& progress);
     QString Why_No_Archive(const QString& file) const; // why the name isn't taken for a save; empty if it is
     void Save_As(const QString& file);
-    bool Confirmed(const QString& title, Wrong_Password wrong);
-    bool Password_Accepted(Wrong_Password wrong);
-    void Replace_Working_Database(const QString& source, const QString& reason);
-    void Hand_On_The_Password(const QString& file);
-    void Require_That_It_Takes_The_Password(const QString& archive);
-    bool Lacks_The_Password(database::Recordset& row) const;
-    bool Working_Database_Is_Of_Version_51();
 
     foundation::Installation& installation;
     Menu_Counts& counts;
     database::File_Copies& copies;
     conversion::Older_Files& older_files;
     foundation::Access_Holder holder;
-    QString suggested_file_name;           // of the Save dialog
-    QString Alternative_Connection_String; // leads to a file other than the one in use
+    Archive_Acts acts;
+    QString suggested_file_name; // of the Save dialog
 
     QTimer* Timer1;
     QProgressBar* conversion_bar;
     QLabel *Label1, *Label13;
-    HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6;
+    HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *GoBack;
 };
 
 } // namespace shell

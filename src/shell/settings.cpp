@@ -11,7 +11,7 @@ namespace shell {
 using desktop::Answer;
 using desktop::Box_Style;
 
-constexpr QSize Frame_Size{760, 416};
+constexpr QSize Frame_Size{760, 440};
 constexpr int Left = 36;
 constexpr int Whole_Width = 688;
 
@@ -45,16 +45,22 @@ void Form20::Lay_Out() {
     HotLabel2->Set_Weight(HotLabel::Weight::Primary);
     NormTables = Make_HotLabel(u"NormTables"_s, u"Norm tables"_s, {Left + Whole_Width / 2 + 8, 204, 180, 40},
                                [this] { navigator.Open_On_Top(Page_Id::Norms); });
+    ChangesEntry = Make_HotLabel(
+        u"ChangesEntry"_s, u"Changes and data protection"_s, {Left, 260, Whole_Width / 2 - 8, 48},
+        [this] { navigator.Open_On_Top(Page_Id::Changes); }, HotLabel::Look::Entry);
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Left + Whole_Width - 140, 204, 140, 40},
                               [this] { HotLabel1_Click(); });
 }
 
 void Form20::Tell_Helps() {
-    Help_Line* help = Make_Help(u"Label1"_s, {Left, 284, Whole_Width, 96}).line;
+    Help_Line* help = Make_Help(u"Label1"_s, {Left, 322, Whole_Width, 96}).line;
     help->Tell(HotLabel1, u"Return to Main Menu"_s);
     help->Tell(HotLabel2, u"Click on 'Change password' to change the administrator's password."_s);
     help->Tell(NormTables,
                u"Look into the norm tables: what they hold, whether they are in order, and their digest."_s);
+    help->Tell(
+        ChangesEntry,
+        u"See what was done with the pupils' records and when, who hasn't been tested for long, and make a copy for support in which nobody can be recognised."_s);
     help->Tell(lblVersion, u"Your Mevo software version number."_s);
     help->Tell(lblFlashVersion, [this] {
         return Flash_Installed

@@ -33,7 +33,7 @@ private:
     bool Flash_Installed = false;
 
     QLabel *lblVersion, *lblFlashVersion;
-    HotLabel *HotLabel1, *HotLabel2, *NormTables;
+    HotLabel *HotLabel1, *HotLabel2, *NormTables, *ChangesEntry;
 };
 
 } // namespace shell

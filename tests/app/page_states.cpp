@@ -45,6 +45,8 @@ public:
         static const QRegularExpression folder(QRegularExpression::escape(QDir::tempPath()) + u"/[^/]+"_s);
         if (auto* foot = school.Page().findChild<QLabel*>(u"Foot"_s))
             foot->setText(foot->accessibleName().replace(folder, u"/srv/mevo"_s));
+        if (auto* place = school.Page().findChild<QLabel*>(u"Place"_s))
+            place->setText(place->text().replace(folder, u"/srv/mevo"_s));
     }
     void Click_All(const QStringList& names) {
         for (const QString& name : names)
@@ -106,6 +108,9 @@ void Reports(Tour& tour) {
     tour.Go(u"WhyPrint"_s, u"Why_Report"_s);
     tour.Show(u"why_report"_s);
     tour.Go(u"HotLabel1"_s, u"Form30"_s);
+    tour.Go(u"EarlierResults"_s, u"Earlier_Page"_s);
+    tour.Show(u"earlier_results"_s);
+    tour.Go(u"HotLabel1"_s, u"Form30"_s);
     tour.Go(u"HotLabel4"_s, u"Form94"_s);
     tour.Show(u"individual_report"_s);
     tour.Go(u"HotLabel1"_s, u"Form30"_s);
@@ -136,6 +141,11 @@ void Other_Pages(Tour& tour) {
             tour.Click_All({u"HotLabel2"_s});
             tour.Go(u"NormTables"_s, u"Norms_Page"_s);
             tour.Show(u"norm_tables"_s);
+            tour.Go(u"HotLabel1"_s, u"Form20"_s);
+            tour.Go(u"ChangesEntry"_s, u"Changes_Page"_s);
+            tour.Show(u"changes"_s);
+            tour.Click_All({u"HotLabel5"_s});
+            tour.Show(u"changes_untested"_s);
             tour.Go(u"HotLabel1"_s, u"Form20"_s);
         }
         tour.Go(u"HotLabel1"_s, u"Form77"_s);
@@ -180,6 +190,19 @@ void Prepare(Tour& tour) {
     tour.Go(u"HotLabel1"_s, u"Form77"_s);
 }
 
+// The pages before have left copies, which still hold whoever is deleted now.
+void Kept_Copies(Tour& tour) {
+    tour.Go(u"HotLabel8"_s, u"Form60"_s);
+    tour.Go(u"GoBack"_s, u"Form61"_s);
+    tour.Show(u"go_back"_s);
+    tour.school.sample.Run(u"DELETE FROM Mevo_Pupils WHERE rowid = 3"_s);
+    tour.Go(u"HotLabel5"_s, u"Form62"_s);
+    tour.Show(u"remove_pupil"_s);
+    tour.Go(u"HotLabel1"_s, u"Form61"_s);
+    tour.Go(u"HotLabel1"_s, u"Form60"_s);
+    tour.Go(u"HotLabel1"_s, u"Form77"_s);
+}
+
 void Archive_In_View(Tour& tour) {
     const Sample_File archive(3);
     tour.Pay({u"HotLabel8"_s, u"Form60"_s, u"archiving"_s, {}});
@@ -205,6 +228,7 @@ void Go_Through_All_Pages(const Look_At& look, shell::Scheme scheme) {
     Import(tour);
     Prepare(tour);
     Other_Pages(tour);
+    Kept_Copies(tour);
     Archive_In_View(tour);
 }
 

@@ -1,6 +1,7 @@
 // A day's work with the keyboard alone: no mouse event, and no handler called from here.
 
 #include "app/running_program.h"
+#include "platform/grid/spread.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/main_menu.h"
 #include "support/files.h"
@@ -9,10 +10,12 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QDir>
+#include <QDirIterator>
 #include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -165,6 +168,7 @@ public:
             Press(Qt::Key_Down);
         const QString chosen = code();
         ASSERT_EQ(sample.Value(done + chosen), u"1"_s);
+        retested = chosen.sliced(1).chopped(1);
         Tab_And_Press(u"HotLabel5"_s);
         Tab_And_Press(u"Image1(0)"_s, Qt::Key_Space);
         Tab_And_Press(u"HotLabel7"_s);
@@ -226,6 +230,22 @@ public:
         Type_Into_Dialog(u"not kept"_s, Qt::Key_Escape);
         Tab_And_Press(u"HotLabel3"_s);
         Look_At_The_Print_Preview();
+        Look_At_Earlier_Results();
+    }
+
+    // The pupil whose retest was allowed this day.
+    void Look_At_Earlier_Results() {
+        Tab_To(u"Combo1"_s);
+        Type(sample.Value(u"SELECT Surname FROM Mevo_Pupils WHERE StudentCode = '%1'"_s.arg(retested)));
+        Tab_And_Press(u"EarlierResults"_s);
+        Follow_To(u"Earlier_Page"_s);
+        Tab_To(u"Spread1"_s);
+        const auto& list = Control<grid::fpSpread>(Page(), u"Spread1"_s);
+        EXPECT_EQ(list.Text(1, 1) + list.Text(2, 1), u"Tolvensearlier"_s);
+        EXPECT_FALSE(list.Text(6, 1).isEmpty());
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.last(), u"Mevo earlier results"_s);
+        Go(u"HotLabel1"_s, u"Form30"_s);
     }
 
     void Ask_Why() {
@@ -301,6 +321,55 @@ public:
         Go(u"HotLabel1"_s, u"Form77"_s);
     }
 
+    void Look_At_The_Changes() {
+        Tab_And_Press(u"ChangesEntry"_s);
+        Follow_To(u"Changes_Page"_s);
+        const auto listed = [this] {
+            const auto& list = Control<grid::fpSpread>(Page(), u"Spread1"_s);
+            QStringList acts;
+            for (int row = 1; row <= list.rowCount(); ++row)
+                acts.append(list.Text(3, row));
+            return acts.join(u", "_s);
+        };
+        EXPECT_EQ(listed(),
+                  u"Removed everywhere, Archived, Corrected, Corrected, Retest allowed, Imported"_s);
+        Tab_To(u"Combo1"_s);
+        Type(u"Ret"_s);
+        EXPECT_EQ(listed(), u"Retest allowed"_s);
+        Press(Qt::Key_Home);
+        Tab_To(u"Text1"_s);
+        Type(u"class.txt"_s);
+        EXPECT_EQ(listed(), u"Imported"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.last(), u"Mevo changes and data protection"_s);
+        const QString csv = sample.Folder() + u"/changes.csv"_s;
+        const QString support = sample.Folder() + u"/support.mdb"_s;
+        outside.file_dialogs.answers = {csv, support};
+        By_Letter(u"HotLabel3"_s);
+        EXPECT_EQ(Bytes_Of(csv).count('\n'), 2);
+        outside.boxes.Will_Answer(Answer::Ok);
+        By_Letter(u"HotLabel7"_s);
+        EXPECT_TRUE(QFile::exists(support));
+        outside.boxes.Will_Answer(Answer::Yes);
+        outside.boxes.Will_Answer(Answer::Ok);
+        By_Letter(u"HotLabel4"_s);
+        EXPECT_EQ(outside.boxes.shown.last().text, u"Entries removed: 0"_s);
+        Hand_Over_Who_Was_Not_Tested_For_Long();
+    }
+
+    void Hand_Over_Who_Was_Not_Tested_For_Long() {
+        sample.Run(
+            u"UPDATE Mevo_Pupils SET Karrel_date = '03/05/2016', Tolvens_date = NULL, BliksFriends_date = "
+            "NULL, BliksLetters_date = NULL, BliksLetterNames_date = NULL, Drell_date = NULL, Mirvel_date = "
+            "NULL, Yoon_date = NULL, Pindo_date = NULL WHERE StudentCode = '%1'"_s.arg(retested));
+        By_Letter(u"HotLabel5"_s);
+        EXPECT_EQ(Caption(Page(), u"Heading"_s), u"Pupils not tested for longer than 3 years: 1"_s);
+        Go(u"HotLabel6"_s, u"Form9"_s);
+        EXPECT_EQ(Caption(Page(), u"Label5"_s), u"1"_s) << "selected";
+        Go(u"HotLabel1"_s, u"Form77"_s);
+        EXPECT_EQ(program.Window().findChildren<shell::Page*>().size(), 1) << "pages left behind";
+    }
+
     void Look_At_The_Progress() {
         Tab_To(u"Spread1"_s);
         Press(Qt::Key_Down, 3);
@@ -318,6 +387,44 @@ public:
         Expect_Changed(u"Mevo_\\w+ NEWISL\\w+: gone"_s);
     }
 
+    // Whoever was deleted, out of the archive that was saved earlier as well.
+    void Remove_A_Pupil_Everywhere() {
+        Go(u"GoBack"_s, u"Form61"_s);
+        Go(u"HotLabel5"_s, u"Form62"_s);
+        outside.file_dialogs.answers = {sample.Folder() + u"/kept.mdb"_s};
+        Tab_And_Press(u"HotLabel2"_s);
+        Tab_To(u"Pupils"_s);
+        Type(u"Newton"_s);
+        outside.boxes.Will_Answer(Answer::Yes);
+        outside.boxes.Will_Answer(Answer::Ok);
+        outside.input_box.answers = {program.Installed().Admin_Password.Text_Or_Empty()};
+        EXPECT_EQ(Files_With("Newton").size(), 5) << "four copies of the database and the archive";
+        By_Letter(u"HotLabel3"_s);
+        EXPECT_EQ(Files_With("Newton"), QStringList());
+        EXPECT_EQ(Files_With("NEWISL"), QStringList());
+        EXPECT_EQ(Read_Tables(sample), seen);
+        Go(u"HotLabel1"_s, u"Form61"_s);
+        Remove_A_Copy();
+        Go(u"HotLabel1"_s, u"Form60"_s);
+    }
+
+    void Remove_A_Copy() {
+        auto& copies = Control<QTreeWidget>(Page(), u"Copies"_s);
+        const int before = copies.topLevelItemCount();
+        Tab_To(u"Copies"_s);
+        Press(Qt::Key_Down);
+        outside.boxes.Will_Answer(Answer::Yes);
+        By_Letter(u"HotLabel4"_s);
+        EXPECT_EQ(copies.topLevelItemCount(), before - 1);
+    }
+
+    QStringList Files_With(const QByteArray& text) const {
+        QStringList found;
+        for (QDirIterator files(sample.Folder(), QDir::Files, QDirIterator::Subdirectories); files.hasNext();)
+            if (Bytes_Of(files.next()).contains(text)) found.append(files.fileName());
+        return found;
+    }
+
     // The end of the process is thrown here, which mustn't pass through the toolkit's handling of keys: it
     // wouldn't tidy up.
     void Expect_Quit_At(Qt::Key key) {
@@ -332,6 +439,7 @@ public:
 
 private:
     Table_Rows seen = Read_Tables(sample);
+    QString retested; // a pupil's code
 };
 
 } // namespace
@@ -350,6 +458,7 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
         {u"HotLabel8"_s, u"Form60"_s, &Without_A_Mouse::Save_And_View_An_Archive},
         {u"HotLabel7"_s, u"Form14"_s, &Without_A_Mouse::Look_At_The_Progress},
         {u"HotLabel3"_s, u"Form9"_s, &Without_A_Mouse::Delete_A_Pupil},
+        {u"HotLabel8"_s, u"Form60"_s, &Without_A_Mouse::Remove_A_Pupil_Everywhere},
     };
     for (const auto& [entry, form, work] : works) {
         Go(entry, form);
@@ -361,10 +470,44 @@ TEST_F(Without_A_Mouse, AllWorkCanBeDone) {
     Change_The_Password();
     EXPECT_EQ(Focused(), u"HotLabel6"_s);
     EXPECT_EQ(program.Window().findChildren<shell::Page*>().size(), 1) << "pages left behind";
+    Tab_And_Press(u"HotLabel6"_s);
+    Follow_To(u"Form20"_s);
+    Look_At_The_Changes();
     Tab_To(u"Foot"_s);
     EXPECT_TRUE(Caption(Page(), u"Label3"_s).endsWith(QDir::toNativeSeparators(sample.Folder())));
     Tab_To(u"HotLabel13"_s);
     Expect_Quit_At(Qt::Key_Return);
     ASSERT_EQ(outside.processes.started.size(), 1);
     EXPECT_TRUE(outside.processes.started.first().endsWith(u"\\MevoV51Shell.exe 417"_s));
+}
+
+// Three keys empty the school, as they always did; the copy from before them brings every row back.
+TEST_F(Without_A_Mouse, AnEmptiedSchoolIsWonBack) {
+    Open_Program();
+    const Table_Rows before = Read_Tables(sample);
+    Go(u"HotLabel3"_s, u"Form9"_s);
+    outside.boxes.Will_Answer(Answer::Yes);
+    Press(Qt::Key_S, 1, Qt::AltModifier);
+    Press(Qt::Key_D, 1, Qt::AltModifier);
+    EXPECT_TRUE(Wait_Until([&] { return sample.Value(u"SELECT count(*) FROM Mevo_Pupils"_s) == u"0"_s; }));
+    Go(u"HotLabel1"_s, u"Form77"_s);
+    Go(u"HotLabel8"_s, u"Form60"_s);
+    Go(u"GoBack"_s, u"Form61"_s);
+    outside.clock.now = outside.clock.now.addSecs(60);
+    auto& copies = Control<QTreeWidget>(Page(), u"Copies"_s);
+    ASSERT_EQ(copies.topLevelItemCount(), 1);
+    EXPECT_EQ(copies.topLevelItem(0)->text(1), u"Before the Delete page"_s);
+    EXPECT_EQ(copies.topLevelItem(0)->text(2), u"12"_s);
+    outside.boxes.Will_Answer(Answer::Ok); // with nobody to lose there is neither caution nor password
+    By_Letter(u"HotLabel3"_s);
+    Follow_To(u"Form60"_s);
+    EXPECT_EQ(Changes(before, Read_Tables(sample)), QStringList());
+    EXPECT_EQ(Caption(Page(), u"Label13"_s), u"12"_s);
+    Go(u"GoBack"_s, u"Form61"_s);
+    EXPECT_EQ(Control<QTreeWidget>(Page(), u"Copies"_s).topLevelItem(0)->text(1),
+              u"Before an archive was loaded"_s);
+    outside.boxes.Will_Answer(Answer::Ok);
+    By_Letter(u"HotLabel2"_s);
+    Follow_To(u"Form60"_s);
+    EXPECT_TRUE(program.Installed().Viewing_Mode);
 }

@@ -104,6 +104,7 @@ protected:
     }
     QStringList Beside_The_Working_Database() const {
         QStringList names = QDir(sample.Folder()).entryList(QDir::Files);
+        names.removeOne(u"Mevo05Changes.sqlite"_s); // what the program remembers besides
         names.removeOne(u"Mevo05Data.mdb"_s);
         names.removeOne(u"Mevo05EmptyDatabase.mdb"_s);
         return names;

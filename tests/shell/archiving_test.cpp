@@ -1,5 +1,7 @@
 #include "conversion/jet_samples.h"
 #include "foundation/start_up.h"
+#include "keeping/change_list.h"
+#include "keeping/earlier_takings.h"
 #include "shell/archiving_fixture.h"
 #include "support/on_windows.h"
 #include "support/other_workstation.h"
@@ -389,4 +391,27 @@ TEST_F(Archiving, WhatIsLoadedOrClearedInViewingModeIsTheWorkingDatabase) {
     EXPECT_EQ(Working(Count), u"0"_s);
     EXPECT_EQ(archive.Value(Count), u"30"_s);
     EXPECT_EQ(Caption(*page, u"Label13"_s), u"0"_s);
+}
+
+TEST_F(Archiving, EarlierResultsGoWithTheDatabaseTheyBelongTo) {
+    const QString code = sample.Value(u"SELECT StudentCode FROM Mevo_Pupils WHERE Karrel = 1"_s);
+    const auto kept = [&](const QString& database) { return keeping::Takings_Of(database, code).size(); };
+    keeping::Keep_Takings(sample.Path(), code, {3}, outside.clock.now);
+    Open();
+    Save(In_Archives(u"first.mdb"_s));
+    EXPECT_TRUE(Archives().contains(u"first.kept.sqlite"_s));
+    keeping::Keep_Takings(sample.Path(), code, {6}, outside.clock.now);
+    Load(In_Archives(u"first.mdb"_s));
+    EXPECT_EQ(kept(sample.Path()), 1) << "the archive's";
+    const QStringList aside = Archives().filter(u"before_load"_s);
+    ASSERT_EQ(aside.size(), 2);
+    EXPECT_EQ(kept(In_Archives(aside[1])), 2) << "today's, beside the kept copy";
+    Start_Afresh();
+    EXPECT_FALSE(QFile::exists(keeping::Companion_Of(sample.Path())));
+    EXPECT_EQ(kept(In_Archives(Archives().filter(u"clean_start"_s).value(1))), 1);
+    QStringList acts;
+    for (const keeping::Change& change : keeping::Changes_In(sample.Path()))
+        acts.append(change.act + u' ' + change.subject);
+    EXPECT_EQ(acts, (QStringList{u"Cleared "_s + QFileInfo(sample.Path()).fileName(), u"Loaded first.mdb"_s,
+                                 u"Archived first.mdb"_s}));
 }

@@ -1,4 +1,4 @@
-#include "console/csv_line.h"
+#include "platform/basics/csv_text.h"
 #include "scores/command_line.h"
 #include "scores/score_lines.h"
 #include "support/command_line.h"
@@ -96,7 +96,7 @@ TEST(ScoreExport, ACommentNamesTheNormsWhenAsked) {
 }
 
 TEST(ScoreExport, FieldsAreQuotedWhereTheyMustBe) {
-    EXPECT_EQ(console::Csv_Line({u"plain"_s, u""_s, u"a,b"_s, u"say \"hi\""_s, u"two\nlines"_s, u" 7"_s}),
+    EXPECT_EQ(basics::Csv_Line({u"plain"_s, u""_s, u"a,b"_s, u"say \"hi\""_s, u"two\nlines"_s, u" 7"_s}),
               u"plain,,\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\", 7\r\n"_s);
 }
 

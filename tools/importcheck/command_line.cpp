@@ -1,8 +1,8 @@
 #include "importcheck/command_line.h"
 
-#include "console/csv_line.h"
 #include "console/error_line.h"
 #include "foundation/installation.h"
+#include "platform/basics/csv_text.h"
 #include "pupils/import/preparation.h"
 
 #include <QCommandLineParser>
@@ -91,7 +91,7 @@ QString Line_Of(const pupils::Rehearsed_Row& row) {
     fields += {has_age ? QString::number(row.age_months) : QString(),
                has_age ? QString::number(pupils::Has_Norms(row.age_months) ? 1 : 0) : QString(),
                row.words.join(u"; "_s), QString::number(row.curable ? 1 : 0)};
-    return console::Csv_Line(fields);
+    return basics::Csv_Line(fields);
 }
 
 QString Rehearsal_Of(const Request& request, const QDateTime& now) {
@@ -104,9 +104,9 @@ QString Rehearsal_Of(const Request& request, const QDateTime& now) {
     pupils::Take_Source(list, pupils::Read_Source_File(request.file, request.choice), now.date());
     list.order = request.order.value_or(list.order);
     list.class_for_all = request.class_for_all;
-    QString text = console::Csv_Line({u"line"_s, u"kind"_s, u"surname"_s, u"forename"_s, u"gender"_s,
-                                      u"date_of_birth"_s, u"class"_s, u"password"_s, u"age_months"_s,
-                                      u"has_norms"_s, u"words"_s, u"can_be_cured"_s});
+    QString text = basics::Csv_Line({u"line"_s, u"kind"_s, u"surname"_s, u"forename"_s, u"gender"_s,
+                                     u"date_of_birth"_s, u"class"_s, u"password"_s, u"age_months"_s,
+                                     u"has_norms"_s, u"words"_s, u"can_be_cured"_s});
     for (const pupils::Rehearsed_Row& row : pupils::Rehearse(list, registered, now))
         text += Line_Of(row);
     return text;

@@ -2,6 +2,7 @@
 
 #include "console/console_platform.h"
 #include "console/error_line.h"
+#include "scores/earlier_lines.h"
 #include "scores/score_lines.h"
 
 #include <QCommandLineParser>
@@ -23,6 +24,7 @@ struct Request {
     scoring::Passes_Wanted wanted;
     bool check_norms;
     Header_Comment comment;
+    bool earlier; // the takings before a retest too
 };
 
 void Write_Whole(const QString& text, QIODevice& output) {
@@ -43,6 +45,9 @@ std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& o
     const QCommandLineOption about(u"about"_s,
                                    u"Begin with a comment that names the norms by their digest."_s);
     parser.addOption(about);
+    const QCommandLineOption earlier(u"earlier"_s,
+                                     u"List each taking of each test, those before a retest too."_s);
+    parser.addOption(earlier);
     const QCommandLineOption help = parser.addHelpOption();
 
     if (!parser.parse(arguments)) throw Export_Fault(parser.errorText());
@@ -52,10 +57,11 @@ std::optional<Request> Read_Arguments(const QStringList& arguments, QIODevice& o
     }
     const QStringList files = parser.positionalArguments();
     if (files.size() != 1 || files.first().isEmpty())
-        throw Export_Fault(u"Usage: mevo-scores DATABASE [--times] [--about] [--check-norms]"_s);
+        throw Export_Fault(u"Usage: mevo-scores DATABASE [--times] [--about] [--check-norms] [--earlier]"_s);
     using scoring::Passes_Wanted;
     return Request{files.first(), parser.isSet(times) ? Passes_Wanted::Raw_And_Time : Passes_Wanted::Raw,
-                   parser.isSet(check), parser.isSet(about) ? Header_Comment::Norms : Header_Comment::None};
+                   parser.isSet(check), parser.isSet(about) ? Header_Comment::Norms : Header_Comment::None,
+                   parser.isSet(earlier)};
 }
 
 int Check_The_Norms(const QString& database, desktop::Platform& platform, QIODevice& output) {
@@ -72,7 +78,9 @@ int Run_Command(const QStringList& arguments, QIODevice& output, QTextStream& er
         if (!request) return Done;
         console::Console_Platform platform(Program, errors);
         if (request->check_norms) return Check_The_Norms(request->database, platform.Ports(), output);
-        Write_Whole(Score_Lines(request->database, request->wanted, platform.Ports(), request->comment),
+        Write_Whole(request->earlier
+                        ? Earlier_Lines(request->database, platform.Ports())
+                        : Score_Lines(request->database, request->wanted, platform.Ports(), request->comment),
                     output);
         return Done;
     } catch (const console::Program_Ended&) {

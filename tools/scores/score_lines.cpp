@@ -1,6 +1,6 @@
 #include "scores/score_lines.h"
 
-#include "console/csv_line.h"
+#include "platform/basics/csv_text.h"
 #include "platform/basics/run_time_error.h"
 #include "scoring/cohort.h"
 #include "scoring/sequence_totals.h"
@@ -11,8 +11,8 @@ namespace score_export {
 
 namespace {
 
+using basics::Csv_Line;
 using basics::Run_Time_Error;
-using console::Csv_Line;
 using scoring::All_Tests;
 using scoring::Passes_Wanted;
 using scoring::Scoring;

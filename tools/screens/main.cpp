@@ -150,6 +150,7 @@ public:
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);
         Click(u"HotLabel3"_s);
+        Over_The_Page(u"EarlierResults"_s, u"Earlier_Page"_s, {}, u"Form30"_s);
         for (const auto& [entry, form] : Previews) {
             Click(entry);
             Wait_For(form);
@@ -163,6 +164,7 @@ public:
         Wait_For(u"Form77"_s);
         for (const Visit& visit : Pages_From_The_Menu)
             Visit_From_The_Menu(visit);
+        Through_The_Kept_Copies();
     }
 
 private:
@@ -175,11 +177,36 @@ private:
         for (const QString& clicked : visit.clicks)
             Click(clicked);
         if (form == "Form20"_L1) Through_The_Norms();
+        if (form == "Form20"_L1) Over_The_Page(u"ChangesEntry"_s, u"Changes_Page"_s, u"HotLabel5"_s, form);
         if (form == "Form42"_L1) Name_A_Schools_Folder();
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
         if (form == "Form42"_L1) Prepare_A_List();
         Click(u"HotLabel1"_s);
         Wait_For(u"Form77"_s);
+    }
+
+    void Through_The_Kept_Copies() {
+        const Way ways[] = {{u"HotLabel8"_s, u"Form60"_s}, {u"GoBack"_s, u"Form61"_s},
+                            {u"HotLabel5"_s, u"Form62"_s}, {u"HotLabel1"_s, u"Form61"_s},
+                            {u"HotLabel1"_s, u"Form60"_s}, {u"HotLabel1"_s, u"Form77"_s}};
+        for (const auto& [entry, form] : ways) {
+            Click(entry);
+            Wait_For(form);
+            if (form == "Form61"_L1 || form == "Form62"_L1) pictures.Take(window, form);
+        }
+    }
+
+    void Over_The_Page(const QString& entry, const QString& form, const QString& click,
+                       const QString& beneath) {
+        Click(entry);
+        Wait_For(form);
+        pictures.Take(window, form);
+        if (!click.isEmpty()) {
+            Click(click);
+            pictures.Take(window, form + u"_in_use"_s);
+        }
+        Click(u"HotLabel1"_s);
+        Wait_For(beneath);
     }
 
     // The class list lies in a folder of this machine that has another name each time.

@@ -34,7 +34,7 @@ void Page::showEvent(QShowEvent* event) {
     Give_Mnemonics(*this);
 }
 
-void Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
+QTimer* Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
     auto* timer = new QTimer(this);
     timer->setObjectName(timer_name);
     timer->setSingleShot(true);
@@ -45,6 +45,7 @@ void Page::Once_Painted(const QString& timer_name, std::function<void()> work) {
             timer->start(); // a box is open, say
     });
     timer->start(platform.clock.Timer_Interval(Deferred_Ms));
+    return timer;
 }
 
 HotLabel* Page::Make_HotLabel(const QString& name, const QString& caption, const QRect& place,

@@ -30,6 +30,10 @@ enum class Page_Id {
     Archiving,
     Why_Report, // over the Reports page: an explanation to print
     Norms,      // over the Settings page: what the norm tables hold
+    Go_Back,
+    Remove_Pupil,
+    Earlier_Results, // over the Reports page: what the pupil scored before a retest
+    Changes,         // over the Settings page: what was done, and what is kept of whom
 };
 
 // How a page says what follows. It is destroyed after its handler has returned.
@@ -65,8 +69,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override; // gives the entries their letters
 
-    // Runs `work` once, after the page has had time to paint and when it is idle.
-    void Once_Painted(const QString& timer_name, std::function<void()> work);
+    // Runs `work` once, after the page has had time to paint and when it is idle; and again each time that
+    // the timer is started.
+    QTimer* Once_Painted(const QString& timer_name, std::function<void()> work);
 
     HotLabel* Make_HotLabel(const QString& name, const QString& caption, const QRect& place,
                             std::function<void()> click, HotLabel::Look look = HotLabel::Look::Command,

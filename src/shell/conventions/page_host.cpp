@@ -8,8 +8,13 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
-Page_Host::Page_Host(desktop::Platform& platform, Page_Factory factory, std::function<QString()> school)
-    : platform(platform), factory(std::move(factory)), school(std::move(school)), waiting(*this) {
+Page_Host::Page_Host(desktop::Platform& platform, Page_Factory factory, std::function<QString()> school,
+                     Shown shown)
+    : platform(platform),
+      factory(std::move(factory)),
+      school(std::move(school)),
+      shown(std::move(shown)),
+      waiting(*this) {
     setObjectName(u"Page_Host"_s);
     setWindowTitle(desktop::Default_Box_Title());
     setAttribute(Qt::WA_StyledBackground);
@@ -75,6 +80,7 @@ void Page_Host::Show_New(Page_Id id) {
     pages.push_back({std::move(page), {}});
     Show_Current();
     Current()->setFocus();
+    if (shown) shown(id);
 }
 
 QString Page_Host::Title() const {

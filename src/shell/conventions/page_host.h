@@ -19,8 +19,11 @@ class Page_Host : public QWidget, public Navigator {
     Q_OBJECT
 public:
     using Page_Factory = std::function<std::unique_ptr<Page>(Page_Id, Navigator&)>;
-    // The school's name stands in the title where a page has no caption.
-    Page_Host(desktop::Platform& platform, Page_Factory factory, std::function<QString()> school = {});
+    using Shown = std::function<void(Page_Id)>;
+    // The school's name stands in the title where a page has no caption. `shown` is told of each page that
+    // was opened, before anything that the user does reaches it.
+    Page_Host(desktop::Platform& platform, Page_Factory factory, std::function<QString()> school = {},
+              Shown shown = {});
     ~Page_Host() override;
 
     void Go_To(Page_Id page) override;
@@ -46,6 +49,7 @@ private:
     desktop::Platform& platform;
     Page_Factory factory;
     std::function<QString()> school;
+    Shown shown;
     Waiting_Notice waiting;
     Double_Click_Filter double_clicks;
     std::deque<std::function<void()>> asked; // by handlers that may still run, the oldest first

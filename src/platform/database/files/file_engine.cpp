@@ -51,17 +51,28 @@ void Raise(sqlite3* engine, int result) {
 File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds) {
     engine.emplace(file, access, Raise);
     const bool in_wal_mode = Has_Write_Ahead_Log(engine->First_Bytes(Header_Size));
-    sqlite3* const opened = engine->Get();
-    waiting.Install(opened, timeout_seconds);
-    since.start();
-    sqlite3_progress_handler(opened, 10'000, End_If_Too_Long, &since);
-    Harden(opened);
-    Run(u"PRAGMA cell_size_check = ON"_s);
+    Prepare(timeout_seconds);
     // Beyond full: a journal's removal is on the disk before a commit is reported.
     Run(u"PRAGMA synchronous = EXTRA"_s);
-    if (in_wal_mode) Refuse_Log_Of_Read_Only_File(opened);
+    if (in_wal_mode) Refuse_Log_Of_Read_Only_File(engine->Get());
     if (in_wal_mode && Run(u"PRAGMA journal_mode = DELETE"_s) != QStringList{u"delete"_s})
         engine->Check(SQLITE_BUSY);
+}
+
+File_Engine::File_Engine(const QByteArray& bytes) {
+    engine.emplace(u":memory:"_s, Access::Read_Write, Raise);
+    auto* content = reinterpret_cast<unsigned char*>(const_cast<char*>(bytes.data()));
+    engine->Check(sqlite3_deserialize(engine->Get(), "main", content, bytes.size(), bytes.size(),
+                                      SQLITE_DESERIALIZE_READONLY));
+    Prepare(0);
+}
+
+void File_Engine::Prepare(int timeout_seconds) {
+    waiting.Install(engine->Get(), timeout_seconds);
+    since.start();
+    sqlite3_progress_handler(engine->Get(), 10'000, End_If_Too_Long, &since);
+    Harden(engine->Get());
+    Run(u"PRAGMA cell_size_check = ON"_s);
 }
 
 QStringList File_Engine::Run(const QString& sql) {
@@ -73,17 +84,45 @@ QStringList File_Engine::Run(const QString& sql) {
     return column;
 }
 
-void File_Engine::Read_All(const Take& take) const {
+static sqlite3_file* Opened_File(const Engine_Handle& engine) {
     sqlite3_file* file = nullptr;
-    sqlite3_file_control(engine->Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    if (!file || !file->pMethods) engine->Check(SQLITE_CANTOPEN);
+    sqlite3_file_control(engine.Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (!file || !file->pMethods) engine.Check(SQLITE_CANTOPEN);
+    return file;
+}
+
+QByteArray File_Engine::Read(qint64 place, qint64 size) const {
+    sqlite3_file* file = Opened_File(*engine);
+    QByteArray bytes(static_cast<qsizetype>(size), Qt::Uninitialized);
+    engine->Check(file->pMethods->xRead(file, bytes.data(), static_cast<int>(size), place));
+    return bytes;
+}
+
+void File_Engine::Read_All(const Take& take) const {
+    sqlite3_file* file = Opened_File(*engine);
     sqlite3_int64 size = 0;
     engine->Check(file->pMethods->xFileSize(file, &size));
-    for (sqlite3_int64 place = 0; place < size; place += Piece) {
-        QByteArray bytes(static_cast<qsizetype>(std::min(Piece, size - place)), Qt::Uninitialized);
-        engine->Check(file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), place));
-        take(bytes);
-    }
+    for (sqlite3_int64 place = 0; place < size; place += Piece)
+        take(Read(place, std::min(Piece, size - place)));
+}
+
+// The engine attaches a file of its own meanwhile, which is otherwise out of the question.
+static auto With_Room_To_Attach(sqlite3* engine) {
+    const int most = sqlite3_limit(engine, SQLITE_LIMIT_ATTACHED, 1);
+    return qScopeGuard([engine, most] { sqlite3_limit(engine, SQLITE_LIMIT_ATTACHED, most); });
+}
+
+void File_Engine::Compact_Into(const QString& file) {
+    const auto room = With_Room_To_Attach(engine->Get());
+    since.start();
+    Engine_Statement statement(*engine, u"VACUUM INTO ?1"_s);
+    statement.Bind_Text(1, file.toUtf8());
+    statement.Step();
+}
+
+void Compact(File_Engine& engine) {
+    const auto room = With_Room_To_Attach(engine.Handle().Get());
+    engine.Run(u"VACUUM"_s);
 }
 
 void Replacing_Transaction::Finisher::operator()(sqlite3_backup* backup) const {

@@ -37,6 +37,8 @@ class File_Engine {
 public:
     // A file that is written through a log beside it is turned back into one file.
     File_Engine(const QString& file, Access access, int timeout_seconds);
+    // On the bytes of a database, which outlive it and are only read.
+    explicit File_Engine(const QByteArray& bytes);
     File_Engine(const File_Engine&) = delete;
     File_Engine& operator=(const File_Engine&) = delete;
 
@@ -47,13 +49,25 @@ public:
     // Hands over the file's bytes from first to last. A lock must be held.
     void Read_All(const Take& take) const;
 
+    // So many of the file's bytes from a place on. A lock must be held.
+    QByteArray Read(qint64 place, qint64 size) const;
+
+    // Writes the database into another file, which is empty or missing, without a byte of what was deleted.
+    // Rows keep their numbers.
+    void Compact_Into(const QString& file);
+
     const Engine_Handle& Handle() const { return *engine; }
 
 private:
+    void Prepare(int timeout_seconds);
+
     QElapsedTimer since; // the running statement's start
     Busy_Waiting waiting;
     std::optional<Engine_Handle> engine;
 };
+
+// Writes the open file anew, without what its unused pages held. In no transaction.
+void Compact(File_Engine& engine);
 
 // Replaces everything that is in the database `target` by what is in `source`, in one transaction of the
 // target: other programs see the old content or the new one, and so does whoever opens the file after a

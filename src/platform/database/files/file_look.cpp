@@ -95,6 +95,15 @@ File_Look Look_Into(const QString& file, const QStringList& questions, int timeo
     return Look_Into_A_Copy_Of(file, order);
 }
 
+QString Damage_In(const QByteArray& bytes) {
+    try {
+        File_Engine engine(bytes);
+        return Damage_Found_By(engine);
+    } catch (const Damaged_File& damaged) {
+        return damaged.Description;
+    }
+}
+
 QStringList Lacking(const Tables& found, const Tables& wanted) {
     QStringList lacking;
     for (auto table = wanted.begin(); table != wanted.end(); ++table) {

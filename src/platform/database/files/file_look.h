@@ -24,6 +24,9 @@ struct File_Look {
 // the file, so it is asked only while no connection of the process has it open (database_file.h).
 File_Look Look_Into(const QString& file, const QStringList& questions = {}, int timeout_seconds = 15);
 
+// A sentence on the first fault of a database whose bytes these are; empty where it is sound.
+QString Damage_In(const QByteArray& bytes);
+
 // What of `wanted` isn't among `found`: "Mevo_Means", or "Mevo_Means.Module" where the table is there. Names
 // are the same in any case.
 QStringList Lacking(const Tables& found, const Tables& wanted);

@@ -18,44 +18,56 @@ namespace {
 
 const QString Ending = u".mdb"_s;
 
-QString Name_Of(const Replacement& order) {
-    return u"Mevo05_before_"_s + order.reason + u'_' + order.when.toString(u"yyyy-MM-dd_HH-mm-ss"_s);
-}
-
-// The moment in a kept copy's name, with the number that tells two of one second apart; empty for any other
-// name.
-QString Moment_In(const QString& name) {
+// A kept copy's name: why, when, and a number that tells two of one second apart.
+QRegularExpressionMatch Parts_Of(const QString& name) {
     static const QRegularExpression form(
-        u"^Mevo05_before_[a-z_]+_(\\d{4}-\\d\\d-\\d\\d_\\d\\d-\\d\\d-\\d\\d(?:_\\d)?)\\.mdb$"_s);
-    return form.match(name).captured(1);
+        u"^Mevo05_before_([a-z_]+)_((\\d{4}-\\d\\d-\\d\\d_\\d\\d-\\d\\d-\\d\\d)(?:_\\d)?)\\.mdb$"_s);
+    return form.match(name);
 }
 
-QString Free_Name(const QString& folder, const QString& name) {
+QString Moment_In(const QString& path) {
+    return Parts_Of(QFileInfo(path).fileName()).captured(2);
+}
+
+const QString Form_Of_Moment = u"yyyy-MM-dd_HH-mm-ss"_s;
+
+} // namespace
+
+QList<Kept_File> Kept_Files_In(const QString& folder) {
+    QList<Kept_File> kept;
+    for (const QFileInfo& file : QDir(folder).entryInfoList({u"Mevo05_before_*"_s + Ending}, QDir::Files)) {
+        const QRegularExpressionMatch parts = Parts_Of(file.fileName());
+        if (parts.hasMatch())
+            kept.append({file.filePath(), parts.captured(1),
+                         QDateTime::fromString(parts.captured(3), Form_Of_Moment)});
+    }
+    std::sort(kept.begin(), kept.end(), [](const Kept_File& left, const Kept_File& right) {
+        return Moment_In(left.path) > Moment_In(right.path);
+    });
+    return kept;
+}
+
+QString Free_Kept_Name(const QString& folder, const QString& reason, const QDateTime& when) {
     const QDir there(folder);
+    const QString name = u"Mevo05_before_"_s + reason + u'_' + when.toString(Form_Of_Moment);
     QString file = there.filePath(name + Ending);
     for (int number = 2; QFile::exists(file) && number <= 9; ++number)
         file = there.filePath(name + u'_' + QString::number(number) + Ending);
     return file;
 }
 
-// The oldest by their names first.
-QFileInfoList Kept_In(const QDir& folder) {
-    QFileInfoList kept = folder.entryInfoList({u"Mevo05_before_*"_s + Ending}, QDir::Files);
-    kept.removeIf([](const QFileInfo& file) { return Moment_In(file.fileName()).isEmpty(); });
-    std::sort(kept.begin(), kept.end(), [](const QFileInfo& left, const QFileInfo& right) {
-        return Moment_In(left.fileName()) < Moment_In(right.fileName());
-    });
-    return kept;
-}
-
-} // namespace
-
 bool Has_Name_Of_Kept_Copy(const QString& file) {
     const QString name = QFileInfo(file).fileName();
     return !Moment_In(name.left(1).toUpper() + name.mid(1).toLower()).isEmpty();
 }
 
+QString Companion_Of_Archive(const QString& archive) {
+    const bool usual = archive.endsWith(Ending, Qt::CaseInsensitive);
+    return (usual ? archive.chopped(Ending.size()) : archive) + u".kept.sqlite"_s;
+}
+
 Kept_Copy::Kept_Copy(const Replacement& order, const Write& write) {
+    kept_as = order.kept_as;
     for (const QString& file : order.spared + QStringList{order.source})
         spared.append(QFileInfo(Native_Path(file)).canonicalFilePath());
     try {
@@ -72,7 +84,7 @@ Kept_Copy::~Kept_Copy() {
 void Kept_Copy::Write_In(const QString& folder, const Replacement& order, const Write& write) {
     const QString replaced = Native_Path(order.target);
     Make_Folder(folder, QFileInfo(replaced).absolutePath()); // where it can't, the new file says so
-    const QString place = Free_Name(folder, Name_Of(order));
+    const QString place = Free_Kept_Name(folder, order.reason, order.when);
     New_File copy(place, replaced);
     write(copy);
     copy.Flush_And_Close();
@@ -81,19 +93,20 @@ void Kept_Copy::Write_In(const QString& folder, const Replacement& order, const 
 }
 
 // After a clock fell back, the copy just made bears the earliest moment of all.
-bool Kept_Copy::Is_Spared(const QFileInfo& kept) const {
-    const QString name = kept.canonicalFilePath();
+bool Kept_Copy::Is_Spared(const Kept_File& kept) const {
+    const QString name = QFileInfo(kept.path).canonicalFilePath();
     return name == QFileInfo(file).canonicalFilePath() || spared.contains(name);
 }
 
 void Kept_Copy::Stay() {
     stays = true;
     if (file.isEmpty()) return;
-    QFileInfoList kept = Kept_In(QFileInfo(file).absoluteDir());
+    if (kept_as) *kept_as = file;
+    QList<Kept_File> kept = Kept_Files_In(QFileInfo(file).absolutePath());
     const qsizetype too_many = kept.size() - Most_Kept_Copies;
-    kept.removeIf([this](const QFileInfo& copy) { return Is_Spared(copy); });
-    for (const QFileInfo& oldest : kept.first(std::clamp<qsizetype>(too_many, 0, kept.size())))
-        QFile::remove(oldest.filePath());
+    kept.removeIf([this](const Kept_File& copy) { return Is_Spared(copy); });
+    for (const Kept_File& oldest : kept.last(std::clamp<qsizetype>(too_many, 0, kept.size())))
+        if (QFile::remove(oldest.path)) QFile::remove(Companion_Of_Archive(oldest.path));
 }
 
 } // namespace database

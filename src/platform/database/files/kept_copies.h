@@ -3,7 +3,9 @@
 #include "platform/database/files/new_file.h"
 #include "platform/database/files/safe_copy.h"
 
+#include <QDateTime>
 #include <QFileInfo>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -15,8 +17,23 @@ namespace database {
 // wrong archive finds its pupils there.
 inline constexpr int Most_Kept_Copies = 10;
 
+struct Kept_File {
+    QString path;
+    QString reason; // "load"
+    QDateTime when;
+};
+
+// Those of a folder, the latest by their names first.
+QList<Kept_File> Kept_Files_In(const QString& folder);
+
+// A name in the folder that nothing bears yet and that says why and when.
+QString Free_Kept_Name(const QString& folder, const QString& reason, const QDateTime& when);
+
 // Whether a file has such a name, in any letter case.
 bool Has_Name_Of_Kept_Copy(const QString& file);
+
+// Where what is remembered beside an archive or a kept copy lies; it goes with it.
+QString Companion_Of_Archive(const QString& archive);
 
 // A copy that is being kept: it stands in its folder already, and is removed again unless Stay is called.
 class Kept_Copy {
@@ -35,10 +52,11 @@ public:
 
 private:
     void Write_In(const QString& folder, const Replacement& order, const Write& write);
-    bool Is_Spared(const QFileInfo& kept) const;
+    bool Is_Spared(const Kept_File& kept) const;
 
     QString file;
     QStringList spared; // canonical
+    QString* kept_as = nullptr;
     bool stays = false;
 };
 

@@ -120,6 +120,28 @@ void Safe_Copies::Copy(const QString& source, const QString& target) {
     Put_In_Place(copy, to, nothing, timeout_seconds);
 }
 
+void Rewrite(const QString& database, const std::function<void(File_Engine&)>& work, int timeout_seconds) {
+    constexpr qint64 header_size = 100; // the count of changes is in it
+    const QString file = Native_Path(database);
+    New_File copy(file, file);
+    Write_Copy(file, copy, timeout_seconds);
+    New_File fresh(file, file);
+    fresh.Flush_And_Close();
+    QByteArray header;
+    {
+        File_Engine engine(copy.Path(), Access::Read_Write, 0);
+        header = engine.Read(0, header_size);
+        work(engine);
+        engine.Compact_Into(fresh.Path());
+    }
+    Require_Sound(fresh.Path(), {});
+    File_Engine source(fresh.Path(), Access::Read_Only, 0);
+    Live_Target live(source, file, timeout_seconds);
+    if (live.engine.Read(0, header_size) != header)
+        throw File_In_Use(errors::Engine_Failure, u"Mevo"_s, u"The file was written to meanwhile."_s);
+    live.transaction.Commit();
+}
+
 void Safe_Copies::Replace(const Replacement& order) {
     const QString from = Native_Path(order.source);
     const QString to = Native_Path(order.target);

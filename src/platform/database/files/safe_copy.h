@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/database/files/file_engine.h"
 #include "platform/database/files/file_look.h"
 
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 namespace database {
 
@@ -16,7 +18,8 @@ struct Replacement {
     QString reason;  // what replaces it, for the name under which the old database is kept: "load"
     QDateTime when;  // when it is replaced, which that name tells too
     QString keep_in; // the folder for the old database; where it can't be there, its own folder serves
-    QStringList spared = {}; // kept databases that stay though they are the oldest: one in view
+    QStringList spared = {};    // kept databases that stay though they are the oldest: one in view
+    QString* kept_as = nullptr; // set to the file that the old database was kept in, once it stays
 };
 
 // Copies whole database files. What fails is a run-time error and leaves the target as it was:
@@ -36,6 +39,12 @@ public:
     // source if it is one of them.
     virtual void Replace(const Replacement& order) = 0;
 };
+
+// Changes a database so that nothing of what the work removes is left in the file's bytes: it is done on a
+// copy, which is compacted and put in the file's place in one transaction. All other rows keep their numbers.
+// Throws as the copies do, and then the file is as it was; File_In_Use, which is worth a second try, also
+// where others wrote to the file meanwhile.
+void Rewrite(const QString& database, const std::function<void(File_Engine&)>& work, int timeout_seconds);
 
 class Safe_Copies final : public File_Copies {
 public:

@@ -1,13 +1,10 @@
-#pragma once
+#include "platform/basics/csv_text.h"
 
-#include <QStringList>
+using namespace Qt::StringLiterals;
 
-namespace console {
+namespace basics {
 
-// One record of comma-separated values with its line end; a field with a comma, a quote or a line end in it
-// is quoted.
-inline QString Csv_Line(const QStringList& fields) {
-    using namespace Qt::StringLiterals;
+QString Csv_Line(const QStringList& fields) {
     QStringList written;
     for (QString field : fields) {
         const bool needs_quotes =
@@ -17,4 +14,4 @@ inline QString Csv_Line(const QStringList& fields) {
     return written.join(u',') + u"\r\n"_s;
 }
 
-} // namespace console
+} // namespace basics
