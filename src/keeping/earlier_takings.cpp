@@ -8,6 +8,7 @@
 #include "platform/database/files/safe_copy.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 
