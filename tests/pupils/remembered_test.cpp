@@ -61,6 +61,11 @@ TEST_F(Remembered, ARetestKeepsTheResultAndADeletionTakesItAlong) {
     outside.boxes.Will_Answer(Answer::Yes);
     deleting.HotLabel2_Click();
     EXPECT_TRUE(keeping::Takings_Of(sample.Path(), code).isEmpty());
+    keeping::Keep_Takings(sample.Path(), lists.Student_Code[1], {1}, outside.clock.now);
+    sample.Run(u"ALTER TABLE Mevo_Pupils RENAME TO Away"_s);
+    deleting.Forget_Deleted({lists.Student_Code[1]});
+    EXPECT_EQ(keeping::Takings_Of(sample.Path(), lists.Student_Code[1]).size(), 1)
+        << "nothing tells who is gone";
     EXPECT_EQ(Noted(), QStringList{u"Deleted|%1|"_s.arg(code)} + before);
 }
 
