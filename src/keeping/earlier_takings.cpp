@@ -8,8 +8,10 @@
 #include "platform/database/files/safe_copy.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -233,7 +235,7 @@ QList<Taking> Takings_Of(const QString& database, const QString& code) {
         takings.append(Taking_At(rows));
     takings.removeIf([](const Taking& taking) { return taking.test == 0; });
     std::stable_sort(takings.begin(), takings.end(), [](const Taking& left, const Taking& right) {
-        return left.code == right.code && left.test < right.test;
+        return std::tie(left.code, left.test) < std::tie(right.code, right.test);
     });
     return takings;
 }

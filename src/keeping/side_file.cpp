@@ -4,6 +4,7 @@
 #include "platform/database/files/file_rights.h"
 #include "platform/database/files/new_file.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +37,8 @@ void Make(const Side_Kind& kind, const QString& file, const QString& database) {
         database::File_Engine engine(made.Path(), database::Access::Read_Write, Longest_Wait);
         Set_Up(kind, engine);
     }
+    // A journal of one that has gone would be taken for the new one's.
+    if (!QFileInfo::exists(file)) QFile::remove(file + u"-journal"_s);
     made.Move_Unless_Taken();
 }
 

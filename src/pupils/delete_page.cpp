@@ -234,7 +234,7 @@ void Form9::Delete_Group_Action() {
         return;
     }
     if (!Confirmed(u"Delete Pupils in Group"_s, Listed_Count)) return;
-    const QStringList before = Codes_In_Database();
+    const QStringList before = Codes_In_Database().value_or(QStringList());
     const int removed = DeletePupilsInGroup(name);
     Forget_Deleted(before);
     if (removed > 0) {
@@ -254,10 +254,10 @@ void Form9::Disband_If_Wished(const QString& name) {
     Fill_Group_Combos();
 }
 
-// None where they can't be read: nothing depends on it.
-QStringList Form9::Codes_In_Database() const {
+// Nothing where they can't be read.
+std::optional<QStringList> Form9::Codes_In_Database() const {
     QStringList codes;
-    keeping::Quietly([&] {
+    const bool read = keeping::Quietly([&] {
         const auto connection = Own_Connection(installation);
         database::Recordset all;
         all.Set_ActiveConnection(connection.get());
@@ -265,13 +265,15 @@ QStringList Form9::Codes_In_Database() const {
         for (all.Open(); !all.Eof(); all.MoveNext())
             codes.append(all.Fields(0).Value().Text_Or_Empty());
     });
-    return codes;
+    return read ? std::optional(codes) : std::nullopt;
 }
 
-// Of those who were there before: the earlier results of whoever is gone go with them.
+// Of those who were there before: the earlier results of whoever is gone go with them. Nobody counts as gone
+// while the database can't be read.
 void Form9::Forget_Deleted(const QStringList& before) {
-    const QStringList left = Codes_In_Database();
-    const QSet<QString> there(left.begin(), left.end());
+    const std::optional<QStringList> left = Codes_In_Database();
+    if (!left) return;
+    const QSet<QString> there(left->begin(), left->end());
     QStringList gone;
     for (const QString& code : before)
         if (!there.contains(code)) gone.append(code);

@@ -8,6 +8,8 @@
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page.h"
 
+#include <optional>
+
 namespace pupils {
 
 // The Delete page: removes pupils with all their results, those selected or a whole group, and a group that
@@ -29,6 +31,9 @@ public:
     int DeletePupilsInGroup(const QString& name); // the number of pupil rows removed
     void Erase_All_Pupil_Data_Tables();
     void Delete_Multiple_Test_Tables(const QString& name);
+
+    // Takes the earlier results of those along who were there before and are gone.
+    void Forget_Deleted(const QStringList& before);
 
     void Select_All_Rows(bool flag);
     void Selected_Count(int& count);
@@ -52,8 +57,7 @@ private:
     int Removed_In_Group(const QString& name);
     void Select_Handed_Over();
     void Disband_If_Wished(const QString& name);
-    QStringList Codes_In_Database() const;
-    void Forget_Deleted(const QStringList& before);
+    std::optional<QStringList> Codes_In_Database() const;
 
     foundation::Installation& installation;
     scoring::Pupil_Lists& pupils;

@@ -5,6 +5,7 @@
 #include "printing/print_outcome.h"
 
 #include <QHeaderView>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 

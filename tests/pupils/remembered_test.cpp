@@ -4,6 +4,7 @@
 #include "pupils/delete_page.h"
 #include "pupils/fine_tuning_page.h"
 #include "pupils/record_page_fixture.h"
+#include "pupils/security_page.h"
 #include "support/files.h"
 
 #include <QFile>
@@ -13,6 +14,14 @@
 namespace pupils {
 namespace {
 
+QStringList Noted_Of(const QString& database) {
+    QStringList lines;
+    for (const keeping::Change& change : keeping::Changes_In(database))
+        lines.append(QStringList{change.act, change.subject, change.detail}.join(u'|'));
+    return lines;
+}
+
+using Remembered_Settings = Page_Filled_Later<Form2>;
 using Fine_Tuning = Page_Filled_Later<Form15>;
 
 class Remembered : public Fine_Tuning {
@@ -25,12 +34,7 @@ protected:
         form->Image1_Click(2);
         Click(u"HotLabel7"_s);
     }
-    QStringList Noted() const {
-        QStringList lines;
-        for (const keeping::Change& change : keeping::Changes_In(sample.Path()))
-            lines.append(QStringList{change.act, change.subject, change.detail}.join(u'|'));
-        return lines;
-    }
+    QStringList Noted() const { return Noted_Of(sample.Path()); }
 };
 
 TEST_F(Remembered, ARetestKeepsTheResultAndADeletionTakesItAlong) {
@@ -57,6 +61,11 @@ TEST_F(Remembered, ARetestKeepsTheResultAndADeletionTakesItAlong) {
     outside.boxes.Will_Answer(Answer::Yes);
     deleting.HotLabel2_Click();
     EXPECT_TRUE(keeping::Takings_Of(sample.Path(), code).isEmpty());
+    keeping::Keep_Takings(sample.Path(), lists.Student_Code[1], {1}, outside.clock.now);
+    sample.Run(u"ALTER TABLE Mevo_Pupils RENAME TO Away"_s);
+    deleting.Forget_Deleted({lists.Student_Code[1]});
+    EXPECT_EQ(keeping::Takings_Of(sample.Path(), lists.Student_Code[1]).size(), 1)
+        << "nothing tells who is gone";
     EXPECT_EQ(Noted(), QStringList{u"Deleted|%1|"_s.arg(code)} + before);
 }
 
@@ -74,6 +83,21 @@ TEST_F(Remembered, NothingWaitsForFilesThatCantBeUsed) {
     const QString notice = Control<QLabel>(told, u"Notice"_s).text();
     EXPECT_TRUE(notice.contains(u"The list of changes is damaged"_s)) << notice.toStdString();
     EXPECT_TRUE(notice.contains(u"The file of earlier results is damaged"_s)) << notice.toStdString();
+}
+
+TEST_F(Remembered_Settings, WhoIsMovedIsNotedByCodeAndWhatIsCorrectedByTheFieldsNames) {
+    Open();
+    const QString code = Code_Of(u"Patel"_s);
+    Combo(u"Combo1"_s).Set_ListIndex(Combo(u"Combo1"_s).findText(u"Patel "_s, Qt::MatchStartsWith));
+    Combo(u"Combo3"_s).Set_ListIndex(0);
+    Type(u"Text2"_s, u"a new word"_s);
+    form->Update_Pupil_Settings();
+    form->Update_Pupil_Settings(); // the same once more
+    EXPECT_EQ(Noted_Of(sample.Path()), (QStringList{u"Corrected|%1|password"_s.arg(code),
+                                                    u"Moved|%1|from Class 1 Oak to Universal"_s.arg(code)}));
+    Combo(u"Combo5"_s).Set_ListIndex(1);
+    form->Disband_Group();
+    EXPECT_EQ(Noted_Of(sample.Path()).first(), u"Moved|Class 1 Oak|the whole group to Universal"_s);
 }
 
 } // namespace

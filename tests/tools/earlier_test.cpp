@@ -113,11 +113,11 @@ TEST(SupportCopy, NamesNobodyAndScoresTheSame) {
         for (QStringList& record : records)
             record.remove(0, 2); // code and name
     EXPECT_EQ(scores[0], scores[1]);
-    Database_Beside same(target);
     const QString births = u"SELECT DOB FROM Mevo_Pupils ORDER BY rowid"_s;
     const QStringList before = sample.Column(births);
+    const QStringList after = Database_Beside(target).Column(births);
     for (qsizetype i = 0; i < before.size(); ++i)
-        EXPECT_TRUE(before[i] == "NULL"_L1 || same.Column(births)[i] != before[i]);
+        EXPECT_TRUE(before[i] == "NULL"_L1 || after[i] != before[i]);
 }
 
 } // namespace

@@ -2,9 +2,12 @@
 
 #include "foundation/school_look.h"
 #include "foundation/start_up.h"
+#include "keeping/change_list.h"
+#include "keeping/earlier_takings.h"
 #include "sampledb/sample_data.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -47,6 +50,8 @@ void Provide_School(const QString& folder, QDate today, If_There_Is_One if_there
             is_there = false;
     }
     if (is_there && if_there_is_one == If_There_Is_One::Keep) return;
+    for (const QString& remembered : {keeping::Companion_Of(working), keeping::Changes_Of(working)})
+        QFile::remove(remembered);
     sample_data::Write_Template(empty, Seed, School_Name());
     sample_data::Write_Database(
         working,

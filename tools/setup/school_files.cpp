@@ -5,6 +5,7 @@
 #include "conversion/refusal.h"
 #include "foundation/database_version.h"
 #include "foundation/start_up.h"
+#include "keeping/earlier_takings.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/database/engine.h"
@@ -117,6 +118,13 @@ public:
         change(fresh.Path());
         if (!fresh.Move_Unless_Taken()) throw Refusal(u"%1 is there already."_s.arg(place));
         Open_To_Users_Of_Its_Folder(place);
+        Bring_Earlier_Results(source, place);
+    }
+
+    // The school is there with or without them.
+    static void Bring_Earlier_Results(const QString& source, const QString& place) {
+        if (QFileInfo::exists(keeping::Companion_Of(source)))
+            keeping::Quietly([&] { keeping::Copy_Companion(source, place); });
     }
 
     School_Look Looked_Into(const QString& copy, const QString& source) const {
