@@ -255,10 +255,10 @@ void Form9::Disband_If_Wished(const QString& name) {
 }
 
 // Nothing where they can't be read.
-std::optional<QStringList> Form9::Codes_In_Database() const {
+std::optional<QStringList> Form9::Codes_In_Database() {
     QStringList codes;
     const bool read = keeping::Quietly([&] {
-        const auto connection = Own_Connection(installation);
+        const auto connection = Own_Connection(installation, deleting);
         database::Recordset all;
         all.Set_ActiveConnection(connection.get());
         all.Source = u"SELECT StudentCode FROM Mevo_Pupils"_s;

@@ -57,7 +57,7 @@ private:
     int Removed_In_Group(const QString& name);
     void Select_Handed_Over();
     void Disband_If_Wished(const QString& name);
-    std::optional<QStringList> Codes_In_Database() const;
+    std::optional<QStringList> Codes_In_Database();
 
     foundation::Installation& installation;
     scoring::Pupil_Lists& pupils;
