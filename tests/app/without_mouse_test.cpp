@@ -331,8 +331,9 @@ public:
                 acts.append(list.Text(3, row));
             return acts.join(u", "_s);
         };
-        EXPECT_EQ(listed(),
-                  u"Removed everywhere, Archived, Corrected, Corrected, Retest allowed, Imported"_s);
+        EXPECT_EQ(
+            listed(),
+            u"Removed everywhere, Archived, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
         Tab_To(u"Combo1"_s);
         Type(u"Ret"_s);
         EXPECT_EQ(listed(), u"Retest allowed"_s);
@@ -398,7 +399,7 @@ public:
         outside.boxes.Will_Answer(Answer::Yes);
         outside.boxes.Will_Answer(Answer::Ok);
         outside.input_box.answers = {program.Installed().Admin_Password.Text_Or_Empty()};
-        EXPECT_EQ(Files_With("Newton").size(), 5) << "four copies of the database and the archive";
+        EXPECT_EQ(Files_With("Newton").size(), 6) << "five copies of the database and the archive";
         By_Letter(u"HotLabel3"_s);
         EXPECT_EQ(Files_With("Newton"), QStringList());
         EXPECT_EQ(Files_With("NEWISL"), QStringList());
