@@ -214,21 +214,24 @@ void Form43::Show_Dates() {
 }
 
 QList<Rehearsed_Row> Form43::Shown_Rows() const {
-    const int filter = Combo9->currentData().isValid() ? Combo9->currentData().toInt() : -1;
-    if (filter < 0) return rows;
+    const int filter = filters.value(Combo9->currentIndex(), All_Kinds);
+    if (filter == All_Kinds) return rows;
     QList<Rehearsed_Row> shown = rows;
     shown.removeIf([filter](const Rehearsed_Row& row) { return int(row.kind) != filter; });
     return shown;
 }
 
 void Form43::Show_Filter(const Rehearsal_Counts& counts) {
-    const QVariant chosen = Combo9->currentData();
+    const int chosen = filters.value(Combo9->currentIndex(), All_Kinds);
     Combo9->Clear();
-    Combo9->addItem(u"all rows"_s, -1);
+    Combo9->addItem(u"all rows"_s);
+    filters = {All_Kinds};
     for (int kind = 0; kind < Row_Kinds; ++kind)
-        if (const int count = counts.of_kind[std::size_t(kind)]; count > 0)
-            Combo9->addItem(u"%1 (%2)"_s.arg(Words_Of(Row_Kind(kind))).arg(count), kind);
-    Combo9->setCurrentIndex(std::max(0, Combo9->findData(chosen)));
+        if (const int count = counts.of_kind[std::size_t(kind)]; count > 0) {
+            Combo9->addItem(u"%1 (%2)"_s.arg(Words_Of(Row_Kind(kind))).arg(count));
+            filters.append(kind);
+        }
+    Combo9->setCurrentIndex(std::max(0, int(filters.indexOf(chosen))));
     Combo9->setEnabled(counts.rows > 0);
 }
 

@@ -61,6 +61,8 @@ private:
     Preparation& list;
     Registered registered;
     QList<Rehearsed_Row> rows;
+    static constexpr int All_Kinds = -1;
+    QList<int> filters; // of each of Combo9's items, the kind of rows
 
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6;
     QLineEdit* Text1;              // the source

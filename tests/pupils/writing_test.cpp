@@ -94,7 +94,9 @@ private:
     }
     static int Begins(unsigned, void* engine, void* statement, void*) {
         const char first = *sqlite3_sql(static_cast<sqlite3_stmt*>(statement));
-        if (QByteArray("IUD").contains(first) && --Watching()->left == 0) Watching()->act();
+        const bool is_the_schools =
+            QByteArray(sqlite3_db_filename(static_cast<sqlite3*>(engine), "main")).endsWith(".mdb");
+        if (is_the_schools && QByteArray("IUD").contains(first) && --Watching()->left == 0) Watching()->act();
         return sqlite3_busy_timeout(static_cast<sqlite3*>(engine), 0);
     }
 

@@ -103,14 +103,14 @@ TEST_F(Host, APressByAScreenReaderBeginsNothingInsideAHandlerOrBehindABox) {
     Press_By_A_Screen_Reader(*host.Current(), u"Check1"_s);
     Wait_For(u"check 1"_s);
     host.Open_On_Top(Page_Id::Settings);
-    Wait_For(u"timer 10"_s);
+    Wait_For(u"timer 11"_s);
     Press_By_A_Screen_Reader(*host.findChildren<Page*>().constFirst(), u"HotLabel1"_s);
     QDialog box(&host);
     box.setModal(true);
     box.show();
     press_all(*host.Current());
     EXPECT_EQ(diary, (QStringList{u"load 0"_s, u"timer 0"_s, u"leave 0"_s, u"worked"_s, u"gone 0"_s,
-                                  u"load 1"_s, u"timer 1"_s, u"check 1"_s, u"load 10"_s, u"timer 10"_s}));
+                                  u"load 1"_s, u"timer 1"_s, u"check 1"_s, u"load 11"_s, u"timer 11"_s}));
 }
 
 TEST_F(Host, TheSecondHalfOfADoubleClickIsForThePageOfItsFirst) {

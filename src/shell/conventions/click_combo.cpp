@@ -69,7 +69,8 @@ public:
         const bool is_text = role == Qt::DisplayRole || role == Qt::EditRole;
         return is_text && index.isValid() ? QVariant(texts[index.row()]) : QVariant();
     }
-    bool setData(const QModelIndex& index, const QVariant& value, int) override {
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override {
+        if (role != Qt::DisplayRole && role != Qt::EditRole) return false;
         texts[index.row()] = value.toString();
         Q_EMIT dataChanged(index, index);
         return true;
