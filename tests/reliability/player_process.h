@@ -17,8 +17,8 @@ QString Program_Of_Another_System(const char* variable, const char* own);
 // A test player at work in a process of its own, with a log of what it committed.
 class Player_Process {
 public:
-    Player_Process(const QString& database, const QStringList& codes, const QString& rate, const QString& journal,
-                   const QString& program = QStringLiteral(MEVO_TESTPLAYER));
+    Player_Process(const QString& database, const QStringList& codes, const QString& rate,
+                   const QString& journal, const QString& program = QStringLiteral(MEVO_TESTPLAYER));
     ~Player_Process();
     Player_Process(const Player_Process&) = delete;
     Player_Process& operator=(const Player_Process&) = delete;
