@@ -113,6 +113,12 @@ void Open_Fine_Tuning(Desk& desk) {
     desk.Open(u"HotLabel5"_s, u"Form15"_s);
 }
 
+// From then on a page finds that the newest copy is of the file as it is.
+void Have_A_Copy(Desk& desk) {
+    Open_Delete(desk);
+    desk.Press(u"Form9"_s, u"HotLabel1"_s);
+}
+
 void Open_With_Time_Bars(Desk& desk) {
     Open_Reports(desk);
     desk.Press(u"Form30"_s, u"HotLabel2"_s);
@@ -198,9 +204,11 @@ struct Act {
 const Act Acts[] = {
     {"start", 150, Nothing, Nothing},
     {"open_reports", 180, Nothing, Open_Reports},
-    {"open_security", 100, Nothing, Open_Security},
-    {"open_delete", 100, Nothing, Open_Delete},
-    {"open_fine_tuning", 100, Nothing, Open_Fine_Tuning},
+    {"open_security", 100, Have_A_Copy, Open_Security},
+    {"open_delete", 100, Have_A_Copy, Open_Delete},
+    {"open_fine_tuning", 100, Have_A_Copy, Open_Fine_Tuning},
+    {"open_delete_with_a_copy", 170, Nothing,
+     Open_Delete}, // the first that opens behind a change copies the file
     {"choose_a_pupil", 70, Open_Reports, Choose_One},
     {"choose_with_time_bars", 75, Open_With_Time_Bars, Choose_One},
     {"score_a_school", 2500, Nothing, Score_A_School, 1, Scored_School},
