@@ -147,8 +147,12 @@ protected:
     void SetUp() override {
         if (in_the_way == "FullDisk"_L1 && !disk->Is_There())
             GTEST_SKIP() << "no right to mount a small disk";
-        if (in_the_way == "ReadOnly"_L1 && !On_Windows && !Plain_Account().Is_There())
+        if (in_the_way == "ReadOnly"_L1 && !Plain_Account().Is_There())
             GTEST_SKIP() << "no account that files' rights bind";
+        // There no engine is kept from one connection to the next, and opening the file is what fails.
+        const QLatin1StringView act(std::get<1>(GetParam()));
+        if (On_Windows && in_the_way == "Midway"_L1 && (act == "update group"_L1 || act == "disband"_L1))
+            GTEST_SKIP() << "fails sooner on Windows";
     }
     void Move_To_A_Small_Disk() {
         disk.emplace(8192);
