@@ -399,7 +399,7 @@ public:
         outside.boxes.Will_Answer(Answer::Yes);
         outside.boxes.Will_Answer(Answer::Ok);
         outside.input_box.answers = {program.Installed().Admin_Password.Text_Or_Empty()};
-        EXPECT_EQ(Files_With("Newton").size(), 6) << "five copies of the database and the archive";
+        EXPECT_GE(Files_With("Newton").size(), 6) << "five copies of the database, at least, and the archive";
         By_Letter(u"HotLabel3"_s);
         EXPECT_EQ(Files_With("Newton"), QStringList());
         EXPECT_EQ(Files_With("NEWISL"), QStringList());

@@ -125,7 +125,9 @@ TEST_F(Why, EveryNumberIsTheOneThatIsWrittenForThePupil) {
 
 TEST_F(Why, PracticeNormsAreKnownByTheirDigest) {
     EXPECT_TRUE(Are_Practice_Norms(Norms_Digest(data.norms))) << Norms_Digest(data.norms).toStdString();
-    sample_data::Write_Template(sample.Path(), Practice_Seed);
+    const QString practice = sample.Folder() + u"/practice.mdb"_s;
+    sample_data::Write_Template(practice, Practice_Seed);
+    installation.Connection_String = foundation::Connection_String_For(practice);
     Load_All_Norms(holder, installation, data.norms);
     const QString digest = Norms_Digest(data.norms);
     EXPECT_TRUE(Are_Practice_Norms(digest)) << digest.toStdString();
