@@ -3,17 +3,9 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <cstdio>
-
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#endif
 
 int main(int argc, char** argv) {
-#ifdef _WIN32
-    _setmode(_fileno(stdout), _O_BINARY); // or each line end would get a second carriage return
-#endif
+    console::Leave_Line_Ends_As_Written();
     const QCoreApplication application(argc, argv);
     QFile output;
     if (!console::Opens_Standard_Output(output)) return 2;
