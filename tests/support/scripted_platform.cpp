@@ -65,8 +65,8 @@ QString Scripted_Ini::Value(const QString& file, const QString& section, const Q
 }
 
 int Scripted_Folders::Folder_Path(int number, QString& path) {
-    EXPECT_EQ(number, desktop::Common_AppData);
-    if (result == 0) path = common_app_data;
+    EXPECT_TRUE(number == desktop::Common_AppData || number == desktop::Own_Documents);
+    if (result == 0) path = number == desktop::Own_Documents ? own_documents : common_app_data;
     return result;
 }
 

@@ -106,6 +106,7 @@ public:
     int Folder_Path(int number, QString& path) override;
     int result = 0;
     QString common_app_data;
+    QString own_documents;
 };
 
 // Acts on a dialog in the user's place instead of waiting for one.
@@ -153,8 +154,10 @@ private:
 // Paints what is printed into pictures, one a page, at 96 dots to the inch.
 class Picture_Printer final : public desktop::Printers {
 public:
+    bool Is_Any_Set_Up() override { return is_set_up; }
     bool Choose() override { return !cancelled; }
     QString Print(const desktop::Printed_Document& document, const QString& pdf_folder) override;
+    bool is_set_up = true;
     bool cancelled = false;
     bool broken = false;
     QString says_pdf; // the name of a PDF that stood in for a printer

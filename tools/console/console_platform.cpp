@@ -95,6 +95,7 @@ public:
 
 class No_Printers final : public desktop::Printers {
 public:
+    bool Is_Any_Set_Up() override { return false; }
     bool Choose() override { return false; }
     QString Print(const desktop::Printed_Document&, const QString&) override { basics::Raise(Printer_Error); }
 

@@ -115,6 +115,7 @@ public:
 
 // Folders that the system keeps, by their customary numbers.
 inline constexpr int Common_AppData = 35; // application data of all users
+inline constexpr int Own_Documents = 5;   // the account's own
 
 class Special_Folders {
 public:

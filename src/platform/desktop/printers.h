@@ -4,10 +4,17 @@
 #include <QImage>
 #include <QString>
 #include <functional>
+#include <vector>
 
 class QPainter;
 
 namespace desktop {
+
+// A place in a document that a reader of PDFs lists beside it.
+struct Bookmark {
+    QString title;
+    int page = 1; // from 1
+};
 
 // What is sent to paper: A4 sheets, each painted in twips from the paper's top left corner. The painter is
 // set up so that one unit is one twip; fonts are sized in units too, points x 20.
@@ -15,13 +22,15 @@ struct Printed_Document {
     QString name; // as the queue shows it, and in the name of a PDF
     int pages = 0;
     std::function<void(QPainter& painter, int page)> paint; // pages count from 1
-    QString about = {}; // what made it and from what, for the properties of a PDF
+    QString about = {};                   // what made it and from what, for the properties of a PDF
+    std::vector<Bookmark> bookmarks = {}; // in the order of their pages
 };
 
 // The printer that the user chose, the usual one, or a PDF where there is none.
 class Printers {
 public:
     virtual ~Printers() = default;
+    virtual bool Is_Any_Set_Up() = 0;
     // Shows the printer dialog; false if it was cancelled. What was chosen holds until it is chosen anew.
     virtual bool Choose() = 0;
     // Prints on the chosen printer, or the usual one. With no printer set up at all, writes a PDF into the

@@ -1,5 +1,6 @@
 #include "platform/desktop/qt_printers.h"
 
+#include "platform/basics/file_stem.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/basics/twips.h"
@@ -115,14 +116,6 @@ QRectF Printable_By(const QPrinter& printer) {
     return Whole_Paper.marginsRemoved(layout.minimumMargins() * basics::Twips_Per_Point);
 }
 
-// A document's name as the name of a file on any system.
-QString File_Stem(QString name) {
-    static const QString forbidden = u"\\/:*?\"<>|"_s;
-    for (QChar& character : name)
-        if (forbidden.contains(character) || character.category() == QChar::Other_Control) character = u'_';
-    return name;
-}
-
 // What the user settled in the printer dialog.
 struct Choice {
     QString printer;
@@ -134,8 +127,10 @@ struct Choice {
 
 class Qt_Printers final : public Printers {
 public:
+    bool Is_Any_Set_Up() override { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
+
     bool Choose() override {
-        if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+        if (!Is_Any_Set_Up()) {
             choice.reset();
             return true; // a PDF needs no choice
         }
@@ -209,7 +204,7 @@ private:
         const QDir archives(basics::Native_Path(folder));
         archives.mkpath(u"."_s);
         const QString stem =
-            File_Stem(document.name) + QDateTime::currentDateTime().toString(u" yyyy-MM-dd HHmmss"_s);
+            basics::File_Stem(document.name) + QDateTime::currentDateTime().toString(u" yyyy-MM-dd HHmmss"_s);
         QString file = archives.filePath(stem + u".pdf"_s);
         for (int again = 2; QFile::exists(file); ++again)
             file = archives.filePath(stem + u" (%1).pdf"_s.arg(again));

@@ -9,6 +9,7 @@
 #include "platform/basics/native_path.h"
 
 #include <QFileInfo>
+#include <QStandardPaths>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -114,8 +115,12 @@ QString System_Short_Path(const QString& path) {
 }
 
 int System_Folder(int number, QString& path) {
-    if (number != Common_AppData) return 1;
-    path = u"/var/lib"_s; // where data of the whole machine lie that programs change
+    if (number == Own_Documents)
+        path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    else if (number == Common_AppData)
+        path = u"/var/lib"_s; // where data of the whole machine lie that programs change
+    else
+        return 1;
     return 0;
 }
 
