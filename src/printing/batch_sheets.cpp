@@ -25,6 +25,8 @@ void Batch_Sheets::Report_Setup() {
 void Batch_Sheets::Build_Batch(int count, const Batch_Options& chosen) {
     options = chosen;
     sheet.About = About_Scores(sources.state.Norms_Digest);
+    sheet.Author = sources.installation.Institution;
+    sheet.Title = u"Mevo batch report - "_s + options.group;
     sheet.BeginOutput();
     const int pages = Sheets_For(count);
     for (int page = 1; page <= pages; ++page) {
@@ -66,6 +68,7 @@ void Batch_Sheets::Draw_Miniature(int rank, int count, int x, int y) {
     if (rank > count) return;
     const reports::Report_State& state = sources.state;
     const Chart_Layout layout = Small_Chart(x, y, state.Show_Time_Bars);
+    sheet.Bookmark(Label_Of(sources.cohort.Cohort_Pupil[rank]));
     Draw_Mini_Label(rank, x, y);
     charts.Set_Up(layout.place);
     charts.Draw_Profile(layout, Profile_Of(sources.cohort.Cohort_Pupil[rank], sources.cohort),

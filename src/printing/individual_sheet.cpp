@@ -34,8 +34,12 @@ void Individual_Sheet::Report_Setup() {
 }
 
 void Individual_Sheet::Build_Report(const Report_Sections& sections) {
-    sheet.About = About_Scores(sources.state.Norms_Digest);
+    const reports::Report_State& state = sources.state;
+    sheet.About = About_Scores(state.Norms_Digest);
+    sheet.Author = sources.installation.Institution;
+    sheet.Title = u"Mevo individual report - "_s + state.Current_Student_Code + u' ' + state.Pupil_Name;
     sheet.BeginOutput();
+    sheet.Bookmark(state.Pupil_Name);
     // The last build's chart and legend left their line and their colour for the table.
     sheet.LineWidth = Usual_Line;
     sheet.ObjectBKColor = Qt::white;

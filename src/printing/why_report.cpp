@@ -77,7 +77,10 @@ void Draw_Why(const scoring::Why_Words& words, const foundation::Installation& i
     Set_Up_Sheet(sheet, Cell_Padding);
     sheet.Keep_To_Margins = true;
     sheet.About = About_Scores(norms);
+    sheet.Author = installation.Institution;
+    sheet.Title = words.title + u" - "_s + words.pupil;
     sheet.BeginOutput();
+    sheet.Bookmark(words.pupil);
     Draw_Running_Texts(sheet, u'|' + Cell(installation.Institution) + u'|',
                        u'|' + Long_Product_Line() + u'|');
     sheet.RowPadding = Row_Padding;

@@ -64,6 +64,10 @@ TEST_F(Batch_Report_Sheets, EverySheetHasItsHeadAndItsNumber) {
         EXPECT_EQ(Lines_Of(page, u"Hillside Primary School"_s).size(), 1);
         EXPECT_EQ(Lines_Of(page, u"Page %1"_s.arg(number)).size(), 1);
         EXPECT_TRUE(Lines_Of(page, u"Page %1"_s.arg(3 - number)).isEmpty());
+        const desktop::Printed_Document document = sheets.Document(u"Batch"_s, number, 2);
+        EXPECT_EQ(document.bookmarks.size(), number == 1 ? 9u : 1u); // a pupil each
+        EXPECT_EQ(document.bookmarks.back().title, u"Pupil Number9"_s);
+        EXPECT_EQ(document.bookmarks.back().page, 3 - number);
     }
     state.Chart_Mode = u"Z"_s;
     Build(1);

@@ -111,13 +111,18 @@ Printed_Document Office::Individual_Reports(const QStringList& codes) {
     for (const int p : places)
         sheets.push_back(
             Naming(u"Pupil "_s + data.pupils.Student_Code[p], [&] { return Individual_Report(p); }));
-    const int pages = static_cast<int>(sheets.size());
-    const QString about = sheets.empty() ? QString() : sheets.front().about;
-    return {u"Mevo individual reports"_s, pages,
-            [sheets = std::move(sheets)](QPainter& painter, int page) {
-                sheets[static_cast<std::size_t>(page - 1)].paint(painter, 1);
-            },
-            about};
+    Printed_Document all = sheets.front(); // a report is one sheet
+    all.name = u"Mevo individual reports"_s;
+    if (sheets.size() > 1) all.title.clear();
+    all.pages = static_cast<int>(sheets.size());
+    all.bookmarks.clear();
+    for (const Printed_Document& sheet : sheets)
+        for (const desktop::Bookmark& bookmark : sheet.bookmarks)
+            all.bookmarks.push_back({bookmark.title, static_cast<int>(&sheet - sheets.data()) + 1});
+    all.paint = [sheets = std::move(sheets)](QPainter& painter, int page) {
+        sheets[static_cast<std::size_t>(page - 1)].paint(painter, 1);
+    };
+    return all;
 }
 
 void Office::Require_Group(const QString& group) const {

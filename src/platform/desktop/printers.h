@@ -24,6 +24,8 @@ struct Printed_Document {
     std::function<void(QPainter& painter, int page)> paint; // pages count from 1
     QString about = {};                   // what made it and from what, for the properties of a PDF
     std::vector<Bookmark> bookmarks = {}; // in the order of their pages
+    QString title = {};                   // of a PDF, which may name a pupil; the name if it is empty
+    QString author = {};                  // of a PDF: the school
 };
 
 // The printer that the user chose, the usual one, or a PDF where there is none.

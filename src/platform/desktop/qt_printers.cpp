@@ -4,9 +4,11 @@
 #include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/basics/twips.h"
+#include "platform/desktop/pdf_description.h"
 #include "platform/desktop/windows_services.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QDateTime>
 #include <QDir>
@@ -238,18 +240,30 @@ public:
                         u"The file '"_s + file.fileName() + u"' can't be written: "_s + file.errorString());
 }
 
+static Pdf_Description Description_Of(const Printed_Document& document) {
+    return {document.title.isEmpty() ? document.name : document.title, document.author, document.about,
+            QDateTime::currentDateTimeUtc(), document.bookmarks};
+}
+
+// The kind for archives can neither have blended colours nor leave a font out, so it looks the same anywhere.
 void Write_Pdf(const Printed_Document& document, const QString& file) {
     QSaveFile saved(file);
     if (!saved.open(QIODevice::WriteOnly)) Raise_Cannot_Be_Written(saved);
+    const Pdf_Description description = Description_Of(document);
+    QBuffer written;
+    written.open(QIODevice::WriteOnly);
     {
-        QPdfWriter writer(&saved);
-        writer.setTitle(document.name);
-        if (!document.about.isEmpty()) writer.setCreator(document.about);
+        QPdfWriter writer(&written);
+        writer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
+        writer.setTitle(description.title);
+        writer.setCreator(description.creator);
+        writer.setDocumentXmpMetadata(Metadata_Packet(description));
         writer.setResolution(Pdf_Dots_Per_Inch);
         Take_Whole_Sheets(writer);
         QPainter painter(&writer);
         if (!Paint_Pages(document, writer, painter, Pdf_Dots_Per_Inch)) saved.cancelWriting();
     }
+    Write_Described(written.data(), description, saved);
     if (!saved.commit()) Raise_Cannot_Be_Written(saved);
 }
 

@@ -91,6 +91,7 @@ int ViewPro::TextHeight() const {
 void ViewPro::BeginOutput() {
     if (open_batches++ > 0) return;
     sheets.clear();
+    bookmarks.clear();
     header = {};
     footer = {};
 }
@@ -107,6 +108,10 @@ void ViewPro::ShowOutput() {
 void ViewPro::NewPage() {
     Finish_Sheet();
     Begin_Sheet();
+}
+
+void ViewPro::Bookmark(const QString& title) {
+    bookmarks.push_back({title, std::max(1, PageCount())});
 }
 
 void ViewPro::HeaderText(const QString& text) {
@@ -184,12 +189,21 @@ const Drawing& ViewPro::Page(int number) const {
 desktop::Printed_Document ViewPro::Document(const QString& name, int first, int last) const {
     const int from = std::max(first, 1);
     const int to = std::min(last, PageCount());
-    if (from > to) return {name, 0, {}, About};
+    desktop::Printed_Document document;
+    document.name = name;
+    document.about = About;
+    document.title = Title;
+    document.author = Author;
+    if (from > to) return document;
+    for (const desktop::Bookmark& bookmark : bookmarks)
+        if (bookmark.page >= from && bookmark.page <= to)
+            document.bookmarks.push_back({bookmark.title, bookmark.page - from + 1});
     // A copy, as the pages may be built anew while a printer still takes these.
     const auto pages =
         std::make_shared<const std::vector<Drawing>>(sheets.begin() + (from - 1), sheets.begin() + to);
-    return {name, to - from + 1,
-            [pages](QPainter& painter, int page) { Paint(pages->at(size_t(page) - 1), painter); }, About};
+    document.pages = to - from + 1;
+    document.paint = [pages](QPainter& painter, int page) { Paint(pages->at(size_t(page) - 1), painter); };
+    return document;
 }
 
 Text_Style ViewPro::Style() const {

@@ -44,7 +44,10 @@ public:
     // on.
     bool Keep_To_Margins = false;
 
-    QString About; // for the properties of a PDF of the document
+    // For the properties of a PDF of the document.
+    QString About;
+    QString Title; // empty: the document's name
+    QString Author;
 
     // Called before and after each cell of a hooked table, with the row from 1.
     std::function<void(int row)> Before_Cell;
@@ -61,6 +64,7 @@ public:
     void EndOutput();
     void ShowOutput(); // lets the page just built appear in the preview window
     void NewPage();
+    void Bookmark(const QString& title);  // in a PDF; leads to the sheet that is being built
     void HeaderText(const QString& text); // running texts: "left|centre|right"
     void FooterText(const QString& text);
     void MeasureText(const QString& text);
@@ -114,6 +118,7 @@ private:
     Running_Text footer;
     int open_batches = 0;
     std::vector<Drawing> sheets;
+    std::vector<desktop::Bookmark> bookmarks;
 };
 
 } // namespace preview
