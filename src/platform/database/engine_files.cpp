@@ -260,12 +260,16 @@ class Journal {
 public:
     explicit Journal(Engine_Files& owner) : owner(owner) {}
 
+    // The system's own call takes less than 128 kB at once, and takes more for a full disk.
     int Settle(sqlite3_file* system) {
-        if (waiting.isEmpty()) return SQLITE_OK;
-        const int result =
-            system->pMethods->xWrite(system, waiting.constData(), static_cast<int>(waiting.size()), at);
-        if (result == SQLITE_OK) waiting.clear();
-        return result;
+        for (sqlite3_int64 done = 0; done < waiting.size(); done += Piece_Size) {
+            const int count = static_cast<int>(std::min(Piece_Size, waiting.size() - done));
+            if (const int result =
+                    system->pMethods->xWrite(system, waiting.constData() + done, count, at + done))
+                return result;
+        }
+        waiting.clear();
+        return SQLITE_OK;
     }
 
     int Write(sqlite3_file* system, const char* bytes, int count, sqlite3_int64 place) {
