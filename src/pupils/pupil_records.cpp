@@ -28,9 +28,9 @@ bool Is_Group_Name(const Group_Lists& groups, const QString& name) {
 }
 
 void Take_Names(foundation::Row_Fields& field, int p, Record_Data data) {
-    data.pupils.Student_Code[p] = field(u"StudentCode"_s).Text_Or_Empty();
-    data.records.Pupil_Surname[p] = field(u"Surname"_s).Text_Or_Empty();
-    data.records.Pupil_Forename[p] = field(u"Forename"_s).Text_Or_Empty();
+    data.pupils.Student_Code[p] = field.Text(u"StudentCode"_s);
+    data.records.Pupil_Surname[p] = field.Text(u"Surname"_s);
+    data.records.Pupil_Forename[p] = field.Text(u"Forename"_s);
 }
 
 QString Pupil_Entry(int p, const Record_Data& data) {
