@@ -83,6 +83,7 @@ public:
         return question.title == "Open a list of pupils"_L1 ? school_list : class_list;
     }
     QString Save_File(const desktop::File_Question&) override { return {}; }
+    QString Choose_Folder(const QString&, const QString&) override { return {}; }
 
 private:
     QString class_list;
