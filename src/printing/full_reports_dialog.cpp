@@ -140,6 +140,7 @@ void Full_Reports_Dialog::Begin_Work() {
     progress->show();
     const int times = one_file->isChecked() ? 2 : 1; // first all are scored, then all are drawn
     bar->Begin(std::max(1, times * static_cast<int>(chosen.places.size())));
+    shell::Paint_And_Listen(platform);
 }
 
 void Full_Reports_Dialog::Make(const QString& where) {

@@ -1,5 +1,6 @@
 #include "print/command_line.h"
 
+#include "printing/full_reports.h"
 #include "printing/individual_report.h"
 #include "reports/reports_page_fixture.h"
 #include "support/command_line.h"
@@ -36,6 +37,31 @@ protected:
 };
 
 } // namespace
+
+// Also those of pupils before whom a test was ended early, or who have fewer tests.
+TEST_F(Print_Tool, FullReportsAreThoseOfThePreviewPupilByPupil) {
+    Open();
+    Click(*page, u"HotLabel2"_s); // the time bars
+    Click(*page, u"ShowZScores"_s);
+    printing::Full_Reports full({installation, scores.pupils, scores.norms, state}, false, outside.platform);
+    std::vector<printing::Scored_Pupil> pupils;
+    for (int p = 1; p <= scores.pupils.Pupils_Listed; ++p)
+        pupils.push_back(full.Score(p));
+    const desktop::Printed_Document document = full.Document(u"all"_s, std::move(pupils));
+    outside.printers.Print(document, {});
+    const QList<QImage> made = std::exchange(outside.printers.pages, {});
+    ASSERT_EQ(made.size(), scores.pupils.Pupils_Listed);
+    ASSERT_EQ(document.bookmarks.size(), std::size_t(made.size()));
+    for (int p = 1; p <= scores.pupils.Pupils_Listed; ++p) {
+        Combo().Set_ListIndex(p - 1);
+        printing::Form94 preview(outside.platform, navigator, {installation, state, scores.scores});
+        preview.Load();
+        preview.HotLabel2_Click();
+        EXPECT_EQ(outside.printers.pages.last(), made[p - 1]) << state.Pupil_Name.toStdString();
+        EXPECT_EQ(document.bookmarks[std::size_t(p - 1)].title,
+                  state.Pupil_Name + u" - "_s + state.Current_Student_Code);
+    }
+}
 
 // The words on the sheet are those that the program's own pages show for the pupil.
 TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
