@@ -52,6 +52,7 @@ constexpr int Choices_Width = 232;
 
 void Form94::Lay_Out() {
     constexpr int tick = 28;
+    constexpr int height = 26; // of a zoom entry
     constexpr int title_width = 330;
     Make_Label(u"Label4"_s, u"Reports Print Preview"_s, Text_Role::Title,
                {Preview_Left, 16, title_width, 34});
@@ -65,10 +66,11 @@ void Form94::Lay_Out() {
     Lay_Out_Preferences();
     const auto zoom = [](const QString& caption, int top) {
         return Zoom_Entry{caption,
-                          {Choices_Left + tick + 8, top, Choices_Width - tick - 8, 34},
-                          {Choices_Left, top, tick, 34}};
+                          {Choices_Left + tick + 8, top, Choices_Width - tick - 8, height},
+                          {Choices_Left, top, tick, height}};
     };
-    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 220), zoom(u"Zoom 40%"_s, 260)},
+    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 211), zoom(u"Zoom 40%"_s, 242),
+                       zoom(u"Fit to width"_s, 273)},
                       Frame1);
     constexpr int half = (Choices_Width - 12) / 2;
     Make_Copy_Entries({Choices_Left, 304, half, 36}, {Choices_Left + half + 12, 304, half, 36}, Frame1);

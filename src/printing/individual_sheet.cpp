@@ -33,11 +33,15 @@ void Individual_Sheet::Report_Setup() {
     charts.Has_Terminated_Mark = false;
 }
 
+QString Individual_Title(const reports::Report_State& state) {
+    return u"Mevo individual report - "_s + state.Current_Student_Code + u' ' + state.Pupil_Name;
+}
+
 void Individual_Sheet::Build_Report(const Report_Sections& sections) {
     const reports::Report_State& state = sources.state;
     sheet.About = About_Scores(state.Norms_Digest);
     sheet.Author = sources.installation.Institution;
-    sheet.Title = u"Mevo individual report - "_s + state.Current_Student_Code + u' ' + state.Pupil_Name;
+    sheet.Title = Individual_Title(state);
     sheet.BeginOutput();
     sheet.Bookmark(state.Pupil_Name);
     // The last build's chart and legend left their line and their colour for the table.

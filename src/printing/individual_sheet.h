@@ -56,4 +56,7 @@ private:
     bool unshaded_bold = false;
 };
 
+// A PDF's title.
+QString Individual_Title(const reports::Report_State& state);
+
 } // namespace printing

@@ -20,6 +20,7 @@ public:
     void HotLabel2_Click(); // print all sheets
     void HotLabel3_Click(); // copy the sheet on view
     void KeepToMargins_Click();
+    void FitWidth_Click(); // neither ZoomPercent nor Zoom_Now is written: a zoom entry leads back
 
 protected:
     Report_Page(desktop::Platform& platform, shell::Navigator& navigator,
@@ -29,13 +30,13 @@ protected:
     void Make_Main_Entry(const QRect& place);
     void Make_Margins_Box(const QRect& place);
     void Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent);
-    // An entry and its tick for each zoom: 100, 67 and 40 percent.
+    // An entry and its tick for each zoom: 100, 67 and 40 percent, and the width of the preview.
     struct Zoom_Entry {
         QString caption;
         QRect place;
         QRect tick_place;
     };
-    void Make_Zoom_Entries(const std::array<Zoom_Entry, 3>& entries, QWidget* parent);
+    void Make_Zoom_Entries(const std::array<Zoom_Entry, 4>& entries, QWidget* parent);
     void Tell_Common_Helps(shell::Help_Line& help, const QString& copying);
 
     virtual void Draw_Anew() = 0; // the sheets that are there
@@ -54,10 +55,14 @@ protected:
     int Zoom_Now = First_Zoom;
 
 private:
-    shell::HotLabel *HotLabel1, *HotLabel3;
+    void Choose_Zoom(int percent);
+    void Show_Ticks();
+
+    shell::HotLabel *HotLabel1, *HotLabel3, *FitWidth;
     std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
     std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
-    QCheckBox* KeepToMargins = nullptr;    // not on every page
+    QLabel* FitTick;
+    QCheckBox* KeepToMargins = nullptr; // not on every page
 };
 
 } // namespace printing

@@ -134,6 +134,7 @@ void Why_Report::Lay_Out() {
     constexpr int right = 832;
     constexpr int right_width = 232;
     constexpr int tick = 28;
+    constexpr int height = 26; // of a zoom entry
     constexpr int half = (right_width - 12) / 2;
     Make_Label(u"WhyReportTitle"_s, u"Why this score: Print Preview"_s, Text_Role::Title,
                {left, 16, preview_width, 34});
@@ -147,11 +148,14 @@ void Why_Report::Lay_Out() {
         Preview->Set_ShownPage(pages->currentRow() + 1);
         ViewPro1.ShowOutput();
     });
+    shell::On(Preview, &preview::Preview_Window::Turned, this, platform,
+              [this] { pages->setCurrentRow(Preview->ShownPage() - 1); });
     const auto zoom = [](const QString& caption, int top) {
         return Zoom_Entry{
-            caption, {right + tick + 8, top, right_width - tick - 8, 34}, {right, top, tick, 34}};
+            caption, {right + tick + 8, top, right_width - tick - 8, height}, {right, top, tick, height}};
     };
-    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 220), zoom(u"Zoom 40%"_s, 260)},
+    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 211), zoom(u"Zoom 40%"_s, 242),
+                       zoom(u"Fit to width"_s, 273)},
                       Frame1);
     Make_Copy_Entries({right, 304, half, 36}, {right + half + 12, 304, half, 36}, Frame1);
     HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);

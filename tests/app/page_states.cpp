@@ -117,6 +117,8 @@ void Reports(Tour& tour) {
     tour.Go(u"HotLabel6"_s, u"Form92"_s);
     tour.Click_All({u"HotLabel7"_s, u"HotLabel9"_s});
     tour.Show(u"batch_report"_s);
+    tour.Meet_Dialog(u"full_reports"_s);
+    tour.Click_All({u"FullReports"_s});
     tour.Go(u"HotLabel1"_s, u"Form30"_s);
     tour.Go(u"HotLabel1"_s, u"Form77"_s);
 }

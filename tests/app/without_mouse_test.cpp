@@ -2,6 +2,7 @@
 
 #include "app/running_program.h"
 #include "platform/grid/spread.h"
+#include "platform/preview/preview_window.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/main_menu.h"
 #include "support/files.h"
@@ -12,6 +13,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPointer>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -290,7 +292,51 @@ public:
         Press(Qt::Key_Space);
         Tab_And_Press(u"HotLabel9"_s);
         EXPECT_EQ(Caption(Page(), u"Label5"_s), u"There are 1 pupils on 1 pages."_s);
+        Find_A_Name();
+        Save_Full_Reports();
         Go(u"HotLabel1"_s, u"Form30"_s);
+    }
+
+    void Find_A_Name() {
+        auto& preview = Control<preview::Preview_Window>(Page(), u"ViewPro1"_s);
+        const auto& pages = Control<QListWidget>(Page(), u"List3"_s);
+        Press(Qt::Key_F, 1, Qt::ControlModifier);
+        EXPECT_EQ(Focused(), u"FindName"_s);
+        Type(Control<QListWidget>(Page(), u"lstPupils"_s)
+                 .selectedItems()
+                 .value(0)
+                 ->text()
+                 .section(u',', 0, 0));
+        EXPECT_TRUE(Caption(Page(), u"Found"_s).startsWith(u"1 of 1, page 1\n"_s));
+        Press(Qt::Key_F3);
+        Tab_To(u"ViewPro1"_s);
+        Press(Qt::Key_PageDown);
+        EXPECT_EQ(preview.ShownPage(), pages.currentRow() + 1);
+        By_Letter(u"FitWidth"_s);
+        EXPECT_TRUE(preview.Is_Width_Fitted());
+        EXPECT_EQ(preview.ZoomPercent(), 40);
+    }
+
+    void Save_Full_Reports() {
+        const QString folder = sample.Folder() + u"/chosen"_s;
+        QDir().mkpath(folder);
+        outside.file_dialogs.answers = {folder};
+        outside.boxes.Will_Answer(Answer::Ok);
+        outside.dialogs.Will_Do([this](QDialog& dialog) {
+            dialog.show();
+            dialog.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            EXPECT_EQ(Focused(), u"Option1"_s);
+            Press(Qt::Key_Down);
+            Tab_And_Press(u"HotLabel1"_s);
+            EXPECT_FALSE(dialog.isVisible());
+            program.Window().activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&program.Window()));
+        });
+        By_Letter(u"FullReports"_s);
+        EXPECT_TRUE(outside.boxes.shown.last().text.startsWith(u"1 full report is in this folder:"_s));
+        EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 1);
+        QDir(folder).removeRecursively();
     }
 
     void Save_And_View_An_Archive() {
@@ -333,7 +379,7 @@ public:
         };
         EXPECT_EQ(
             listed(),
-            u"Removed everywhere, Archived, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
+            u"Removed everywhere, Archived, Printed batch, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
         Tab_To(u"Combo1"_s);
         Type(u"Ret"_s);
         EXPECT_EQ(listed(), u"Retest allowed"_s);

@@ -83,6 +83,7 @@ public:
         return question.title == "Open a list of pupils"_L1 ? school_list : class_list;
     }
     QString Save_File(const desktop::File_Question&) override { return {}; }
+    QString Choose_Folder(const QString&, const QString&) override { return {}; }
 
 private:
     QString class_list;
@@ -263,12 +264,17 @@ private:
         Click(u"HotLabel7"_s);
         Click(u"HotLabel9"_s);
         pictures.Take(window, u"Form92_batch"_s);
+        Click(u"FullReports"_s);
+        static_cast<QLineEdit&>(Control(u"FindName"_s)).setText(u"o"_s);
+        pictures.Take(window, u"Form92_found"_s);
     }
 
     // The sheet comes by way of the clipboard, as a word processor would get it.
     void Enlarge_And_Copy(const QString& form) {
         Click(u"HotLabel5"_s);
         pictures.Take(window, form + u"_enlarged"_s);
+        Click(u"FitWidth"_s);
+        pictures.Take(window, form + u"_fitted"_s);
         Click(u"HotLabel3"_s);
         pictures.Keep(Picture_On_The_Clipboard(), form + u"_sheet"_s);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPoint>
 #include <QString>
 #include <optional>
 #include <variant>
@@ -58,6 +59,7 @@ struct Drawing {
     int width = 0;
     int height = 0;
     std::vector<Operation> operations; // in the order in which they are painted
+    QPoint moved_by{};                 // how far all of it but the running texts was moved
 };
 
 } // namespace preview
