@@ -51,9 +51,10 @@ bool Read_Pupil_Entries(const QString& connection_string, const QString& group, 
     return Read_In_Silence(connection_string, sql, u"student"_s, take);
 }
 
+const QString Divider = u" - "_s;
+
 static QString Code_In(const QString& entry) {
-    const QString divider = u" - "_s;
-    return entry.mid(entry.indexOf(divider) + divider.size());
+    return entry.mid(entry.indexOf(Divider) + Divider.size());
 }
 
 // A name without a value leaves the entry empty, and so the code: place 0, which holds no pupil, would match
@@ -66,6 +67,19 @@ QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& 
     QList<qint16> places;
     for (const QString& entry : entries)
         places.append(Place_Of(Code_In(entry), pupils));
+    return places;
+}
+
+static qint16 Place_By_Any_Divider(const QString& entry, const scoring::Pupil_Lists& pupils) {
+    for (qsizetype at = entry.indexOf(Divider); at >= 0; at = entry.indexOf(Divider, at + 1))
+        if (const qint16 place = Place_Of(entry.mid(at + Divider.size()), pupils); place > 0) return place;
+    return -1;
+}
+
+QList<qint16> Places_By_Any_Divider(const QStringList& entries, const scoring::Pupil_Lists& pupils) {
+    QList<qint16> places;
+    for (const QString& entry : entries)
+        places.append(Place_By_Any_Divider(entry, pupils));
     return places;
 }
 

@@ -36,6 +36,9 @@ qint16 FindInArray(const basics::Bounded<QString, Highest>& array, const QString
 // way to the pupil, and the code is what follows its first " - ": a surname with that in it hides its pupil.
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils);
 
+// The same for what can do without that: of a surname that hides its pupil each " - " is tried.
+QList<qint16> Places_By_Any_Divider(const QStringList& entries, const scoring::Pupil_Lists& pupils);
+
 // The message for so many chosen pupils who weren't found.
 QString Surname_Message(qsizetype errors);
 

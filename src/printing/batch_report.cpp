@@ -2,6 +2,7 @@
 
 #include "keeping/change_list.h"
 #include "printing/batch_list.h"
+#include "printing/scores_file.h"
 
 #include <QSignalBlocker>
 
@@ -71,10 +72,16 @@ void Form92::Load_Pupil_List(const QString& connection_string) {
     const bool all_read = Read_Pupil_Entries(connection_string, cboGroupFilter->currentText(),
                                              [this](const QString& student) { lstPupils->addItem(student); });
     if (all_read && lstPupils->count() == 0) HotLabel9->setEnabled(false);
+    Offer_Saving();
 }
 
 void Form92::lstPupils_Click() {
     HotLabel9->setEnabled(true);
+    Offer_Saving();
+}
+
+void Form92::Offer_Saving() {
+    SaveScores->setEnabled(!lstPupils->selectedItems().isEmpty());
 }
 
 void Form92::HotLabel7_Click() {
@@ -137,6 +144,17 @@ void Form92::Option_Click() {
     if (Report_Built) Build_Batch(Batch_Count);
 }
 
+void Form92::SaveScores_Click() {
+    const QList<qint16> places = Places_By_Any_Divider(Selected_Entries(), scoring.pupils);
+    const QString group = cboGroupFilter->currentText();
+    const QString listed = Label10->text();
+    Save_Scores(
+        places, group == All_Groups() ? u"Mevo scores"_s : u"Mevo scores "_s + group, scoring,
+        [&](int done) { Label10->setText(u"Scoring student %1/%2"_s.arg(done).arg(places.size())); },
+        platform);
+    Label10->setText(listed);
+}
+
 QString Form92::Document_Name() const {
     return u"Mevo batch report"_s;
 }
@@ -185,6 +203,7 @@ void Form92::Lay_Out() {
     Make_Label(u"Label3"_s, u"Multiple Reports Print Preview"_s, Text_Role::Title, {Left, 16, 440, 34});
     Lay_Out_List();
     Lay_Out_Selection();
+    Lay_Out_Saving();
     Lay_Out_Middle();
     Lay_Out_Options();
     Lay_Out_Zoom();
@@ -195,14 +214,14 @@ void Form92::Lay_Out() {
 }
 
 void Form92::Lay_Out_List() {
-    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 286});
-    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 24, 280, 20}, frame);
+    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 234});
+    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 24, 92, 32}, frame);
     cboGroupFilter = new shell::Click_Combo(u"cboGroupFilter"_s, frame);
-    cboGroupFilter->setGeometry(12, 46, 280, 32);
+    cboGroupFilter->setGeometry(108, 24, 184, 32);
     cboGroupFilter->setAccessibleName(u"Group Filter"_s);
     cboGroupFilter->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
-    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 84, 280, 192}, frame);
+    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 64, 280, 160}, frame);
     lstPupils->setAccessibleDescription(
         u"The space bar selects a pupil for the report, or takes them out."_s);
     lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
@@ -210,7 +229,7 @@ void Form92::Lay_Out_List() {
 }
 
 void Form92::Lay_Out_Selection() {
-    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 344, Left_Width, 112});
+    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 292, Left_Width, 112});
     const auto entry = [this, frame](const char16_t* name, const QString& caption, const QRect& place,
                                      std::function<void()> click) {
         return Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click),
@@ -224,13 +243,19 @@ void Form92::Lay_Out_Selection() {
     HotLabel9->setEnabled(false); // nothing is selected as yet
 }
 
+void Form92::Lay_Out_Saving() {
+    SaveScores = Make_HotLabel(u"SaveScores"_s, u"Save scores as CSV..."_s, {Left, 506, Left_Width, 38},
+                               [this] { SaveScores_Click(); });
+    SaveScores->setEnabled(false); // nobody is selected as yet
+}
+
 void Form92::Lay_Out_Middle() {
     constexpr int beside_the_title = 464;
     constexpr int room = Middle + Middle_Width - beside_the_title;
     Label5 = Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {beside_the_title, 16, room, 19});
     Label10 = Make_Label(u"Label10"_s, u""_s, Text_Role::Quiet, {beside_the_title, 35, room, 18});
     Make_Preview({Middle, Top, Middle_Width, 490}); // a whole sheet at the first zoom
-    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Left, 464, Left_Width, 80});
+    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Left, 408, Left_Width, 52});
     Label2->setWordWrap(true);
     Label2->setAccessibleName(u"Help"_s);
 }
@@ -267,6 +292,9 @@ void Form92::Tell_Helps() {
     help->Tell(HotLabel8, u"Clear (unselect) all names from the batch list."_s);
     help->Tell(HotLabel9,
                u"Create a printout for all pupils whose names are highlighted in the batch list."_s);
+    help->Tell(SaveScores,
+               u"Save the scores of all pupils whose names are highlighted in the batch list, for a "
+               "spreadsheet."_s);
     help->Tell(Frame2, u"Select the page of miniature profiles you wish to view"_s);
     help->Tell(Frame5,
                u"Tip: Change background to white if report printouts appear too dark or indistinct."_s);

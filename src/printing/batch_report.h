@@ -29,16 +29,18 @@ public:
 
     void cboGroupFilter_Click();
     void lstPupils_Click();
-    void List3_Click();     // shows a page
-    void HotLabel7_Click(); // select all
-    void HotLabel8_Click(); // clear all
-    void HotLabel9_Click(); // create the report
-    void Option_Click();    // Option1, Option2, Option5 and Option6
+    void List3_Click();      // shows a page
+    void HotLabel7_Click();  // select all
+    void HotLabel8_Click();  // clear all
+    void HotLabel9_Click();  // create the report
+    void SaveScores_Click(); // of the selected pupils, for a spreadsheet
+    void Option_Click();     // Option1, Option2, Option5 and Option6
 
 private:
     void Lay_Out();
     void Lay_Out_List();
     void Lay_Out_Selection();
+    void Lay_Out_Saving();
     void Lay_Out_Middle();
     void Lay_Out_Options();
     void Lay_Out_Zoom();
@@ -48,6 +50,7 @@ private:
     void Tell_Helps();
     void Show_Progress(const QString& text);
     void Fill_Page_List(int pages);
+    void Offer_Saving();
     QStringList Selected_Entries() const;
     void Draw_Anew() override { Option_Click(); }
     QString Document_Name() const override;
@@ -64,6 +67,7 @@ private:
     QListWidget *lstPupils, *List3;
     QRadioButton *Option1, *Option2, *Option5, *Option6;
     shell::HotLabel *HotLabel7, *HotLabel8, *HotLabel9;
+    shell::HotLabel* SaveScores;
     QGroupBox *Frame2, *Frame5, *Frame8;
     QLabel *Label2, *Label5, *Label10;
 };
