@@ -10,6 +10,7 @@
 #include "pupils/prepare_page.h"
 #include "pupils/register_page.h"
 #include "pupils/security_page.h"
+#include "pupils/whole_data_page.h"
 #include "reports/earlier_page.h"
 #include "reports/reports_page.h"
 #include "shell/archiving.h"
@@ -95,6 +96,8 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Earlier_Results:
         return std::make_unique<reports::Earlier_Page>(
             platform, navigator, reports::Report_Data{installation, scores, scoring, report_state});
+    case Page_Id::Pupil_Data:
+        return std::make_unique<pupils::Whole_Data_Page>(platform, navigator, records);
     case Page_Id::Changes:
         return std::make_unique<pupils::Changes_Page>(platform, navigator, records);
     }

@@ -35,7 +35,8 @@ qint16 FindInArray(const basics::Bounded<QString, Highest>& array, const QString
 // The places in the pupil list of chosen entries; -1 where the code isn't found. The entry's text is the only
 // way to the pupil, and the code is what follows its first " - ": a surname with that in it hides its pupil.
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils);
-// The same by what follows the last " - ", which no surname hides; entries whose code isn't found apart.
+
+// The same by what follows any " - ", as a surname may have one too; entries whose code isn't found apart.
 struct Found_Entries {
     QList<qint16> places;
     QStringList lost;

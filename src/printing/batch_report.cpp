@@ -4,6 +4,7 @@
 #include "platform/basics/text_order.h"
 #include "printing/batch_list.h"
 #include "printing/full_reports_dialog.h"
+#include "printing/scores_file.h"
 
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -76,16 +77,17 @@ void Form92::Load_Pupil_List(const QString& connection_string) {
     const bool all_read = Read_Pupil_Entries(connection_string, cboGroupFilter->currentText(),
                                              [this](const QString& student) { lstPupils->addItem(student); });
     if (all_read && lstPupils->count() == 0) HotLabel9->setEnabled(false);
-    Offer_Full_Reports();
+    Offer_Files();
 }
 
 void Form92::lstPupils_Click() {
     HotLabel9->setEnabled(true);
-    Offer_Full_Reports();
+    Offer_Files();
 }
 
-void Form92::Offer_Full_Reports() {
-    FullReports->setEnabled(!lstPupils->selectedItems().isEmpty());
+void Form92::Offer_Files() {
+    for (shell::HotLabel* of_selected : {FullReports, SaveScores})
+        of_selected->setEnabled(!lstPupils->selectedItems().isEmpty());
 }
 
 void Form92::HotLabel7_Click() {
@@ -221,6 +223,17 @@ void Form92::Option_Click() {
     if (Report_Built) Build_Batch(Batch_Count);
 }
 
+void Form92::SaveScores_Click() {
+    const Found_Entries chosen = Find_By_Code(Selected_Entries(), scoring.pupils);
+    const QString group = cboGroupFilter->currentText();
+    const QString listed = Label10->text();
+    Save_Scores(
+        chosen, group == All_Groups() ? u"Mevo scores"_s : u"Mevo scores "_s + group, scoring,
+        [&](int done) { Label10->setText(u"Scoring student %1/%2"_s.arg(done).arg(chosen.places.size())); },
+        platform);
+    Label10->setText(listed);
+}
+
 QString Form92::Document_Name() const {
     return u"Mevo batch report"_s;
 }
@@ -307,7 +320,9 @@ void Form92::Lay_Out_Selection() {
     HotLabel9->Set_Weight(HotLabel::Weight::Primary);
     FullReports = Make_HotLabel(u"FullReports"_s, u"Full reports..."_s, {Left, 462, Left_Width, 38},
                                 [this] { FullReports_Click(); });
-    for (HotLabel* of_selected : {HotLabel9, FullReports})
+    SaveScores = Make_HotLabel(u"SaveScores"_s, u"Save scores as CSV..."_s, {Left, 506, Left_Width, 38},
+                               [this] { SaveScores_Click(); });
+    for (HotLabel* of_selected : {HotLabel9, FullReports, SaveScores})
         of_selected->setEnabled(false); // nothing is selected as yet
 }
 
@@ -381,6 +396,9 @@ void Form92::Tell_Helps() {
     help->Tell(
         FindName,
         u"Type a part of a name: the page with that pupil is shown, and F3 goes on to the next one."_s);
+    help->Tell(SaveScores,
+               u"Save the scores of all pupils whose names are highlighted in the batch list, for a "
+               "spreadsheet."_s);
     help->Tell(Frame2, u"Select the page of miniature profiles you wish to view"_s);
     help->Tell(Frame5,
                u"Tip: Change background to white if report printouts appear too dark or indistinct."_s);

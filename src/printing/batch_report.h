@@ -36,6 +36,7 @@ public:
     void HotLabel9_Click(); // create the report
     void Option_Click();    // Option1, Option2, Option5 and Option6
     void FullReports_Click();
+    void SaveScores_Click(); // of the selected pupils, for a spreadsheet
     void FindName_Changed(); // shows the first pupil who is meant
     void Find_Next();
 
@@ -55,7 +56,7 @@ private:
     void Fill_Page_List(int pages);
     void Follow_Shown_Page();
     QStringList Selected_Entries() const;
-    void Offer_Full_Reports();
+    void Offer_Files(); // of selected pupils
     QList<int> Ranks_Meant() const;
     void Show_Meant_From(int rank);
     void Forget_Found();
@@ -75,7 +76,7 @@ private:
     shell::Click_Combo* cboGroupFilter;
     QListWidget *lstPupils, *List3;
     QRadioButton *Option1, *Option2, *Option5, *Option6;
-    shell::HotLabel *HotLabel7, *HotLabel8, *HotLabel9, *FullReports;
+    shell::HotLabel *HotLabel7, *HotLabel8, *HotLabel9, *FullReports, *SaveScores;
     QLineEdit* FindName;
     QLabel* Found;
     QGroupBox *Frame2, *Frame5, *Frame8;

@@ -11,12 +11,12 @@
 
 namespace printing {
 
-// What the two report pages have in common: sheets in a preview, to be printed, copied and looked at closer.
+// What the report pages have in common: sheets in a preview, to be printed, copied and looked at closer.
 class Report_Page : public shell::Page {
     Q_OBJECT
 public:
     void Set_Zoom(int percent);
-    void HotLabel1_Click(); // back to the Reports page, which lies beneath
+    void HotLabel1_Click(); // back to the page that lies beneath
     void HotLabel2_Click(); // print all sheets
     void HotLabel3_Click(); // copy the sheet on view
     void KeepToMargins_Click();
@@ -27,7 +27,7 @@ protected:
                 const foundation::Installation& installation);
 
     void Make_Preview(const QRect& place);
-    void Make_Main_Entry(const QRect& place);
+    void Make_Main_Entry(const QRect& place, const QString& caption = QStringLiteral("Report Main Page"));
     void Make_Margins_Box(const QRect& place);
     void Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent);
     // An entry and its tick for each zoom: 100, 67 and 40 percent, and the width of the preview.
@@ -51,6 +51,7 @@ protected:
     const foundation::Installation& installation;
     preview::ViewPro ViewPro1;
     preview::Preview_Window* Preview = nullptr;
+    shell::HotLabel* HotLabel1 = nullptr; // the way back
     shell::HotLabel* HotLabel2 = nullptr; // Print
     int Zoom_Now = First_Zoom;
 
@@ -58,7 +59,7 @@ private:
     void Choose_Zoom(int percent);
     void Show_Ticks();
 
-    shell::HotLabel *HotLabel1, *HotLabel3, *FitWidth;
+    shell::HotLabel *HotLabel3, *FitWidth;
     std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
     std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
     QLabel* FitTick;

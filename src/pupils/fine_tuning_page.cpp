@@ -272,6 +272,13 @@ void Form15::Save_Retest_Flags(int index) {
     Combo1->Set_ListIndex(kept_index);
 }
 
+void Form15::AllData_Click() {
+    if (Current_Pupil == 0) return;
+    records.To_Be_Shown = pupils.Student_Code[Current_Pupil];
+    holder.Let_Go();
+    navigator.Open_On_Top(shell::Page_Id::Pupil_Data);
+}
+
 void Form15::HotLabel1_Click() {
     navigator.Go_To(shell::Page_Id::Main_Menu);
 }

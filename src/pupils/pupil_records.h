@@ -40,6 +40,7 @@ struct Pupil_Records {
     Of_Each_Pupil<qint16> Pupil_Show_Name; // 1: appears on the Login List
     Of_Each_Pupil<qint16> Pupil_Dob_As_Pw; // 1: the date of birth is the password
     Group_Lists groups;
+    QString To_Be_Shown;       // code of the pupil all of whose data are to be seen
     QStringList To_Be_Deleted; // codes that the Delete page selects when it next opens
 };
 

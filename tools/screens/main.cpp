@@ -175,6 +175,7 @@ private:
         Wait_For(form);
         if (!visit.pointed_at.isEmpty()) Point_At(visit.pointed_at);
         pictures.Take(window, form);
+        if (form == "Form15"_L1) Over_The_Page(u"AllData"_s, u"Whole_Data_Page"_s, u"HotLabel5"_s, form);
         for (const QString& clicked : visit.clicks)
             Click(clicked);
         if (form == "Form20"_L1) Through_The_Norms();

@@ -33,6 +33,7 @@ enum class Page_Id {
     Go_Back,
     Remove_Pupil,
     Earlier_Results, // over the Reports page: what the pupil scored before a retest
+    Pupil_Data,      // over the Fine tuning page: all that is kept of the pupil, to print or to save
     Changes,         // over the Settings page: what was done, and what is kept of whom
 };
 
