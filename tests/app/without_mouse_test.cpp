@@ -13,6 +13,7 @@
 #include <QDirIterator>
 #include <QLineEdit>
 #include <QPointer>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTreeWidget>
@@ -84,6 +85,9 @@ protected:
             dialog.activateWindow();
             ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
             Type(text);
+            if (const auto* mark = dialog.findChild<QProgressBar*>()) {
+                EXPECT_EQ(mark->text(), u"On the report: 1 of 16 lines used"_s);
+            }
             Press(ended_by);
             EXPECT_FALSE(dialog.isVisible());
             program.Window().activateWindow(); // no window manager does it here
