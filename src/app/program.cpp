@@ -82,7 +82,9 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Prepare:
         return std::make_unique<pupils::Form43>(platform, navigator, installation, list_to_import);
     case Page_Id::Testing_Progress:
-        return std::make_unique<shell::Form14>(platform, navigator, installation);
+        return std::make_unique<shell::Form14>(platform, navigator, installation, ticks);
+    case Page_Id::Tick_List:
+        return std::make_unique<shell::Tick_List>(platform, navigator, installation, ticks);
     case Page_Id::Settings:
         return std::make_unique<shell::Form20>(platform, navigator, installation);
     case Page_Id::Archiving:

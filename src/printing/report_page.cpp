@@ -27,8 +27,8 @@ void Report_Page::Make_Preview(const QRect& place) {
     Preview->setGeometry(place);
 }
 
-void Report_Page::Make_Main_Entry(const QRect& place) {
-    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Report Main Page"_s, place, [this] { HotLabel1_Click(); });
+void Report_Page::Make_Main_Entry(const QRect& place, const QString& caption) {
+    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, caption, place, [this] { HotLabel1_Click(); });
 }
 
 void Report_Page::Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent) {

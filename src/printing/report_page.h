@@ -26,7 +26,7 @@ protected:
                 const foundation::Installation& installation);
 
     void Make_Preview(const QRect& place);
-    void Make_Main_Entry(const QRect& place);
+    void Make_Main_Entry(const QRect& place, const QString& caption = QStringLiteral("Report Main Page"));
     void Make_Margins_Box(const QRect& place);
     void Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent);
     // An entry and its tick for each zoom: 100, 67 and 40 percent.
@@ -50,11 +50,12 @@ protected:
     const foundation::Installation& installation;
     preview::ViewPro ViewPro1;
     preview::Preview_Window* Preview = nullptr;
+    shell::HotLabel* HotLabel1 = nullptr; // back
     shell::HotLabel* HotLabel2 = nullptr; // Print
     int Zoom_Now = First_Zoom;
 
 private:
-    shell::HotLabel *HotLabel1, *HotLabel3;
+    shell::HotLabel* HotLabel3 = nullptr;
     std::array<shell::HotLabel*, 3> zooms; // HotLabel4, HotLabel5, HotLabel6
     std::array<QLabel*, 4> Image1;         // the ticks of the three; the last one keeps the picture
     QCheckBox* KeepToMargins = nullptr;    // not on every page

@@ -380,6 +380,15 @@ public:
         Press(Qt::Key_Down, 3);
         outside.boxes.Will_Answer(Answer::Ok);
         By_Letter(u"HotLabel2"_s);
+        Tab_To(u"GroupFilter"_s);
+        Press(Qt::Key_Down);
+        Tab_And_Press(u"UnfinishedOnly"_s, Qt::Key_Space);
+        EXPECT_TRUE(Caption(Page(), u"Label5"_s).endsWith(u" shown"_s));
+        By_Letter(u"TickList"_s);
+        Follow_To(u"Tick_List"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.last(), u"Mevo tick list"_s);
+        Go(u"HotLabel1"_s, u"Form14"_s);
     }
 
     void Delete_A_Pupil() {

@@ -34,6 +34,7 @@ enum class Page_Id {
     Remove_Pupil,
     Earlier_Results, // over the Reports page: what the pupil scored before a retest
     Changes,         // over the Settings page: what was done, and what is kept of whom
+    Tick_List,       // over Testing progress: its list as boxes to tick
 };
 
 // How a page says what follows. It is destroyed after its handler has returned.
