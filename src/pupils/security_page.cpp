@@ -1,7 +1,6 @@
 #include "pupils/security_page.h"
 
 #include "keeping/change_list.h"
-#include "platform/basics/dates.h"
 #include "platform/basics/run_time_error.h"
 #include "printing/grid_print.h"
 
@@ -49,10 +48,6 @@ std::function<void()> Form2::With_Lists(void (Form2::*work)()) {
     return [this, work] {
         if (lists_are_there) (this->*work)();
     };
-}
-
-static QString Day_First(const basics::Value& date) {
-    return date.Is_Date() ? basics::Day_Text(date.As_Date().date()) : date.Text_Or_Empty();
 }
 
 void Form2::Take_Pupil(foundation::Row_Fields& field, int p) {
@@ -336,6 +331,11 @@ void Form2::HotLabel2_Click() {
     } catch (const basics::Run_Time_Error&) {
         // A printer that fails ends it without a word, as a cancelled dialog does.
     }
+}
+
+void Form2::LoginCards_Click() {
+    records.Group_For_Cards = Combo2->currentText();
+    navigator.Open_On_Top(shell::Page_Id::Login_Cards);
 }
 
 void Form2::HotLabel3_Click() {

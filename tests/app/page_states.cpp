@@ -141,6 +141,7 @@ void Other_Pages(Tour& tour) {
     for (const Visit& visit : visits) {
         tour.Pay(visit);
         if (visit.form == "Form14"_L1) tour.See_Preview(u"TickList"_s, u"Tick_List"_s, visit);
+        if (visit.form == "Form2"_L1) tour.See_Preview(u"LoginCards"_s, u"Login_Cards"_s, visit);
         if (visit.form == "Form20"_L1) {
             tour.school.outside.boxes.Will_Answer(desktop::Answer::Yes);
             tour.Meet_Dialog(u"password"_s);

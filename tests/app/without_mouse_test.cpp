@@ -204,6 +204,23 @@ public:
         Press(Qt::Key_Left);
         Tab_And_Press(u"HotLabel6"_s);
         Expect_Changed(u"Mevo_Groups \\d+: new, Dob_as_pw 1, Group_Name 'Willow',"_s);
+        Print_Login_Cards();
+    }
+
+    void Print_Login_Cards() {
+        Tab_To(u"Combo2"_s);
+        Press(Qt::Key_Home);
+        By_Letter(u"LoginCards"_s);
+        Follow_To(u"Login_Cards"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo login cards"_s);
+        Tab_To(u"Group"_s);
+        Press(Qt::Key_Down);
+        Tab_To(u"Cards"_s);
+        Press(Qt::Key_Right);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo logins"_s);
+        Go(u"HotLabel1"_s, u"Form2"_s);
     }
 
     void Read_A_Profile() {
