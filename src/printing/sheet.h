@@ -3,8 +3,10 @@
 #include "platform/desktop/ports.h"
 #include "platform/preview/view_pro.h"
 
+#include <QColor>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 
 namespace printing {
 

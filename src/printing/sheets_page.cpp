@@ -1,6 +1,7 @@
 #include "printing/sheets_page.h"
 
 #include <QSignalBlocker>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 

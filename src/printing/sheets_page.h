@@ -2,7 +2,9 @@
 
 #include "printing/report_page.h"
 
+#include <QList>
 #include <QListWidget>
+#include <utility>
 
 namespace printing {
 

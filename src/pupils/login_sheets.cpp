@@ -4,6 +4,7 @@
 #include "printing/sheet.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

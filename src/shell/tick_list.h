@@ -2,6 +2,9 @@
 
 #include "printing/sheets_page.h"
 
+#include <QList>
+#include <QStringList>
+
 namespace shell {
 
 // What the Testing-progress chart hands over to be ticked on paper.

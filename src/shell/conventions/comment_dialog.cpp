@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QTextDocument>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
