@@ -66,7 +66,7 @@ static qint16 Place_Of(const QString& code, const scoring::Pupil_Lists& pupils) 
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils) {
     QList<qint16> places;
     for (const QString& entry : entries)
-        places.append(Place_Of(Behind_Divider(entry, entry.indexOf(Divider)), pupils));
+        places.append(Place_Of(Code_In(entry), pupils));
     return places;
 }
 

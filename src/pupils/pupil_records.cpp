@@ -1,5 +1,6 @@
 #include "pupils/pupil_records.h"
 
+#include "platform/basics/dates.h"
 #include <QStringBuilder>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,10 @@ QString Pupil_Entry(int p, const Record_Data& data) {
 
 qint16 Number_Or_Zero(const basics::Value& value) {
     return value.Is_Empty() ? qint16(0) : value.As_Integer();
+}
+
+QString Day_First(const basics::Value& date) {
+    return date.Is_Date() ? basics::Day_Text(date.As_Date().date()) : date.Text_Or_Empty();
 }
 
 QString Row_Of_Pupil(const QString& code) {

@@ -54,17 +54,15 @@ std::function<void()> Form2::With_Lists(void (Form2::*work)()) {
     };
 }
 
-// Without a time of day.
-static QString Day_First(foundation::Row_Fields& field) {
+// What stands as a date's text already needn't become a date first.
+static QString Birthday_In(foundation::Row_Fields& field) {
     const QString date = field.Text(u"DOB"_s);
-    if (basics::Is_Date_Text(date)) return date;
-    const basics::Value& value = field(u"DOB"_s);
-    return value.Is_Date() ? basics::Day_Text(value.As_Date().date()) : date;
+    return basics::Is_Date_Text(date) ? date : Day_First(field(u"DOB"_s));
 }
 
 void Form2::Take_Pupil(foundation::Row_Fields& field, int p) {
     Take_Names(field, p, {installation, pupils, records});
-    pupils.Pupil_DOB_List[p] = Day_First(field);
+    pupils.Pupil_DOB_List[p] = Birthday_In(field);
     records.Pupil_Group[p] = field.Text(u"Group_Class"_s);
     records.Pupil_Password[p] = field.Text(u"Password"_s);
     records.Pupil_Show_Name[p] = Number_Or_Zero(field(u"Show_Name"_s));
@@ -340,6 +338,11 @@ void Form2::HotLabel2_Click() {
     } catch (const basics::Run_Time_Error&) {
         // A printer that fails ends it without a word, as a cancelled dialog does.
     }
+}
+
+void Form2::LoginCards_Click() {
+    records.Group_For_Cards = Combo2->currentText();
+    navigator.Open_On_Top(shell::Page_Id::Login_Cards);
 }
 
 void Form2::HotLabel3_Click() {

@@ -2,6 +2,7 @@
 
 #include "platform/basics/number_text.h"
 #include "platform/desktop/wait_pointer.h"
+#include "printing/individual_sheet.h"
 #include "printing/scores_file.h"
 #include "reports/state/pupil_comment.h"
 #include "scoring/norm_check.h"
@@ -368,7 +369,8 @@ void Form30::HotLabel2_Click() {
 void Form30::HotLabel3_Click() {
     if (!Has_Pupil()) return;
     state.comment.Comment_Changed = false;
-    shell::Form11 dialog(platform, state.comment.Pupil_Comment, state.comment.Comment_Changed);
+    shell::Form11 dialog(platform, state.comment.Pupil_Comment, state.comment.Comment_Changed,
+                         printing::Lines_Of_Comment);
     platform.dialogs.Show(dialog);
     if (state.comment.Comment_Changed)
         Save_Comment(state.Current_Pupil, pupils, installation, holder, state.comment);

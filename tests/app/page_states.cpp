@@ -64,6 +64,11 @@ public:
             Show(step.state);
         }
     }
+    void See_Preview(const QString& entry, const QString& form, const Visit& from) {
+        Go(entry, form);
+        Show(from.state + u"_preview"_s);
+        Go(u"HotLabel1"_s, from.form);
+    }
     void Meet_Dialog(const QString& state) {
         school.outside.dialogs.Will_Do([this, state](QDialog& dialog) {
             dialog.show();
@@ -137,6 +142,8 @@ void Other_Pages(Tour& tour) {
     };
     for (const Visit& visit : visits) {
         tour.Pay(visit);
+        if (visit.form == "Form14"_L1) tour.See_Preview(u"TickList"_s, u"Tick_List"_s, visit);
+        if (visit.form == "Form2"_L1) tour.See_Preview(u"LoginCards"_s, u"Login_Cards"_s, visit);
         if (visit.form == "Form20"_L1) {
             tour.school.outside.boxes.Will_Answer(desktop::Answer::Yes);
             tour.Meet_Dialog(u"password"_s);

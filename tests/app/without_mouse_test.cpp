@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTreeWidget>
@@ -86,6 +87,9 @@ protected:
             dialog.activateWindow();
             ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
             Type(text);
+            if (const auto* mark = dialog.findChild<QProgressBar*>()) {
+                EXPECT_EQ(mark->text(), u"On the report: 1 of 16 lines used"_s);
+            }
             Press(ended_by);
             EXPECT_FALSE(dialog.isVisible());
             program.Window().activateWindow(); // no window manager does it here
@@ -202,6 +206,23 @@ public:
         Press(Qt::Key_Left);
         Tab_And_Press(u"HotLabel6"_s);
         Expect_Changed(u"Mevo_Groups \\d+: new, Dob_as_pw 1, Group_Name 'Willow',"_s);
+        Print_Login_Cards();
+    }
+
+    void Print_Login_Cards() {
+        Tab_To(u"Combo2"_s);
+        Press(Qt::Key_Home);
+        By_Letter(u"LoginCards"_s);
+        Follow_To(u"Login_Cards"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo login cards"_s);
+        Tab_To(u"Group"_s);
+        Press(Qt::Key_Down);
+        Tab_To(u"Cards"_s);
+        Press(Qt::Key_Right);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo logins"_s);
+        Go(u"HotLabel1"_s, u"Form2"_s);
     }
 
     void Read_A_Profile() {
@@ -422,6 +443,15 @@ public:
         Press(Qt::Key_Down, 3);
         outside.boxes.Will_Answer(Answer::Ok);
         By_Letter(u"HotLabel2"_s);
+        Tab_To(u"GroupFilter"_s);
+        Press(Qt::Key_Down);
+        Tab_And_Press(u"UnfinishedOnly"_s, Qt::Key_Space);
+        EXPECT_TRUE(Caption(Page(), u"Label5"_s).endsWith(u" shown"_s));
+        By_Letter(u"TickList"_s);
+        Follow_To(u"Tick_List"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.last(), u"Mevo tick list"_s);
+        Go(u"HotLabel1"_s, u"Form14"_s);
     }
 
     void Delete_A_Pupil() {

@@ -180,6 +180,8 @@ private:
             Click(clicked);
         if (form == "Form20"_L1) Through_The_Norms();
         if (form == "Form20"_L1) Over_The_Page(u"ChangesEntry"_s, u"Changes_Page"_s, u"HotLabel5"_s, form);
+        if (form == "Form14"_L1) Preview(u"TickList"_s, u"Tick_List"_s, form, {});
+        if (form == "Form2"_L1) Preview(u"LoginCards"_s, u"Login_Cards"_s, form, u"ClassList"_s);
         if (form == "Form42"_L1) Name_A_Schools_Folder();
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
         if (form == "Form42"_L1) Prepare_A_List();
@@ -206,6 +208,19 @@ private:
         if (!click.isEmpty()) {
             Click(click);
             pictures.Take(window, form + u"_in_use"_s);
+        }
+        Click(u"HotLabel1"_s);
+        Wait_For(beneath);
+    }
+
+    void Preview(const QString& entry, const QString& form, const QString& beneath, const QString& click) {
+        Click(entry);
+        Wait_For(form);
+        pictures.Take(window, form);
+        Enlarge_And_Copy(form);
+        if (!click.isEmpty()) {
+            Click(click);
+            Enlarge_And_Copy(form + u'_' + click);
         }
         Click(u"HotLabel1"_s);
         Wait_For(beneath);

@@ -15,6 +15,7 @@ namespace preview {
 struct Text_Style {
     int font_size = 10; // points
     bool bold = false;
+    bool fixed_pitch = false; // of letters that can't be taken for one another: O and 0, l and 1
     bool operator==(const Text_Style&) const = default;
 };
 

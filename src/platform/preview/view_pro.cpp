@@ -207,7 +207,7 @@ desktop::Printed_Document ViewPro::Document(const QString& name, int first, int 
 }
 
 Text_Style ViewPro::Style() const {
-    return {FontSize, FontBold};
+    return {FontSize, FontBold, FontFixed};
 }
 
 int ViewPro::Line_Room() const {
