@@ -35,9 +35,12 @@ qint16 FindInArray(const basics::Bounded<QString, Highest>& array, const QString
 // The places in the pupil list of chosen entries; -1 where the code isn't found. The entry's text is the only
 // way to the pupil, and the code is what follows its first " - ": a surname with that in it hides its pupil.
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils);
-
-// The same for what can do without that: of a surname that hides its pupil each " - " is tried.
-QList<qint16> Places_By_Any_Divider(const QStringList& entries, const scoring::Pupil_Lists& pupils);
+// The same by what follows the last " - ", which no surname hides; entries whose code isn't found apart.
+struct Found_Entries {
+    QList<qint16> places;
+    QStringList lost;
+};
+Found_Entries Find_By_Code(const QStringList& entries, const scoring::Pupil_Lists& pupils);
 
 // The message for so many chosen pupils who weren't found.
 QString Surname_Message(qsizetype errors);

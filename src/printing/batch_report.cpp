@@ -145,12 +145,13 @@ void Form92::Option_Click() {
 }
 
 void Form92::SaveScores_Click() {
-    const QList<qint16> places = Places_By_Any_Divider(Selected_Entries(), scoring.pupils);
+    const Found_Entries chosen = Find_By_Code(Selected_Entries(), scoring.pupils);
     const QString group = cboGroupFilter->currentText();
     const QString listed = Label10->text();
     Save_Scores(
-        places, group == All_Groups() ? u"Mevo scores"_s : u"Mevo scores "_s + group, scoring,
-        [&](int done) { Label10->setText(u"Scoring student %1/%2"_s.arg(done).arg(places.size())); },
+        {chosen.places, chosen.lost, group == All_Groups() ? u"Mevo scores"_s : u"Mevo scores "_s + group},
+        scoring,
+        [&](int done) { Label10->setText(u"Scoring student %1/%2"_s.arg(done).arg(chosen.places.size())); },
         platform);
     Label10->setText(listed);
 }
@@ -214,14 +215,14 @@ void Form92::Lay_Out() {
 }
 
 void Form92::Lay_Out_List() {
-    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 234});
-    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 24, 92, 32}, frame);
+    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 230});
+    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 30, 92, 20}, frame);
     cboGroupFilter = new shell::Click_Combo(u"cboGroupFilter"_s, frame);
-    cboGroupFilter->setGeometry(108, 24, 184, 32);
+    cboGroupFilter->setGeometry(106, 24, 186, 32);
     cboGroupFilter->setAccessibleName(u"Group Filter"_s);
     cboGroupFilter->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
-    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 64, 280, 160}, frame);
+    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 62, 280, 158}, frame);
     lstPupils->setAccessibleDescription(
         u"The space bar selects a pupil for the report, or takes them out."_s);
     lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
@@ -229,7 +230,7 @@ void Form92::Lay_Out_List() {
 }
 
 void Form92::Lay_Out_Selection() {
-    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 292, Left_Width, 112});
+    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 288, Left_Width, 112});
     const auto entry = [this, frame](const char16_t* name, const QString& caption, const QRect& place,
                                      std::function<void()> click) {
         return Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click),
@@ -255,7 +256,7 @@ void Form92::Lay_Out_Middle() {
     Label5 = Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {beside_the_title, 16, room, 19});
     Label10 = Make_Label(u"Label10"_s, u""_s, Text_Role::Quiet, {beside_the_title, 35, room, 18});
     Make_Preview({Middle, Top, Middle_Width, 490}); // a whole sheet at the first zoom
-    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Left, 408, Left_Width, 52});
+    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Left, 402, Left_Width, 58});
     Label2->setWordWrap(true);
     Label2->setAccessibleName(u"Help"_s);
 }

@@ -37,17 +37,13 @@ public:
         for (const qint16 p : places) {
             if (++done % scoring::Pupils_A_Lock == 0) reading.Holder().End_Shared_Lock();
             Show(done, show);
-            if (p == -1)
-                ++not_found;
-            else
-                Add(p);
+            Add(p);
             if (!failure.isEmpty()) return;
         }
     }
 
     QString failure; // why the answers can't be read
     QStringList not_scored;
-    int not_found = 0;
     QByteArray Bytes() const { return text.toUtf8(); }
 
 private:
@@ -95,39 +91,41 @@ private:
     QString text;
 };
 
-void Tell_Who_Is_Missing(const Scores_File& file, desktop::Platform& platform) {
-    constexpr int most_named = 20; // as a box has room for
-    QStringList told;
-    if (!file.not_scored.isEmpty())
-        told.append(
-            u"These pupils can't be scored, and their cells are empty:\r"_s +
-            file.not_scored.first(std::min<qsizetype>(file.not_scored.size(), most_named)).join(u'\r'));
-    if (file.not_scored.size() > most_named)
-        told.append(u"and %1 more"_s.arg(file.not_scored.size() - most_named));
-    if (file.not_found > 0)
-        told.append(u"Pupils who aren't on the list of the Reports page, and so not in the file: %1"_s.arg(
-            file.not_found));
+// As many as a box has room for.
+QString Named(const QStringList& pupils) {
+    constexpr qsizetype most = 12;
+    const QString names = pupils.first(std::min(pupils.size(), most)).join(u'\r');
+    return pupils.size() <= most ? names : names + u"\rand %1 more"_s.arg(pupils.size() - most);
+}
+
+void Tell_Who_Is_Missing(const QStringList& not_scored, const QStringList& lost,
+                         desktop::Platform& platform) {
+    QString told;
+    if (!not_scored.isEmpty())
+        told += u"\r\rThese pupils can't be scored, and their cells are empty:\r"_s + Named(not_scored);
+    if (!lost.isEmpty())
+        told +=
+            u"\r\rThese pupils aren't found in the list of pupils, and so not in the file:\r"_s + Named(lost);
     if (!told.isEmpty())
-        platform.boxes.Ask(desktop::Box_Style::Exclamation, Title,
-                           u"The scores have been saved.\r\r"_s + told.join(u'\r'));
+        platform.boxes.Ask(desktop::Box_Style::Exclamation, Title, u"The scores have been saved."_s + told);
 }
 
 } // namespace
 
-void Save_Scores(const QList<qint16>& places, const QString& name, const scoring::Scoring& page,
-                 const Show_Done& show, desktop::Platform& platform) {
+void Save_Scores(const Scores_Wanted& wanted, const scoring::Scoring& page, const Show_Done& show,
+                 desktop::Platform& platform) {
     shell::Csv_Form form;
     if (!shell::Ask_Csv_Form(shell::Csv_Rows::As_Chosen, form, platform)) return;
-    const QString target =
-        shell::Ask_Where_To_Save({Title, u"Comma-separated values (*.csv)"_s, u"csv"_s, name}, platform);
+    const QString target = shell::Ask_Where_To_Save(
+        {Title, u"Comma-separated values (*.csv)"_s, u"csv"_s, wanted.name}, platform);
     if (target.isEmpty()) return;
     Scores_File file(form, page, platform);
-    file.Add_All(places, show);
+    file.Add_All(wanted.places, show);
     if (!file.failure.isEmpty())
         platform.boxes.Ask(desktop::Box_Style::Critical, Title,
                            u"The scores can't be read, and nothing has been saved.\r"_s + file.failure);
     else if (shell::Save_Whole(target, file.Bytes(), Title, platform))
-        Tell_Who_Is_Missing(file, platform);
+        Tell_Who_Is_Missing(file.not_scored, wanted.lost, platform);
 }
 
 } // namespace printing

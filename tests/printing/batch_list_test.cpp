@@ -38,10 +38,6 @@ TEST(BatchList, TheCodeIsWhatFollowsTheFirstDivider) {
                          u"Nobody, At All - XXX"_s, u""_s /* a name without a value */},
                         pupils),
               (QList<qint16>{1, -1, 2, -1, -1}));
-    EXPECT_EQ(Places_By_Any_Divider({u"Thompson - Ellis, Ann - THOANN123ABC"_s, u"Fay, M - LE FAY - 1"_s,
-                                     u"Nobody - At, All - XXX"_s, u""_s},
-                                    pupils),
-              (QList<qint16>{1, 2, -1, -1}));
 }
 
 TEST(BatchList, AnErrorEndsAListInSilence) {
