@@ -53,8 +53,8 @@ bool Read_Pupil_Entries(const QString& connection_string, const QString& group, 
 
 const QString Divider = u" - "_s;
 
-static QString Code_In(const QString& entry) {
-    return entry.mid(entry.indexOf(Divider) + Divider.size());
+static QString Behind_Divider(const QString& entry, qsizetype place) {
+    return entry.mid(place + Divider.size());
 }
 
 // A name without a value leaves the entry empty, and so the code: place 0, which holds no pupil, would match
@@ -66,7 +66,7 @@ static qint16 Place_Of(const QString& code, const scoring::Pupil_Lists& pupils) 
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils) {
     QList<qint16> places;
     for (const QString& entry : entries)
-        places.append(Place_Of(Code_In(entry), pupils));
+        places.append(Place_Of(Behind_Divider(entry, entry.indexOf(Divider)), pupils));
     return places;
 }
 

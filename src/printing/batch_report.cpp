@@ -228,7 +228,8 @@ void Form92::SaveScores_Click() {
     const QString group = cboGroupFilter->currentText();
     const QString listed = Label10->text();
     Save_Scores(
-        chosen, group == All_Groups() ? u"Mevo scores"_s : u"Mevo scores "_s + group, scoring,
+        {chosen.places, chosen.lost, group == All_Groups() ? u"Mevo scores"_s : u"Mevo scores "_s + group},
+        scoring,
         [&](int done) { Label10->setText(u"Scoring student %1/%2"_s.arg(done).arg(chosen.places.size())); },
         platform);
     Label10->setText(listed);

@@ -91,41 +91,41 @@ private:
     QString text;
 };
 
-// What is told of pupils who are missing, and who they are as far as a box has room.
-QString Naming(const QString& what, const QStringList& pupils) {
-    constexpr qsizetype most_named = 20;
-    QString told = what + u'\r' + pupils.first(std::min(pupils.size(), most_named)).join(u'\r');
-    if (pupils.size() > most_named) told += u"\rand %1 more"_s.arg(pupils.size() - most_named);
-    return told;
+// As many as a box has room for.
+QString Named(const QStringList& pupils) {
+    constexpr qsizetype most = 12;
+    const QString names = pupils.first(std::min(pupils.size(), most)).join(u'\r');
+    return pupils.size() <= most ? names : names + u"\rand %1 more"_s.arg(pupils.size() - most);
 }
 
-void Tell_Who_Is_Missing(const QStringList& not_scored, const QStringList& not_found,
+void Tell_Who_Is_Missing(const QStringList& not_scored, const QStringList& lost,
                          desktop::Platform& platform) {
-    QStringList told{u"The scores have been saved."_s};
+    QString told;
     if (!not_scored.isEmpty())
-        told.append(Naming(u"These pupils can't be scored, and their cells are empty:"_s, not_scored));
-    if (!not_found.isEmpty())
-        told.append(
-            Naming(u"These aren't on the list of the Reports page, and so not in the file:"_s, not_found));
-    if (told.size() > 1) platform.boxes.Ask(desktop::Box_Style::Exclamation, Title, told.join(u"\r\r"_s));
+        told += u"\r\rThese pupils can't be scored, and their cells are empty:\r"_s + Named(not_scored);
+    if (!lost.isEmpty())
+        told +=
+            u"\r\rThese pupils aren't found in the list of pupils, and so not in the file:\r"_s + Named(lost);
+    if (!told.isEmpty())
+        platform.boxes.Ask(desktop::Box_Style::Exclamation, Title, u"The scores have been saved."_s + told);
 }
 
 } // namespace
 
-void Save_Scores(const Found_Entries& chosen, const QString& name, const scoring::Scoring& page,
-                 const Show_Done& show, desktop::Platform& platform) {
+void Save_Scores(const Scores_Wanted& wanted, const scoring::Scoring& page, const Show_Done& show,
+                 desktop::Platform& platform) {
     shell::Csv_Form form;
     if (!shell::Ask_Csv_Form(shell::Csv_Rows::As_Chosen, form, platform)) return;
-    const QString target =
-        shell::Ask_Where_To_Save({Title, u"Comma-separated values (*.csv)"_s, u"csv"_s, name}, platform);
+    const QString target = shell::Ask_Where_To_Save(
+        {Title, u"Comma-separated values (*.csv)"_s, u"csv"_s, wanted.name}, platform);
     if (target.isEmpty()) return;
     Scores_File file(form, page, platform);
-    file.Add_All(chosen.places, show);
+    file.Add_All(wanted.places, show);
     if (!file.failure.isEmpty())
         platform.boxes.Ask(desktop::Box_Style::Critical, Title,
                            u"The scores can't be read, and nothing has been saved.\r"_s + file.failure);
     else if (shell::Save_Whole(target, file.Bytes(), Title, platform))
-        Tell_Who_Is_Missing(file.not_scored, chosen.lost, platform);
+        Tell_Who_Is_Missing(file.not_scored, wanted.lost, platform);
 }
 
 } // namespace printing

@@ -391,7 +391,7 @@ void Form30::SaveScores_Click() {
     QList<qint16> places(listed);
     std::iota(places.begin(), places.end(), qint16(1));
     printing::Save_Scores(
-        {places, {}}, u"Mevo scores"_s, scoring,
+        {places, {}, u"Mevo scores"_s}, scoring,
         [this, listed](int done) { Show_Progress_Width(Whole_Progress * done / listed); }, platform);
     Show_Progress_Width(1);
 }

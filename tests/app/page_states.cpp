@@ -109,6 +109,8 @@ void Reports(Tour& tour) {
     }
     tour.Meet_Dialog(u"comment"_s);
     tour.Click_All({u"HotLabel3"_s, u"HotLabel5"_s});
+    tour.Meet_Dialog(u"save_as_csv"_s);
+    tour.Click_All({u"SaveScores"_s});
     tour.Click_All({u"WhyEntry"_s});
     tour.Go(u"WhyPrint"_s, u"Why_Report"_s);
     tour.Show(u"why_report"_s);
@@ -144,6 +146,11 @@ void Other_Pages(Tour& tour) {
         tour.Pay(visit);
         if (visit.form == "Form14"_L1) tour.See_Preview(u"TickList"_s, u"Tick_List"_s, visit);
         if (visit.form == "Form2"_L1) tour.See_Preview(u"LoginCards"_s, u"Login_Cards"_s, visit);
+        if (visit.form == "Form15"_L1) {
+            tour.Go(u"AllData"_s, u"Whole_Data_Page"_s);
+            tour.Show(u"all_data"_s);
+            tour.Go(u"HotLabel1"_s, u"Form15"_s);
+        }
         if (visit.form == "Form20"_L1) {
             tour.school.outside.boxes.Will_Answer(desktop::Answer::Yes);
             tour.Meet_Dialog(u"password"_s);

@@ -80,6 +80,24 @@ protected:
             EXPECT_TRUE(pattern.match(change).hasMatch()) << change.toStdString();
         seen = found;
     }
+    // Gives the first question of the dialog its other answer. What the file holds, which is taken away.
+    QByteArray Saved_As_Csv(const QString& entry) {
+        const QString file = sample.Folder() + u"/taken out.csv"_s;
+        outside.file_dialogs.answers = {file};
+        outside.dialogs.Will_Do([this](QDialog& dialog) {
+            dialog.show();
+            dialog.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            Press(Qt::Key_Down);
+            Tab_And_Press(u"HotLabel1"_s);
+            program.Window().activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&program.Window()));
+        });
+        Tab_And_Press(entry);
+        const QByteArray bytes = Bytes_Of(file);
+        EXPECT_TRUE(QFile::remove(file));
+        return bytes;
+    }
     // Whatever the dialog is about.
     void Type_Into_Dialog(const QString& text, Qt::Key ended_by) {
         outside.dialogs.Will_Do([this, text, ended_by](QDialog& dialog) {
@@ -186,6 +204,18 @@ public:
         Type(u"Renamed"_s); // in place of what was selected
         Tab_And_Press(u"HotLabel2"_s);
         Expect_Changed(row + u" Forename: .* -> 'Renamed'"_s);
+        Look_At_All_Data();
+    }
+
+    void Look_At_All_Data() {
+        const QString shown = Control<QLineEdit>(Page(), u"Text1"_s).text();
+        Tab_And_Press(u"AllData"_s);
+        Follow_To(u"Whole_Data_Page"_s);
+        EXPECT_TRUE(Saved_As_Csv(u"SaveData"_s).contains("Details;;User ID;" + shown.toUtf8()));
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo data of a pupil"_s);
+        Go(u"HotLabel1"_s, u"Form15"_s);
+        EXPECT_EQ(Control<QLineEdit>(Page(), u"Text1"_s).text(), shown);
     }
 
     void Arrange_A_Group() {
@@ -250,6 +280,7 @@ public:
         EXPECT_EQ(outside.printers.printed.size(), 1);
         Tab_And_Press(u"HotLabel5"_s, Qt::Key_Space);
         EXPECT_TRUE(Shown(Page(), u"Picture2"_s));
+        EXPECT_TRUE(Saved_As_Csv(u"SaveScores"_s).contains(";Tolvens_raw_score;"));
         Type_Into_Dialog(u"not kept"_s, Qt::Key_Escape);
         Tab_And_Press(u"HotLabel3"_s);
         Look_At_The_Print_Preview();
@@ -315,6 +346,7 @@ public:
         EXPECT_EQ(Caption(Page(), u"Label5"_s), u"There are 1 pupils on 1 pages."_s);
         Find_A_Name();
         Save_Full_Reports();
+        EXPECT_EQ(Saved_As_Csv(u"SaveScores"_s).count('\n'), 2) << "in the form that was chosen before";
         Go(u"HotLabel1"_s, u"Form30"_s);
     }
 

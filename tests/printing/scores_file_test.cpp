@@ -29,8 +29,8 @@ protected:
         QList<qint16> places(scores.pupils.Pupils_Listed);
         std::iota(places.begin(), places.end(), qint16(1));
         printing::Save_Scores(
-            {places, {u"Lost, Ann - X1"_s}}, u"Mevo scores"_s, scoring,
-            [this](int done) { shown.append(done); }, outside.platform);
+            {places, lost, u"Mevo scores"_s}, scoring, [this](int done) { shown.append(done); },
+            outside.platform);
         const QByteArray bytes = Bytes_Of(file);
         EXPECT_TRUE(bytes.startsWith("\xEF\xBB\xBF"));
         return QString::fromUtf8(bytes.sliced(3));
@@ -42,6 +42,7 @@ protected:
     QStringList In_The_Schools_Folder() const { return QDir(sample.Folder()).entryList(QDir::Files); }
 
     QTemporaryDir taken_out;
+    QStringList lost;
     QList<int> shown;
 };
 
@@ -88,8 +89,10 @@ TEST_F(Scores_File_Saved, NobodyIsLostForOneWhoCantBeScored) {
     Set(code, u"Level_11_holes_req = NULL"_s, u"Mevo_Tolvens_data"_s);
     Set(code, u"Surname = '=1+1', Forename = 'Ann \"Bo\",' || char(10)"_s);
     Load();
+    lost = {u"Somebody - Else"_s};
     outside.boxes.Will_Answer(desktop::Answer::Ok);
     const QString text = Saved({});
+    EXPECT_TRUE(outside.boxes.shown.last().text.endsWith(u"\rSomebody - Else"_s));
     EXPECT_TRUE(outside.boxes.shown.last().text.contains(u"=1+1 Ann"_s));
     EXPECT_EQ(text.count(u"\r\n"_s), 1 + 9 * scores.pupils.Pupils_Listed);
     EXPECT_TRUE(text.contains(code + u",\"'=1+1 Ann \"\"Bo\"\",\n\",Tolvens,1,"_s));

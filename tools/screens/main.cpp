@@ -151,6 +151,7 @@ public:
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);
         Click(u"HotLabel3"_s);
+        Click(u"SaveScores"_s);
         Over_The_Page(u"EarlierResults"_s, u"Earlier_Page"_s, {}, u"Form30"_s);
         for (const auto& [entry, form] : Previews) {
             Click(entry);
