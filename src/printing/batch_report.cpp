@@ -103,7 +103,8 @@ void Form92::HotLabel8_Click() {
 // Neither the batch nor the sheets on view have a part in it, and the pupil on the Reports page stays theirs.
 void Form92::FullReports_Click() {
     Full_Reports_Dialog dialog(platform, {installation, scoring.pupils, scoring.norms, state},
-                               ViewPro1.Keep_To_Margins, Find_By_Code(Selected_Entries(), scoring.pupils));
+                               ViewPro1.Keep_To_Margins, Find_By_Code(Selected_Entries(), scoring.pupils),
+                               cboGroupFilter->currentText());
     platform.dialogs.Show(dialog);
     if (dialog.Sheets_Made() > 0)
         keeping::Note(installation, platform.clock, keeping::Act::Printed_Batch,

@@ -32,10 +32,11 @@ static QString Count_Of_Reports(int count) {
 }
 
 Full_Reports_Dialog::Full_Reports_Dialog(desktop::Platform& platform, Full_Report_Sources sources,
-                                         bool keep_to_margins, Found_Entries chosen)
+                                         bool keep_to_margins, Found_Entries chosen, const QString& group)
     : platform(platform),
       sources(sources),
       chosen(std::move(chosen)),
+      group(group),
       reports(sources, keep_to_margins, platform) {
     setObjectName(u"Full_Reports"_s);
     setWindowTitle(Full_Reports_Title);
@@ -108,10 +109,11 @@ void Full_Reports_Dialog::Create_Click() {
 
 // Empty if the user thought better of it.
 QString Full_Reports_Dialog::Where_To() {
-    if (one_file->isChecked())
-        return shell::Ask_Where_To_Save(
-            {u"Save full reports"_s, u"PDF documents (*.pdf)"_s, u"pdf"_s, u"Mevo individual reports"_s},
-            platform);
+    if (one_file->isChecked()) {
+        const QString name = Full_Reports_Title + (group == All_Groups() ? QString() : u' ' + group);
+        return shell::Ask_Where_To_Save({u"Save full reports"_s, u"PDF documents (*.pdf)"_s, u"pdf"_s, name},
+                                        platform);
+    }
     const QString folder = shell::Ask_For_Folder(u"Folder for the full reports"_s, platform);
     return folder.isEmpty() || May_Replace(folder) ? folder : QString();
 }

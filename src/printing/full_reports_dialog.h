@@ -20,7 +20,7 @@ class Full_Reports_Dialog final : public QDialog {
     Q_OBJECT
 public:
     Full_Reports_Dialog(desktop::Platform& platform, Full_Report_Sources sources, bool keep_to_margins,
-                        Found_Entries chosen);
+                        Found_Entries chosen, const QString& group);
 
     void Create_Click();
     void reject() override; // stops the work, or else closes the dialog
@@ -39,6 +39,7 @@ private:
     desktop::Platform& platform;
     Full_Report_Sources sources;
     Found_Entries chosen;
+    QString group;
     Full_Reports reports;
     Full_Reports_Made made;
     bool working = false;

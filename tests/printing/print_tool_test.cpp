@@ -10,6 +10,8 @@
 
 #include <QDir>
 #include <QRegularExpression>
+#include <utility>
+#include <vector>
 
 using namespace test_support;
 

@@ -4,6 +4,8 @@
 #include "platform/preview/view_pro.h"
 
 #include <QAbstractScrollArea>
+#include <QRect>
+#include <functional>
 
 namespace preview {
 
