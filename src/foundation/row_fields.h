@@ -35,7 +35,8 @@ private:
     int Column_Of(const QString& name) {
         if (next == places.size()) places.emplace_back();
         Place& place = places[next++];
-        if (place.name != name) place = {name, rows.Column_Of(name)};
+        const bool is_same = place.name.constData() == name.constData() || place.name == name;
+        if (!is_same) place = {name, rows.Column_Of(name)};
         return place.column;
     }
 

@@ -10,9 +10,10 @@ using Elements = basics::Bounded<List_Element, 100>;
 void Split(const QString& list, Elements& elements, int& count) {
     count = 0;
     qsizetype start = 0;
-    for (qsizetype comma = list.indexOf(u','); comma >= 0; comma = list.indexOf(u',', start)) {
-        elements[++count] = {list, start, comma - start};
-        start = comma + 1;
+    for (qsizetype at = 0; at < list.size(); ++at) {
+        if (list[at] != u',') continue;
+        elements[++count] = {list, start, at - start};
+        start = at + 1;
     }
     if (start < list.size())
         elements[++count] = {list, start, list.size() - start}; // a trailing comma adds none

@@ -2,6 +2,8 @@
 
 #include "platform/basics/run_time_error.h"
 
+using namespace Qt::StringLiterals;
+
 namespace scoring {
 
 std::size_t Item_Array::Checked(int item) const {
@@ -13,6 +15,8 @@ std::size_t Item_Array::Checked(int item) const {
 void Item_Places::Find(const database::Recordset& rows, const Item_Columns& names) {
     if (rows.Shape() == found_for) return;
     found_for = rows.Shape();
+    Repeat_Count = rows.Column_Of(u"RepeatCount"_s);
+    Pause_Count = rows.Column_Of(u"PauseCount"_s);
     for (std::size_t field = 0; field < places.size(); ++field) {
         places[field].clear();
         for (const QString& name : names.Names(static_cast<Item_Field>(field)))

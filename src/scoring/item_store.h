@@ -32,6 +32,8 @@ public:
     const std::vector<int>& Columns(Item_Field field) const {
         return places[static_cast<std::size_t>(field)];
     }
+    int Repeat_Count = -1;
+    int Pause_Count = -1;
 
 private:
     std::shared_ptr<const database::Row_Shape> found_for;

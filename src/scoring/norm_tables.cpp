@@ -61,7 +61,9 @@ int Test_Of_Table(const QString& table_name, QString Test_Entry::*kind) {
 }
 
 int Norm_Age(const QString& age_column) {
-    const int age = Value(age_column).As_Integer();
+    bool is_whole = false;
+    int age = age_column.toInt(&is_whole);
+    if (!is_whole) age = Value(age_column).As_Integer();
     if (age < Youngest_Normed || age > Oldest_Normed) basics::Raise(basics::errors::Subscript_Out_Of_Range);
     return age;
 }

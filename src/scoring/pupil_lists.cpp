@@ -16,14 +16,16 @@ namespace {
 using basics::Value;
 using foundation::Row_Fields;
 
+using Statuses = basics::Bounded<Value, All_Tests>; // of one pupil's tests, as they are stored
+
 // A single status without a value leaves the sum without one, and so the pupil off the list, however many
 // tests are done.
-bool Belongs_On_List(Row_Fields& field) {
+bool Belongs_On_List(Row_Fields& field, Statuses& statuses) {
     double sum = 0;
     for (int t = 1; t <= All_Tests; ++t) {
-        const Value& status = field(Test_At(t).Status_Column);
-        if (status.Is_Empty()) return false;
-        sum += status.As_Double();
+        statuses[t] = field(Test_At(t).Status_Column);
+        if (statuses[t].Is_Empty()) return false;
+        sum += statuses[t].As_Double();
     }
     return sum > 0;
 }
@@ -33,7 +35,8 @@ qint16 Age_At(const QDateTime& now, const Value& date_of_birth) {
     return static_cast<qint16>(basics::Age_In_Months(date_of_birth.As_Date(), now));
 }
 
-void Take_Pupil(Row_Fields& field, const QDateTime& now, int p, Pupil_Lists& lists) {
+void Take_Pupil(Row_Fields& field, const Statuses& statuses, const QDateTime& now, int p,
+                Pupil_Lists& lists) {
     lists.Student_Code[p] = field.Text(u"StudentCode"_s);
     const QString surname = field.Text(u"Surname"_s);
     lists.Pupil_Name_List[p] = surname % u' ' % field.Text(u"Forename"_s);
@@ -43,7 +46,7 @@ void Take_Pupil(Row_Fields& field, const QDateTime& now, int p, Pupil_Lists& lis
     Passing_Over_Errors([&] { lists.Pupil_Class_List[p] = field.Text(u"Group_Class"_s).trimmed(); });
     for (int t = 1; t <= All_Tests; ++t) {
         const Test_Entry& test = Test_At(t);
-        lists.Test_Status[t][p] = field(test.Status_Column).As_Integer();
+        lists.Test_Status[t][p] = statuses[t].As_Integer();
         lists.Test_Age[t][p] = field(test.Age_Column).As_Integer();
         lists.Test_Date[t][p] = field.Text(test.Date_Column);
     }
@@ -55,9 +58,10 @@ int Take_Those_With_Results(foundation::Access_Holder& holder, int rows, const d
                             Pupil_Lists& lists) {
     Row_Fields field(holder);
     const QDateTime now = clock.Now();
+    Statuses statuses;
     int n = 0;
     for (int row = 1; row <= rows; ++row) {
-        if (Belongs_On_List(field)) Take_Pupil(field, now, ++n, lists);
+        if (Belongs_On_List(field, statuses)) Take_Pupil(field, statuses, now, ++n, lists);
         if (!field.Is_Behind_The_Last()) field.Next_Row();
     }
     return n;

@@ -2,6 +2,8 @@
 
 #include "platform/basics/run_time_error.h"
 
+#include <QStringBuilder>
+
 using namespace Qt::StringLiterals;
 
 namespace scoring {
@@ -59,14 +61,14 @@ void Load_Items(int t, Item_Range range, Item_Load load, int p, database::Record
         Read_Items(test, range, load, *rs, items);
         return;
     }
-    scoring.holder.ado_Open(scoring.installation.Connection_String,
-                            u"SELECT * FROM "_s + test.Data_Table + u" WHERE StudentCode = '"_s +
-                                scoring.pupils.Student_Code[p] + u'\'',
-                            u"ReadOnly"_s);
-    Read_Items(test, range, load, scoring.holder.Rows(), items);
+    const QString row_of_pupil = "SELECT * FROM "_L1 % test.Data_Table % " WHERE StudentCode = '"_L1 %
+                                 scoring.pupils.Student_Code[p] % u'\'';
+    scoring.holder.ado_Open(scoring.installation.Connection_String, row_of_pupil, u"ReadOnly"_s);
+    const database::Recordset& row = scoring.holder.Rows();
+    Read_Items(test, range, load, row, items);
     if (test.Counts_Repeats && load != Item_Load::Times) {
-        items.RepeatCount = scoring.holder.Field(u"RepeatCount"_s);
-        items.PauseCount = scoring.holder.Field(u"PauseCount"_s);
+        row.Read(items.Places.Repeat_Count, items.RepeatCount);
+        row.Read(items.Places.Pause_Count, items.PauseCount);
     }
     scoring.holder.ado_Close();
 }

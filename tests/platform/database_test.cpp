@@ -90,6 +90,27 @@ TEST_F(Database, SortsNamesByTheProgramsOwnOrder) {
     EXPECT_EQ(names.join(u','), u"De Souza,dean,Edge,élan,Ember"_s);
 }
 
+// Whole rows are sorted once they are read, single columns by the engine.
+TEST_F(Database, SortsWholeRowsAsTheEngineSortsThem) {
+    sample.Run(u"CREATE TABLE Mixed (A, B, N)"_s);
+    sample.Run(
+        u"INSERT INTO Mixed VALUES ('b', 1, 1), (NULL, 'x', 2), (x'62', 'x', 3), (2, 2.5, 4), (2.0, 2, 5), "
+        "('B', 1.0, 6), ('á', NULL, 7), (NULL, 'É', 8), (-1.5, 3, 9), ('', 0, 10), ('a', x'00', 11), "
+        "(x'', 1, 12), ('b', 1, 13), ('de Souza', 1, 14), ('Dean', 1, 15)"_s);
+    Open();
+    const auto order = [this](const QString& what, const QString& by) {
+        Query(u"SELECT "_s + what + u" FROM Mixed WHERE N > 0 ORDER BY "_s + by);
+        QStringList numbers;
+        for (; !rows.Eof(); rows.MoveNext())
+            numbers.append(rows.Fields(u"N"_s).Value().As_Text());
+        rows.Close();
+        return numbers;
+    };
+    for (const QString& by : {u"A"_s, u"A,B"_s, u"b , a"_s, u"N"_s, u"A DESC"_s, u"rowid"_s})
+        EXPECT_EQ(order(u"*"_s, by), order(u"N"_s, by)) << by.toStdString();
+    EXPECT_EQ(Error_Number([&] { order(u"*"_s, u"A,Missing"_s); }), errors::Unknown_Name);
+}
+
 TEST_F(Database, ASizedTextRefusesWhatIsTooLong) {
     Open();
     connection.Execute(u"create table T (A TEXT(50), N NUMBER)"_s);

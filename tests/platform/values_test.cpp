@@ -86,9 +86,10 @@ TEST(StoredDates, AreReadInEveryFormThatFilesHold) {
         const auto date = Stored_Date(stored);
         ASSERT_TRUE(date.has_value());
         EXPECT_EQ(Date_Text(*date), text);
+        EXPECT_EQ(Stored_Date_Text(stored), text);
     }
     for (const QString& none : {u""_s, u"31/02/2003"_s, u"13/13/2003"_s, u"yesterday"_s, u"2003"_s})
-        EXPECT_FALSE(Stored_Date(none).has_value()) << none.toStdString();
+        EXPECT_TRUE(!Stored_Date(none) && Stored_Date_Text(none) == none) << none.toStdString();
 }
 
 TEST(TaggedValue, ConvertsByTheRunTimesRules) {

@@ -8,42 +8,56 @@ namespace basics {
 
 constexpr int Two_Digit_Year_Pivot = 30;
 
-static int Full_Year(int number, qsizetype digits) {
-    if (digits > 2) return number;
-    return number < Two_Digit_Year_Pivot ? 2000 + number : 1900 + number;
+static int Full_Year(int two_digits) {
+    return two_digits < Two_Digit_Year_Pivot ? 2000 + two_digits : 1900 + two_digits;
 }
 
 static int Full_Year(const QString& year) {
-    return Full_Year(year.toInt(), year.size());
+    return year.size() > 2 ? year.toInt() : Full_Year(year.toInt());
 }
 
-// Null where the text isn't of that form, whose letters stand for the digits of day, month and year.
-static QDate Date_Of_Form(QStringView text, QStringView form) {
-    if (text.size() != form.size()) return {};
+// Its letters stand for the digits of day, month and year.
+struct Date_Form {
+    QStringView letters;
+    bool short_year;
+};
+
+constexpr Date_Form As_Written = {u"dd/mm/yyyy", false}; // as this program writes dates
+constexpr Date_Form Usual_Forms[] = {As_Written, {u"dd/mm/yy", true}, {u"yyyy-mm-dd", false}};
+
+// Null where the text isn't of that form.
+static QDate Date_Of_Form(QStringView text, const Date_Form& form) {
+    if (text.size() != form.letters.size()) return {};
     int day = 0, month = 0, year = 0;
-    for (qsizetype i = 0; i < form.size(); ++i) {
-        int* const number = form[i] == u'd'   ? &day
-                            : form[i] == u'm' ? &month
-                            : form[i] == u'y' ? &year
-                                              : nullptr;
-        const bool is_digit = text[i] >= u'0' && text[i] <= u'9';
-        if (number ? !is_digit : text[i] != form[i]) return {};
-        if (number) *number = *number * 10 + (text[i].unicode() - u'0');
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t letter = form.letters[i].unicode();
+        int* const number = letter == u'd'   ? &day
+                            : letter == u'm' ? &month
+                            : letter == u'y' ? &year
+                                             : nullptr;
+        const unsigned digit = text[i].unicode() - u'0';
+        if (number ? digit > 9 : text[i] != letter) return {};
+        if (number) *number = *number * 10 + static_cast<int>(digit);
     }
-    return {Full_Year(year, form.count(u'y')), month, day};
-}
-
-constexpr QStringView Usual_Form = u"dd/mm/yyyy";
-
-bool Is_Date_Text(QStringView text) {
-    return Date_Of_Form(text, Usual_Form).isValid();
+    return {form.short_year ? Full_Year(year) : year, month, day};
 }
 
 // Nearly all dates stand so, and a page that lists a school reads ten of them a pupil.
 static QDate Usual_Date(QStringView text) {
-    for (const QStringView form : {Usual_Form, QStringView(u"dd/mm/yy"), QStringView(u"yyyy-mm-dd")})
+    for (const Date_Form& form : Usual_Forms)
         if (const QDate date = Date_Of_Form(text, form); date.isValid()) return date;
     return {};
+}
+
+bool Is_Date_Text(QStringView text) {
+    return Date_Of_Form(text, As_Written).isValid();
+}
+
+QString Stored_Date_Text(const QString& text) {
+    if (Is_Date_Text(text)) return text;
+    if (const QDate usual = Usual_Date(text); usual.isValid()) return Day_Text(usual);
+    const auto date = Stored_Date(text);
+    return date ? Date_Text(*date) : text;
 }
 
 std::optional<QDateTime> Stored_Date(const QString& text) {

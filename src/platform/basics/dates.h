@@ -10,7 +10,10 @@ namespace basics {
 // are 1930 to 1999), also with "-" or "." between, and yyyy-mm-dd, each with or without a time of day.
 std::optional<QDateTime> Stored_Date(const QString& text);
 
-// Whether the text is just what Date_Text makes of the date that it holds.
+// A stored date's text as Date_Text gives it; what is no date comes back as it is.
+QString Stored_Date_Text(const QString& text);
+
+// Whether the text is a day as Day_Text gives it.
 bool Is_Date_Text(QStringView text);
 
 // A date of the years 1 to 9999 as text: dd/mm/yyyy, with the time of day behind it unless it is midnight.

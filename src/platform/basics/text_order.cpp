@@ -252,6 +252,18 @@ std::size_t Common_Size(std::string_view left, std::string_view right) {
     return size;
 }
 
+// 0 where more than the first bytes must be looked at.
+int By_First_Letters(std::string_view left, std::string_view right, const Rows& rows) {
+    if (left.empty() || right.empty()) return 0;
+    const auto one = static_cast<unsigned char>(left.front());
+    const auto other = static_cast<unsigned char>(right.front());
+    if (one >= 0x80 || other >= 0x80) return 0;
+    const Weight of_left = rows[one].only_character;
+    const Weight of_right = rows[other].only_character;
+    if (of_left == 0 || of_right == 0 || of_left == of_right) return 0;
+    return of_left < of_right ? -1 : 1;
+}
+
 } // namespace
 
 // Nearly always one character decides. Where none does, or what stands beside one matters, the texts are
@@ -271,6 +283,8 @@ bool Stands_In(std::string_view part, std::string_view text) {
 int Compare_Names(std::string_view left, std::string_view right) {
     const Rows& rows = All_Rows();
     const std::size_t common = Common_Size(left, right);
+    const int order = By_First_Letters(left.substr(common), right.substr(common), rows);
+    if (order != 0) return order;
     Reader of_left(left.substr(common), rows);
     Reader of_right(right.substr(common), rows);
     bool same_accents = true;

@@ -10,21 +10,20 @@ using namespace Qt::StringLiterals;
 
 namespace basics {
 
-// Nearly all that is stored are a few plain letters and digits, each of which is one character.
-static bool Copy_Plain(const char* utf8, qsizetype size, QChar* characters) {
-    for (qsizetype i = 0; i < size; ++i) {
-        const auto byte = static_cast<unsigned char>(utf8[i]);
-        if (byte > 0x7F) return false;
-        characters[i] = QLatin1Char(static_cast<char>(byte));
-    }
-    return true;
+static bool Is_Ascii(const char* utf8, qsizetype size) {
+    unsigned char bits = 0;
+    for (qsizetype i = 0; i < size; ++i)
+        bits |= static_cast<unsigned char>(utf8[i]);
+    return bits < 0x80;
 }
 
 void Value::Set_Text(const char* utf8, qsizetype size) {
     auto* text = std::get_if<QString>(&content);
     if (!text) text = &content.emplace<QString>();
-    text->resize(size);
-    if (!Copy_Plain(utf8, size, text->data())) *text = QString::fromUtf8(utf8, size);
+    if (Is_Ascii(utf8, size)) // nearly all that is stored are a few plain letters and digits
+        *text = QLatin1StringView(utf8, size);
+    else
+        *text = QString::fromUtf8(utf8, size);
 }
 
 bool Value::Is_Number() const {
@@ -62,7 +61,9 @@ static Whole Converted(double number) {
 }
 
 qint16 Value::As_Integer() const {
-    return Converted<qint16>(As_Double());
+    const auto* whole = std::get_if<qint64>(&content);
+    const bool fits = whole && *whole == static_cast<qint16>(*whole);
+    return fits ? static_cast<qint16>(*whole) : Converted<qint16>(As_Double());
 }
 
 qint32 Value::As_Long() const {
@@ -87,8 +88,9 @@ bool operator==(const Value& left, const Value& right) {
 }
 
 bool Value::Reads(QStringView text) const {
-    if (const auto* own = std::get_if<QString>(&content)) return *own == text;
-    return Text_Or_Empty() == text;
+    if (const auto* own = std::get_if<QString>(&content)) return own->size() == text.size() && *own == text;
+    if (Is_Empty() || text.isEmpty()) return Is_Empty() && text.isEmpty();
+    return As_Text() == text;
 }
 
 } // namespace basics

@@ -88,24 +88,28 @@ int Recordset::Column_Of(const QString& name) const {
     return found == shape->columns.end() ? -1 : found->second - first_column;
 }
 
-bool Recordset::Is_As_Stored(int column) const {
+bool Recordset::Is_As_Stored() const {
+    return open && !adding && assigned.empty() && written.empty() && current < rows->Row_Count();
+}
+
+Value Recordset::Checked_Value(int column) const {
     if (column < 0 || column >= Field_Count()) Raise_Object_Error(errors::No_Such_Field, This_Object);
-    if (adding || !assigned.empty()) return false;
-    Require_Row();
-    return written.empty();
+    return Value_At(column);
 }
 
 void Recordset::Read(int column, Value& into) const {
-    if (Is_As_Stored(column))
-        Read_Stored(column, into);
+    const int place = column + first_column;
+    if (Is_As_Stored() && column >= 0 && place < shape->Column_Count())
+        rows->Read(current, place, shape->Is_Date(place), into);
     else
-        into = Value_At(column);
+        into = Checked_Value(column);
 }
 
 QString Recordset::Text(int column) const {
-    if (!Is_As_Stored(column)) return Value_At(column).Text_Or_Empty();
     const int place = column + first_column;
-    return rows->Text(current, place, shape->is_date[static_cast<std::size_t>(place)]);
+    if (Is_As_Stored() && column >= 0 && place < shape->Column_Count())
+        return rows->Text(current, place, shape->Is_Date(place));
+    return Checked_Value(column).Text_Or_Empty();
 }
 
 Field Recordset::Fields(const QString& name) {
@@ -153,14 +157,10 @@ Value Recordset::Value_At(int column) const {
     if (adding) return {};
     Require_Row();
     if (const auto found = written.find({current, column}); found != written.end()) return found->second;
-    Value value;
-    Read_Stored(column, value);
-    return value;
-}
-
-void Recordset::Read_Stored(int column, Value& into) const {
     const int place = column + first_column;
-    rows->Read(current, place, shape->is_date[static_cast<std::size_t>(place)], into);
+    Value value;
+    rows->Read(current, place, shape->Is_Date(place), value);
+    return value;
 }
 
 void Recordset::Assign(int column, const Value& value) {

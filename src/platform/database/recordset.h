@@ -70,10 +70,10 @@ private:
     void Take(Statement_Result result);
     void Require_Open() const;
     void Require_Row() const;
-    bool Is_As_Stored(int column) const; // nothing was assigned or written that hides what was read
+    bool Is_As_Stored() const; // a row, and nothing was assigned or written that hides what was read
+    basics::Value Checked_Value(int column) const;
     const QString& Name_Of(int column) const { return shape->names[column + first_column]; }
     basics::Value Value_At(int column) const;
-    void Read_Stored(int column, basics::Value& into) const;
     void Assign(int column, const basics::Value& value);
     void Forget_Assignments();
     void Insert_Row();

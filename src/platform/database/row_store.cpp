@@ -78,8 +78,13 @@ void Row_Store::Clear() {
     texts.clear();
 }
 
+// An untyped file's way to leave a date out.
+static bool Is_Blank(QStringView text) {
+    return text.trimmed().isEmpty();
+}
+
 static Value Date_Value(const QString& text) {
-    if (text.trimmed().isEmpty()) return {}; // an untyped file's way to leave a date out
+    if (Is_Blank(text)) return {};
     if (const auto date = basics::Stored_Date(text)) return *date;
     return text;
 }
@@ -106,8 +111,9 @@ void Row_Store::Read(std::size_t row, int column, bool is_date, Value& into) con
 QString Row_Store::Text(std::size_t row, int column, bool is_date) const {
     const Cell& cell = At(row, column);
     if (cell.kind == Kind::Text) {
-        QString text = QString::fromUtf8(texts.data() + cell.start, cell.size);
-        if (!is_date || basics::Is_Date_Text(text)) return text;
+        const QString text = QString::fromUtf8(texts.data() + cell.start, cell.size);
+        if (!is_date) return text;
+        return Is_Blank(text) ? u""_s : basics::Stored_Date_Text(text);
     }
     Value value;
     Read(row, column, is_date, value);

@@ -32,6 +32,7 @@ struct Row_Shape {
     std::vector<bool> is_date;
 
     int Column_Count() const { return static_cast<int>(names.size()); }
+    bool Is_Date(int column) const { return is_date[static_cast<std::size_t>(column)]; }
 };
 
 // The rows of a query as the engine gave them. A cell becomes a value when it is asked for: of a wide row a

@@ -27,8 +27,10 @@ public:
     explicit Operation_Painter(QPainter& painter) : painter(painter) {}
 
     void operator()(const Text_Operation& text) {
-        const Face& face = Face_Of(text.style);
-        painter.setFont(face.font);
+        const std::size_t place = Place_Of_Face(text.style);
+        const Face& face = faces[place];
+        if (place != face_set) painter.setFont(face.font); // the painter would look it up anew
+        face_set = place;
         painter.setPen(text.colour);
         if (text.angle == 0 && text.squeeze == 1) {
             painter.drawText(QPointF(text.x, text.y + face.ascent), text.text);
@@ -60,19 +62,29 @@ private:
         double ascent;
     };
 
-    const Face& Face_Of(const Text_Style& style) {
+    std::size_t Place_Of_Face(const Text_Style& style) {
         const auto found = std::find_if(faces.begin(), faces.end(),
                                         [&style](const Face& face) { return face.style == style; });
-        if (found != faces.end()) return *found;
-        return faces.emplace_back(Face{style, Font_Of(style), static_cast<double>(Ascent(style))});
+        const auto place = static_cast<std::size_t>(found - faces.begin());
+        if (found == faces.end()) faces.push_back({style, Font_Of(style), Ascent(style)});
+        return place;
     }
 
     QPainter& painter;
     std::vector<Face> faces;
+    std::size_t face_set = static_cast<std::size_t>(-1); // none so far
 };
 
-QRectF Place_Of(const Text_Operation& text) {
-    return Ink_Of(text);
+// Measuring a text takes long, and nearly all stand on lines of their own: none is higher than twice its
+// size.
+bool Is_Far_From(const QRectF& ink, const Text_Operation& text) {
+    const int highest = 2 * text.style.font_size * basics::Twips_Per_Point;
+    if (text.angle == 0) return text.y > ink.bottom() || text.y + highest < ink.top();
+    return text.x > ink.right() || text.x + highest < ink.left();
+}
+
+bool Reaches(const Text_Operation& text, const QRectF& ink) {
+    return !Is_Far_From(ink, text) && Ink_Of(text).intersects(ink);
 }
 
 QRectF Place_Of(const Line_Operation& line) {
@@ -87,8 +99,9 @@ QRectF Place_Of(const Rectangle_Operation& rectangle) {
         .adjusted(-half, -half, half, half);
 }
 
-bool Reaches(const Operation& operation, const QRectF& ink) {
-    return std::visit([&ink](const auto& kind) { return Place_Of(kind).intersects(ink); }, operation);
+template<class Shape>
+bool Reaches(const Shape& shape, const QRectF& ink) {
+    return Place_Of(shape).intersects(ink);
 }
 
 using Operations = std::vector<Operation>;
@@ -99,8 +112,10 @@ bool Stands_Already(const Operations& operations, size_t earlier, size_t number)
     if (std::get<Text_Operation>(operations[earlier]) != text) return false;
     const QRectF ink = Ink_Of(text);
     const auto first = operations.begin() + std::ptrdiff_t(earlier) + 1;
-    return std::none_of(first, operations.begin() + std::ptrdiff_t(number),
-                        [&ink](const Operation& operation) { return Reaches(operation, ink); });
+    return std::none_of(
+        first, operations.begin() + std::ptrdiff_t(number), [&ink](const Operation& operation) {
+            return std::visit([&ink](const auto& kind) { return Reaches(kind, ink); }, operation);
+        });
 }
 
 } // namespace

@@ -138,9 +138,10 @@ double Descent(const Text_Style& style) {
 }
 
 QRectF Ink_Of(const Text_Operation& line) {
-    const double width = Text_Width(line.style, line.text) * line.squeeze;
-    const double top = Ascent(line.style) - Cap_Height(line.style);
-    const double height = Cap_Height(line.style) + Descent(line.style);
+    const QFontMetricsF metrics = Metrics_Of(line.style);
+    const double width = metrics.horizontalAdvance(line.text) * line.squeeze;
+    const double top = metrics.ascent() - metrics.capHeight();
+    const double height = metrics.capHeight() + metrics.descent();
     if (line.angle == 0) return {double(line.x), line.y + top, width, height};
     return {line.x + top, line.y - width, height, width};
 }
