@@ -51,7 +51,7 @@ private:
     QStringList Selected_Entries() const;
     void Draw_Anew() override { Option_Click(); }
     QString Document_Name() const override;
-    void Note_Printed() const override;
+    void Note_Printed(Outlet outlet) const override;
 
     scoring::Scoring& scoring;
     QElapsedTimer painted; // while the scores are worked out

@@ -37,7 +37,7 @@ void Individual_Sheet::Build_Report(const Report_Sections& sections) {
     const reports::Report_State& state = sources.state;
     sheet.About = About_Scores(state.Norms_Digest);
     sheet.Author = sources.installation.Institution;
-    sheet.Title = u"Mevo individual report - "_s + state.Current_Student_Code + u' ' + state.Pupil_Name;
+    sheet.Title = u"Mevo individual report - "_s + state.Pupil_In_Titles();
     sheet.BeginOutput();
     sheet.Bookmark(state.Pupil_Name);
     // The last build's chart and legend left their line and their colour for the table.

@@ -154,8 +154,9 @@ void Why_Report::Lay_Out() {
     Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 220), zoom(u"Zoom 40%"_s, 260)},
                       Frame1);
     Make_Copy_Entries({right, 304, half, 36}, {right + half + 12, 304, half, 36}, Frame1);
+    Make_Save_Entry({right, 346, right_width, 36}, HotLabel2);
     HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
-    help_text = Make_Label(u"WhyReportHelp"_s, u""_s, Text_Role::Help, {right, 352, right_width, 140});
+    help_text = Make_Label(u"WhyReportHelp"_s, u""_s, Text_Role::Help, {right, 392, right_width, 104});
     help_text->setWordWrap(true);
     help_text->setAccessibleName(u"Help"_s);
     Make_Main_Entry({right, 504, right_width, 40});

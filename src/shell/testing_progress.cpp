@@ -100,9 +100,14 @@ void Form14::Lay_Out() {
     HotLabel* menu =
         Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {QPoint(Left + Whole_Width - button.width(), top), button},
                       [this] { HotLabel1_Click(); });
+    HotLabel* save = Make_HotLabel(u"SaveAsPdf"_s, u"Save as PDF..."_s,
+                                   {QPoint(Left + Whole_Width - 3 * button.width() - 24, top), button},
+                                   [this] { SaveAsPdf_Click(); });
+    setTabOrder(print, save);
     print->Set_Weight(HotLabel::Weight::Primary);
     // Without a help line nothing else describes them to a screen reader.
     print->setAccessibleDescription(u"Prints the chart."_s);
+    save->setAccessibleDescription(u"Saves the chart in a PDF file, where you choose."_s);
     menu->setAccessibleDescription(u"Return to Main Menu"_s);
 }
 
@@ -156,6 +161,11 @@ void Form14::HotLabel2_Click() {
     } catch (const basics::Run_Time_Error&) {
         // Whatever the printer objects to is passed over in silence.
     }
+}
+
+void Form14::SaveAsPdf_Click() {
+    printing::Grid_Print(printing::Grid_Kind::Testing_Progress, *this, installation, platform,
+                         printing::Outlet::Pdf_File);
 }
 
 } // namespace shell

@@ -77,6 +77,13 @@ protected:
             EXPECT_TRUE(pattern.match(change).hasMatch()) << change.toStdString();
         seen = found;
     }
+    // Beside each entry that prints.
+    void Save_As_Pdf() {
+        const QString file = sample.Folder() + u"/saved.pdf"_s;
+        outside.file_dialogs.answers = {file};
+        Tab_And_Press(u"SaveAsPdf"_s);
+        EXPECT_TRUE(QFile::remove(file));
+    }
     // Whatever the dialog is about.
     void Type_Into_Dialog(const QString& text, Qt::Key ended_by) {
         outside.dialogs.Will_Do([this, text, ended_by](QDialog& dialog) {
@@ -121,6 +128,7 @@ public:
         Write_Bytes(file, "Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n");
         outside.file_dialogs.answers = {file};
         Tab_And_Press(u"PreviewImport"_s);
+        Save_As_Pdf();
         outside.boxes.Will_Answer(Answer::Yes);
         Tab_And_Press(u"HotLabel3"_s, Qt::Key_Space);
         Expect_Changed(u"Mevo_\\w+ ASHELL\\w+: new"_s);
@@ -198,6 +206,7 @@ public:
         Press(Qt::Key_Right);
         EXPECT_TRUE(no.isChecked());
         Press(Qt::Key_Left);
+        Save_As_Pdf();
         Tab_And_Press(u"HotLabel6"_s);
         Expect_Changed(u"Mevo_Groups \\d+: new, Dob_as_pw 1, Group_Name 'Willow',"_s);
     }
@@ -225,6 +234,7 @@ public:
         EXPECT_TRUE(Shown(Page(), u"fpSpread1"_s));
         Tab_And_Press(u"PrintIcon"_s);
         EXPECT_EQ(outside.printers.printed.size(), 1);
+        Save_As_Pdf();
         Tab_And_Press(u"HotLabel5"_s, Qt::Key_Space);
         EXPECT_TRUE(Shown(Page(), u"Picture2"_s));
         Type_Into_Dialog(u"not kept"_s, Qt::Key_Escape);
@@ -245,6 +255,7 @@ public:
         EXPECT_FALSE(list.Text(6, 1).isEmpty());
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.last(), u"Mevo earlier results"_s);
+        Save_As_Pdf();
         Go(u"HotLabel1"_s, u"Form30"_s);
     }
 
@@ -260,6 +271,7 @@ public:
         Follow_To(u"Why_Report"_s);
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo explanation of a score"_s);
+        Save_As_Pdf();
         Go(u"HotLabel1"_s, u"Form30"_s);
         Press(Qt::Key_Escape);
         EXPECT_FALSE(Shown(Page(), u"Why"_s));
@@ -280,6 +292,7 @@ public:
         Press(Qt::Key_Plus);
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.last(), u"Mevo individual report"_s);
+        Save_As_Pdf();
         Go(u"HotLabel1"_s, u"Form30"_s);
         EXPECT_EQ(Focused(), u"HotLabel4"_s) << "the keys go on where they were";
         Press(Qt::Key_Tab);
@@ -290,6 +303,7 @@ public:
         Press(Qt::Key_Space);
         Tab_And_Press(u"HotLabel9"_s);
         EXPECT_EQ(Caption(Page(), u"Label5"_s), u"There are 1 pupils on 1 pages."_s);
+        Save_As_Pdf();
         Go(u"HotLabel1"_s, u"Form30"_s);
     }
 
@@ -333,7 +347,7 @@ public:
         };
         EXPECT_EQ(
             listed(),
-            u"Removed everywhere, Archived, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
+            u"Removed everywhere, Archived, Printed batch, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
         Tab_To(u"Combo1"_s);
         Type(u"Ret"_s);
         EXPECT_EQ(listed(), u"Retest allowed"_s);
@@ -343,6 +357,7 @@ public:
         EXPECT_EQ(listed(), u"Imported"_s);
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.last(), u"Mevo changes and data protection"_s);
+        Save_As_Pdf();
         const QString csv = sample.Folder() + u"/changes.csv"_s;
         const QString support = sample.Folder() + u"/support.mdb"_s;
         outside.file_dialogs.answers = {csv, support};
@@ -376,6 +391,7 @@ public:
         Press(Qt::Key_Down, 3);
         outside.boxes.Will_Answer(Answer::Ok);
         By_Letter(u"HotLabel2"_s);
+        Save_As_Pdf();
     }
 
     void Delete_A_Pupil() {
