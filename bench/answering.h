@@ -22,6 +22,7 @@ public:
     explicit One_File(QString file) : file(std::move(file)) {}
     QString Open_File(const desktop::File_Question&) override { return file; }
     QString Save_File(const desktop::File_Question&) override { return file; }
+    QString Choose_Folder(const QString&, const QString&) override { return {}; }
 
 private:
     QString file;

@@ -1,4 +1,4 @@
-// A batch report of the largest batch, on its way to paper.
+// A batch report of the largest batch, and the full reports of a school, on their way to paper.
 
 #include "full_school.h"
 #include "measuring.h"
@@ -7,10 +7,12 @@
 #include "platform/preview/view_pro.h"
 #include "printing/batch_list.h"
 #include "printing/batch_sheets.h"
+#include "printing/full_reports.h"
 
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
+#include <algorithm>
 #include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
@@ -69,15 +71,22 @@ private:
     QPainter& painter;
 };
 
-void Write_Plainly(const preview::ViewPro& sheets) {
+std::vector<preview::Drawing> Drawings_Of(const preview::ViewPro& sheets) {
+    std::vector<preview::Drawing> drawings;
+    for (int page = 1; page <= sheets.PageCount(); ++page)
+        drawings.push_back(sheets.Page(page));
+    return drawings;
+}
+
+void Write_Plainly(const std::vector<preview::Drawing>& sheets) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setResolution(1440);
     QPainter painter(&writer);
-    for (int page = 1; page <= sheets.PageCount(); ++page) {
-        if (page > 1) writer.newPage();
-        for (const preview::Operation& operation : sheets.Page(page).operations)
+    for (const preview::Drawing& sheet : sheets) {
+        if (&sheet != &sheets.front()) writer.newPage();
+        for (const preview::Operation& operation : sheet.operations)
             std::visit(Plain_Page(painter), operation);
     }
 }
@@ -91,8 +100,9 @@ double Peak_Memory_MB() {
 void Record_Sheets(benchmark::State& state, Full_School& school) {
     Batch batch(school);
     batch.Build();
+    const std::vector<preview::Drawing> drawings = Drawings_Of(batch.sheets);
     Measure_Beside(
-        state, [&] { batch.Build(); }, [&] { Write_Plainly(batch.sheets); });
+        state, [&] { batch.Build(); }, [&] { Write_Plainly(drawings); });
     state.counters["sheets"] = batch.sheets.PageCount();
     state.counters["peak_MB"] = Peak_Memory_MB();
 }
@@ -100,6 +110,7 @@ void Record_Sheets(benchmark::State& state, Full_School& school) {
 void Write_Sheets(benchmark::State& state, Full_School& school) {
     Batch batch(school);
     batch.Build();
+    const std::vector<preview::Drawing> drawings = Drawings_Of(batch.sheets);
     const QTemporaryDir folder;
     Measure_Beside(
         state,
@@ -107,9 +118,54 @@ void Write_Sheets(benchmark::State& state, Full_School& school) {
             desktop::Write_Pdf(batch.sheets.Document(u"batch"_s, 1, batch.sheets.PageCount()),
                                folder.filePath(u"batch.pdf"_s));
         },
-        [&] { Write_Plainly(batch.sheets); });
+        [&] { Write_Plainly(drawings); });
     state.counters["sheets"] = batch.sheets.PageCount();
     state.counters["peak_MB"] = Peak_Memory_MB();
+}
+
+// The sheet of each pupil, as it would be drawn.
+std::vector<preview::Drawing> Full_Sheets(Full_School& school, printing::Full_Reports& reports,
+                                          const QList<qint16>& places) {
+    std::vector<preview::Drawing> drawings;
+    for (const qint16 p : places) {
+        const printing::Scored_Pupil pupil = reports.Score(p);
+        preview::ViewPro sheet;
+        printing::Individual_Sheet drawn(sheet, {school.installation, pupil.state, pupil.scores},
+                                         school.platform);
+        drawn.Report_Setup();
+        drawn.Build_Report({});
+        drawings.push_back(sheet.Page(1));
+    }
+    return drawings;
+}
+
+void Write_Full_Reports(benchmark::State& state, Full_School& school, bool a_file_each) {
+    constexpr int sheets = 250;
+    constexpr double patience_ms = 5000;
+    scoring::Load_All_Norms(school.scoring.holder, school.installation, school.data.norms);
+    printing::Full_Reports reports(
+        {school.installation, school.data.pupils, school.data.norms, school.report_state}, false,
+        school.platform);
+    QList<qint16> places;
+    for (int p = 1; p <= std::min(sheets, school.data.pupils.Pupils_Listed); ++p)
+        places.append(static_cast<qint16>(p));
+    const std::vector<preview::Drawing> drawings = Full_Sheets(school, reports, places);
+    const QTemporaryDir folder;
+    const auto go_on = [](const QString&) { return true; };
+    printing::Full_Reports_Made made;
+    const double mean_ms = Measure_Beside(
+        state,
+        [&] {
+            made = {};
+            if (a_file_each)
+                reports.Write_A_File_Each(places, folder.path(), go_on, made);
+            else
+                reports.Write_One_File(places, folder.filePath(u"all.pdf"_s), go_on, made);
+        },
+        [&] { Write_Plainly(drawings); });
+    state.counters["sheets"] = made.sheets;
+    state.counters["peak_MB"] = Peak_Memory_MB();
+    Tell_Whether_Below(state, mean_ms, patience_ms);
 }
 
 } // namespace
@@ -117,6 +173,8 @@ void Write_Sheets(benchmark::State& state, Full_School& school) {
 void Register_Paper(Full_School& school) {
     school.Register("batch_report/record", Record_Sheets)->MinTime(1);
     school.Register("batch_report/pdf", Write_Sheets)->MinTime(1);
+    school.Register("full_reports/one_file", Write_Full_Reports, false)->MinTime(1);
+    school.Register("full_reports/a_file_each", Write_Full_Reports, true)->MinTime(1);
 }
 
 } // namespace bench

@@ -2,7 +2,8 @@
 // would have to ask its server waits SHARE_DELAY_US microseconds first (1000 unless told), and is counted.
 // Preloaded into any program:
 //   SHARE_FOLDER=/srv/mevo SHARE_REPORT=trips.txt LD_PRELOAD=build/bin/libslow_share.so build/bin/mevo
-// At its exit the counts are appended to SHARE_REPORT.
+// At its exit the counts are appended to SHARE_REPORT. Each single trip is told to SHARE_LOG, with the file
+// that it asks about, and each moment at which the program asked for the counts.
 //
 // Counted: open, stat and access by path, locks, reads, writes, flushes, truncation, unlink, rename. Not
 // counted: fstat, seek and close, which clients answer themselves. What a client's cache would answer, reads
@@ -13,6 +14,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -20,7 +22,9 @@
 #include <ctime>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <string>
 #include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace {
@@ -55,12 +59,25 @@ Of Of_File(int file) {
                                                 : Elsewhere;
 }
 
-void Ask(Of of, Kind kind) {
+FILE* Log() {
+    const char* name = std::getenv("SHARE_LOG");
+    static FILE* const log = name ? std::fopen(name, "a") : nullptr;
+    return log;
+}
+
+void Tell(const char* what, bool is_beside, const char* path) {
+    if (!Log()) return;
+    std::fprintf(Log(), "%s%s %s\n", is_beside ? "beside " : "", what, path);
+    std::fflush(Log());
+}
+
+void Ask(Of of, Kind kind, const char* path) {
     if (of == Elsewhere) return;
     const int kept = errno;
     // The folder is opened and flushed where a journal has gone.
     const bool is_beside = of == Beside || (of == The_Folder && kind == Look);
     ++(is_beside ? The_Server().beside : The_Server().trips[kind]);
+    Tell(Names[kind], is_beside, path);
     constexpr long usual_us = 1000;
     constexpr long us_in_a_second = 1'000'000;
     const char* told = std::getenv("SHARE_DELAY_US");
@@ -71,10 +88,14 @@ void Ask(Of of, Kind kind) {
 }
 
 void Ask(const char* path, Kind kind) {
-    Ask(Of_Path(path), kind);
+    Ask(Of_Path(path), kind, path);
 }
 void Ask(int file, Kind kind) {
-    Ask(Of_File(file), kind);
+    std::array<char, PATH_MAX> path{};
+    const std::string link = "/proc/self/fd/" + std::to_string(file);
+    if (Log() && Of_File(file) != Elsewhere)
+        std::ignore = readlink(link.c_str(), path.data(), path.size() - 1);
+    Ask(Of_File(file), kind, path.data());
 }
 
 int Opened(int file, const char* path) {
@@ -108,6 +129,7 @@ long mevo_share_trips() {
     long sum = 0;
     for (const auto& trips : The_Server().trips)
         sum += trips;
+    Tell("so far:", false, std::to_string(sum).c_str());
     return sum;
 }
 

@@ -4,6 +4,7 @@
 #include "console/other_ports.h"
 #include "conversion/older_files.h"
 #include "full_school.h"
+#include "keeping/change_list.h"
 #include "measuring.h"
 #include "plain_writing.h"
 #include "platform/database/files/page_copies.h"
@@ -12,7 +13,9 @@
 #include "shell/archiving.h"
 #include "shell/copy_before.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <unistd.h>
 
@@ -21,8 +24,15 @@ using namespace Qt::StringLiterals;
 namespace bench {
 namespace {
 
-// A group's settings pushed to all pupils, who are its members; the list is read and shown anew after it.
-void Update_A_Group(benchmark::State& state, Full_School& school) {
+// Whether the list of changes takes what is done; a folder in its place keeps it from that.
+enum class Noted { No, Yes };
+
+// A group's settings pushed to all pupils, who are its members; the list is read and shown anew after it. The
+// page and the reference answer the two questions differently: a change to what stands there already is none,
+// and never reaches the disk.
+void Update_A_Group(benchmark::State& state, Full_School& school, Noted noted) {
+    const QString changes = keeping::Changes_Of(school.installation.Database_Path);
+    noted == Noted::Yes ? QDir().rmdir(changes) : QDir().mkdir(changes);
     Plain_Writer writer(school.installation.Current_Database_Path);
     writer.Run(u"UPDATE Mevo_Pupils SET Group_Class = (SELECT Group_Name FROM Mevo_Groups)"_s);
     scoring::Pupil_Lists lists;
@@ -32,6 +42,8 @@ void Update_A_Group(benchmark::State& state, Full_School& school) {
     Take_Timers_From(*page);
     page->show();
     page->Timer1_Timer();
+    for (const QString& answer : {u"Option3"_s, u"Option6"_s}) // shown on the login list, no date of birth
+        page->findChild<QAbstractButton*>(answer)->setChecked(true);
     QApplication::processEvents();
     Measure_Beside(
         state,
@@ -40,9 +52,9 @@ void Update_A_Group(benchmark::State& state, Full_School& school) {
             QApplication::processEvents();
         },
         [&] {
-            writer.Run(u"UPDATE Mevo_Groups SET Show_On_List = 1, Dob_as_pw = 0 WHERE Group_Name = "
+            writer.Run(u"UPDATE Mevo_Groups SET Show_On_List = 0, Dob_as_pw = 1 WHERE Group_Name = "
                        "(SELECT Group_Name FROM Mevo_Groups)"_s);
-            writer.Run(u"UPDATE Mevo_Pupils SET show_name = 1, dob_as_pw = 0 WHERE group_class = "
+            writer.Run(u"UPDATE Mevo_Pupils SET show_name = 0, dob_as_pw = 1 WHERE group_class = "
                        "(SELECT Group_Name FROM Mevo_Groups)"_s);
             school.Read(u"SELECT * FROM Mevo_Pupils"_s);
         },
@@ -99,7 +111,8 @@ void Copy_Before_A_Page(benchmark::State& state, Full_School& school) {
 } // namespace
 
 void Register_Whole_File(Full_School& school) {
-    school.Register("update_a_group", Update_A_Group);
+    school.Register("update_a_group", Update_A_Group, Noted::No);
+    school.Register("update_a_group/noted", Update_A_Group, Noted::Yes);
     school.Register("archive", Archive_The_File);
     school.Register("copy_before_a_page", Copy_Before_A_Page);
 }

@@ -7,9 +7,11 @@
 #include "pupils/delete_page.h"
 #include "pupils/fine_tuning_page.h"
 #include "pupils/import_page.h"
+#include "pupils/login_cards.h"
 #include "pupils/prepare_page.h"
 #include "pupils/register_page.h"
 #include "pupils/security_page.h"
+#include "pupils/whole_data_page.h"
 #include "reports/earlier_page.h"
 #include "reports/reports_page.h"
 #include "shell/archiving.h"
@@ -75,6 +77,8 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
         return std::make_unique<pupils::Form15>(platform, navigator, records);
     case Page_Id::Security:
         return std::make_unique<pupils::Form2>(platform, navigator, records);
+    case Page_Id::Login_Cards:
+        return std::make_unique<pupils::Login_Cards>(platform, navigator, records);
     case Page_Id::Delete:
         return std::make_unique<pupils::Form9>(platform, navigator, records, counts);
     case Page_Id::Import:
@@ -82,7 +86,9 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Prepare:
         return std::make_unique<pupils::Form43>(platform, navigator, installation, list_to_import);
     case Page_Id::Testing_Progress:
-        return std::make_unique<shell::Form14>(platform, navigator, installation);
+        return std::make_unique<shell::Form14>(platform, navigator, installation, ticks);
+    case Page_Id::Tick_List:
+        return std::make_unique<shell::Tick_List>(platform, navigator, installation, ticks);
     case Page_Id::Settings:
         return std::make_unique<shell::Form20>(platform, navigator, installation);
     case Page_Id::Archiving:
@@ -95,6 +101,8 @@ std::unique_ptr<shell::Page> Program::Make_Page(Page_Id page, shell::Navigator& 
     case Page_Id::Earlier_Results:
         return std::make_unique<reports::Earlier_Page>(
             platform, navigator, reports::Report_Data{installation, scores, scoring, report_state});
+    case Page_Id::Pupil_Data:
+        return std::make_unique<pupils::Whole_Data_Page>(platform, navigator, records);
     case Page_Id::Changes:
         return std::make_unique<pupils::Changes_Page>(platform, navigator, records);
     }

@@ -12,6 +12,7 @@
 #include "scoring/scoring.h"
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page_host.h"
+#include "shell/tick_list.h"
 
 #include <memory>
 
@@ -40,6 +41,7 @@ private:
     foundation::Access_Holder scoring_holder;
     scoring::Scoring scoring;
     reports::Report_State report_state;
+    shell::Ticks ticks;
     pupils::Pupil_Records pupil_records;
     pupils::List_To_Import list_to_import;
     foundation::Form8 form8;

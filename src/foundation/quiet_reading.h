@@ -12,6 +12,7 @@ public:
     explicit Quiet_Reading(desktop::Platform& outside);
 
     Access_Holder& Holder() { return holder; }
+    bool Has_Failed() const { return !boxes.first.isEmpty(); }
     QString Why(const std::exception& met); // what was kept, or else what was met; forgets it
 
 private:

@@ -15,12 +15,11 @@ public:
     // The field's value in the row at hand; it holds until the next one is asked for. Error 3265 for a column
     // that isn't there.
     const basics::Value& operator()(const QString& name) {
-        if (next == places.size()) places.emplace_back();
-        Place& place = places[next++];
-        if (place.name != name) place = {name, rows.Column_Of(name)};
-        rows.Read(place.column, value);
+        rows.Read(Column_Of(name), value);
         return value;
     }
+    // Its text, empty text for none.
+    QString Text(const QString& name) { return rows.Text(Column_Of(name)); }
     bool Is_Behind_The_Last() const { return rows.Eof(); }
     void Next_Row() {
         rows.MoveNext();
@@ -32,6 +31,13 @@ private:
         QString name;
         int column = 0;
     };
+
+    int Column_Of(const QString& name) {
+        if (next == places.size()) places.emplace_back();
+        Place& place = places[next++];
+        if (place.name != name) place = {name, rows.Column_Of(name)};
+        return place.column;
+    }
 
     database::Recordset& rows;
     std::vector<Place> places; // by their turn within a row

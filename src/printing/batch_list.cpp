@@ -51,9 +51,10 @@ bool Read_Pupil_Entries(const QString& connection_string, const QString& group, 
     return Read_In_Silence(connection_string, sql, u"student"_s, take);
 }
 
-static QString Code_In(const QString& entry) {
-    const QString divider = u" - "_s;
-    return entry.mid(entry.indexOf(divider) + divider.size());
+const QString Divider = u" - "_s;
+
+static QString Behind_Divider(const QString& entry, qsizetype place) {
+    return entry.mid(place + Divider.size());
 }
 
 // A name without a value leaves the entry empty, and so the code: place 0, which holds no pupil, would match
@@ -65,8 +66,26 @@ static qint16 Place_Of(const QString& code, const scoring::Pupil_Lists& pupils) 
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils) {
     QList<qint16> places;
     for (const QString& entry : entries)
-        places.append(Place_Of(Code_In(entry), pupils));
+        places.append(Place_Of(Behind_Divider(entry, entry.indexOf(Divider)), pupils));
     return places;
+}
+
+static qint16 Place_By_Any_Divider(const QString& entry, const scoring::Pupil_Lists& pupils) {
+    for (qsizetype at = entry.indexOf(Divider); at >= 0; at = entry.indexOf(Divider, at + 1))
+        if (const qint16 place = Place_Of(entry.mid(at + Divider.size()), pupils); place > 0) return place;
+    return -1;
+}
+
+Found_Entries Find_By_Code(const QStringList& entries, const scoring::Pupil_Lists& pupils) {
+    Found_Entries found;
+    for (const QString& entry : entries) {
+        const qint16 place = Place_By_Any_Divider(entry, pupils);
+        if (place < 0)
+            found.lost.append(entry.isEmpty() ? u"A pupil without a whole name"_s : entry);
+        else
+            found.places.append(place);
+    }
+    return found;
 }
 
 QString Surname_Message(qsizetype errors) {

@@ -36,6 +36,13 @@ qint16 FindInArray(const basics::Bounded<QString, Highest>& array, const QString
 // way to the pupil, and the code is what follows its first " - ": a surname with that in it hides its pupil.
 QList<qint16> Places_Of(const QStringList& entries, const scoring::Pupil_Lists& pupils);
 
+// The same by what follows any " - ", as a surname may have one too; entries whose code isn't found apart.
+struct Found_Entries {
+    QList<qint16> places;
+    QStringList lost;
+};
+Found_Entries Find_By_Code(const QStringList& entries, const scoring::Pupil_Lists& pupils);
+
 // The message for so many chosen pupils who weren't found.
 QString Surname_Message(qsizetype errors);
 

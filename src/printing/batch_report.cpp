@@ -1,9 +1,14 @@
 #include "printing/batch_report.h"
 
 #include "keeping/change_list.h"
+#include "platform/basics/text_order.h"
 #include "printing/batch_list.h"
+#include "printing/full_reports_dialog.h"
+#include "printing/scores_file.h"
 
+#include <QShortcut>
 #include <QSignalBlocker>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +21,7 @@ Form92::Form92(desktop::Platform& platform, shell::Navigator& navigator,
                const foundation::Installation& installation, const reports::Report_State& state,
                scoring::Scoring& scoring)
     : Report_Page(platform, navigator, installation),
+      state(state),
       scoring(scoring),
       report(ViewPro1, {installation, state, scoring.pupils, cohort}, platform) {
     setObjectName(u"Form92"_s);
@@ -71,10 +77,17 @@ void Form92::Load_Pupil_List(const QString& connection_string) {
     const bool all_read = Read_Pupil_Entries(connection_string, cboGroupFilter->currentText(),
                                              [this](const QString& student) { lstPupils->addItem(student); });
     if (all_read && lstPupils->count() == 0) HotLabel9->setEnabled(false);
+    Offer_Files();
 }
 
 void Form92::lstPupils_Click() {
     HotLabel9->setEnabled(true);
+    Offer_Files();
+}
+
+void Form92::Offer_Files() {
+    for (shell::HotLabel* of_selected : {FullReports, SaveScores})
+        of_selected->setEnabled(!lstPupils->selectedItems().isEmpty());
 }
 
 void Form92::HotLabel7_Click() {
@@ -85,6 +98,17 @@ void Form92::HotLabel7_Click() {
 void Form92::HotLabel8_Click() {
     lstPupils->clearSelection();
     HotLabel9->setEnabled(false);
+}
+
+// Neither the batch nor the sheets on view have a part in it, and the pupil on the Reports page stays theirs.
+void Form92::FullReports_Click() {
+    Full_Reports_Dialog dialog(platform, {installation, scoring.pupils, scoring.norms, state},
+                               ViewPro1.Keep_To_Margins, Find_By_Code(Selected_Entries(), scoring.pupils),
+                               cboGroupFilter->currentText());
+    platform.dialogs.Show(dialog);
+    if (dialog.Sheets_Made() > 0)
+        keeping::Note(installation, platform.clock, keeping::Act::Printed_Batch,
+                      {cboGroupFilter->currentText()}, u"%1 full reports saved"_s.arg(dialog.Sheets_Made()));
 }
 
 QStringList Form92::Selected_Entries() const {
@@ -105,11 +129,16 @@ void Form92::HotLabel9_Click() {
     Take_Batch(places, cohort);
     Batch_Count = static_cast<qint16>(places.size());
     Preview->Set_ShownPage(1);
+    {
+        const QSignalBlocker quiet(FindName);
+        FindName->clear(); // who was looked for was in another batch
+    }
     Build_Batch(Batch_Count);
 }
 
 void Form92::Build_Batch(int count) {
     const int pages = Sheets_For(count);
+    Forget_Found();
     Label5->setText(u"There are %1 pupils on %2 pages."_s.arg(count).arg(pages));
     report.Build_Batch(count, {.ground = Option1->isChecked() ? u"GREY"_s : u"WHITE"_s,
                                .label = Option5->isChecked() ? Pupil_Label::Name : Pupil_Label::User_ID,
@@ -128,6 +157,64 @@ void Form92::Fill_Page_List(int pages) {
     List3->setCurrentRow(pages > 0 ? Preview->ShownPage() - 1 : -1);
 }
 
+void Form92::Follow_Shown_Page() {
+    List3->setCurrentRow(Preview->ShownPage() - 1);
+}
+
+// By all the words that were typed, in the name or the User ID.
+QList<int> Form92::Ranks_Meant() const {
+    const QStringList words = FindName->text().split(u' ', Qt::SkipEmptyParts);
+    QList<int> ranks;
+    if (!Report_Built || words.isEmpty()) return ranks;
+    for (int rank = 1; rank <= Batch_Count; ++rank) {
+        const int p = cohort.Cohort_Pupil[rank];
+        const std::string pupil =
+            (scoring.pupils.Pupil_Name_List[p] + u' ' + scoring.pupils.Student_Code[p]).toStdString();
+        if (std::all_of(words.begin(), words.end(), [&pupil](const QString& word) {
+                return basics::Stands_In(word.toStdString(), pupil);
+            }))
+            ranks.append(rank);
+    }
+    return ranks;
+}
+
+// The first of them from that rank on; behind the last the first comes again.
+void Form92::Show_Meant_From(int rank) {
+    const QList<int> ranks = Ranks_Meant();
+    Forget_Found();
+    if (ranks.isEmpty()) {
+        if (!FindName->text().trimmed().isEmpty())
+            Found->setText(Report_Built ? u"Not in this report"_s : u"No report as yet"_s);
+        return;
+    }
+    const auto from = std::lower_bound(ranks.begin(), ranks.end(), rank);
+    const auto next = from == ranks.end() ? ranks.begin() : from;
+    found_rank = *next;
+    const int page = Sheets_For(found_rank);
+    Preview->Mark(page, Miniature_Place(found_rank).translated(ViewPro1.Page(page).moved_by));
+    Follow_Shown_Page();
+    const QString& name = scoring.pupils.Pupil_Name_List[cohort.Cohort_Pupil[found_rank]];
+    Found->setText(u"%1 of %2, page %3\n%4"_s.arg(next - ranks.begin() + 1)
+                       .arg(ranks.size())
+                       .arg(page)
+                       .arg(Found->fontMetrics().elidedText(name, Qt::ElideRight, Found->width())));
+    Found->setToolTip(name);
+}
+
+void Form92::Forget_Found() {
+    found_rank = 0;
+    Found->clear();
+    Preview->Mark(0);
+}
+
+void Form92::FindName_Changed() {
+    Show_Meant_From(1);
+}
+
+void Form92::Find_Next() {
+    Show_Meant_From(found_rank + 1);
+}
+
 void Form92::List3_Click() {
     Preview->Set_ShownPage(List3->currentRow() + 1);
     ViewPro1.ShowOutput();
@@ -135,6 +222,18 @@ void Form92::List3_Click() {
 
 void Form92::Option_Click() {
     if (Report_Built) Build_Batch(Batch_Count);
+}
+
+void Form92::SaveScores_Click() {
+    const Found_Entries chosen = Find_By_Code(Selected_Entries(), scoring.pupils);
+    const QString group = cboGroupFilter->currentText();
+    const QString listed = Label10->text();
+    Save_Scores(
+        {chosen.places, chosen.lost, group == All_Groups() ? u"Mevo scores"_s : u"Mevo scores "_s + group},
+        scoring,
+        [&](int done) { Label10->setText(u"Scoring student %1/%2"_s.arg(done).arg(chosen.places.size())); },
+        platform);
+    Label10->setText(listed);
 }
 
 QString Form92::Document_Name() const {
@@ -198,14 +297,14 @@ void Form92::Lay_Out() {
 }
 
 void Form92::Lay_Out_List() {
-    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 286});
-    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 24, 280, 20}, frame);
+    QGroupBox* frame = Make_Frame(u"Frame7"_s, u"Batch list"_s, {Left, Top, Left_Width, 230});
+    Make_Label(u"Label1"_s, u"Group Filter:"_s, Text_Role::Body, {12, 30, 92, 20}, frame);
     cboGroupFilter = new shell::Click_Combo(u"cboGroupFilter"_s, frame);
-    cboGroupFilter->setGeometry(12, 46, 280, 32);
+    cboGroupFilter->setGeometry(106, 24, 186, 32);
     cboGroupFilter->setAccessibleName(u"Group Filter"_s);
     cboGroupFilter->setAccessibleDescription(u"Lists the pupils of one group only."_s);
     shell::On(cboGroupFilter, &shell::Click_Combo::Click, this, platform, [this] { cboGroupFilter_Click(); });
-    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 84, 280, 192}, frame);
+    lstPupils = Make_List(u"lstPupils"_s, u"Batch list"_s, {12, 62, 280, 158}, frame);
     lstPupils->setAccessibleDescription(
         u"The space bar selects a pupil for the report, or takes them out."_s);
     lstPupils->setSelectionMode(QAbstractItemView::MultiSelection);
@@ -213,7 +312,7 @@ void Form92::Lay_Out_List() {
 }
 
 void Form92::Lay_Out_Selection() {
-    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 344, Left_Width, 112});
+    QGroupBox* frame = Make_Frame(u"Frame4"_s, u"Selection"_s, {Left, 288, Left_Width, 112});
     const auto entry = [this, frame](const char16_t* name, const QString& caption, const QRect& place,
                                      std::function<void()> click) {
         return Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click),
@@ -224,7 +323,12 @@ void Form92::Lay_Out_Selection() {
     HotLabel9 =
         entry(u"HotLabel9", u"Create batch report"_s, {12, 66, 280, 38}, [this] { HotLabel9_Click(); });
     HotLabel9->Set_Weight(HotLabel::Weight::Primary);
-    HotLabel9->setEnabled(false); // nothing is selected as yet
+    FullReports = Make_HotLabel(u"FullReports"_s, u"Full reports..."_s, {Left, 462, Left_Width, 38},
+                                [this] { FullReports_Click(); });
+    SaveScores = Make_HotLabel(u"SaveScores"_s, u"Save scores as CSV..."_s, {Left, 506, Left_Width, 38},
+                               [this] { SaveScores_Click(); });
+    for (HotLabel* of_selected : {HotLabel9, FullReports, SaveScores})
+        of_selected->setEnabled(false); // nothing is selected as yet
 }
 
 void Form92::Lay_Out_Middle() {
@@ -233,7 +337,7 @@ void Form92::Lay_Out_Middle() {
     Label5 = Make_Label(u"Label5"_s, u""_s, Text_Role::Heading, {beside_the_title, 16, room, 19});
     Label10 = Make_Label(u"Label10"_s, u""_s, Text_Role::Quiet, {beside_the_title, 35, room, 18});
     Make_Preview({Middle, Top, Middle_Width, 490}); // a whole sheet at the first zoom
-    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Left, 464, Left_Width, 80});
+    Label2 = Make_Label(u"Label2"_s, u""_s, Text_Role::Help, {Left, 402, Left_Width, 58});
     Label2->setWordWrap(true);
     Label2->setAccessibleName(u"Help"_s);
 }
@@ -242,8 +346,10 @@ void Form92::Lay_Out_Options() {
     const QRect first(14, 26, 100, 28);
     const QRect second(120, 26, 100, 28);
     Frame2 = Make_Frame(u"Frame2"_s, u"Preview Pages"_s, {Right, 16, Right_Width, 116});
-    List3 = Make_List(u"List3"_s, u"Preview Pages"_s, {12, 28, Right_Width - 24, 78}, Frame2);
+    List3 = Make_List(u"List3"_s, u"Preview Pages"_s, {12, 28, 88, 78}, Frame2);
     shell::On(List3, &QListWidget::currentRowChanged, this, platform, [this] { List3_Click(); });
+    shell::On(Preview, &preview::Preview_Window::Turned, this, platform, [this] { Follow_Shown_Page(); });
+    Lay_Out_Search();
 
     Frame5 = Make_Frame(u"Frame5"_s, u"Background"_s, {Right, 136, Right_Width, 60});
     Option1 = Make_Option(u"Option1"_s, u"Grey"_s, first, Frame5);
@@ -254,13 +360,33 @@ void Form92::Lay_Out_Options() {
     Option6 = Make_Option(u"Option6"_s, u"User ID"_s, second, labels);
 }
 
+void Form92::Lay_Out_Search() {
+    FindName = new QLineEdit(Frame2);
+    FindName->setObjectName(u"FindName"_s);
+    FindName->setAccessibleName(u"Find a name"_s);
+    FindName->setPlaceholderText(u"Find a name"_s);
+    FindName->setGeometry(108, 28, 110, 30);
+    shell::On(FindName, &QLineEdit::textChanged, this, platform, [this] { FindName_Changed(); });
+    shell::On(FindName, &QLineEdit::returnPressed, this, platform, [this] { Find_Next(); });
+    Found = Make_Label(u"Found"_s, u""_s, Text_Role::Quiet, {108, 62, 110, 44}, Frame2);
+    const auto key = [this](const QKeySequence& keys, std::function<void()> act) {
+        shell::On(new QShortcut(keys, this), &QShortcut::activated, this, platform, std::move(act));
+    };
+    key(QKeySequence(Qt::CTRL | Qt::Key_F), [this] {
+        FindName->setFocus();
+        FindName->selectAll();
+    });
+    key(QKeySequence(Qt::Key_F3), [this] { Find_Next(); });
+}
+
 void Form92::Lay_Out_Zoom() {
     Frame8 = Make_Frame(u"Frame8"_s, u"Zoom"_s, {Right, 264, Right_Width, 94});
     const auto zoom = [](const QString& caption, int left) {
-        constexpr int width = 62;
+        constexpr int width = 47;
         return Zoom_Entry{caption, {left, 28, width, 34}, {left, 64, width, 26}};
     };
-    Make_Zoom_Entries({zoom(u"100%"_s, 12), zoom(u"67%"_s, 84), zoom(u"40%"_s, 156)}, Frame8);
+    Make_Zoom_Entries({zoom(u"100%"_s, 12), zoom(u"67%"_s, 65), zoom(u"40%"_s, 118), zoom(u"Fit"_s, 171)},
+                      Frame8);
 }
 
 void Form92::Tell_Helps() {
@@ -270,6 +396,14 @@ void Form92::Tell_Helps() {
     help->Tell(HotLabel8, u"Clear (unselect) all names from the batch list."_s);
     help->Tell(HotLabel9,
                u"Create a printout for all pupils whose names are highlighted in the batch list."_s);
+    help->Tell(FullReports,
+               u"Save an individual report of each pupil highlighted in the batch list as PDF."_s);
+    help->Tell(
+        FindName,
+        u"Type a part of a name: the page with that pupil is shown, and F3 goes on to the next one."_s);
+    help->Tell(SaveScores,
+               u"Save the scores of all pupils whose names are highlighted in the batch list, for a "
+               "spreadsheet."_s);
     help->Tell(Frame2, u"Select the page of miniature profiles you wish to view"_s);
     help->Tell(Frame5,
                u"Tip: Change background to white if report printouts appear too dark or indistinct."_s);

@@ -13,6 +13,22 @@ int Sheets_For(int count) {
     return (count + Miniatures_A_Sheet - 1) / Miniatures_A_Sheet;
 }
 
+static QPoint Corner_Of(int rank) {
+    constexpr int columns[] = {500, 5900};
+    constexpr int rows[] = {1000, 4200, 7400, 10600};
+    const int place = (rank - 1) % Miniatures_A_Sheet;
+    return {columns[place % 2], rows[place / 2]};
+}
+
+QRect Miniature_Place(int rank) {
+    const Chart_Place chart = Small_Chart(Corner_Of(rank).x(), Corner_Of(rank).y(), false).place;
+    constexpr int figures = 400; // beside the chart
+    constexpr int line = 230;    // above it
+    constexpr int names = 300;   // below it
+    return QRect(chart.left, chart.top, chart.width, chart.height)
+        .adjusted(-figures, -line, figures / 4, names);
+}
+
 Batch_Sheets::Batch_Sheets(preview::ViewPro& sheet, Batch_Sources sources, desktop::Platform& platform)
     : sheet(sheet), sources(sources), clock(platform.clock), charts(sheet, platform.boxes) {
 }
@@ -37,13 +53,10 @@ void Batch_Sheets::Build_Batch(int count, const Batch_Options& chosen) {
 }
 
 void Batch_Sheets::Draw_Sheet(int page, int count) {
-    constexpr int columns[] = {500, 5900};
-    constexpr int rows[] = {1000, 4200, 7400, 10600};
     Draw_Batch_Head(page);
-    int rank = (page - 1) * Miniatures_A_Sheet;
-    for (const int y : rows)
-        for (const int x : columns)
-            Draw_Miniature(++rank, count, x, y);
+    const int last = page * Miniatures_A_Sheet;
+    for (int rank = last - Miniatures_A_Sheet + 1; rank <= last; ++rank)
+        Draw_Miniature(rank, count, Corner_Of(rank).x(), Corner_Of(rank).y());
     if (charts.Has_Terminated_Mark) charts.Draw_Terminated_Note(500, 480);
 }
 

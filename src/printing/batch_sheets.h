@@ -6,6 +6,8 @@
 #include "reports/state/report_state.h"
 #include "scoring/cohort.h"
 
+#include <QRect>
+
 namespace printing {
 
 // What the sheets show: the pupils in Cohort_Pupil by their rank in the batch, scored in the rows of their
@@ -27,7 +29,9 @@ struct Batch_Options {
 
 inline constexpr int Miniatures_A_Sheet = 8;
 
-int Sheets_For(int count); // of that many pupils
+int Sheets_For(int count); // of that many pupils, and the sheet that the last of them is on
+// Where the miniature of that rank stands on its sheet, with its line and its scales; twips.
+QRect Miniature_Place(int rank);
 
 // Draws the batch report, eight miniature profiles to a sheet.
 class Batch_Sheets {

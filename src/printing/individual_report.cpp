@@ -12,6 +12,7 @@ using shell::Text_Role;
 Form94::Form94(desktop::Platform& platform, shell::Navigator& navigator, Individual_Sources sources)
     : Report_Page(platform, navigator, sources.installation),
       scores(sources.scores),
+      state(sources.state),
       report(ViewPro1, sources, platform) {
     setObjectName(u"Form94"_s);
     Lay_Out();
@@ -39,6 +40,13 @@ void Form94::Build_Report() {
                          .Legend = Check1->isChecked(),
                          .Comments = Check2->isChecked()});
     ViewPro1.ShowOutput();
+    Show_Comment_Notice();
+}
+
+void Form94::Show_Comment_Notice() {
+    const int over = Check2->isChecked() ? Lines_Of_Comment(state.comment.Pupil_Comment).Over() : 0;
+    CommentNotice->setVisible(over > 0);
+    CommentNotice->setText(over == 1 ? u"1 line over"_s : u"%1 lines over"_s.arg(over));
 }
 
 QString Form94::Document_Name() const {
@@ -52,6 +60,7 @@ constexpr int Choices_Width = 232;
 
 void Form94::Lay_Out() {
     constexpr int tick = 28;
+    constexpr int height = 26; // of a zoom entry
     constexpr int title_width = 330;
     Make_Label(u"Label4"_s, u"Reports Print Preview"_s, Text_Role::Title,
                {Preview_Left, 16, title_width, 34});
@@ -65,10 +74,11 @@ void Form94::Lay_Out() {
     Lay_Out_Preferences();
     const auto zoom = [](const QString& caption, int top) {
         return Zoom_Entry{caption,
-                          {Choices_Left + tick + 8, top, Choices_Width - tick - 8, 34},
-                          {Choices_Left, top, tick, 34}};
+                          {Choices_Left + tick + 8, top, Choices_Width - tick - 8, height},
+                          {Choices_Left, top, tick, height}};
     };
-    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 220), zoom(u"Zoom 40%"_s, 260)},
+    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 211), zoom(u"Zoom 40%"_s, 242),
+                       zoom(u"Fit to width"_s, 273)},
                       Frame1);
     constexpr int half = (Choices_Width - 12) / 2;
     Make_Copy_Entries({Choices_Left, 304, half, 36}, {Choices_Left + half + 12, 304, half, 36}, Frame1);
@@ -124,6 +134,9 @@ void Form94::Lay_Out_Preferences() {
     Check4 = preference(u"Check4", u"Label9", u"Profile"_s, Label9);
     Check1 = preference(u"Check1", u"Label2", u"Legend"_s, Label2);
     Check2 = preference(u"Check2", u"Label3", u"Comments"_s, Label3);
+    Label3->resize(76, Label3->height());
+    CommentNotice = Make_Label(u"CommentNotice"_s, u""_s, Text_Role::Quiet,
+                               {Label3->geometry().right() + 5, Label3->y(), 98, Label3->height()}, frame);
 }
 
 // The help texts of the four captions don't fit their boxes; they are the system's own, spelling included.
@@ -138,6 +151,7 @@ void Form94::Tell_Helps() {
         Label2,
         u"By unchecking the 'Page border' option it is possible to reduce the time to print a report by over a third."_s);
     help->Tell(Label3, u"Add or remove the Orlane ability bar from the printout."_s);
+    help->Tell(CommentNotice, [this] { return In_Words(Lines_Of_Comment(state.comment.Pupil_Comment)); });
     const QString previewing =
         u"You can enlarge or shrink the view in the Print Preview window which shows what the printout will look like when it has been printed."_s;
     help->Tell(Preview, previewing);

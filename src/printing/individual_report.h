@@ -21,14 +21,16 @@ public:
 private:
     void Lay_Out();
     void Lay_Out_Preferences();
+    void Show_Comment_Notice();
     void Tell_Helps();
     void Draw_Anew() override { Build_Report(); }
     QString Document_Name() const override;
 
     const scoring::Score_Store& scores;
+    const reports::Report_State& state;
     Individual_Sheet report;
     QCheckBox *Check1, *Check2, *Check3, *Check4;
-    QLabel *Label1, *Label2, *Label3, *Label8, *Label9, *BatchNotice;
+    QLabel *Label1, *Label2, *Label3, *Label8, *Label9, *BatchNotice, *CommentNotice;
 };
 
 } // namespace printing

@@ -15,6 +15,10 @@ using scoring::Summary_Cells;
 constexpr int Foot_Top = 14800;    // of the rule with the institution's name below it
 constexpr int Foot_Bottom = 15300; // at the most
 
+constexpr int Comment_Top = 11480;
+constexpr int Comment_Width = 10080;
+constexpr int Comment_Font = 9; // points
+
 Individual_Sheet::Individual_Sheet(preview::ViewPro& sheet, Individual_Sources sources,
                                    desktop::Platform& platform)
     : sheet(sheet), sources(sources), clock(platform.clock), charts(sheet, platform.boxes) {
@@ -33,11 +37,15 @@ void Individual_Sheet::Report_Setup() {
     charts.Has_Terminated_Mark = false;
 }
 
+QString Individual_Title(const reports::Report_State& state) {
+    return u"Mevo individual report - "_s + state.Pupil_In_Titles();
+}
+
 void Individual_Sheet::Build_Report(const Report_Sections& sections) {
     const reports::Report_State& state = sources.state;
     sheet.About = About_Scores(state.Norms_Digest);
     sheet.Author = sources.installation.Institution;
-    sheet.Title = u"Mevo individual report - "_s + state.Pupil_In_Titles();
+    sheet.Title = Individual_Title(state);
     sheet.BeginOutput();
     sheet.Bookmark(state.Pupil_Name);
     // The last build's chart and legend left their line and their colour for the table.
@@ -189,7 +197,7 @@ void Individual_Sheet::Draw_Comments() {
     sheet.FontBold = true;
     sheet.DrawText(144, 11264, u"Assessor's comments"_s);
     sheet.FontBold = false;
-    Comments_Paragraph_New(144, 11480, 9);
+    Comments_Paragraph_New(144, Comment_Top, Comment_Font);
 }
 
 void Individual_Sheet::Comments_Paragraph_New(int x, int y, int font_size) {
@@ -197,7 +205,7 @@ void Individual_Sheet::Comments_Paragraph_New(int x, int y, int font_size) {
     const QString& comment = sources.state.comment.Pupil_Comment;
     if (comment.isEmpty()) return;
     sheet.BeginOutput();
-    sheet.TextWidth = 10080;
+    sheet.TextWidth = Comment_Width;
     sheet.TextAlign = 0;
     sheet.ObjectAlign = 0;
     sheet.ForeColor = Qt::black;
@@ -211,12 +219,21 @@ void Individual_Sheet::Comments_Paragraph_New(int x, int y, int font_size) {
     sheet.EndOutput();
 }
 
+shell::Comment_Lines Lines_Of_Comment(const QString& comment) {
+    preview::ViewPro paper;
+    paper.FontSize = Comment_Font;
+    const auto used = comment.isEmpty() ? 0 : preview::Wrapped({Comment_Font}, comment, Comment_Width).size();
+    return {.used = static_cast<int>(used),
+            .room = (Foot_Top - Comment_Top) / paper.TextHeight(),
+            .paper = (paper.PageHeight() - Comment_Top) / paper.TextHeight()};
+}
+
 // A comment that is too long for its place runs over the foot of the sheet. There the foot gives way: of two
 // texts on one another neither could be read.
 void Individual_Sheet::Clear_Foot_For(const QString& comment) {
-    const auto lines = preview::Wrapped({sheet.FontSize, sheet.FontBold}, comment, sheet.TextWidth).size();
-    const int bottom = sheet.CurrentY + static_cast<int>(lines) * sheet.TextHeight();
-    if (bottom <= Foot_Top) return;
+    const shell::Comment_Lines lines = Lines_Of_Comment(comment);
+    if (lines.Over() == 0) return;
+    const int bottom = sheet.CurrentY + lines.used * sheet.TextHeight();
     const int top = Foot_Top - sheet.LineWidth;
     sheet.FillStyle = 1;
     sheet.ForeColor = sheet.FillColor = Qt::white;

@@ -4,6 +4,7 @@
 #include "platform/desktop/ports.h"
 #include "printing/paper_charts.h"
 #include "reports/state/report_state.h"
+#include "shell/conventions/comment_lines.h"
 
 namespace printing {
 
@@ -21,6 +22,10 @@ struct Report_Sections {
     bool Legend = true;
     bool Comments = true;
 };
+
+// Of the comment's paragraph, as the sheet breaks it. All of the sheet moves with "Keep to the margins", the
+// foot as well, so that there is the same room with and without it.
+shell::Comment_Lines Lines_Of_Comment(const QString& comment);
 
 // Draws the individual report, one sheet, whatever the length of the comment. It writes the hooks of the
 // sheet, which must outlive it.
@@ -55,5 +60,8 @@ private:
     QColor unshaded_colour;     // of the sheet, while a cell of the heading is drawn
     bool unshaded_bold = false;
 };
+
+// A PDF's title.
+QString Individual_Title(const reports::Report_State& state);
 
 } // namespace printing

@@ -27,8 +27,8 @@ void Report_Page::Make_Preview(const QRect& place) {
     Preview->setGeometry(place);
 }
 
-void Report_Page::Make_Main_Entry(const QRect& place) {
-    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Report Main Page"_s, place, [this] { HotLabel1_Click(); });
+void Report_Page::Make_Main_Entry(const QRect& place, const QString& caption) {
+    HotLabel1 = Make_HotLabel(u"HotLabel1"_s, caption, place, [this] { HotLabel1_Click(); });
 }
 
 void Report_Page::Make_Copy_Entries(const QRect& print_place, const QRect& copy_place, QWidget* parent) {
@@ -70,22 +70,29 @@ static QPixmap Tick_Picture(const QSize& size, qreal ratio) {
     return picture;
 }
 
-void Report_Page::Make_Zoom_Entries(const std::array<Zoom_Entry, 3>& entries, QWidget* parent) {
-    const auto tick = [this, parent](std::size_t i, const QRect& place) {
-        Image1[i] = new QLabel(parent);
-        Image1[i]->setObjectName(u"Image1(%1)"_s.arg(i));
-        Image1[i]->setGeometry(place);
-        Image1[i]->setAlignment(Qt::AlignCenter);
+void Report_Page::Make_Zoom_Entries(const std::array<Zoom_Entry, 4>& entries, QWidget* parent) {
+    const auto tick = [parent](const QString& name, const QRect& place) {
+        auto* label = new QLabel(parent);
+        label->setObjectName(name);
+        label->setGeometry(place);
+        label->setAlignment(Qt::AlignCenter);
+        return label;
     };
-    for (std::size_t i = 0; i < entries.size(); ++i) {
+    for (std::size_t i = 0; i < zooms.size(); ++i) {
         zooms[i] = Make_HotLabel(
             u"HotLabel%1"_s.arg(i + 4), entries[i].caption, entries[i].place,
-            [this, i] { Set_Zoom(Zooms[i]); }, HotLabel::Look::Command, parent);
-        tick(i, entries[i].tick_place);
+            [this, i] { Choose_Zoom(Zooms[i]); }, HotLabel::Look::Command, parent);
+        Image1[i] = tick(u"Image1(%1)"_s.arg(i), entries[i].tick_place);
     }
-    tick(Zooms.size(), entries[0].tick_place);
+    const Zoom_Entry& fit = entries.back();
+    FitWidth = Make_HotLabel(
+        u"FitWidth"_s, fit.caption, fit.place, [this] { FitWidth_Click(); }, HotLabel::Look::Command, parent);
+    FitWidth->setAccessibleName(u"Fit to width"_s);
+    FitTick = tick(u"FitTick"_s, fit.tick_place);
+    Image1.back() = tick(u"Image1(3)"_s, entries[0].tick_place);
     Image1.back()->setPixmap(Tick_Picture({22, 22}, devicePixelRatioF()));
     Image1.back()->hide();
+    shell::On(Preview, &preview::Preview_Window::Zoomed, this, platform, [this] { Show_Ticks(); });
 }
 
 void Report_Page::Tell_Common_Helps(shell::Help_Line& help, const QString& copying) {
@@ -102,16 +109,34 @@ void Report_Page::Tell_Common_Helps(shell::Help_Line& help, const QString& copyi
         u"Show the report at full size. You can use the mouse drag the report around within the Preview window."_s);
     help.Tell(zooms[1], u"Reduce the report to two thirds of full size."_s);
     help.Tell(zooms[2], u"Reduce the report to 40% of full size to view the whole page."_s);
+    help.Tell(FitWidth, u"Show the report as wide as the preview."_s);
 }
 
 void Report_Page::Set_Zoom(int percent) {
     Preview->Set_ZoomPercent(percent);
     Zoom_Now = percent;
-    for (std::size_t i = 0; i < Zooms.size(); ++i) {
-        const bool chosen = Zooms[i] == percent;
-        Image1[i]->setPixmap(chosen ? Image1.back()->pixmap() : QPixmap());
-        Image1[i]->setAccessibleName(chosen ? u"Zoom in force"_s : QString());
-    }
+    Show_Ticks();
+}
+
+void Report_Page::Show_Ticks() {
+    const auto show = [this](QLabel* tick, bool chosen) {
+        tick->setPixmap(chosen ? Image1.back()->pixmap() : QPixmap());
+        tick->setAccessibleName(chosen ? u"Zoom in force"_s : QString());
+    };
+    const bool fitted = Preview->Is_Width_Fitted();
+    for (std::size_t i = 0; i < Zooms.size(); ++i)
+        show(Image1[i], !fitted && Zooms[i] == Zoom_Now);
+    show(FitTick, fitted);
+}
+
+void Report_Page::Choose_Zoom(int percent) {
+    if (Preview->Is_Width_Fitted()) Preview->Fit_Width(false);
+    Set_Zoom(percent);
+}
+
+void Report_Page::FitWidth_Click() {
+    Preview->Fit_Width(true);
+    Show_Ticks();
 }
 
 void Report_Page::HotLabel1_Click() {
@@ -122,7 +147,8 @@ void Report_Page::Put_Out_Sheets(Outlet outlet) {
     const int pages = ViewPro1.PageCount();
     if (pages == 0) return; // no report has been created
     Telling_Printer_Errors(platform, [&] {
-        Preview->PrintPages(Document_Name(), 1, pages, [&](const desktop::Printed_Document& sheets) {
+        Preview->PrintPages(Document_Name(), 1, pages, [&](desktop::Printed_Document sheets) {
+            sheets.author = installation.Institution;
             if (Put_Out(sheets, outlet, platform)) Note_Printed(outlet);
         });
     });

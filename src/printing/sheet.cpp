@@ -1,8 +1,10 @@
 #include "printing/sheet.h"
 
 #include "platform/basics/dates.h"
+#include "platform/preview/text_metrics.h"
 
 #include <QStringList>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +44,34 @@ void Draw_Centred(preview::ViewPro& sheet, int y, int width, int font_size, cons
     sheet.TextAlign = 1;
     sheet.TableBorders = 0;
     sheet.Text(text);
+}
+
+void Draw_Fitted(preview::ViewPro& sheet, const QRect& place, const QString& text, const Fitting& fitting) {
+    QStringList lines;
+    for (sheet.FontSize = fitting.largest; sheet.FontSize >= fitting.smallest; --sheet.FontSize) {
+        lines = preview::Wrapped({sheet.FontSize, sheet.FontBold, sheet.FontFixed}, text, place.width());
+        const bool whole_words = lines.join(u' ').simplified() == text.simplified();
+        const int most = std::min(fitting.lines, std::max(place.height() / sheet.TextHeight(), 1));
+        if (whole_words && lines.size() <= most) break;
+    }
+    // A single line keeps its blanks as they are. At the worst it is set half as wide, as Text can.
+    sheet.FontSize = std::max(sheet.FontSize, fitting.smallest);
+    if (lines.size() == 1) lines = {text};
+    if (lines.size() > fitting.lines)
+        lines = {preview::Elided({sheet.FontSize, sheet.FontBold, sheet.FontFixed}, text, 2 * place.width())};
+    sheet.CurrentX = place.x();
+    sheet.CurrentY = place.y() + (place.height() - static_cast<int>(lines.size()) * sheet.TextHeight()) / 2;
+    sheet.TextWidth = place.width();
+    for (const QString& line : lines)
+        sheet.Text(line);
+}
+
+void Fill(preview::ViewPro& sheet, const QRect& place, const QColor& colour) {
+    sheet.FillStyle = 1;
+    sheet.FillColor = colour;
+    sheet.DrawRectangle2(place.x(), place.y(), place.width(), place.height());
+    sheet.FillStyle = 0;
+    sheet.FillColor = Qt::black;
 }
 
 void Draw_Rule(preview::ViewPro& sheet, int y) {

@@ -3,7 +3,10 @@
 #include "platform/desktop/ports.h"
 #include "platform/preview/view_pro.h"
 
+#include <QColor>
+#include <QRect>
 #include <QString>
+#include <QStringList>
 
 namespace printing {
 
@@ -19,6 +22,18 @@ void Draw_Running_Texts(preview::ViewPro& sheet, const QString& head, const QStr
 
 // A line of bold text, centred above the body of the sheet.
 void Draw_Centred(preview::ViewPro& sheet, int y, int width, int font_size, const QString& text);
+
+struct Fitting {
+    int largest; // font sizes
+    int smallest;
+    int lines = 1; // at most; broken between words
+};
+
+// A text in the middle of the place's height, aligned as is in force, in the largest font in which it fits.
+void Draw_Fitted(preview::ViewPro& sheet, const QRect& place, const QString& text, const Fitting& fitting);
+
+// A filled rectangle without an outline.
+void Fill(preview::ViewPro& sheet, const QRect& place, const QColor& colour);
 
 // A rule over the width of the sheet's body.
 void Draw_Rule(preview::ViewPro& sheet, int y);

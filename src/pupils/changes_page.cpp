@@ -322,10 +322,13 @@ void Changes_Page::HotLabel3_Click() {
     const QString file =
         Save_Place(u"Save changes"_s, u"Comma-separated values (*.csv)"_s, u"Mevo05_changes.csv"_s);
     if (file.isEmpty()) return;
-    QString text =
-        u"\uFEFF"_s + basics::Csv_Line(Change_Headings()); // the mark tells a spreadsheet the encoding
+    const qsizetype texts = Change_Headings().size(); // all of them
+    const auto line = [texts](const QStringList& fields) {
+        return basics::Spreadsheet_Line(fields, texts, basics::Decimal_Mark::Point);
+    };
+    QString text = basics::Csv_Mark + line(Change_Headings());
     for (const Change& change : Passing())
-        text += basics::Csv_Line(Texts_Of(change));
+        text += line(Texts_Of(change));
     try {
         database::New_File made(basics::Native_Target(file), basics::Native_Path(installation.Database_Path));
         made.Write(text.toUtf8());

@@ -44,8 +44,8 @@ void Form9::Lay_Out() {
     Lay_Out_Group_Deletion();
     HotLabel1 =
         Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Menu_Left, 504, 140, 40}, [this] { HotLabel1_Click(); });
-    ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the deletion"_s,
-                                {Right, 472, Right_Width, 20}, Frame1);
+    ProgressBar1 = new shell::Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the deletion"_s,
+                                       {Right, 472, Right_Width, 20}, Frame1);
     Label1 = Make_Help_Label(u"Label1"_s, {Left, 500, Menu_Left - 12 - Left, 44}, Frame1);
 }
 

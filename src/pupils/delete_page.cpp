@@ -105,8 +105,8 @@ void Form9::Take_Pupils(int count) {
     foundation::Row_Fields field(holder);
     for (int i = 1; i <= count; ++i) {
         Take_Names(field, i, {installation, pupils, records});
-        pupils.Pupil_DOB_List[i] = field(u"DOB"_s).Text_Or_Empty();
-        records.Pupil_Group[i] = field(u"Group_Class"_s).Text_Or_Empty();
+        pupils.Pupil_DOB_List[i] = field.Text(u"DOB"_s);
+        records.Pupil_Group[i] = field.Text(u"Group_Class"_s);
         field.Next_Row();
     }
 }

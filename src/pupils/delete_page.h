@@ -3,10 +3,10 @@
 #include "foundation/access_holder.h"
 #include "pupils/list_view.h"
 #include "pupils/pupil_records.h"
-#include "pupils/work_bar.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/menu_counts.h"
 #include "shell/conventions/page.h"
+#include "shell/conventions/work_bar.h"
 
 #include <optional>
 
@@ -69,7 +69,7 @@ private:
     bool everyone_is_listed = false;
 
     List_View* ListView1;
-    Work_Bar* ProgressBar1;
+    shell::Work_Bar* ProgressBar1;
     shell::Click_Combo* Combo1;
     QLabel *Label1, *Label5, *Label7;
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5;

@@ -38,6 +38,8 @@ void Form15::Lay_Out() {
     Combo1 = Make_Combo(u"Combo1"_s, label12->text(), {Left + 146, 60, 394, Row_Height}, Frame1);
     Combo1->setAccessibleDescription(u"The pupil whose details and tests the page shows."_s);
     shell::On(Combo1, &shell::Click_Combo::Click, this, platform, [this] { Combo1_Click(); });
+    AllData = Make_HotLabel(u"AllData"_s, u"All data of this pupil..."_s, {Left + 552, 60, 220, Row_Height},
+                            [this] { AllData_Click(); });
     Lay_Out_Personal_Details();
     Lay_Out_Retesting();
     Lay_Out_Legend();
@@ -163,6 +165,9 @@ void Form15::Tell_Helps() {
     help->Tell(
         Frame4,
         u"Assessments marked with a red ball can be repeated if necessary, but be aware that a retest will cause the original assessment results in the database to be lost. It is strongly recommended, therefore, that you either print out the original results or archive the database before you retest. Click on the 'Edit details' button and on the red ball to mark it as a green 'Retest' disc."_s);
+    help->Tell(
+        AllData,
+        u"Show all that is kept of the pupil: details, scores, comment, earlier results and every answer, to be printed or saved."_s);
     help->Tell(HotLabel1, u"Go back to the Main Admin Menu."_s);
     for (HotLabel* edit : {HotLabel4, HotLabel5})
         help->Tell(

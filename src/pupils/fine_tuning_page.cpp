@@ -44,13 +44,13 @@ void Form15::Load_All_Students() {
 
 void Form15::Take_Pupil(foundation::Row_Fields& field, int p) {
     Take_Names(field, p, {installation, pupils, records});
-    records.Pupil_Sex[p] = field(u"Sex"_s).Text_Or_Empty();
-    pupils.Pupil_DOB_List[p] = field(u"DOB"_s).Text_Or_Empty();
+    records.Pupil_Sex[p] = field.Text(u"Sex"_s);
+    pupils.Pupil_DOB_List[p] = field.Text(u"DOB"_s);
     for (int t = 1; t <= scoring::All_Tests; ++t) {
         const scoring::Test_Entry& test = scoring::Test_At(t);
         pupils.Test_Status[t][p] = Number_Or_Zero(field(test.Status_Column));
         pupils.Test_Age[t][p] = Number_Or_Zero(field(test.Age_Column));
-        pupils.Test_Date[t][p] = field(test.Date_Column).Text_Or_Empty();
+        pupils.Test_Date[t][p] = field.Text(test.Date_Column);
     }
 }
 
@@ -270,6 +270,13 @@ void Form15::Save_Retest_Flags(int index) {
     holder.ado_Close();
     Note_Retests(pupils.Student_Code[index]);
     Combo1->Set_ListIndex(kept_index);
+}
+
+void Form15::AllData_Click() {
+    if (Current_Pupil == 0) return;
+    records.To_Be_Shown = pupils.Student_Code[Current_Pupil];
+    holder.Let_Go();
+    navigator.Open_On_Top(shell::Page_Id::Pupil_Data);
 }
 
 void Form15::HotLabel1_Click() {

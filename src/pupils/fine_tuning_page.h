@@ -41,6 +41,7 @@ public:
     void Combo1_Click();
     void Image1_Click(int i); // 0 to 8
     void HotLabel1_Click();   // the menu
+    void AllData_Click();     // of the pupil on show
     void HotLabel6_Click();   // undoes the marks for a retest
 
 private:
@@ -82,6 +83,7 @@ private:
     std::array<int, Tests> Retest_Flags{}; // statuses while editing; 2 is open for a retest
 
     shell::Click_Combo* Combo1;
+    shell::HotLabel* AllData;
     QGroupBox *Frame3, *Frame4, *Frame5;
     QFrame* Shape1;
     QLineEdit* Text1;

@@ -43,8 +43,8 @@ void Form42::Lay_Out() {
                               [this] { HotLabel1_Click(); });
     HotLabel3->Set_Weight(shell::HotLabel::Weight::Primary);
     Lay_Out_Grid();
-    ProgressBar1 = new Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,
-                                {Left, 474, Whole_Width, 20}, Frame1);
+    ProgressBar1 = new shell::Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,
+                                       {Left, 474, Whole_Width, 20}, Frame1);
     Label3 = Make_Help_Label(u"Label3"_s, {Left, 500, Menu_Left - 164 - Left, 44}, Frame1);
     // Made last, so that the others keep their letters.
     HotLabel5 = Make_HotLabel(u"HotLabel5"_s, u"Prepare a file..."_s,

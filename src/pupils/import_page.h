@@ -4,8 +4,8 @@
 #include "platform/grid/spread.h"
 #include "pupils/list_to_import.h"
 #include "pupils/new_pupil.h"
-#include "pupils/work_bar.h"
 #include "shell/conventions/page.h"
+#include "shell/conventions/work_bar.h"
 
 #include <QLineEdit>
 
@@ -56,7 +56,7 @@ private:
 
     QLineEdit* Text1;
     grid::fpSpread* Spread1;
-    Work_Bar* ProgressBar1;
+    shell::Work_Bar* ProgressBar1;
     QLabel* Label3; // the help line, and the result of an import
     shell::HotLabel *PreviewImport, *HotLabel1, *HotLabel3, *HotLabel4, *HotLabel5, *SaveAsPdf;
 };

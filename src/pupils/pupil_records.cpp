@@ -1,5 +1,6 @@
 #include "pupils/pupil_records.h"
 
+#include "platform/basics/dates.h"
 #include <QStringBuilder>
 
 using namespace Qt::StringLiterals;
@@ -28,9 +29,9 @@ bool Is_Group_Name(const Group_Lists& groups, const QString& name) {
 }
 
 void Take_Names(foundation::Row_Fields& field, int p, Record_Data data) {
-    data.pupils.Student_Code[p] = field(u"StudentCode"_s).Text_Or_Empty();
-    data.records.Pupil_Surname[p] = field(u"Surname"_s).Text_Or_Empty();
-    data.records.Pupil_Forename[p] = field(u"Forename"_s).Text_Or_Empty();
+    data.pupils.Student_Code[p] = field.Text(u"StudentCode"_s);
+    data.records.Pupil_Surname[p] = field.Text(u"Surname"_s);
+    data.records.Pupil_Forename[p] = field.Text(u"Forename"_s);
 }
 
 QString Pupil_Entry(int p, const Record_Data& data) {
@@ -40,6 +41,10 @@ QString Pupil_Entry(int p, const Record_Data& data) {
 
 qint16 Number_Or_Zero(const basics::Value& value) {
     return value.Is_Empty() ? qint16(0) : value.As_Integer();
+}
+
+QString Day_First(const basics::Value& date) {
+    return date.Is_Date() ? basics::Day_Text(date.As_Date().date()) : date.Text_Or_Empty();
 }
 
 QString Row_Of_Pupil(const QString& code) {

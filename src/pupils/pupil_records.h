@@ -40,6 +40,8 @@ struct Pupil_Records {
     Of_Each_Pupil<qint16> Pupil_Show_Name; // 1: appears on the Login List
     Of_Each_Pupil<qint16> Pupil_Dob_As_Pw; // 1: the date of birth is the password
     Group_Lists groups;
+    QString To_Be_Shown;       // code of the pupil all of whose data are to be seen
+    QString Group_For_Cards;   // whose logins are printed first
     QStringList To_Be_Deleted; // codes that the Delete page selects when it next opens
 };
 
@@ -64,6 +66,9 @@ QString Pupil_Entry(int p, const Record_Data& data);
 
 // A setting that was never written counts as not set: an import leaves out a new group's password setting.
 qint16 Number_Or_Zero(const basics::Value& value);
+
+// As dd/mm/yyyy, or as it stands there if it isn't a date.
+QString Day_First(const basics::Value& date);
 
 QString Row_Of_Pupil(const QString& code);
 

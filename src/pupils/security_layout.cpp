@@ -127,6 +127,8 @@ void Form2::Lay_Out_Group_Settings() {
                                  u"Option4"_s, 94, frame6);
     HotLabel6 = Make_HotLabel(u"HotLabel6"_s, u"Update "_s, {232, 158, 108, 34},
                               With_Lists(&Form2::Update_Group_Settings), HotLabel::Look::Command, frame6);
+    LoginCards = Make_HotLabel(u"LoginCards"_s, u"Login cards..."_s, {12, 158, 140, 34},
+                               With_Lists(&Form2::LoginCards_Click), HotLabel::Look::Command, frame6);
     shell::On(Combo2, &shell::Click_Combo::Click, this, platform, [this] { Combo2_Click(); });
 }
 
@@ -208,6 +210,10 @@ void Form2::Tell_Helps() {
                u"updated for ALL individuals who are allocated to the group "_s +
                Combo2->currentText() + u'.';
     });
+    help->Tell(
+        LoginCards,
+        u"Print cards with the logins of this group's pupils, eight on a sheet to cut out, or a list of "
+        u"them for the teacher."_s);
     const auto stands_for = [&](const char16_t* caption, std::initializer_list<QWidget*> controls) {
         help->Stands_For(findChild<QWidget*>(QString::fromUtf16(caption)), controls);
     };

@@ -5,6 +5,9 @@
 #include "platform/basics/run_time_error.h"
 #include "printing/grid_print.h"
 
+#include <QStringBuilder>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace pupils {
@@ -51,15 +54,17 @@ std::function<void()> Form2::With_Lists(void (Form2::*work)()) {
     };
 }
 
-static QString Day_First(const basics::Value& date) {
-    return date.Is_Date() ? basics::Day_Text(date.As_Date().date()) : date.Text_Or_Empty();
+// What stands as a date's text already needn't become a date first.
+static QString Birthday_In(foundation::Row_Fields& field) {
+    const QString date = field.Text(u"DOB"_s);
+    return basics::Is_Date_Text(date) ? date : Day_First(field(u"DOB"_s));
 }
 
 void Form2::Take_Pupil(foundation::Row_Fields& field, int p) {
     Take_Names(field, p, {installation, pupils, records});
-    pupils.Pupil_DOB_List[p] = Day_First(field(u"DOB"_s));
-    records.Pupil_Group[p] = field(u"Group_Class"_s).Text_Or_Empty();
-    records.Pupil_Password[p] = field(u"Password"_s).Text_Or_Empty();
+    pupils.Pupil_DOB_List[p] = Birthday_In(field);
+    records.Pupil_Group[p] = field.Text(u"Group_Class"_s);
+    records.Pupil_Password[p] = field.Text(u"Password"_s);
     records.Pupil_Show_Name[p] = Number_Or_Zero(field(u"Show_Name"_s));
     records.Pupil_Dob_As_Pw[p] = Number_Or_Zero(field(u"Dob_as_pw"_s));
 }
@@ -74,21 +79,18 @@ void Form2::SpreadSheet_Headings() {
 
 void Form2::Populate_SpreadSheet(int count) {
     SpreadSheet_Headings();
-    if (count > Spread1->rowCount()) Spread1->Set_MaxRows(count); // all at once, and not as each is written
+    std::vector<QString> texts;
+    texts.reserve(static_cast<std::size_t>(count) * static_cast<std::size_t>(Spread1->columnCount()));
     for (int row = 1; row <= count; ++row) {
-        const QString texts[] = {
-            pupils.Student_Code[row],
-            records.Pupil_Surname[row] + u' ' + records.Pupil_Forename[row],
-            pupils.Pupil_DOB_List[row],
-            records.Pupil_Dob_As_Pw[row] == 1 ? u"[Use date of birth]"_s : records.Pupil_Password[row],
-            records.Pupil_Group[row],
-            records.Pupil_Show_Name[row] == 1 ? u"Yes"_s : u"No"_s,
-        };
-        int column = 0;
-        for (const QString& text : texts)
-            Spread1->Set_Text(++column, row, text);
+        texts.push_back(pupils.Student_Code[row]);
+        texts.push_back(records.Pupil_Surname[row] % u' ' % records.Pupil_Forename[row]);
+        texts.push_back(pupils.Pupil_DOB_List[row]);
+        texts.push_back(records.Pupil_Dob_As_Pw[row] == 1 ? u"[Use date of birth]"_s
+                                                          : records.Pupil_Password[row]);
+        texts.push_back(records.Pupil_Group[row]);
+        texts.push_back(records.Pupil_Show_Name[row] == 1 ? u"Yes"_s : u"No"_s);
     }
-    Spread1->Set_MaxRows(count);
+    Spread1->Set_All_Texts(std::move(texts));
     Spread1->viewport()->update();
 }
 
@@ -340,6 +342,11 @@ void Form2::HotLabel2_Click() {
 void Form2::SaveAsPdf_Click() {
     printing::Grid_Print(printing::Grid_Kind::Security_Settings, *this, installation, platform,
                          printing::Outlet::Pdf_File);
+}
+
+void Form2::LoginCards_Click() {
+    records.Group_For_Cards = Combo2->currentText();
+    navigator.Open_On_Top(shell::Page_Id::Login_Cards);
 }
 
 void Form2::HotLabel3_Click() {

@@ -46,10 +46,11 @@ public:
     void Combo5_Click();
     void Text3_Change();
     void Text4_Change();
-    void HotLabel1_Click(); // the menu
-    void HotLabel2_Click(); // prints the grid
-    void SaveAsPdf_Click();
-    void HotLabel3_Click(); // adds a group
+    void HotLabel1_Click();  // the menu
+    void HotLabel2_Click();  // prints the grid
+    void SaveAsPdf_Click();  // the grid
+    void HotLabel3_Click();  // adds a group
+    void LoginCards_Click(); // logins of the group in the panel of settings, on paper
 
 private:
     void Lay_Out();
@@ -79,7 +80,7 @@ private:
     QLineEdit *Text2, *Text3, *Text4;
     Yes_No Use_Dob, Show_Pupil, Group_Uses_Dob, Show_Group; // Option1/2, 7/8, 5/6, 3/4
     QLabel *Label3, *Label8;
-    shell::HotLabel *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
+    shell::HotLabel *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7, *LoginCards;
 };
 
 } // namespace pupils

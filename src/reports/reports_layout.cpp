@@ -27,7 +27,6 @@ constexpr int Help_Top = 516;
 constexpr int Last_Row = 504;
 constexpr int Menu_Left = 924;
 constexpr int Twips_To_Pixels = 15;
-constexpr int Whole_Progress = 8 * 120; // eight tests
 const QString Values_Setting = u"Reports/Show_Values"_s;
 
 Form30::Form30(desktop::Platform& platform, shell::Navigator& navigator, Report_Data data)
@@ -256,6 +255,9 @@ void Form30::Lay_Out_Beside_Chart() {
         platform.settings.Turn(Values_Setting, ShowValues->isChecked());
         Picture2->Show_Values(ShowValues->isChecked());
     });
+    SaveScores = Make_HotLabel(u"SaveScores"_s, u"Save scores as CSV..."_s,
+                               {Beside_Chart, Chart_Corner.y() + Chart_Height - 112, Beside_Chart_Width, 68},
+                               [this] { SaveScores_Click(); });
     WhyEntry = Make_HotLabel(u"WhyEntry"_s, u"Why"_s,
                              {Beside_Chart, Chart_Corner.y() + Chart_Height - 36, Beside_Chart_Width, 36},
                              [this] { Open_Why(Picture2->Current_Test()); });
@@ -318,6 +320,7 @@ void Form30::Tell_Helps() {
         u"Show the Print Preview page for batch reports which can show graphical profiles for 8 pupils per page"_s);
     help->Tell(HotLabel7, u"Summary of the pupil's performance in the tests"_s);
     help->Tell(EarlierResults, u"Show what the pupil scored before a test was taken again"_s);
+    help->Tell(SaveScores, u"Save the scores of all pupils on the list, for a spreadsheet"_s);
     help->Tell(PrintIcon,
                u"Print out the scores summary table or any of the raw data tables currently on screen."_s);
     help->Tell(SaveAsPdf, u"Save the table on screen in a PDF file, where you choose."_s);

@@ -2,6 +2,8 @@
 
 #include "platform/basics/number_text.h"
 #include "platform/desktop/wait_pointer.h"
+#include "printing/individual_sheet.h"
+#include "printing/scores_file.h"
 #include "reports/state/pupil_comment.h"
 #include "scoring/norm_check.h"
 #include "scoring/passing_over_errors.h"
@@ -11,6 +13,7 @@
 #include "shell/conventions/comment_dialog.h"
 
 #include <QApplication>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -280,7 +283,7 @@ void Form30::Show_Chart(bool shown) {
 }
 
 void Form30::Show_Beside_Chart(bool shown) {
-    for (QWidget* beside : {Key, static_cast<QWidget*>(ShowValues), static_cast<QWidget*>(WhyEntry)})
+    for (QWidget* beside : std::initializer_list<QWidget*>{Key, ShowValues, SaveScores, WhyEntry})
         beside->setVisible(shown);
 }
 
@@ -367,7 +370,8 @@ void Form30::HotLabel2_Click() {
 void Form30::HotLabel3_Click() {
     if (!Has_Pupil()) return;
     state.comment.Comment_Changed = false;
-    shell::Form11 dialog(platform, state.comment.Pupil_Comment, state.comment.Comment_Changed);
+    shell::Form11 dialog(platform, state.comment.Pupil_Comment, state.comment.Comment_Changed,
+                         printing::Lines_Of_Comment);
     platform.dialogs.Show(dialog);
     if (state.comment.Comment_Changed)
         Save_Comment(state.Current_Pupil, pupils, installation, holder, state.comment);
@@ -380,6 +384,17 @@ void Form30::HotLabel4_Click() {
 
 void Form30::EarlierResults_Click() {
     if (Has_Pupil()) navigator.Open_On_Top(shell::Page_Id::Earlier_Results);
+}
+
+void Form30::SaveScores_Click() {
+    const int listed = pupils.Pupils_Listed;
+    if (!lists_loaded || listed == 0) return;
+    QList<qint16> places(listed);
+    std::iota(places.begin(), places.end(), qint16(1));
+    printing::Save_Scores(
+        {places, {}, u"Mevo scores"_s}, scoring,
+        [this, listed](int done) { Show_Progress_Width(Whole_Progress * done / listed); }, platform);
+    Show_Progress_Width(1);
 }
 
 void Form30::HotLabel6_Click() {

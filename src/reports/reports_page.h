@@ -92,6 +92,7 @@ private:
     void Lay_Out_Earlier();
     void Tell_Helps();
     void EarlierResults_Click();
+    void SaveScores_Click();
     void Draw_Scale(const QString& mode);
     void Change_Background(const QString& ground);
     void Copy_Scale_Picture();
@@ -107,6 +108,8 @@ private:
     void Show_Progress_Width(int width);
     scoring::Progress_Strip Progress();
 
+    static constexpr int Whole_Progress = 8 * 120; // pixels: eight tests
+
     foundation::Installation& installation;
     scoring::Pupil_Lists& pupils;
     scoring::Norm_Tables& norms;
@@ -120,7 +123,7 @@ private:
     QList<scoring::Notice> notices;  // of that pupil
     QPointer<QWidget> asked_why_from;
 
-    shell::HotLabel* EarlierResults;
+    shell::HotLabel *EarlierResults, *SaveScores;
     Profile_Chart* Picture2;
     Why_Panel* Why;
     QCheckBox* ShowValues;

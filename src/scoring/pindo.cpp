@@ -29,6 +29,14 @@ void Score_Pindo(int p, Scoring& scoring, database::Recordset* rs) {
     }
 }
 
+QString Pindo_Try(int item) {
+    static const QString parts[Body_Parts] = {u"Hat"_s,       u"Head"_s,     u"Left arm"_s,
+                                              u"Right arm"_s, u"Left leg"_s, u"Right leg"_s};
+    static const QString tries[] = {u"1st"_s, u"2nd"_s, u"3rd"_s, u"4th"_s};
+    constexpr int of_each = 4;
+    return parts[(item - 1) / of_each] + u' ' + tries[(item - 1) % of_each];
+}
+
 Pindo_Verdict Verdict_On_Pindo(int p, const Pupil_Lists& pupils, const Score_Store& scores) {
     if (pupils.Test_Status[Pindo][p] != 1 || scores.Pindo_Attempts < Body_Parts) return {};
     if (scores.Pindo_Attempts == Body_Parts)

@@ -8,6 +8,9 @@ namespace scoring {
 // rs as in all passes: a row that the caller has opened, or null for the pupil's own.
 void Score_Pindo(int p, Scoring& scoring, database::Recordset* rs = nullptr);
 
+// Which try of which body part an item is, from 1: "Hat 1st".
+QString Pindo_Try(int item);
+
 // All three are empty without a verdict: fewer attempts than body parts, or a test not completed.
 struct Pindo_Verdict {
     QString Summary_Cell; // "OK", "2 errs"

@@ -4,6 +4,7 @@
 #include "platform/basics/age.h"
 #include "scoring/passing_over_errors.h"
 
+#include <QStringBuilder>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -27,26 +28,24 @@ bool Belongs_On_List(Row_Fields& field) {
     return sum > 0;
 }
 
-qint16 Age_Now(const Value& date_of_birth, const desktop::Clock& clock) {
+qint16 Age_At(const QDateTime& now, const Value& date_of_birth) {
     if (date_of_birth.Is_Empty()) return 0;
-    return static_cast<qint16>(basics::Age_In_Months(date_of_birth.As_Date(), clock.Now()));
+    return static_cast<qint16>(basics::Age_In_Months(date_of_birth.As_Date(), now));
 }
 
-void Take_Pupil(Row_Fields& field, const desktop::Clock& clock, int p, Pupil_Lists& lists) {
-    lists.Student_Code[p] = field(u"StudentCode"_s).Text_Or_Empty();
-    lists.Pupil_Name_List[p] = field(u"Surname"_s).Text_Or_Empty() + u' ';
-    lists.Pupil_Name_List[p] += field(u"Forename"_s).Text_Or_Empty();
-    const Value& date_of_birth = field(u"DOB"_s);
-    lists.Pupil_DOB_List[p] = date_of_birth.Text_Or_Empty();
-    lists.Pupil_Age_Now[p] = Age_Now(date_of_birth, clock);
+void Take_Pupil(Row_Fields& field, const QDateTime& now, int p, Pupil_Lists& lists) {
+    lists.Student_Code[p] = field.Text(u"StudentCode"_s);
+    const QString surname = field.Text(u"Surname"_s);
+    lists.Pupil_Name_List[p] = surname % u' ' % field.Text(u"Forename"_s);
+    lists.Pupil_DOB_List[p] = field.Text(u"DOB"_s);
+    lists.Pupil_Age_Now[p] = Age_At(now, field(u"DOB"_s));
     lists.Pupil_Class_List[p].clear();
-    Passing_Over_Errors(
-        [&] { lists.Pupil_Class_List[p] = field(u"Group_Class"_s).Text_Or_Empty().trimmed(); });
+    Passing_Over_Errors([&] { lists.Pupil_Class_List[p] = field.Text(u"Group_Class"_s).trimmed(); });
     for (int t = 1; t <= All_Tests; ++t) {
         const Test_Entry& test = Test_At(t);
         lists.Test_Status[t][p] = field(test.Status_Column).As_Integer();
         lists.Test_Age[t][p] = field(test.Age_Column).As_Integer();
-        lists.Test_Date[t][p] = field(test.Date_Column).Text_Or_Empty();
+        lists.Test_Date[t][p] = field.Text(test.Date_Column);
     }
     lists.Pupil_Test_Age[p] = Age_When_First_Tested(lists, p);
 }
@@ -55,9 +54,10 @@ void Take_Pupil(Row_Fields& field, const desktop::Clock& clock, int p, Pupil_Lis
 int Take_Those_With_Results(foundation::Access_Holder& holder, int rows, const desktop::Clock& clock,
                             Pupil_Lists& lists) {
     Row_Fields field(holder);
+    const QDateTime now = clock.Now();
     int n = 0;
     for (int row = 1; row <= rows; ++row) {
-        if (Belongs_On_List(field)) Take_Pupil(field, clock, ++n, lists);
+        if (Belongs_On_List(field)) Take_Pupil(field, now, ++n, lists);
         if (!field.Is_Behind_The_Last()) field.Next_Row();
     }
     return n;

@@ -163,8 +163,7 @@ Why_Section Items_Of(const Explanation& told) {
     for (const Traced_Item& item : told.used.items) {
         sum += item.points;
         QStringList row{QString::number(item.number), Shown(item.asked), Shown(item.answered),
-                        QString::number(item.points) + u", "_s + Because(item),
-                        Time_Of(item.number, told.used)};
+                        Points_In_Words(item), Time_Of(item.number, told.used)};
         if (sequence)
             row.append(item.sequence_errors == 0
                            ? QString()
@@ -256,6 +255,10 @@ Why_Section Care_With(int t, const QList<Notice>& notices) {
 }
 
 } // namespace
+
+QString Points_In_Words(const Traced_Item& item) {
+    return QString::number(item.points) + u", "_s + Because(item);
+}
 
 Why_Words Put_In_Words(const Explanation& told, const QList<Notice>& notices) {
     Why_Words words{u"Why this score: "_s + Test_At(told.t).Test_Name, told.pupil, {}};

@@ -64,6 +64,11 @@ public:
             Show(step.state);
         }
     }
+    void See_Preview(const QString& entry, const QString& form, const Visit& from) {
+        Go(entry, form);
+        Show(from.state + u"_preview"_s);
+        Go(u"HotLabel1"_s, from.form);
+    }
     void Meet_Dialog(const QString& state) {
         school.outside.dialogs.Will_Do([this, state](QDialog& dialog) {
             dialog.show();
@@ -104,6 +109,8 @@ void Reports(Tour& tour) {
     }
     tour.Meet_Dialog(u"comment"_s);
     tour.Click_All({u"HotLabel3"_s, u"HotLabel5"_s});
+    tour.Meet_Dialog(u"save_as_csv"_s);
+    tour.Click_All({u"SaveScores"_s});
     tour.Click_All({u"WhyEntry"_s});
     tour.Go(u"WhyPrint"_s, u"Why_Report"_s);
     tour.Show(u"why_report"_s);
@@ -117,6 +124,8 @@ void Reports(Tour& tour) {
     tour.Go(u"HotLabel6"_s, u"Form92"_s);
     tour.Click_All({u"HotLabel7"_s, u"HotLabel9"_s});
     tour.Show(u"batch_report"_s);
+    tour.Meet_Dialog(u"full_reports"_s);
+    tour.Click_All({u"FullReports"_s});
     tour.Go(u"HotLabel1"_s, u"Form30"_s);
     tour.Go(u"HotLabel1"_s, u"Form77"_s);
 }
@@ -135,6 +144,13 @@ void Other_Pages(Tour& tour) {
     };
     for (const Visit& visit : visits) {
         tour.Pay(visit);
+        if (visit.form == "Form14"_L1) tour.See_Preview(u"TickList"_s, u"Tick_List"_s, visit);
+        if (visit.form == "Form2"_L1) tour.See_Preview(u"LoginCards"_s, u"Login_Cards"_s, visit);
+        if (visit.form == "Form15"_L1) {
+            tour.Go(u"AllData"_s, u"Whole_Data_Page"_s);
+            tour.Show(u"all_data"_s);
+            tour.Go(u"HotLabel1"_s, u"Form15"_s);
+        }
         if (visit.form == "Form20"_L1) {
             tour.school.outside.boxes.Will_Answer(desktop::Answer::Yes);
             tour.Meet_Dialog(u"password"_s);

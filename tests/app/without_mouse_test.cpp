@@ -2,6 +2,7 @@
 
 #include "app/running_program.h"
 #include "platform/grid/spread.h"
+#include "platform/preview/preview_window.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/main_menu.h"
 #include "support/files.h"
@@ -12,7 +13,9 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPointer>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTreeWidget>
@@ -84,6 +87,24 @@ protected:
         Tab_And_Press(u"SaveAsPdf"_s);
         EXPECT_TRUE(QFile::remove(file));
     }
+    // Gives the first question of the dialog its other answer. What the file holds, which is taken away.
+    QByteArray Saved_As_Csv(const QString& entry) {
+        const QString file = sample.Folder() + u"/taken out.csv"_s;
+        outside.file_dialogs.answers = {file};
+        outside.dialogs.Will_Do([this](QDialog& dialog) {
+            dialog.show();
+            dialog.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            Press(Qt::Key_Down);
+            Tab_And_Press(u"HotLabel1"_s);
+            program.Window().activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&program.Window()));
+        });
+        Tab_And_Press(entry);
+        const QByteArray bytes = Bytes_Of(file);
+        EXPECT_TRUE(QFile::remove(file));
+        return bytes;
+    }
     // Whatever the dialog is about.
     void Type_Into_Dialog(const QString& text, Qt::Key ended_by) {
         outside.dialogs.Will_Do([this, text, ended_by](QDialog& dialog) {
@@ -91,6 +112,9 @@ protected:
             dialog.activateWindow();
             ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
             Type(text);
+            if (const auto* mark = dialog.findChild<QProgressBar*>()) {
+                EXPECT_EQ(mark->text(), u"On the report: 1 of 16 lines used"_s);
+            }
             Press(ended_by);
             EXPECT_FALSE(dialog.isVisible());
             program.Window().activateWindow(); // no window manager does it here
@@ -188,6 +212,18 @@ public:
         Type(u"Renamed"_s); // in place of what was selected
         Tab_And_Press(u"HotLabel2"_s);
         Expect_Changed(row + u" Forename: .* -> 'Renamed'"_s);
+        Look_At_All_Data();
+    }
+
+    void Look_At_All_Data() {
+        const QString shown = Control<QLineEdit>(Page(), u"Text1"_s).text();
+        Tab_And_Press(u"AllData"_s);
+        Follow_To(u"Whole_Data_Page"_s);
+        EXPECT_TRUE(Saved_As_Csv(u"SaveData"_s).contains("Details;;User ID;" + shown.toUtf8()));
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo data of a pupil"_s);
+        Go(u"HotLabel1"_s, u"Form15"_s);
+        EXPECT_EQ(Control<QLineEdit>(Page(), u"Text1"_s).text(), shown);
     }
 
     void Arrange_A_Group() {
@@ -209,6 +245,23 @@ public:
         Save_As_Pdf();
         Tab_And_Press(u"HotLabel6"_s);
         Expect_Changed(u"Mevo_Groups \\d+: new, Dob_as_pw 1, Group_Name 'Willow',"_s);
+        Print_Login_Cards();
+    }
+
+    void Print_Login_Cards() {
+        Tab_To(u"Combo2"_s);
+        Press(Qt::Key_Home);
+        By_Letter(u"LoginCards"_s);
+        Follow_To(u"Login_Cards"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo login cards"_s);
+        Tab_To(u"Group"_s);
+        Press(Qt::Key_Down);
+        Tab_To(u"Cards"_s);
+        Press(Qt::Key_Right);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo logins"_s);
+        Go(u"HotLabel1"_s, u"Form2"_s);
     }
 
     void Read_A_Profile() {
@@ -237,6 +290,7 @@ public:
         Save_As_Pdf();
         Tab_And_Press(u"HotLabel5"_s, Qt::Key_Space);
         EXPECT_TRUE(Shown(Page(), u"Picture2"_s));
+        EXPECT_TRUE(Saved_As_Csv(u"SaveScores"_s).contains(";Tolvens_raw_score;"));
         Type_Into_Dialog(u"not kept"_s, Qt::Key_Escape);
         Tab_And_Press(u"HotLabel3"_s);
         Look_At_The_Print_Preview();
@@ -304,7 +358,52 @@ public:
         Tab_And_Press(u"HotLabel9"_s);
         EXPECT_EQ(Caption(Page(), u"Label5"_s), u"There are 1 pupils on 1 pages."_s);
         Save_As_Pdf();
+        Find_A_Name();
+        Save_Full_Reports();
+        EXPECT_EQ(Saved_As_Csv(u"SaveScores"_s).count('\n'), 2) << "in the form that was chosen before";
         Go(u"HotLabel1"_s, u"Form30"_s);
+    }
+
+    void Find_A_Name() {
+        auto& preview = Control<preview::Preview_Window>(Page(), u"ViewPro1"_s);
+        const auto& pages = Control<QListWidget>(Page(), u"List3"_s);
+        Press(Qt::Key_F, 1, Qt::ControlModifier);
+        EXPECT_EQ(Focused(), u"FindName"_s);
+        Type(Control<QListWidget>(Page(), u"lstPupils"_s)
+                 .selectedItems()
+                 .value(0)
+                 ->text()
+                 .section(u',', 0, 0));
+        EXPECT_TRUE(Caption(Page(), u"Found"_s).startsWith(u"1 of 1, page 1\n"_s));
+        Press(Qt::Key_F3);
+        Tab_To(u"ViewPro1"_s);
+        Press(Qt::Key_PageDown);
+        EXPECT_EQ(preview.ShownPage(), pages.currentRow() + 1);
+        By_Letter(u"FitWidth"_s);
+        EXPECT_TRUE(preview.Is_Width_Fitted());
+        EXPECT_EQ(preview.ZoomPercent(), 40);
+    }
+
+    void Save_Full_Reports() {
+        const QString folder = sample.Folder() + u"/chosen"_s;
+        QDir().mkpath(folder);
+        outside.file_dialogs.answers = {folder};
+        outside.boxes.Will_Answer(Answer::Ok);
+        outside.dialogs.Will_Do([this](QDialog& dialog) {
+            dialog.show();
+            dialog.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            EXPECT_EQ(Focused(), u"Option1"_s);
+            Press(Qt::Key_Down);
+            Tab_And_Press(u"HotLabel1"_s);
+            EXPECT_FALSE(dialog.isVisible());
+            program.Window().activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&program.Window()));
+        });
+        By_Letter(u"FullReports"_s);
+        EXPECT_TRUE(outside.boxes.shown.last().text.startsWith(u"1 full report is in this folder:"_s));
+        EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 1);
+        QDir(folder).removeRecursively();
     }
 
     void Save_And_View_An_Archive() {
@@ -347,7 +446,7 @@ public:
         };
         EXPECT_EQ(
             listed(),
-            u"Removed everywhere, Archived, Printed batch, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
+            u"Removed everywhere, Archived, Printed batch, Printed batch, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
         Tab_To(u"Combo1"_s);
         Type(u"Ret"_s);
         EXPECT_EQ(listed(), u"Retest allowed"_s);
@@ -392,6 +491,15 @@ public:
         outside.boxes.Will_Answer(Answer::Ok);
         By_Letter(u"HotLabel2"_s);
         Save_As_Pdf();
+        Tab_To(u"GroupFilter"_s);
+        Press(Qt::Key_Down);
+        Tab_And_Press(u"UnfinishedOnly"_s, Qt::Key_Space);
+        EXPECT_TRUE(Caption(Page(), u"Label5"_s).endsWith(u" shown"_s));
+        By_Letter(u"TickList"_s);
+        Follow_To(u"Tick_List"_s);
+        By_Letter(u"HotLabel2"_s);
+        EXPECT_EQ(outside.printers.printed.last(), u"Mevo tick list"_s);
+        Go(u"HotLabel1"_s, u"Form14"_s);
     }
 
     void Delete_A_Pupil() {

@@ -260,3 +260,30 @@ TEST_F(Kept, RowsThatAreStillReadKeepTheirContent) {
     EXPECT_NE(pupil(second, 2), code);
     EXPECT_EQ(first.Fields(0).Value().As_Text(), code);
 }
+
+TEST_F(Kept, PiecesOfTheFileAreAsItIsWhoeverChangedIt) {
+    Engine_Files files, narrow_files;
+    const auto fail = Engine_Handle::Throw_Its_Words;
+    const Engine_Handle ours(sample.Path(), Access::Read_Write, fail, files.Name());
+    const Engine_Handle narrow(sample.Path(), Access::Read_Write, fail, narrow_files.Name());
+    const Engine_Handle theirs(sample.Path(), Access::Read_Write);
+    ours.Run(u"CREATE TABLE Rows (Id INTEGER PRIMARY KEY, Content)"_s);
+    narrow.Run(u"PRAGMA cache_size = 4"_s); // pages, of which it must let go in mid-transaction
+    const auto rows = [](const Engine_Handle& engine) {
+        Engine_Statement statement(
+            engine, u"SELECT group_concat(Id || hex(Content)) FROM (SELECT * FROM Rows ORDER BY Id)"_s);
+        statement.Step();
+        return statement.Text(0);
+    };
+    const QString grow = u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300) "
+                         "INSERT INTO Rows (Content) SELECT randomblob(900) FROM n;"_s;
+    const QString change = u"UPDATE Rows SET Content = randomblob(900);"_s; // a journal of more than 128 kB
+    const QString shrink = u"DELETE FROM Rows WHERE Id % 3 = 0;"_s;
+    for (const QString& work : {grow, change, u"BEGIN;"_s + grow + change + u"ROLLBACK"_s, shrink, grow})
+        for (const Engine_Handle* writer : {&ours, &theirs, &narrow}) {
+            SCOPED_TRACE(work.toStdString());
+            writer->Run(work);
+            EXPECT_EQ(rows(ours), rows(theirs));
+            EXPECT_EQ(rows(narrow), rows(theirs));
+        }
+}

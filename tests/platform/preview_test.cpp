@@ -415,6 +415,47 @@ TEST_F(PreviewWindow, TheMouseAndTheKeyboardReachAll) {
     }
 }
 
+// A page key scrolls while the sheet goes on in its direction.
+TEST_F(PreviewWindow, ThePageKeysGoOnToTheNextSheetWhereOneEnds) {
+    int turned = 0;
+    QObject::connect(&window, &preview::Preview_Window::Turned, [&turned] { ++turned; });
+    window.Set_ZoomPercent(67);
+    const int bottom = window.verticalScrollBar()->maximum();
+    ASSERT_GT(bottom, 0);
+    ASSERT_LT(bottom, window.verticalScrollBar()->pageStep()) << "one key scrolls to the end";
+    const std::tuple<Qt::Key, int, int> keys[] = {
+        {Qt::Key_PageDown, 1, bottom}, {Qt::Key_PageDown, 2, 0}, {Qt::Key_PageDown, 2, bottom},
+        {Qt::Key_PageDown, 2, bottom}, {Qt::Key_PageUp, 2, 0},   {Qt::Key_PageUp, 1, bottom},
+        {Qt::Key_PageUp, 1, 0},        {Qt::Key_PageUp, 1, 0},
+    };
+    for (const auto& [key, page, place] : keys) {
+        QTest::keyClick(&window, key);
+        EXPECT_EQ(window.ShownPage(), page);
+        EXPECT_EQ(Scrolled().y(), place);
+    }
+    EXPECT_EQ(turned, 2);
+}
+
+TEST_F(PreviewWindow, AFittedWidthHoldsUntilTheSheetIsEnlargedAndWritesNoZoom) {
+    window.Set_ZoomPercent(67);
+    const auto is_red = [this](int x) {
+        return window.viewport()->grab().toImage().pixelColor(x, 200) == QColor(Qt::red);
+    };
+    window.Fit_Width(true);
+    for (const QSize& size : {QSize(600, 500), QSize(1100, 500), QSize(300, 400)}) {
+        window.resize(size);
+        constexpr int edge = 22; // pixels: the ground around the sheet, and a bit
+        EXPECT_TRUE(is_red(edge) && is_red(window.viewport()->width() - edge)) << size.width();
+        EXPECT_EQ(window.horizontalScrollBar()->maximum(), 0);
+        EXPECT_EQ(window.ZoomPercent(), 67);
+    }
+    QTest::keyClick(&window, Qt::Key_Plus);
+    EXPECT_FALSE(window.Is_Width_Fitted());
+    EXPECT_EQ(window.ZoomPercent(), 100);
+    QTest::keyClick(&window, Qt::Key_Minus);
+    EXPECT_EQ(window.ZoomPercent(), 67);
+}
+
 TEST_F(PreviewWindow, PrintsThePagesThatAreAskedFor) {
     window.PrintPages(u"Report"_s, 1, 2,
                       [this](const desktop::Printed_Document& sheets) { scripted.printers.Print(sheets); });

@@ -65,6 +65,14 @@ TEST(NameOrder, IsOneOnEverySystem) {
                     << qPrintable(left + u" and "_s + right);
     }
     EXPECT_EQ(Compare_Names("Zo\xFF", "zo\uFFFD"), 0);
+    const std::tuple<QString, QString, bool> parts[] = {{u"zizek"_s, u"Žižek Luka"_s, true},
+                                                        {u"ŁUK"_s, u"Lukes Ann"_s, true},
+                                                        {u"k l"_s, u"Žižek Luka"_s, true},
+                                                        {u"zek"_s, u"Ze"_s, false},
+                                                        {u""_s, u"Ann"_s, true},
+                                                        {u"lukaz"_s, u"Łukasik"_s, false}};
+    for (const auto& [part, text, stands] : parts)
+        EXPECT_EQ(Stands_In(part.toStdString(), text.toStdString()), stands) << qPrintable(part);
 }
 
 TEST(StoredDates, AreReadInEveryFormThatFilesHold) {

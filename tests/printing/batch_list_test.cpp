@@ -38,6 +38,11 @@ TEST(BatchList, TheCodeIsWhatFollowsTheFirstDivider) {
                          u"Nobody, At All - XXX"_s, u""_s /* a name without a value */},
                         pupils),
               (QList<qint16>{1, -1, 2, -1, -1}));
+    const Found_Entries found = Find_By_Code({u"Thompson - Ellis, Ann - THOANN123ABC"_s,
+                                              u"Fay, M - LE FAY - 1"_s, u"Nobody - At, All - XXX"_s, u""_s},
+                                             pupils);
+    EXPECT_EQ(found.places, (QList<qint16>{1, 2}));
+    EXPECT_EQ(found.lost, (QStringList{u"Nobody - At, All - XXX"_s, u"A pupil without a whole name"_s}));
 }
 
 TEST(BatchList, AnErrorEndsAListInSilence) {

@@ -1,7 +1,15 @@
 #include "printing/batch_report.h"
 
+#include "keeping/change_list.h"
+#include "printing/full_reports.h"
 #include "reports/scored_page.h"
 #include "support/error_number.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <algorithm>
 
 using namespace printing;
 using namespace test_support;
@@ -23,6 +31,14 @@ protected:
     void Open() {
         Make();
         page->Load();
+    }
+    void Fill_Lists_Only() { page->Load_Group_Filter(installation.Connection_String); }
+    void Type_Name(const QString& text) { Control<QLineEdit>(*page, u"FindName"_s).setText(text); }
+    QStringList Shared_Files() const {
+        QStringList files =
+            QDir(sample.Folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        files.removeOne(u"Mevo05Changes.sqlite"_s); // what was done is noted there
+        return files;
     }
     QListWidget& Pupils() { return Control<QListWidget>(*page, u"lstPupils"_s); }
     QListWidget& Pages() { return Control<QListWidget>(*page, u"List3"_s); }
@@ -146,6 +162,113 @@ TEST_F(Batch_Report_Page, SurnamesWithADividerStopTheBatchAndLeaveTheEarlierRepo
     EXPECT_EQ(Caption(*page, u"Label5"_s), u"There are 3 pupils on 1 pages."_s);
     Click(*page, u"Option2"_s); // draws the three of the earlier report again
     EXPECT_EQ(Preview().accessibleDescription(), before);
+}
+
+// A name is looked for in the batch, whatever stands over the profiles.
+TEST_F(Batch_Report_Page, ANameLeadsToItsPageAndIsFramedThere) {
+    Set(Code_Where(u"Yoon = 1"_s), u"Surname = 'Žižek', Forename = 'Zoë'"_s);
+    Open();
+    Type_Name(u"zizek zoe"_s);
+    EXPECT_EQ(Caption(*page, u"Found"_s), u"No report as yet"_s);
+    Click(*page, u"HotLabel7"_s);
+    Click(*page, u"HotLabel9"_s);
+    EXPECT_EQ(Caption(*page, u"Found"_s), u""_s);
+    const int pages = Pages().count();
+    ASSERT_GT(pages, 1);
+    const QImage before = Preview().viewport()->grab().toImage();
+    for (const QString& label : {u"Option5"_s, u"Option6"_s}) {
+        Click(*page, label);
+        Type_Name(u"zizek zoe"_s); // the list is in the order of names
+        EXPECT_EQ(Caption(*page, u"Found"_s), u"1 of 1, page %1\nŽižek Zoë"_s.arg(pages));
+        EXPECT_EQ(Preview().ShownPage(), pages);
+        EXPECT_EQ(Pages().currentRow(), pages - 1);
+        Type_Name(u"nobody"_s);
+        EXPECT_EQ(Caption(*page, u"Found"_s), u"Not in this report"_s);
+    }
+    Click(*page, u"Option5"_s);
+    Type_Name(Pupils().item(0)->text().section(u',', 0, 0).left(1));
+    EXPECT_TRUE(Caption(*page, u"Found"_s).contains(u"page 1\n"_s));
+    EXPECT_NE(Preview().viewport()->grab().toImage(), before);
+    Click(*page, u"HotLabel2"_s);
+    const QImage marked_print = outside.printers.pages.first();
+    Type_Name(u""_s);
+    EXPECT_EQ(Preview().viewport()->grab().toImage(), before);
+    Click(*page, u"HotLabel2"_s);
+    EXPECT_EQ(outside.printers.pages[pages], marked_print) << "the frame is on screen only";
+    QTest::keyClick(&Preview(), Qt::Key_PageDown);
+    EXPECT_EQ(Pages().currentRow(), 1);
+}
+
+TEST_F(Batch_Report_Page, FullReportsGoWhereItIsChosenAndChangeNothingOnView) {
+    const QString spoilt = Code_Where(u"Tolvens = 1"_s);
+    Set(spoilt, u"Level_11_holes_req = NULL"_s, u"Mevo_Tolvens_data"_s);
+    Make();
+    Fill_Lists_Only();
+    EXPECT_FALSE(Enabled(*page, u"FullReports"_s));
+    Click(*page, u"HotLabel7"_s);
+    const int chosen = Pupils().count();
+    const QTemporaryDir own;
+    outside.folders.own_documents = own.path();
+    const QStringList shared = Shared_Files();
+    const QDir folder(own.path());
+    const auto save = [&](bool a_file_each, const QString& where, Answer last, bool stop = false) {
+        outside.file_dialogs.answers = {where};
+        outside.boxes.Will_Answer(last);
+        outside.dialogs.Will_Do([=](QDialog& dialog) {
+            dialog.show();
+            if (a_file_each) Click(dialog, u"Option2"_s);
+            if (stop) QTimer::singleShot(0, &dialog, [&dialog] { Click(dialog, u"HotLabel2"_s); });
+            Click(dialog, u"HotLabel1"_s);
+            dialog.hide();
+        });
+        Click(*page, u"FullReports"_s);
+        EXPECT_EQ(outside.file_dialogs.asked.last().folder, own.path());
+        return outside.boxes.shown.last().text;
+    };
+    const QString made = u"%1 full reports are in this "_s.arg(chosen - 1);
+    const QString left_out = u"can't be scored (1 pupil):\r"_s;
+    EXPECT_EQ(save(false, folder.filePath(u"all.pdf"_s), Answer::Ok, true),
+              u"Stopped. No report was saved."_s);
+    EXPECT_FALSE(folder.exists(u"all.pdf"_s));
+    QString told = save(false, folder.filePath(u"all.pdf"_s), Answer::Ok);
+    EXPECT_TRUE(told.startsWith(made + u"file:\r\r"_s) && told.contains(left_out) && told.contains(spoilt));
+    EXPECT_TRUE(folder.exists(u"all.pdf"_s));
+    told = save(true, own.path(), Answer::Ok);
+    EXPECT_TRUE(told.startsWith(made + u"folder:\r\r"_s) && told.contains(left_out));
+    EXPECT_EQ(folder.entryList(QDir::Files).size(), chosen);
+    EXPECT_TRUE(save(true, own.path(), Answer::No).startsWith(u"%1 of these files are"_s.arg(chosen - 1)));
+    EXPECT_EQ(Shared_Files(), shared);
+    EXPECT_EQ(Pages().count(), 0);
+    EXPECT_EQ(Caption(*page, u"Label5"_s), u""_s);
+    EXPECT_EQ(scores.scores.Raw_Centile[1], 0);
+    const auto changes = keeping::Changes_In(sample.Path());
+    ASSERT_EQ(changes.size(), 2);
+    EXPECT_EQ(changes[0].detail, u"%1 full reports saved"_s.arg(chosen - 1));
+}
+
+// What has been made by then stays.
+TEST_F(Batch_Report_Page, FullReportsEndWhereTheyAreStopped) {
+    Make();
+    Full_Reports full({installation, scores.pupils, scores.norms, state}, false, outside.platform);
+    const QTemporaryDir folder;
+    for (const bool each : {true, false}) {
+        for (const int steps : {0, 2, 4, 7}) {
+            int left = steps;
+            Full_Reports_Made made;
+            const auto go_on = [&left](const QString&) { return left-- > 0; };
+            const QString target = folder.filePath(u"%1 %2"_s.arg(each).arg(steps));
+            if (each) {
+                QDir().mkpath(target);
+                full.Write_A_File_Each({1, 2, 3, 4}, target, go_on, made);
+            } else {
+                full.Write_One_File({1, 2, 3, 4}, target, go_on, made);
+            }
+            EXPECT_EQ(made.stopped, !each || steps < 4) << steps;
+            EXPECT_EQ(made.sheets, each ? std::min(steps, 4) : 0);
+            EXPECT_EQ(QDir(target).entryList(QDir::Files).size(), made.sheets);
+            EXPECT_EQ(QFile::exists(target), each);
+        }
+    }
 }
 
 TEST_F(Batch_Report_Page, NothingIsPrintedOrCopiedBeforeAReport) {

@@ -57,6 +57,17 @@ TEST_F(Individual_Report_Page, ABoxTakesItsSectionOutAndBringsItBack) {
     }
 }
 
+TEST_F(Individual_Report_Page, SaysThatACommentRunsOverWhileItIsPrinted) {
+    EXPECT_FALSE(Shown(page, u"CommentNotice"_s));
+    state.comment.Pupil_Comment =
+        QString(Lines_Of_Comment({}).room + 2, u'\n'); // one more than ends of lines
+    page.Build_Report();
+    EXPECT_EQ(Caption(page, u"CommentNotice"_s), u"3 lines over"_s);
+    EXPECT_TRUE(Shown(page, u"CommentNotice"_s));
+    Click(page, u"Check2"_s);
+    EXPECT_FALSE(Shown(page, u"CommentNotice"_s));
+}
+
 TEST_F(Individual_Report_Page, BeginsWithinTheMarginsAsTheSchoolSettledUntilTheAccountHasChosen) {
     const std::tuple<QString, QString, bool> cases[] = {
         {u"1"_s, {}, true}, {u"0"_s, {}, false}, {u"1"_s, u"0"_s, false}, {u"0"_s, u"1"_s, true}};

@@ -152,6 +152,24 @@ TEST_F(Individual_Report_Sheet, ALongCommentIsWholeAndTheFootGivesWay) {
     EXPECT_NE(Rectangles_Filled(Build(), Qt::white).last().width, 11906);
 }
 
+TEST_F(Individual_Report_Sheet, ACommentIsOverWhereItClearsTheFootInEitherPosition) {
+    const int room = Lines_Of_Comment({}).room;
+    for (const bool moved : {false, true})
+        for (const int lines : {1, room, room + 1}) {
+            SCOPED_TRACE((moved ? 1000 : 0) + lines);
+            sheet.Keep_To_Margins = moved;
+            const QString& comment = state.comment.Pupil_Comment = QStringList(lines, u"gyp"_s).join(u'\n');
+            const preview::Drawing& page = Build();
+            EXPECT_EQ(Lines_Of(page, u"gyp"_s).size(), Lines_Of_Comment(comment).used);
+            const auto covers = Rectangles_Filled(page, Qt::white);
+            EXPECT_EQ(!covers.isEmpty() && covers.last().width == 11906,
+                      Lines_Of_Comment(comment).Over() > 0);
+            if (lines <= room) {
+                EXPECT_EQ(Overlaps(page).filter(u"gyp"_s), QStringList());
+            }
+        }
+}
+
 TEST_F(Individual_Report_Sheet, NothingOverlapsInAnyState) {
     const QString names[] = {u"Smith Oliver"_s,
                              u"Featherstonehaugh-Cholmondeley-Majoribanks Maximilian Ángeles-Élodie Öztürk"_s,

@@ -1,5 +1,6 @@
 #include "print/command_line.h"
 
+#include "printing/full_reports.h"
 #include "printing/individual_report.h"
 #include "reports/reports_page_fixture.h"
 #include "support/command_line.h"
@@ -9,6 +10,8 @@
 
 #include <QDir>
 #include <QRegularExpression>
+#include <utility>
+#include <vector>
 
 using namespace test_support;
 
@@ -36,6 +39,31 @@ protected:
 };
 
 } // namespace
+
+// Also those of pupils before whom a test was ended early, or who have fewer tests.
+TEST_F(Print_Tool, FullReportsAreThoseOfThePreviewPupilByPupil) {
+    Open();
+    Click(*page, u"HotLabel2"_s); // the time bars
+    Click(*page, u"ShowZScores"_s);
+    printing::Full_Reports full({installation, scores.pupils, scores.norms, state}, false, outside.platform);
+    std::vector<printing::Scored_Pupil> pupils;
+    for (int p = 1; p <= scores.pupils.Pupils_Listed; ++p)
+        pupils.push_back(full.Score(p));
+    const desktop::Printed_Document document = full.Document(u"all"_s, std::move(pupils));
+    outside.printers.Print(document);
+    const QList<QImage> made = std::exchange(outside.printers.pages, {});
+    ASSERT_EQ(made.size(), scores.pupils.Pupils_Listed);
+    ASSERT_EQ(document.bookmarks.size(), std::size_t(made.size()));
+    for (int p = 1; p <= scores.pupils.Pupils_Listed; ++p) {
+        Combo().Set_ListIndex(p - 1);
+        printing::Form94 preview(outside.platform, navigator, {installation, state, scores.scores});
+        preview.Load();
+        preview.HotLabel2_Click();
+        EXPECT_EQ(outside.printers.pages.last(), made[p - 1]) << state.Pupil_Name.toStdString();
+        EXPECT_EQ(document.bookmarks[std::size_t(p - 1)].title,
+                  state.Pupil_Name + u" - "_s + state.Current_Student_Code);
+    }
+}
 
 // The words on the sheet are those that the program's own pages show for the pupil.
 TEST_F(Print_Tool, ThePageIsTheProgramsOwn) {
@@ -91,12 +119,12 @@ TEST_F(Print_Tool, WhateverIsWrongIsOneLineAndLeavesNoFile) {
     const std::pair<QStringList, QString> cases[] = {
         {{}, u"Usage: mevo-print"_s},
         {{sample.Path()}, u"Usage: mevo-print"_s},
-        {{sample.Path(), u"class"_s, out, Pdf()}, u"neither individual nor batch"_s},
+        {{sample.Path(), u"class"_s, out, Pdf()}, u"none of individual, batch and each"_s},
         {{sample.Path(), u"individual"_s, code}, u"--out is missing"_s},
         {{sample.Path(), u"individual"_s, out, Pdf()}, u"No pupil's code"_s},
         {Individual({code, u"NOBODY"_s}), u"'NOBODY'"_s},
         {Individual({u""_s}), u"''"_s},
-        {Individual({code}, {u"--group"_s, u"Reception"_s}), u"--group belongs to a batch"_s},
+        {Individual({code}, {u"--group"_s, u"Reception"_s}), u"--group belongs to batch and each"_s},
         {Individual({code}, {u"--scale"_s, u"Q"_s}), u"--scale is P or Z"_s},
         {Individual({code}, {u"--ground"_s, u"BLACK"_s}), u"--ground is GREY or WHITE"_s},
         {Individual({code}, {u"--label"_s, u"both"_s}), u"--label is name or id"_s},
@@ -106,6 +134,9 @@ TEST_F(Print_Tool, WhateverIsWrongIsOneLineAndLeavesNoFile) {
         {Batch({u"--group"_s, u"Mrs O'Hara's class"_s}), u"can't be read"_s},
         {Batch({u"--group"_s, u""_s}), u"--group needs"_s},
         {{sample.Path(), u"batch"_s, code, out, Pdf()}, u"takes no codes"_s},
+        {{sample.Path(), u"each"_s, code, out, Pdf()}, u"takes no codes"_s},
+        {{sample.Path(), u"each"_s, u"--group"_s, u"Class 99"_s, out, Pdf()}, u"no group 'Class 99'"_s},
+        {{sample.Path(), u"each"_s, out, sample.Path() + u"/in"_s}, u"can't be made"_s},
         {{sample.Path(), u"batch"_s, out, sample.Folder() + u"/none/report.pdf"_s}, u"can't be written"_s},
         {{sample.Path(), u"batch"_s, out, sample.Folder()}, u"can't be written"_s},
         {{sample.Path(), u"batch"_s, out, sample.Path()}, u"over the database"_s},
@@ -134,6 +165,41 @@ TEST_F(Print_Tool, ASurnameWithADividerIsNamed) {
     Set(code, u"Surname = 'Thompson - Ellis'"_s);
     Print(Batch()).Expect_Refusal(u"mevo-print"_s, u"Thompson - Ellis"_s);
     EXPECT_EQ(Print(Individual({code})).status, 0); // one at a time they can be printed
+}
+
+// Each sheet is that of the pupil alone, whoever was scored before them; who can't be scored is named.
+TEST_F(Print_Tool, AFileForEachPupilOfAGroup) {
+    const QString spoilt = Code_Where(u"Tolvens = 1 AND Drell = 1"_s);
+    const QString hidden = Code_Where(u"Yoon = 1 AND StudentCode <> '%1'"_s.arg(spoilt));
+    sample.Run(
+        u"UPDATE Mevo_Pupils SET Group_Class = 'Oak' WHERE Yoon = 1 OR StudentCode = '%1'"_s.arg(spoilt));
+    sample.Run(u"INSERT INTO Mevo_Groups (Group_Name) VALUES ('Oak')"_s);
+    Set(spoilt, u"Level_11_holes_req = NULL"_s, u"Mevo_Tolvens_data"_s);
+    Set(hidden, u"Surname = 'Thompson - Ellis', Forename = 'A/B'"_s);
+    const QStringList before = Files();
+    const QDir folder(sample.Folder() + u"/new/each"_s);
+    const Outcome outcome =
+        Print({sample.Path(), u"each"_s, u"--group"_s, u"Oak"_s, u"--out"_s, folder.path()});
+    EXPECT_EQ(outcome.status, 1);
+    ASSERT_EQ(outcome.errors.size(), 1);
+    EXPECT_TRUE(outcome.errors[0].contains(u"Left out: "_s) && outcome.errors[0].contains(spoilt) &&
+                outcome.errors[0].contains(u"Invalid use of Null"_s));
+    EXPECT_EQ(Files(), before);
+    QStringList codes = sample.Column(
+        u"SELECT StudentCode FROM Mevo_Pupils WHERE Group_Class = 'Oak' AND StudentCode <> '%1' AND Tolvens + BliksFriends + Karrel + BliksLetters + BliksLetterNames + Drell + Mirvel + Yoon > 0"_s
+            .arg(spoilt));
+    EXPECT_EQ(folder.entryList(QDir::Files).size(), codes.size());
+    EXPECT_TRUE(folder.exists(hidden + u" Thompson - Ellis A_B.pdf"_s));
+    if (On_Windows) return; // no other program reads a PDF there
+    const auto picture = [](const QString& pdf) {
+        Told_By(u"pdftoppm"_s, {u"-r"_s, u"40"_s, u"-singlefile"_s, u"-png"_s, pdf, pdf});
+        return QImage(pdf + u".png"_s);
+    };
+    for (const QString& code : codes) {
+        EXPECT_EQ(Print(Individual({code})).status, 0);
+        const QString file = folder.entryList({code + u"*.pdf"_s}).value(0);
+        EXPECT_EQ(picture(folder.filePath(file)), picture(Pdf())) << file.toStdString();
+    }
 }
 
 // The program itself, where no window system is.

@@ -16,7 +16,9 @@ protected:
     QPlainTextEdit& Entry() { return Control<QPlainTextEdit>(dialog, u"Text1"_s); }
     Scripted_Platform outside;
     reports::Comment_In_Hand comment{u"Works\r\nwell"_s, 1};
-    Form11 dialog{outside.platform, comment.Pupil_Comment, comment.Comment_Changed};
+    Form11 dialog{outside.platform, comment.Pupil_Comment, comment.Comment_Changed, [](const QString& text) {
+                      return Comment_Lines{.used = static_cast<int>(text.size()), .room = 20, .paper = 30};
+                  }};
 };
 
 } // namespace
@@ -31,6 +33,22 @@ TEST_F(Comment_Dialog, UndoBringsTheCommentBackAndClearIsAChange) {
     Click(dialog, u"HotLabel1"_s);
     EXPECT_NE(comment.Comment_Changed, 0);
     EXPECT_EQ(comment.Pupil_Comment, u""_s);
+}
+
+TEST_F(Comment_Dialog, TheMarkFollowsWhatIsWrittenAndLimitsNothing) {
+    const std::tuple<int, int, QString> cases[] = {
+        {20, 20, u"On the report: 20 of 20 lines used"_s},
+        {30, 20, u"On the report: 30 of 20 lines used. It runs over the sheet's foot."_s},
+        {31, 20, u"On the report: 31 of 20 lines used. It runs over the foot and off the paper."_s}};
+    const auto& mark = Control<QProgressBar>(dialog, u"CommentPlace"_s);
+    EXPECT_EQ(mark.text(), u"On the report: 10 of 20 lines used"_s);
+    for (const auto& [length, value, told] : cases) {
+        Entry().setPlainText(QString(length, u'x'));
+        EXPECT_EQ(mark.text(), told);
+        EXPECT_EQ(mark.value(), value);
+    }
+    Click(dialog, u"HotLabel1"_s);
+    EXPECT_EQ(comment.Pupil_Comment.size(), 31);
 }
 
 TEST_F(Comment_Dialog, ReturnWritesALineAndStays) {

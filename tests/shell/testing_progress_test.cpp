@@ -1,6 +1,7 @@
 #include "shell/testing_progress.h"
 
 #include "foundation/schema.h"
+#include "platform/recorded_page.h"
 #include "support/page_fixture.h"
 
 #include <QHeaderView>
@@ -23,13 +24,14 @@ protected:
         sample.Run(u"INSERT INTO Mevo_Pupils ("_s + columns + u") VALUES ("_s + values + u')');
     }
     void Open() {
-        page = std::make_unique<Form14>(outside.platform, navigator, installation);
+        page = std::make_unique<Form14>(outside.platform, navigator, installation, ticks);
         Show_On_Screen(*page);
         page->Timer1_Timer();
     }
     grid::fpSpread& Grid() { return Control<grid::fpSpread>(*page, u"Spread1"_s); }
     QStringList Row(int row) { return Grid_Row(Grid(), row); }
 
+    Ticks ticks;
     std::unique_ptr<Form14> page;
 };
 
@@ -64,6 +66,63 @@ TEST_F(Testing_Progress, MarksEachTestByItsOwnStatus) {
     }
 }
 
+TEST_F(Testing_Progress, ListsAGroupOrThoseWhoHaveTestsLeftAndHandsThemOver) {
+    const QString all = foundation::Status_Columns().join(u", "_s);
+    Register(u"'A', 'Adams', 'Ann', 'oak'"_s, u"StudentCode, Surname, Forename, Group_Class"_s);
+    Register(u"'B', 'Bell', 'Bo', 'Oak', 1, 1, 1, 1, 1, 1, 1, 1, 2"_s,
+             u"StudentCode, Surname, Forename, Group_Class, "_s + all);
+    Register(u"'C', 'Cole', 'Cy', 'Ash''s', 1, 1, 1, 1, 1, 1, 1, 1, 0"_s,
+             u"StudentCode, Surname, Forename, Group_Class, "_s + all);
+    Register(u"'D', 'Dean', 'Di'"_s, u"StudentCode, Surname, Forename"_s);
+    Open();
+    auto& groups = Control<Click_Combo>(*page, u"GroupFilter"_s);
+    ASSERT_EQ(groups.count(), 3);
+    const std::tuple<int, bool, QString, QString, QString> cases[] = {
+        {0, false, u"ABCD"_s, u"4 individuals are registered"_s, u"All pupils"_s},
+        {1, false, u"C"_s, u"4 individuals are registered, 1 shown"_s, u"Ash's"_s},
+        {2, false, u"AB"_s, u"4 individuals are registered, 2 shown"_s, u"oak"_s},
+        {2, true, u"A"_s, u"4 individuals are registered, 1 shown"_s, u"oak"_s},
+        {0, true, u"ACD"_s, u"4 individuals are registered, 3 shown"_s, u"All pupils"_s}};
+    for (const auto& [group, unfinished, codes, count, title] : cases) {
+        SCOPED_TRACE(codes.toStdString());
+        Control<QCheckBox>(*page, u"UnfinishedOnly"_s).setChecked(unfinished);
+        groups.Set_ListIndex(group);
+        QString listed;
+        for (int row = 1; row <= Grid().rowCount(); ++row)
+            listed += Row(row)[0];
+        EXPECT_EQ(listed, codes);
+        EXPECT_EQ(Caption(*page, u"Label5"_s), count);
+        Click(*page, u"TickList"_s);
+        EXPECT_EQ(ticks.title, title);
+        EXPECT_EQ(ticks.rows.size(), codes.size());
+    }
+    EXPECT_EQ(ticks.rows.first().done.count(true), 0);
+    EXPECT_EQ(ticks.rows[1].done.count(true), 8);
+}
+
+TEST_F(Testing_Progress, TheTickListHasABoxForEachTestOfEachPupilOnAsManySheets) {
+    for (const int test : {1, 2, 3})
+        ticks.tests.append(u"Test %1"_s.arg(test));
+    for (int row = 1; row <= 65; ++row)
+        ticks.rows.append(
+            {u"Featherstonehaugh-Cholmondeley Maximilian %1"_s.arg(row), {true, false, row == 65}});
+    preview::ViewPro sheet;
+    Draw_Tick_List(ticks, installation, sheet);
+    ASSERT_EQ(sheet.PageCount(), 3);
+    int boxes = 0, tick_lines = 0;
+    for (int number = 1; number <= 3; ++number) {
+        const preview::Drawing& page = sheet.Page(number);
+        EXPECT_EQ(Lines_Of(page, u"Test 3"_s).size(), 1);
+        EXPECT_EQ(Overlaps(page), QStringList());
+        for (const auto& rectangle : All_Of<preview::Rectangle_Operation>(page))
+            boxes += rectangle.outline.has_value();
+        for (const auto& line : All_Of<preview::Line_Operation>(page))
+            tick_lines += line.pen.width == 60;
+    }
+    EXPECT_EQ(boxes, 65 * 3);
+    EXPECT_EQ(tick_lines, 2 * (65 + 1));
+}
+
 TEST_F(Testing_Progress, PrintsEvenNobodyAndTellsNoFailure) {
     Open();
     EXPECT_EQ(Grid().rowCount(), 0);
@@ -79,7 +138,7 @@ TEST_F(Testing_Progress, PrintsEvenNobodyAndTellsNoFailure) {
 
 TEST_F(Testing_Progress, FillsOnceThePageHasBeenSeen) {
     Register(u"'A', 'Adams', 'Ann', NULL"_s);
-    page = std::make_unique<Form14>(outside.platform, navigator, installation);
+    page = std::make_unique<Form14>(outside.platform, navigator, installation, ticks);
     page->Load();
     EXPECT_EQ(Grid().rowCount(), 0);
     EXPECT_TRUE(Wait_Until([this] { return Grid().rowCount() == 1; }));

@@ -122,6 +122,9 @@ class Scripted_File_Dialogs final : public desktop::File_Dialogs {
 public:
     QString Open_File(const desktop::File_Question& question) override { return Next(question); }
     QString Save_File(const desktop::File_Question& question) override { return Next(question); }
+    QString Choose_Folder(const QString& title, const QString& folder) override {
+        return Next({.title = title, .filter = {}, .folder = folder, .file_name = {}, .extension = {}});
+    }
     QStringList answers;
     QStringList refusals;                 // why an answer wasn't taken and the next one was given
     QStringList told;                     // of each file that was chosen, where the dialog tells

@@ -100,6 +100,32 @@ TEST(ScoreExport, FieldsAreQuotedWhereTheyMustBe) {
               u"plain,,\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\", 7\r\n"_s);
 }
 
+TEST(ScoreExport, NoSpreadsheetTakesATextForAFormula) {
+    const struct {
+        QString text, as_text, as_value, with_comma;
+    } cases[] = {
+        {u"=1+1"_s, u"'=1+1"_s, u"'=1+1"_s, u"'=1+1"_s},
+        {u"@SUM(A1)"_s, u"'@SUM(A1)"_s, u"'@SUM(A1)"_s, u"'@SUM(A1)"_s},
+        {u"\t=1"_s, u"'\t=1"_s, u"'\t=1"_s, u"'\t=1"_s},
+        {u"-1.2"_s, u"'-1.2"_s, u"-1.2"_s, u"-1,2"_s},
+        {u"+1"_s, u"'+1"_s, u"'+1"_s, u"'+1"_s},
+        {u"-1\n"_s, u"\"'-1\n\""_s, u"\"'-1\n\""_s, u"\"'-1\n\""_s},
+        {u"-2+3"_s, u"'-2+3"_s, u"'-2+3"_s, u"'-2+3"_s},
+        {u"12.50"_s, u"12.50"_s, u"12.50"_s, u"12,50"_s},
+        {u"a.b"_s, u"a.b"_s, u"a.b"_s, u"a.b"_s},
+        {u"a,b"_s, u"\"a,b\""_s, u"\"a,b\""_s, u"a,b"_s},
+        {u"a;b"_s, u"a;b"_s, u"a;b"_s, u"\"a;b\""_s},
+        {u"=\"x\""_s, u"\"'=\"\"x\"\"\""_s, u"\"'=\"\"x\"\"\""_s, u"\"'=\"\"x\"\"\""_s},
+        {u""_s, u""_s, u""_s, u""_s},
+    };
+    using basics::Decimal_Mark;
+    for (const auto& [text, as_text, as_value, with_comma] : cases) {
+        EXPECT_EQ(basics::Spreadsheet_Line({text, text}, 1, Decimal_Mark::Point),
+                  as_text + u',' + as_value + u"\r\n"_s);
+        EXPECT_EQ(basics::Spreadsheet_Line({text}, 0, Decimal_Mark::Comma), with_comma + u"\r\n"_s);
+    }
+}
+
 TEST(ScoreExport, FailsInOneLineAndWritesNothing) {
     const Sample_File sample;
     const Sample_File no_norms;

@@ -80,6 +80,7 @@ class No_File_Dialogs final : public desktop::File_Dialogs {
 public:
     QString Open_File(const desktop::File_Question&) override { return {}; }
     QString Save_File(const desktop::File_Question&) override { return {}; }
+    QString Choose_Folder(const QString&, const QString&) override { return {}; }
 };
 
 class No_Input_Box final : public desktop::Input_Box {

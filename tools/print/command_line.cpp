@@ -3,7 +3,6 @@
 #include "console/console_platform.h"
 #include "console/error_line.h"
 #include "platform/basics/run_time_error.h"
-#include "platform/desktop/qt_printers.h"
 #include "print/printed_reports.h"
 
 using namespace Qt::StringLiterals;
@@ -13,12 +12,16 @@ namespace paper_output {
 namespace {
 
 constexpr int Done = 0;
+constexpr int Some_Left_Out = 1;
 constexpr int Failed = 2;
 const QString Program = u"mevo-print"_s;
 
-void Carry_Out(const Print_Request& request, QTextStream& errors) {
+int Carry_Out(const Print_Request& request, QTextStream& errors) {
     console::Console_Platform platform(Program, errors);
-    desktop::Write_Pdf(Printed_Report(request, platform.Ports()), request.out);
+    const QStringList left_out = Print_Reports(request, platform.Ports());
+    for (const QString& pupil : left_out)
+        console::Write_Error_Line(Program, u"Left out: "_s + pupil, errors);
+    return left_out.isEmpty() ? Done : Some_Left_Out;
 }
 
 int Fail(const QString& line, QTextStream& errors) {
@@ -31,10 +34,8 @@ int Fail(const QString& line, QTextStream& errors) {
 int Run_Command(const QStringList& arguments, QTextStream& output, QTextStream& errors) {
     try {
         QString help;
-        if (const auto request = Read_Arguments(arguments, help))
-            Carry_Out(*request, errors);
-        else
-            output << help << Qt::flush;
+        if (const auto request = Read_Arguments(arguments, help)) return Carry_Out(*request, errors);
+        output << help << Qt::flush;
         return Done;
     } catch (const console::Program_Ended&) {
         return Failed; // the box that was shown has told why

@@ -5,7 +5,8 @@
 
 namespace paper_output {
 
-// The whole program: arguments[0] is its name. Gives the exit status; the PDF is written whole or not at all.
+// The whole program: arguments[0] is its name. Gives the exit status; each PDF is written whole or not at
+// all.
 int Run_Command(const QStringList& arguments, QTextStream& output, QTextStream& errors);
 
 } // namespace paper_output

@@ -11,7 +11,7 @@ namespace {
 
 const QString Usage =
     u"Usage: mevo-print DATABASE individual CODE... --out FILE.pdf, or mevo-print DATABASE batch "
-    "[--group NAME] --out FILE.pdf"_s;
+    "[--group NAME] --out FILE.pdf, or mevo-print DATABASE each [--group NAME] --out FOLDER"_s;
 
 // An option that takes one of two words, the first if it isn't given.
 QString One_Of(const QCommandLineParser& parser, const QString& option, const QString& usual,
@@ -26,7 +26,8 @@ QString One_Of(const QCommandLineParser& parser, const QString& option, const QS
 Report_Kind Kind_Named(const QString& word) {
     if (word == "individual"_L1) return Report_Kind::Individual;
     if (word == "batch"_L1) return Report_Kind::Batch;
-    throw Print_Fault(u"'"_s + word + u"' is neither individual nor batch. "_s + Usage);
+    if (word == "each"_L1) return Report_Kind::Each;
+    throw Print_Fault(u"'"_s + word + u"' is none of individual, batch and each. "_s + Usage);
 }
 
 bool Is_Same_File(const QString& one, const QString& other) {
@@ -40,12 +41,12 @@ void Check(const Print_Request& request) {
     if (request.out.isEmpty()) throw Print_Fault(u"--out is missing. "_s + Usage);
     if (Is_Same_File(request.out, request.database))
         throw Print_Fault(u"The report can't be written over the database."_s);
-    if (request.kind == Report_Kind::Batch) {
-        if (!request.codes.isEmpty()) throw Print_Fault(u"A batch takes no codes. "_s + Usage);
+    if (request.kind != Report_Kind::Individual) {
+        if (!request.codes.isEmpty()) throw Print_Fault(u"A group takes no codes. "_s + Usage);
         return;
     }
     if (request.codes.isEmpty()) throw Print_Fault(u"No pupil's code is given. "_s + Usage);
-    if (!request.group.isEmpty()) throw Print_Fault(u"--group belongs to a batch. "_s + Usage);
+    if (!request.group.isEmpty()) throw Print_Fault(u"--group belongs to batch and each. "_s + Usage);
 }
 
 Print_Request Request_From(const QCommandLineParser& parser) {
@@ -73,14 +74,16 @@ Print_Request Request_From(const QCommandLineParser& parser) {
 std::optional<Print_Request> Read_Arguments(const QStringList& arguments, QString& help) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        u"Prints individual reports, or a batch of miniature profiles, to a PDF file."_s);
+        u"Prints individual reports, or a batch of miniature profiles, to PDF files. Ends with status 0; "
+        "with 1 if pupils of a group were left out, which are named; and with 2 if nothing could be done."_s);
     parser.addPositionalArgument(u"DATABASE"_s, u"The database file."_s);
-    parser.addPositionalArgument(u"KIND"_s, u"individual or batch"_s);
+    parser.addPositionalArgument(u"KIND"_s,
+                                 u"individual; batch; or each, a file for each pupil of a group"_s);
     parser.addPositionalArgument(u"CODE"_s, u"The User ID of each pupil, for individual reports."_s,
                                  u"[CODE...]"_s);
     parser.addOptions({
-        {u"out"_s, u"The PDF to write."_s, u"FILE.pdf"_s},
-        {u"group"_s, u"The group that a batch shows; all pupils if it isn't given."_s, u"NAME"_s},
+        {u"out"_s, u"The PDF to write; of each, the folder for them, which is made if need be."_s, u"FILE"_s},
+        {u"group"_s, u"The group of a batch or of each; all pupils if it isn't given."_s, u"NAME"_s},
         {u"scale"_s, u"Centiles, which is usual, or z-scores."_s, u"P|Z"_s},
         {u"ground"_s, u"Grey bands, which is usual, or a white chart."_s, u"GREY|WHITE"_s},
         {u"time-bars"_s, u"Shows the time scores as well."_s},

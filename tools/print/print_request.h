@@ -14,17 +14,17 @@ public:
     QString Line() const { return QString::fromUtf8(what()); }
 };
 
-enum class Report_Kind { Individual, Batch };
+enum class Report_Kind { Individual, Batch, Each };
 
 // What the command line asks for.
 struct Print_Request {
     QString database;
     Report_Kind kind = Report_Kind::Individual;
     QStringList codes; // of an individual report, one page each
-    QString group;     // of a batch; empty for all
-    QString out;
-    QString scale;  // "P": centiles, "Z": z-scores
-    QString ground; // "GREY" or "WHITE"
+    QString group;     // of a batch or of each; empty for all
+    QString out;       // a file, or the folder for a file each
+    QString scale;     // "P": centiles, "Z": z-scores
+    QString ground;    // "GREY" or "WHITE"
     bool time_bars = false;
     bool keep_to_margins = false;
     bool label_by_name = true; // of a batch's pupils

@@ -2,12 +2,13 @@
 
 #include "foundation/start_up.h"
 #include "platform/basics/run_time_error.h"
+#include "platform/desktop/qt_printers.h"
 #include "printing/batch_list.h"
 #include "printing/batch_sheets.h"
-#include "printing/individual_sheet.h"
-#include "reports/state/pupil_comment.h"
+#include "printing/full_reports.h"
 #include "scoring/norm_check.h"
-#include "scoring/score_all_tests.h"
+
+#include <QDir>
 
 #include <vector>
 
@@ -16,8 +17,6 @@ using namespace Qt::StringLiterals;
 namespace paper_output {
 
 namespace {
-
-using desktop::Printed_Document;
 
 // Runs a step; its run-time error becomes a line that says what it was about.
 template<class Step>
@@ -34,13 +33,12 @@ class Office {
 public:
     Office(const Print_Request& request, desktop::Platform& platform);
 
-    Printed_Document Individual_Reports(const QStringList& codes);
-    Printed_Document Batch_Report(const QString& group, printing::Pupil_Label label);
+    void Print_Individual_Reports(const QStringList& codes, const QString& file);
+    void Print_Batch(const QString& group, printing::Pupil_Label label, const QString& file);
+    QStringList Print_Each(const QString& group, const QString& folder); // gives who was left out
 
 private:
     int Place_Of(const QString& code) const;
-    void Choose_Pupil(int p);
-    Printed_Document Individual_Report(int p);
     void Require_Group(const QString& group) const;
     QStringList Entries_Of(const QString& group) const;
     QList<qint16> Found_Places(const QStringList& entries) const;
@@ -54,6 +52,8 @@ private:
     scoring::Scoring scoring;
     reports::Report_State state;
     bool keep_to_margins;
+    printing::Full_Reports full_reports{
+        {installation, data.pupils, data.norms, state}, keep_to_margins, platform};
 };
 
 Office::Office(const Print_Request& request, desktop::Platform& platform)
@@ -79,50 +79,15 @@ int Office::Place_Of(const QString& code) const {
     throw Print_Fault(u"There is no pupil with the code '"_s + code + u"' who has results."_s);
 }
 
-void Office::Choose_Pupil(int p) {
-    const scoring::Pupil_Lists& pupils = data.pupils;
-    state.Current_Pupil = static_cast<qint16>(p);
-    state.Current_Student_Code = pupils.Student_Code[p];
-    state.Pupil_Name = pupils.Pupil_Name_List[p];
-    state.Pupil_DOB = pupils.Pupil_DOB_List[p];
-    const auto wanted =
-        state.Show_Time_Bars ? scoring::Passes_Wanted::Raw_And_Time : scoring::Passes_Wanted::Raw;
-    scoring::Score_Chosen_Pupil(p, wanted, {}, scoring, state.summary);
-    scoring::Fill_SummaryTable_With_Scores(p, pupils, data.scores, state.summary);
-    scoring::Fill_SummaryTable_With_Ages(p, pupils, state.summary);
-    reports::Load_Comment(p, pupils, installation, page_holder, state.comment);
-}
-
-Printed_Document Office::Individual_Report(int p) {
-    Choose_Pupil(p);
-    preview::ViewPro sheet;
-    sheet.Keep_To_Margins = keep_to_margins;
-    printing::Individual_Sheet report(sheet, {installation, state, data.scores}, platform);
-    report.Report_Setup();
-    report.Build_Report({});
-    return sheet.Document({}, 1, sheet.PageCount());
-}
-
-Printed_Document Office::Individual_Reports(const QStringList& codes) {
+void Office::Print_Individual_Reports(const QStringList& codes, const QString& file) {
     std::vector<int> places; // all of them are looked up before the first is scored
     for (const QString& code : codes)
         places.push_back(Place_Of(code));
-    std::vector<Printed_Document> sheets;
+    std::vector<printing::Scored_Pupil> pupils;
     for (const int p : places)
-        sheets.push_back(
-            Naming(u"Pupil "_s + data.pupils.Student_Code[p], [&] { return Individual_Report(p); }));
-    Printed_Document all = sheets.front(); // a report is one sheet
-    all.name = u"Mevo individual reports"_s;
-    if (sheets.size() > 1) all.title.clear();
-    all.pages = static_cast<int>(sheets.size());
-    all.bookmarks.clear();
-    for (const Printed_Document& sheet : sheets)
-        for (const desktop::Bookmark& bookmark : sheet.bookmarks)
-            all.bookmarks.push_back({bookmark.title, static_cast<int>(&sheet - sheets.data()) + 1});
-    all.paint = [sheets = std::move(sheets)](QPainter& painter, int page) {
-        sheets[static_cast<std::size_t>(page - 1)].paint(painter, 1);
-    };
-    return all;
+        pupils.push_back(
+            Naming(u"Pupil "_s + data.pupils.Student_Code[p], [&] { return full_reports.Score(p); }));
+    desktop::Write_Pdf(full_reports.Document(u"Mevo individual reports"_s, std::move(pupils)), file);
 }
 
 void Office::Require_Group(const QString& group) const {
@@ -164,7 +129,7 @@ void Office::Score_All(scoring::Cohort_Tables& cohort) {
     }
 }
 
-Printed_Document Office::Batch_Report(const QString& group, printing::Pupil_Label label) {
+void Office::Print_Batch(const QString& group, printing::Pupil_Label label, const QString& file) {
     Require_Group(group);
     const QList<qint16> places = Found_Places(Entries_Of(group));
     scoring::Cohort_Tables cohort;
@@ -175,16 +140,37 @@ Printed_Document Office::Batch_Report(const QString& group, printing::Pupil_Labe
     printing::Batch_Sheets report(sheets, {installation, state, data.pupils, cohort}, platform);
     report.Report_Setup();
     report.Build_Batch(static_cast<int>(places.size()), {state.Chart_Background, label, group});
-    return sheets.Document(u"Mevo batch report"_s, 1, sheets.PageCount());
+    desktop::Write_Pdf(sheets.Document(u"Mevo batch report"_s, 1, sheets.PageCount()), file);
+}
+
+QStringList Office::Print_Each(const QString& group, const QString& folder) {
+    Require_Group(group);
+    const auto [places, lost] = printing::Find_By_Code(Entries_Of(group), data.pupils);
+    if (!QDir(folder).mkpath(u"."_s)) throw Print_Fault(u"The folder '"_s + folder + u"' can't be made."_s);
+    printing::Full_Reports_Made made;
+    full_reports.Write_A_File_Each(
+        places, folder, [](const QString&) { return true; }, made);
+    return made.left_out + lost;
 }
 
 } // namespace
 
-Printed_Document Printed_Report(const Print_Request& request, desktop::Platform& platform) {
+QStringList Print_Reports(const Print_Request& request, desktop::Platform& platform) {
     Office office(request, platform);
-    if (request.kind == Report_Kind::Individual) return office.Individual_Reports(request.codes);
-    const auto label = request.label_by_name ? printing::Pupil_Label::Name : printing::Pupil_Label::User_ID;
-    return office.Batch_Report(request.group.isEmpty() ? printing::All_Groups() : request.group, label);
+    const QString group = request.group.isEmpty() ? printing::All_Groups() : request.group;
+    switch (request.kind) {
+    case Report_Kind::Individual:
+        office.Print_Individual_Reports(request.codes, request.out);
+        return {};
+    case Report_Kind::Batch:
+        office.Print_Batch(
+            group, request.label_by_name ? printing::Pupil_Label::Name : printing::Pupil_Label::User_ID,
+            request.out);
+        return {};
+    case Report_Kind::Each:
+        return office.Print_Each(group, request.out);
+    }
+    return {};
 }
 
 } // namespace paper_output

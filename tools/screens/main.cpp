@@ -83,6 +83,7 @@ public:
         return question.title == "Open a list of pupils"_L1 ? school_list : class_list;
     }
     QString Save_File(const desktop::File_Question&) override { return {}; }
+    QString Choose_Folder(const QString&, const QString&) override { return {}; }
 
 private:
     QString class_list;
@@ -150,6 +151,7 @@ public:
         pictures.Take(window, u"reports_summary"_s);
         Click(u"HotLabel5"_s);
         Click(u"HotLabel3"_s);
+        Click(u"SaveScores"_s);
         Over_The_Page(u"EarlierResults"_s, u"Earlier_Page"_s, {}, u"Form30"_s);
         for (const auto& [entry, form] : Previews) {
             Click(entry);
@@ -174,10 +176,13 @@ private:
         Wait_For(form);
         if (!visit.pointed_at.isEmpty()) Point_At(visit.pointed_at);
         pictures.Take(window, form);
+        if (form == "Form15"_L1) Over_The_Page(u"AllData"_s, u"Whole_Data_Page"_s, u"HotLabel5"_s, form);
         for (const QString& clicked : visit.clicks)
             Click(clicked);
         if (form == "Form20"_L1) Through_The_Norms();
         if (form == "Form20"_L1) Over_The_Page(u"ChangesEntry"_s, u"Changes_Page"_s, u"HotLabel5"_s, form);
+        if (form == "Form14"_L1) Preview(u"TickList"_s, u"Tick_List"_s, form, {});
+        if (form == "Form2"_L1) Preview(u"LoginCards"_s, u"Login_Cards"_s, form, u"ClassList"_s);
         if (form == "Form42"_L1) Name_A_Schools_Folder();
         if (!visit.clicks.isEmpty()) pictures.Take(window, form + u"_in_use"_s);
         if (form == "Form42"_L1) Prepare_A_List();
@@ -204,6 +209,19 @@ private:
         if (!click.isEmpty()) {
             Click(click);
             pictures.Take(window, form + u"_in_use"_s);
+        }
+        Click(u"HotLabel1"_s);
+        Wait_For(beneath);
+    }
+
+    void Preview(const QString& entry, const QString& form, const QString& beneath, const QString& click) {
+        Click(entry);
+        Wait_For(form);
+        pictures.Take(window, form);
+        Enlarge_And_Copy(form);
+        if (!click.isEmpty()) {
+            Click(click);
+            Enlarge_And_Copy(form + u'_' + click);
         }
         Click(u"HotLabel1"_s);
         Wait_For(beneath);
@@ -263,12 +281,17 @@ private:
         Click(u"HotLabel7"_s);
         Click(u"HotLabel9"_s);
         pictures.Take(window, u"Form92_batch"_s);
+        Click(u"FullReports"_s);
+        static_cast<QLineEdit&>(Control(u"FindName"_s)).setText(u"o"_s);
+        pictures.Take(window, u"Form92_found"_s);
     }
 
     // The sheet comes by way of the clipboard, as a word processor would get it.
     void Enlarge_And_Copy(const QString& form) {
         Click(u"HotLabel5"_s);
         pictures.Take(window, form + u"_enlarged"_s);
+        Click(u"FitWidth"_s);
+        pictures.Take(window, form + u"_fitted"_s);
         Click(u"HotLabel3"_s);
         pictures.Keep(Picture_On_The_Clipboard(), form + u"_sheet"_s);
     }

@@ -8,27 +8,42 @@ namespace basics {
 
 constexpr int Two_Digit_Year_Pivot = 30;
 
-static int Full_Year(const QString& year) {
-    const int number = year.toInt();
-    if (year.size() > 2) return number;
+static int Full_Year(int number, qsizetype digits) {
+    if (digits > 2) return number;
     return number < Two_Digit_Year_Pivot ? 2000 + number : 1900 + number;
 }
 
-// Nearly all dates stand as dd/mm/yyyy, and a page that lists a school reads ten of them a pupil.
-static QDate Usual_Date(const QString& text) {
-    constexpr QStringView form = u"00/00/0000";
+static int Full_Year(const QString& year) {
+    return Full_Year(year.toInt(), year.size());
+}
+
+// Null where the text isn't of that form, whose letters stand for the digits of day, month and year.
+static QDate Date_Of_Form(QStringView text, QStringView form) {
     if (text.size() != form.size()) return {};
+    int day = 0, month = 0, year = 0;
     for (qsizetype i = 0; i < form.size(); ++i) {
+        int* const number = form[i] == u'd'   ? &day
+                            : form[i] == u'm' ? &month
+                            : form[i] == u'y' ? &year
+                                              : nullptr;
         const bool is_digit = text[i] >= u'0' && text[i] <= u'9';
-        if (form[i] == u'0' ? !is_digit : text[i] != form[i]) return {};
+        if (number ? !is_digit : text[i] != form[i]) return {};
+        if (number) *number = *number * 10 + (text[i].unicode() - u'0');
     }
-    const auto number = [&text](qsizetype at, qsizetype digits) {
-        int sum = 0;
-        for (qsizetype i = at; i < at + digits; ++i)
-            sum = sum * 10 + (text[i].unicode() - u'0');
-        return sum;
-    };
-    return {number(6, 4), number(3, 2), number(0, 2)};
+    return {Full_Year(year, form.count(u'y')), month, day};
+}
+
+constexpr QStringView Usual_Form = u"dd/mm/yyyy";
+
+bool Is_Date_Text(QStringView text) {
+    return Date_Of_Form(text, Usual_Form).isValid();
+}
+
+// Nearly all dates stand so, and a page that lists a school reads ten of them a pupil.
+static QDate Usual_Date(QStringView text) {
+    for (const QStringView form : {Usual_Form, QStringView(u"dd/mm/yy"), QStringView(u"yyyy-mm-dd")})
+        if (const QDate date = Date_Of_Form(text, form); date.isValid()) return date;
+    return {};
 }
 
 std::optional<QDateTime> Stored_Date(const QString& text) {
@@ -62,9 +77,11 @@ QString Day_Text(QDate date) {
         for (int at = last; at >= first; number /= 10, --at)
             characters[at] = QChar(u'0' + number % 10);
     };
-    put(date.day(), 0, 1);
-    put(date.month(), 3, 4);
-    put(date.year(), 6, 9);
+    int year = 0, month = 0, day = 0;
+    date.getDate(&year, &month, &day);
+    put(day, 0, 1);
+    put(month, 3, 4);
+    put(year, 6, 9);
     characters[2] = characters[5] = u'/';
     return text;
 }

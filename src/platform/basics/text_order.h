@@ -10,4 +10,7 @@ namespace basics {
 // aren't count as U+FFFD.
 int Compare_Names(std::string_view left, std::string_view right);
 
+// Whether the part stands in the text, whatever the case and the accents of either: "zizek" in "Luka Žižek".
+bool Stands_In(std::string_view part, std::string_view text);
+
 } // namespace basics

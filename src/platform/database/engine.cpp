@@ -186,7 +186,22 @@ std::shared_ptr<Prepared_Statement> Engine::Prepared(const QString& sql, const Q
     if (statement.Is_Empty()) Raise_Engine_Error(errors::Syntax, u"Invalid SQL statement."_s);
     auto shape = std::make_shared<const Row_Shape>(statement.Get());
     return std::make_shared<Prepared_Statement>(
-        Prepared_Statement{std::move(statement), std::move(shape), table, {}});
+        Prepared_Statement{std::move(statement), std::move(shape), table, {}, {}});
+}
+
+// The engine sorts rows together with all of their columns, each packed and unpacked on the way. Only what it
+// would refuse, or sort by something that isn't a column, is left to it.
+std::shared_ptr<Prepared_Statement> Engine::Prepared(const Translated_Statement& translated,
+                                                     bool to_be_written) const {
+    const bool with_identity = to_be_written && !translated.table.isEmpty();
+    const QString& sql = with_identity ? translated.with_row_identity : translated.sql;
+    const QString table = with_identity ? translated.table : QString();
+    if (translated.sorted_by.isEmpty()) return Prepared(sql, table);
+    auto unsorted = Prepared(sql.chopped(translated.order.size()), table);
+    for (const QString& name : translated.sorted_by)
+        if (!unsorted->shape->columns.contains(name)) return Prepared(sql, table);
+    unsorted->sorted_by = translated.sorted_by;
+    return unsorted;
 }
 
 // No statement begins with such a character, so those of the engine's own dialect have keys of their own too.
@@ -199,12 +214,7 @@ Statement_Result Engine::Run_Jet(const QString& jet, bool to_be_written) {
     since.start();
     const Lifted_Statement lifted = Lift_Texts(jet);
     const QString key = Kind_Of_Use(to_be_written, lifted.is_lifted) + lifted.shape;
-    const auto prepared = Known_Or(key, [&] {
-        const Translated_Statement translated = Translate_Jet(lifted);
-        const bool with_identity = to_be_written && !translated.table.isEmpty();
-        return Prepared(with_identity ? translated.with_row_identity : translated.sql,
-                        with_identity ? translated.table : QString());
-    });
+    const auto prepared = Known_Or(key, [&] { return Prepared(Translate_Jet(lifted), to_be_written); });
     return Run(*prepared, lifted.texts);
 }
 
@@ -261,6 +271,14 @@ static Row_Store& Room_For_Rows(Prepared_Statement& prepared) {
     return *prepared.rows;
 }
 
+static std::vector<int> Columns_Of(const QStringList& names, const Row_Shape& shape) {
+    std::vector<int> columns;
+    for (const QString& name : names)
+        if (const auto found = shape.columns.find(name); found != shape.columns.end())
+            columns.push_back(found->second);
+    return columns;
+}
+
 Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Value>& values) {
     Engine_Statement& statement = prepared.statement;
     const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
@@ -286,6 +304,7 @@ Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Val
         Row_Store& rows = Room_For_Rows(prepared);
         for (; is_row; is_row = statement.Step())
             rows.Take_Row(statement.Get(), columns);
+        rows.Sort_By(Columns_Of(prepared.sorted_by, *result.shape));
         result.rows = prepared.rows;
     }
     if (columns == 0) result.affected = engine->Changed_Rows();

@@ -3,6 +3,7 @@
 #include "platform/database/busy_waiting.h"
 #include "platform/database/engine_files.h"
 #include "platform/database/engine_handle.h"
+#include "platform/database/jet_sql.h"
 #include "platform/database/row_store.h"
 
 #include <QElapsedTimer>
@@ -19,6 +20,7 @@ struct Prepared_Statement {
     Engine_Statement statement;
     std::shared_ptr<const Row_Shape> shape; // the identity, where there is one, is the first column
     QString table;                          // what a recordset of it writes to; empty if it can't
+    QStringList sorted_by;                  // the columns by which its rows are sorted once they are read
     std::shared_ptr<Row_Store> rows; // those it gave last; their room is used again once nobody reads them
 };
 
@@ -62,6 +64,8 @@ private:
     template<class Prepare>
     std::shared_ptr<Prepared_Statement> Known_Or(const QString& key, const Prepare& prepare);
     std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
+    std::shared_ptr<Prepared_Statement> Prepared(const Translated_Statement& translated,
+                                                 bool to_be_written) const;
     Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);
     void Share_Lock();
     void Open(int timeout_seconds);

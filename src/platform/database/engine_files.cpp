@@ -1,9 +1,10 @@
 #include "platform/database/engine_files.h"
 
+#include <QHash>
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <new>
+#include <utility>
 #include <vector>
 
 namespace database {
@@ -114,13 +115,13 @@ struct Calls {
     }
 };
 
-constexpr sqlite3_int64 Shortest_Piece = 16 * 1024;
-constexpr sqlite3_int64 Longest_Piece = 64 * 1024;
-constexpr sqlite3_int64 Most_In_Pieces = 4 * 1024 * 1024;
+constexpr sqlite3_int64 Piece_Size = 64 * 1024; // as much as a share gives in one answer; no page is larger
+constexpr int Most_Pieces = 64;
 constexpr int Smallest_Page = 512;
 
-// Bytes of the file, good as long as its version is the one that was in force when they were read. The engine
-// trusts its own pages by that too, and asks for the version at each lock.
+// Pieces of the file, good as long as its version is the one that was in force when they were read. The
+// engine trusts its own pages by that too, and asks for the version at each lock. What the engine writes is
+// good from its commit on.
 class Pieces {
 public:
     static constexpr int Version_Place = 24;
@@ -131,35 +132,40 @@ public:
         version = QByteArray(read, Version_Size);
         are_good = true;
     }
-    void Lock_Is_Gone() { are_good = false; }
+    void Lock_Is_Gone() {
+        if (std::exchange(is_uncommitted, false)) pieces.clear();
+        are_good = false;
+    }
     bool Are_Good() const { return are_good; }
 
-    const char* Find(sqlite3_int64 place, int count) const {
-        for (const Piece& piece : pieces)
-            if (are_good && place >= piece.at && place + count <= piece.at + piece.bytes.size())
-                return piece.bytes.constData() + (place - piece.at);
-        return nullptr;
+    const char* Find(sqlite3_int64 place, int count) {
+        const auto piece = pieces.constFind(place / Piece_Size);
+        if (!are_good || piece == pieces.cend()) return nullptr;
+        const sqlite3_int64 offset = place % Piece_Size;
+        return offset + count <= piece->size() ? piece->constData() + offset : nullptr;
     }
-    void Keep(sqlite3_int64 place, QByteArray bytes) {
-        if (std::ssize(pieces) * Longest_Piece >= Most_In_Pieces) pieces.clear();
-        pieces.push_back({place, std::move(bytes)});
+    void Keep(sqlite3_int64 place, const QByteArray& bytes) {
+        if (pieces.size() >= Most_Pieces) pieces.clear();
+        pieces.insert(place / Piece_Size, bytes);
     }
     void Write(sqlite3_int64 place, const char* bytes, int count) {
-        std::erase_if(pieces, [&](const Piece& piece) {
-            return place < piece.at + piece.bytes.size() && piece.at < place + count;
-        });
+        is_uncommitted = true;
+        const auto piece = pieces.find(place / Piece_Size);
+        const sqlite3_int64 offset = place % Piece_Size;
+        if (piece != pieces.end() && offset <= piece->size() && offset + count <= Piece_Size)
+            piece->replace(offset, count, QByteArrayView(bytes, count));
+        else if (piece != pieces.end())
+            pieces.erase(piece);
         if (place == 0 && count >= Smallest_Page) version = QByteArray(bytes + Version_Place, Version_Size);
     }
+    void Is_Committed() { is_uncommitted = false; }
     void Forget() { pieces.clear(); }
 
 private:
-    struct Piece {
-        sqlite3_int64 at;
-        QByteArray bytes;
-    };
-    std::vector<Piece> pieces;
+    QHash<sqlite3_int64, QByteArray> pieces; // by their number
     QByteArray version;
     bool are_good = false;
+    bool is_uncommitted = false;
 };
 
 class Main_File {
@@ -186,7 +192,6 @@ public:
         if (count < Smallest_Page) return Read_Head(system, into, count, place);
         if (!Fetched(system, into, count, place))
             if (const int result = system->pMethods->xRead(system, into, count, place)) return result;
-        expected = place + count;
         if (place == 0) pieces.Take_Version(into + Pieces::Version_Place);
         return SQLITE_OK;
     }
@@ -206,6 +211,7 @@ public:
     }
     int Size(sqlite3_file* system, sqlite3_int64* size) { return system->pMethods->xFileSize(system, size); }
     int Control(sqlite3_file* system, int operation, void* argument) {
+        if (operation == SQLITE_FCNTL_COMMIT_PHASETWO) pieces.Is_Committed();
         if (operation == SQLITE_FCNTL_HAS_MOVED) return owner.Has_Moved(system, static_cast<int*>(argument));
         return system->pMethods->xFileControl(system, operation, argument);
     }
@@ -225,33 +231,27 @@ private:
         return SQLITE_OK;
     }
 
-    // Pages that follow each other come in ever longer pieces.
     bool Fetched(sqlite3_file* system, char* into, int count, sqlite3_int64 place) {
         if (!pieces.Are_Good() || owner.Has_Log()) return false;
         const char* found = pieces.Find(place, count);
-        if (!found) {
-            length = place == expected ? std::min(2 * length, Longest_Piece) : Shortest_Piece;
-            if (!Read_Ahead(system, place)) return false;
-            found = pieces.Find(place, count);
-        }
+        if (!found && Read_Piece(system, place)) found = pieces.Find(place, count);
         if (found) std::memcpy(into, found, static_cast<std::size_t>(count));
         return found;
     }
-    bool Read_Ahead(sqlite3_file* system, sqlite3_int64 place) {
+    bool Read_Piece(sqlite3_file* system, sqlite3_int64 place) {
+        const sqlite3_int64 begin = place - place % Piece_Size;
         sqlite3_int64 size = 0;
         if (system->pMethods->xFileSize(system, &size) != SQLITE_OK || size <= place) return false;
-        QByteArray bytes(std::min(length, size - place), Qt::Uninitialized);
+        QByteArray bytes(std::min(Piece_Size, size - begin), Qt::Uninitialized);
         const int count = static_cast<int>(bytes.size());
-        if (system->pMethods->xRead(system, bytes.data(), count, place) != SQLITE_OK) return false;
-        pieces.Keep(place, std::move(bytes));
+        if (system->pMethods->xRead(system, bytes.data(), count, begin) != SQLITE_OK) return false;
+        pieces.Keep(begin, bytes);
         return true;
     }
 
     Engine_Files& owner;
     Pieces pieces;
-    QByteArray head;             // between its two readings
-    sqlite3_int64 expected = -1; // where the next page begins, if pages are read one behind the other
-    sqlite3_int64 length = Shortest_Piece;
+    QByteArray head; // between its two readings
     bool downgrade_is_due = false;
 };
 
@@ -260,12 +260,16 @@ class Journal {
 public:
     explicit Journal(Engine_Files& owner) : owner(owner) {}
 
+    // The system's own call takes less than 128 kB at once, and takes more for a full disk.
     int Settle(sqlite3_file* system) {
-        if (waiting.isEmpty()) return SQLITE_OK;
-        const int result =
-            system->pMethods->xWrite(system, waiting.constData(), static_cast<int>(waiting.size()), at);
-        if (result == SQLITE_OK) waiting.clear();
-        return result;
+        for (sqlite3_int64 done = 0; done < waiting.size(); done += Piece_Size) {
+            const int count = static_cast<int>(std::min(Piece_Size, waiting.size() - done));
+            if (const int result =
+                    system->pMethods->xWrite(system, waiting.constData() + done, count, at + done))
+                return result;
+        }
+        waiting.clear();
+        return SQLITE_OK;
     }
 
     int Write(sqlite3_file* system, const char* bytes, int count, sqlite3_int64 place) {

@@ -235,6 +235,24 @@ std::optional<QString> Only_Table(const Tokens& tokens) {
     return named && !more ? std::optional(table.text) : std::nullopt;
 }
 
+// The columns that `SELECT * FROM table ... ORDER BY column, column` names behind its `by`; none where it is
+// anything more than that.
+QStringList Columns_Behind(const Tokens& tokens, qsizetype by) {
+    QStringList columns;
+    for (qsizetype at = by + 1; at < tokens.size(); at += 2) {
+        const bool goes_on = at + 1 < tokens.size();
+        if (tokens[at].kind != Token::Kind::Word || (goes_on && !tokens[at + 1].Is(","_L1))) return {};
+        columns.append(tokens[at].text);
+    }
+    return tokens[1].Is("*"_L1) && tokens[2].Is("FROM"_L1) ? columns : QStringList();
+}
+
+QStringList Columns_Sorted_By(const Tokens& tokens) {
+    for (qsizetype at = 4; at + 2 < tokens.size(); ++at)
+        if (tokens[at].Is("ORDER"_L1) && tokens[at + 1].Is("BY"_L1)) return Columns_Behind(tokens, at + 1);
+    return {};
+}
+
 QString Joined(const Tokens& tokens) {
     QStringList texts;
     texts.reserve(tokens.size());
@@ -309,12 +327,17 @@ Translated_Statement Translate_Jet(const Lifted_Statement& lifted) {
     Drop_The_End_Mark(tokens);
     Join_Texts(tokens);
     Limit_Texts(tokens);
+    const QStringList sorted_by = Columns_Sorted_By(tokens);
     Sort_By_Text_Order(tokens);
 
-    Translated_Statement statement{Joined(tokens), {}, {}};
+    Translated_Statement statement{Joined(tokens), {}, {}, {}, {}};
     if (const auto table = Only_Table(tokens)) {
         statement.table = *table;
         statement.with_row_identity = u"SELECT rowid , "_s + Joined(tokens.sliced(1));
+        statement.sorted_by = sorted_by;
+        if (!sorted_by.isEmpty())
+            statement.order =
+                statement.sql.sliced(statement.sql.lastIndexOf(" ORDER "_L1, -1, Qt::CaseInsensitive));
     }
     return statement;
 }

@@ -3,6 +3,7 @@
 #include "platform/basics/value.h"
 
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 namespace database {
@@ -18,6 +19,10 @@ struct Translated_Statement {
     // as its first column, through which a recordset writes.
     QString table;
     QString with_row_identity;
+    // Only for whole rows of one table that are sorted by some of its columns, upwards: those columns, and
+    // what both statements end with to have the engine sort.
+    QStringList sorted_by;
+    QString order;
 };
 
 // A statement without its text literals, so that the engine prepares statements that differ in nothing else

@@ -88,14 +88,24 @@ int Recordset::Column_Of(const QString& name) const {
     return found == shape->columns.end() ? -1 : found->second - first_column;
 }
 
-void Recordset::Read(int column, Value& into) const {
+bool Recordset::Is_As_Stored(int column) const {
     if (column < 0 || column >= Field_Count()) Raise_Object_Error(errors::No_Such_Field, This_Object);
-    if (adding || !assigned.empty()) {
-        into = Value_At(column);
-        return;
-    }
+    if (adding || !assigned.empty()) return false;
     Require_Row();
-    Read_Stored(column, into);
+    return written.empty();
+}
+
+void Recordset::Read(int column, Value& into) const {
+    if (Is_As_Stored(column))
+        Read_Stored(column, into);
+    else
+        into = Value_At(column);
+}
+
+QString Recordset::Text(int column) const {
+    if (!Is_As_Stored(column)) return Value_At(column).Text_Or_Empty();
+    const int place = column + first_column;
+    return rows->Text(current, place, shape->is_date[static_cast<std::size_t>(place)]);
 }
 
 Field Recordset::Fields(const QString& name) {
@@ -142,16 +152,13 @@ Value Recordset::Value_At(int column) const {
         if (kept->first == column) return kept->second;
     if (adding) return {};
     Require_Row();
+    if (const auto found = written.find({current, column}); found != written.end()) return found->second;
     Value value;
     Read_Stored(column, value);
     return value;
 }
 
 void Recordset::Read_Stored(int column, Value& into) const {
-    if (const auto found = written.find({current, column}); found != written.end()) {
-        into = found->second;
-        return;
-    }
     const int place = column + first_column;
     rows->Read(current, place, shape->is_date[static_cast<std::size_t>(place)], into);
 }

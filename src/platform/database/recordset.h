@@ -55,6 +55,7 @@ public:
     // The column's value in the current row, put where the caller keeps it; a column that isn't there is
     // error 3265.
     void Read(int column, basics::Value& into) const;
+    QString Text(int column) const; // the text of that value, empty text for none
     const std::shared_ptr<const Row_Shape>& Shape() const { return shape; }
     Field Fields(const QString& name); // without regard to case
     Field Fields(int column);          // from 0
@@ -69,6 +70,7 @@ private:
     void Take(Statement_Result result);
     void Require_Open() const;
     void Require_Row() const;
+    bool Is_As_Stored(int column) const; // nothing was assigned or written that hides what was read
     const QString& Name_Of(int column) const { return shape->names[column + first_column]; }
     basics::Value Value_At(int column) const;
     void Read_Stored(int column, basics::Value& into) const;

@@ -1,7 +1,10 @@
 #include "platform/database/row_store.h"
 
 #include "platform/basics/dates.h"
+#include "platform/basics/text_order.h"
 
+#include <algorithm>
+#include <numeric>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +43,7 @@ void Row_Store::Take_Row(sqlite3_stmt* statement, int columns) {
     cells.resize(rows * width);
     Cell* cell = cells.data() + (rows - 1) * width;
     for (int column = 0; column < columns; ++column, ++cell) {
+        // One thread has the engine, so that its values may be asked as if they were copies.
         sqlite3_value* value = sqlite3_column_value(statement, column);
         switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
@@ -52,18 +56,20 @@ void Row_Store::Take_Row(sqlite3_stmt* statement, int columns) {
             cell->kind = Kind::Number;
             cell->number = sqlite3_value_double(value);
             break;
-        default: {
-            // A text isn't taken as it is stored: a file may keep its texts in UTF-16.
-            const bool is_text = sqlite3_value_type(value) == SQLITE_TEXT;
-            const void* bytes =
-                is_text ? sqlite3_column_text(statement, column) : sqlite3_column_blob(statement, column);
-            cell->kind = Kind::Text;
-            cell->size = sqlite3_column_bytes(statement, column);
-            cell->start = texts.size();
-            if (bytes) texts.append(static_cast<const char*>(bytes), static_cast<std::size_t>(cell->size));
-        }
+        case SQLITE_TEXT: // not taken as it is stored: a file may keep its texts in UTF-16
+            Take_Bytes(sqlite3_value_text(value), sqlite3_value_bytes(value), Kind::Text, *cell);
+            break;
+        default:
+            Take_Bytes(sqlite3_value_blob(value), sqlite3_value_bytes(value), Kind::Bytes, *cell);
         }
     }
+}
+
+void Row_Store::Take_Bytes(const void* bytes, int size, Kind kind, Cell& cell) {
+    cell.kind = kind;
+    cell.size = size;
+    cell.start = texts.size();
+    if (bytes) texts.append(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
 }
 
 void Row_Store::Clear() {
@@ -79,7 +85,7 @@ static Value Date_Value(const QString& text) {
 }
 
 void Row_Store::Read(std::size_t row, int column, bool is_date, Value& into) const {
-    const Cell& cell = cells[row * width + static_cast<std::size_t>(column)];
+    const Cell& cell = At(row, column);
     switch (cell.kind) {
     case Kind::Empty:
         into = {};
@@ -91,9 +97,53 @@ void Row_Store::Read(std::size_t row, int column, bool is_date, Value& into) con
         into = cell.number;
         break;
     case Kind::Text:
+    case Kind::Bytes:
         into.Set_Text(texts.data() + cell.start, cell.size);
         if (is_date) into = Date_Value(into.As_Text());
     }
+}
+
+QString Row_Store::Text(std::size_t row, int column, bool is_date) const {
+    const Cell& cell = At(row, column);
+    if (cell.kind == Kind::Text) {
+        QString text = QString::fromUtf8(texts.data() + cell.start, cell.size);
+        if (!is_date || basics::Is_Date_Text(text)) return text;
+    }
+    Value value;
+    Read(row, column, is_date, value);
+    return value.Text_Or_Empty();
+}
+
+int Row_Store::Compare(const Cell& left, const Cell& right) const {
+    const auto kind_of_order = [](const Cell& cell) {
+        return cell.kind == Kind::Number ? Kind::Whole : cell.kind;
+    };
+    const auto number = [](const Cell& cell) {
+        return cell.kind == Kind::Whole ? static_cast<double>(cell.whole) : cell.number;
+    };
+    const auto in_order = [](auto one, auto other) { return one < other ? -1 : other < one ? 1 : 0; };
+    const Kind kind = kind_of_order(left);
+    if (kind != kind_of_order(right)) return in_order(kind, kind_of_order(right));
+    if (kind == Kind::Text) return basics::Compare_Names(Text_Of(left), Text_Of(right));
+    if (kind == Kind::Bytes) return Text_Of(left).compare(Text_Of(right));
+    if (left.kind == Kind::Whole && right.kind == Kind::Whole) return in_order(left.whole, right.whole);
+    return kind == Kind::Empty ? 0 : in_order(number(left), number(right));
+}
+
+void Row_Store::Sort_By(const std::vector<int>& columns) {
+    if (columns.empty()) return;
+    std::vector<std::size_t> order(rows);
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        for (const int column : columns)
+            if (const int found = Compare(At(left, column), At(right, column)); found != 0) return found < 0;
+        return false;
+    });
+    std::vector<Cell> sorted;
+    sorted.reserve(cells.size());
+    for (const std::size_t row : order)
+        sorted.insert(sorted.end(), &At(row, 0), &At(row, 0) + width);
+    cells.swap(sorted);
 }
 
 } // namespace database

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -39,12 +40,16 @@ class Row_Store {
 public:
     void Take_Row(sqlite3_stmt* statement, int columns);
     void Clear(); // keeps its room
+    // By these columns, the first goes first, in the order that the engine gives mixed values and the program
+    // texts; rows that are the same there stay in the order in which they came.
+    void Sort_By(const std::vector<int>& columns);
 
     std::size_t Row_Count() const { return rows; }
     void Read(std::size_t row, int column, bool is_date, basics::Value& into) const;
+    QString Text(std::size_t row, int column, bool is_date) const; // Text_Or_Empty of what Read gives
 
 private:
-    enum class Kind : quint8 { Empty, Whole, Number, Text };
+    enum class Kind : quint8 { Empty, Whole, Number, Text, Bytes };
     struct Cell {
         union {
             qint64 whole = 0;
@@ -54,6 +59,15 @@ private:
         int size = 0; // of a text, in bytes
         Kind kind = Kind::Empty;
     };
+
+    const Cell& At(std::size_t row, int column) const {
+        return cells[row * width + static_cast<std::size_t>(column)];
+    }
+    std::string_view Text_Of(const Cell& cell) const {
+        return std::string_view(texts).substr(cell.start, static_cast<std::size_t>(cell.size));
+    }
+    void Take_Bytes(const void* bytes, int size, Kind kind, Cell& cell);
+    int Compare(const Cell& left, const Cell& right) const;
 
     std::size_t width = 0;
     std::size_t rows = 0;

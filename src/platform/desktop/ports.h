@@ -150,6 +150,8 @@ public:
     // and the dialog stays.
     virtual QString Open_File(const File_Question& question) = 0;
     virtual QString Save_File(const File_Question& question) = 0;
+    // A folder that is there; it begins in `folder`. Empty if the dialog was cancelled.
+    virtual QString Choose_Folder(const QString& title, const QString& folder) = 0;
 };
 
 class Input_Box {

@@ -307,6 +307,10 @@ public:
     QString Save_File(const File_Question& question) override {
         return Show(question, QFileDialog::AcceptSave, QFileDialog::AnyFile);
     }
+    QString Choose_Folder(const QString& title, const QString& folder) override {
+        return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(QApplication::activeWindow(), title,
+                                                                          basics::Native_Path(folder)));
+    }
 
 private:
     QString Show(const File_Question& question, QFileDialog::AcceptMode mode, QFileDialog::FileMode files) {

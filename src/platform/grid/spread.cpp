@@ -103,6 +103,11 @@ public:
             endRemoveRows();
         }
     }
+    void Set_All(std::vector<QString> all) {
+        Set_Rows(static_cast<int>(all.size()) / columns);
+        texts = std::move(all);
+        if (!texts.empty()) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
+    }
     // Words by row, from 1.
     void Set_Marks(const QMap<int, QString>& words) {
         marks = words;
@@ -191,6 +196,10 @@ QString fpSpread::Text(int column, int row) const {
 
 void fpSpread::Set_MaxRows(int rows) {
     cells->Set_Rows(rows);
+}
+
+void fpSpread::Set_All_Texts(std::vector<QString> texts) {
+    cells->Set_All(std::move(texts));
 }
 
 void fpSpread::Set_ColWidth(int column, int pixels) {

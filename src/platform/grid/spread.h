@@ -43,11 +43,12 @@ public:
 
     // A cell outside the grid takes no text.
     void Set_Text(int column, int row, const QString& text);
-    QString Text(int column, int row) const;       // empty text for a cell never written
-    void Set_MaxRows(int rows);                    // drops the rows behind the last
-    void Set_ColWidth(int column, int pixels);     // 0 puts the column away, also on paper
-    void Narrow_On_Screen(int column, int pixels); // on paper it stays as wide as it was set
-    void Set_Left_Aligned(int column);             // from the start column 1 alone is; the others are centred
+    QString Text(int column, int row) const;        // empty text for a cell never written
+    void Set_MaxRows(int rows);                     // drops the rows behind the last
+    void Set_All_Texts(std::vector<QString> texts); // row by row: the grid has these rows and no others
+    void Set_ColWidth(int column, int pixels);      // 0 puts the column away, also on paper
+    void Narrow_On_Screen(int column, int pixels);  // on paper it stays as wide as it was set
+    void Set_Left_Aligned(int column); // from the start column 1 alone is; the others are centred
     // Row 1 is the heading: on screen it stands in the header row, of that height in pixels.
     void Set_Heading_Row(int height);
     // Gives each row the height that its cells need at the widths of their columns, the usual one at least.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPoint>
 #include <QString>
 #include <optional>
 #include <variant>
@@ -14,6 +15,7 @@ namespace preview {
 struct Text_Style {
     int font_size = 10; // points
     bool bold = false;
+    bool fixed_pitch = false; // of letters that can't be taken for one another: O and 0, l and 1
     bool operator==(const Text_Style&) const = default;
 };
 
@@ -58,6 +60,7 @@ struct Drawing {
     int width = 0;
     int height = 0;
     std::vector<Operation> operations; // in the order in which they are painted
+    QPoint moved_by{};                 // how far all of it but the running texts was moved
 };
 
 } // namespace preview

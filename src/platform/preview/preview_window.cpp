@@ -22,6 +22,7 @@ constexpr int Ground_Around_Sheet = 18; // pixels
 constexpr int Shadow_Depth = 6;
 constexpr int Shadow_Darkness = 14;
 constexpr int Line_Scroll = 40;
+constexpr int Mark_Width = 90; // twips
 constexpr int Enlargements[] = {100, 150, 200};
 
 const QColor Sheet_Edge(0x8A, 0x90, 0x96);
@@ -70,7 +71,10 @@ void Preview_Window::Show_Output() {
 
 void Preview_Window::Set_ZoomPercent(int percent) {
     chosen_zoom = std::max(1, percent);
-    Zoom_To(chosen_zoom, {viewport()->width() / 2, 0}); // reading goes on from the top
+    if (is_width_fitted)
+        zoom = chosen_zoom; // seen when the width is fitted no more
+    else
+        Zoom_To(chosen_zoom, {viewport()->width() / 2, 0}); // reading goes on from the top
 }
 
 void Preview_Window::Set_ShownPage(int page) {
@@ -78,6 +82,27 @@ void Preview_Window::Set_ShownPage(int page) {
     shown_page = page;
     Show_Output();
     if (shown_page != before) verticalScrollBar()->setValue(0);
+}
+
+void Preview_Window::Fit_Width(bool fitted) {
+    Rescale({viewport()->width() / 2, 0}, [&] { is_width_fitted = fitted; });
+}
+
+void Preview_Window::Mark(int page, const QRect& place) {
+    marked_page = page;
+    marked_place = place;
+    if (page > 0) {
+        Set_ShownPage(page);
+        Bring_Mark_Into_View();
+    }
+    viewport()->update();
+}
+
+void Preview_Window::Bring_Mark_Into_View() {
+    const QPointF middle = QPointF(marked_place.center()) * Pixels_Per_Twip() +
+                           QPointF(Ground_Around_Sheet, Ground_Around_Sheet);
+    horizontalScrollBar()->setValue(int(std::lround(middle.x())) - viewport()->width() / 2);
+    verticalScrollBar()->setValue(int(std::lround(middle.y())) - viewport()->height() / 2);
 }
 
 void Preview_Window::PrintPages(const QString& name, int first, int last,
@@ -101,6 +126,11 @@ void Preview_Window::paintEvent(QPaintEvent*) {
     painter.translate(place.topLeft());
     painter.scale(Pixels_Per_Twip(), Pixels_Per_Twip());
     Paint(sheet, painter);
+    if (marked_page == shown_page) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), Mark_Width));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(marked_place);
+    }
     painter.restore();
     painter.setPen(hasFocus() ? palette().color(QPalette::Highlight) : Sheet_Edge);
     painter.drawRect(place.adjusted(-1, -1, 0, 0));
@@ -140,10 +170,11 @@ void Preview_Window::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void Preview_Window::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) Zoom_To(Next_Zoom(), event->position().toPoint());
+    if (event->button() == Qt::LeftButton) Zoom_By_Hand(Next_Zoom(), event->position().toPoint());
 }
 
-// The keys do all that the mouse does: the area itself scrolls by the arrow and page keys.
+// The keys do all that the mouse does: the area itself scrolls by the arrow and page keys. Where a sheet ends
+// the page keys go on to the next one.
 void Preview_Window::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Home:
@@ -154,18 +185,42 @@ void Preview_Window::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-        Zoom_To(Next_Zoom(), viewport()->rect().center());
+        Zoom_By_Hand(Next_Zoom(), viewport()->rect().center());
         break;
     case Qt::Key_Minus:
-        Zoom_To(chosen_zoom, viewport()->rect().center());
+        Zoom_By_Hand(chosen_zoom, viewport()->rect().center());
+        break;
+    case Qt::Key_PageDown:
+        if (!Turn(1)) QAbstractScrollArea::keyPressEvent(event);
+        break;
+    case Qt::Key_PageUp:
+        if (!Turn(-1)) QAbstractScrollArea::keyPressEvent(event);
         break;
     default:
         QAbstractScrollArea::keyPressEvent(event);
     }
 }
 
+// False where the sheet goes on in that direction, or there is none behind it.
+bool Preview_Window::Turn(int by) {
+    QScrollBar& bar = *verticalScrollBar();
+    const int to = shown_page + by;
+    if (bar.value() != (by > 0 ? bar.maximum() : bar.minimum()) || to < 1 || to > document.PageCount())
+        return false;
+    Set_ShownPage(to);
+    bar.setValue(by > 0 ? bar.minimum() : bar.maximum());
+    Q_EMIT Turned();
+    return true;
+}
+
 double Preview_Window::Pixels_Per_Twip() const {
+    if (is_width_fitted && sheet.width > 0)
+        return double(std::max(1, viewport()->width() - 2 * Ground_Around_Sheet)) / sheet.width;
     return double(logicalDpiX()) / basics::Twips_Per_Inch * zoom / 100;
+}
+
+int Preview_Window::Shown_Percent() const {
+    return int(std::lround(Pixels_Per_Twip() * basics::Twips_Per_Inch / logicalDpiX() * 100));
 }
 
 QSize Preview_Window::Sheet_Size() const {
@@ -190,10 +245,22 @@ void Preview_Window::Fit_Scroll_Bars() {
     verticalScrollBar()->setPageStep(room.height());
 }
 
-// What lies under the held point stays there as far as the sheet's edges allow.
 void Preview_Window::Zoom_To(int percent, const QPoint& held) {
+    Rescale(held, [&] { zoom = percent; });
+}
+
+void Preview_Window::Zoom_By_Hand(int percent, const QPoint& held) {
+    Rescale(held, [&] {
+        zoom = percent;
+        is_width_fitted = false;
+    });
+    Q_EMIT Zoomed();
+}
+
+// What lies under the held point stays there as far as the sheet's edges allow.
+void Preview_Window::Rescale(const QPoint& held, const std::function<void()>& change) {
     const QPointF on_sheet = QPointF(held - Sheet_Place().topLeft()) / Pixels_Per_Twip();
-    zoom = percent;
+    change();
     Fit_Scroll_Bars();
     const QPointF there = QPointF(Sheet_Place().topLeft()) + on_sheet * Pixels_Per_Twip() - QPointF(held);
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + int(std::lround(there.x())));
@@ -203,7 +270,7 @@ void Preview_Window::Zoom_To(int percent, const QPoint& held) {
 
 int Preview_Window::Next_Zoom() const {
     const auto* larger = std::find_if(std::begin(Enlargements), std::end(Enlargements),
-                                      [this](int percent) { return percent > zoom; });
+                                      [this](int percent) { return percent > Shown_Percent(); });
     return larger == std::end(Enlargements) ? chosen_zoom : *larger;
 }
 

@@ -105,8 +105,11 @@ QStringList Wrapped_Line(const QFontMetricsF& metrics, const QString& text, doub
 // metafile's reader comes to as well.
 QFont Font_Of(const Text_Style& style) {
     QFont font;
-    font.setFamilies({u"Arial"_s, u"Liberation Sans"_s});
-    font.setStyleHint(QFont::SansSerif);
+    // Each of the fixed ones has a stroke or a dot in its nought, if it is there.
+    font.setFamilies(style.fixed_pitch ? QStringList{u"Consolas"_s, u"Liberation Mono"_s,
+                                                     u"DejaVu Sans Mono"_s, u"Courier New"_s}
+                                       : QStringList{u"Arial"_s, u"Liberation Sans"_s});
+    font.setStyleHint(style.fixed_pitch ? QFont::Monospace : QFont::SansSerif);
     font.setPixelSize(std::clamp(style.font_size, 1, Largest_Font) * basics::Twips_Per_Point);
     font.setBold(style.bold);
     font.setKerning(false);

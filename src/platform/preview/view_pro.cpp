@@ -207,7 +207,7 @@ desktop::Printed_Document ViewPro::Document(const QString& name, int first, int 
 }
 
 Text_Style ViewPro::Style() const {
-    return {FontSize, FontBold};
+    return {FontSize, FontBold, FontFixed};
 }
 
 int ViewPro::Line_Room() const {
@@ -234,7 +234,8 @@ void ViewPro::Begin_Sheet() {
 
 void ViewPro::Finish_Sheet() {
     Drawing& sheet = Sheet();
-    if (Keep_To_Margins) Move_All({margins.left, std::min(margins.top, Room_Below(sheet, footer))}, sheet);
+    if (Keep_To_Margins) sheet.moved_by = {margins.left, std::min(margins.top, Room_Below(sheet, footer))};
+    Move_All(sheet.moved_by, sheet);
     const int right = PageWidth() - margins.right;
     Add_Running_Text(header, {margins.left, right, 0, margins.top}, sheet);
     Add_Running_Text(footer, {margins.left, right, PageHeight() - margins.bottom, PageHeight()}, sheet);

@@ -30,6 +30,7 @@ public:
     int TextAngle = 0; // of DrawText: 0, or 900 to read upwards
     int FontSize = 10;
     bool FontBold = false;
+    bool FontFixed = false; // letters of one width, which can't be taken for one another
     QColor ForeColor = Qt::black;
     QColor FillColor = Qt::black;
     QColor ObjectBKColor = Qt::white; // behind outlined rectangles and the cells of bordered tables

@@ -175,7 +175,7 @@ private:
         words.Add_Place(text.angle).Add_Place(text.angle);
         words.Add(text.style.bold ? Bold_Weight : Normal_Weight);
         words.Add(0).Add(0).Add(0).Add(0); // no slant, no lines, Western characters, usual precision
-        return words.Add_Text(QByteArray("Arial") + '\0');
+        return words.Add_Text(QByteArray(text.style.fixed_pitch ? "Consolas" : "Arial") + '\0');
     }
 
     static Words Pen_Words(const Pen& pen) {

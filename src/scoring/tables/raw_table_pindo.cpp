@@ -12,22 +12,16 @@ namespace {
 using basics::Two_Decimals;
 using grid::fpSpread;
 
-constexpr int Tries = 4; // of each body part
 constexpr int Rows = 28;
 
 void Write_Row_Labels(fpSpread& grid) {
     const QString headings[] = {u"Body part"_s,   u"Requested"_s, u"Chosen"_s,
                                 u"Time (secs)"_s, u"Correct"_s,   u"Age at test"_s};
-    const QString parts[] = {u"Hat"_s,       u"Head"_s,     u"Left arm"_s,
-                             u"Right arm"_s, u"Left leg"_s, u"Right leg"_s};
-    const QString tries[] = {u"1st"_s, u"2nd"_s, u"3rd"_s, u"4th"_s};
     int column = 1;
     for (const QString& heading : headings)
         grid.Set_Text(column++, 1, heading);
-    int row = 2;
-    for (const QString& part : parts)
-        for (const QString& tried : tries)
-            grid.Set_Text(1, row++, part + u' ' + tried);
+    for (int i = 1; i <= Test_At(test_index::Pindo).Items; ++i)
+        grid.Set_Text(1, i + 1, Pindo_Try(i));
 }
 
 // Gives the sum of the times shown, in milliseconds.
@@ -54,7 +48,7 @@ void Show_Raw_Table_Pindo(int p, fpSpread& grid, Scoring& scoring) {
     if (grid.rowCount() < Rows) grid.Set_MaxRows(Rows); // what is written below the last row would be lost
     Write_Row_Labels(grid);
     const double sum = Fill_Pindo_Rows(grid, scoring.items[test_index::Pindo]);
-    const int totals = Tries * 6 + 2;
+    const int totals = Test_At(test_index::Pindo).Items + 2;
     grid.Set_Text(3, totals, u"Total time (secs)"_s);
     grid.Set_Text(4, totals, Two_Decimals(sum / Milliseconds_A_Second));
     grid.Set_Text(3, totals + 1, u"Attempts (optimum=6)"_s);

@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QTextDocument>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -22,8 +23,19 @@ static QString Text_In(const QPlainTextEdit& entry) {
     return text;
 }
 
-Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comment_Changed)
-    : Pupil_Comment(Pupil_Comment), Comment_Changed(Comment_Changed), Text1(new QPlainTextEdit) {
+QString In_Words(const Comment_Lines& lines) {
+    const QString used = u"On the report: %1 of %2 lines used"_s.arg(lines.used).arg(lines.room);
+    if (lines.used > lines.paper) return used + u". It runs over the foot and off the paper."_s;
+    return lines.Over() > 0 ? used + u". It runs over the sheet's foot."_s : used;
+}
+
+Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comment_Changed,
+               Count_Comment_Lines count_lines)
+    : Pupil_Comment(Pupil_Comment),
+      Comment_Changed(Comment_Changed),
+      count_lines(std::move(count_lines)),
+      Text1(new QPlainTextEdit),
+      CommentPlace(new QProgressBar) {
     setObjectName(u"Form11"_s);
     setWindowTitle(u"Administrator's Optional Comment Field"_s);
     resize(640, 420);
@@ -40,6 +52,11 @@ Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comm
     Text1->setTabChangesFocus(true);
     HotLabel2_Click();
     as_shown = Text_In(*Text1);
+    CommentPlace->setObjectName(u"CommentPlace"_s);
+    CommentPlace->setAccessibleName(u"Place on the individual report"_s);
+    CommentPlace->setToolTip(u"How much of the comment's place on the individual report is used."_s);
+    On(Text1, &QPlainTextEdit::textChanged, this, platform, [this] { Show_Place(); });
+    Show_Place();
 
     auto* ok = new HotLabel(u"HotLabel1"_s, u"OK"_s, this);
     auto* undo = new HotLabel(u"HotLabel2"_s, u"Undo"_s, this);
@@ -53,7 +70,15 @@ Form11::Form11(desktop::Platform& platform, QString& Pupil_Comment, qint16& Comm
     clear->setAccessibleDescription(u"Empties the field."_s);
     ok->Set_Weight(HotLabel::Weight::Primary);
     Give_Mnemonics(*this);
-    Lay_Out_Dialog(*this, {label1, Text1}, {ok, undo, clear});
+    Lay_Out_Dialog(*this, {label1, Text1, CommentPlace}, {ok, undo, clear});
+}
+
+void Form11::Show_Place() {
+    const Comment_Lines lines = count_lines(Text_In(*Text1));
+    CommentPlace->setMaximum(lines.room);
+    CommentPlace->setValue(std::min(lines.used, lines.room));
+    CommentPlace->setFormat(In_Words(lines));
+    CommentPlace->setAccessibleDescription(CommentPlace->format());
 }
 
 void Form11::showEvent(QShowEvent* event) {

@@ -38,10 +38,18 @@ void Guarded(desktop::Platform& platform, const std::function<void()>& work, con
     }
 }
 
-void Paint_Meanwhile(desktop::Platform& platform) {
+static void Look_At_Events(desktop::Platform& platform, QEventLoop::ProcessEventsFlags which) {
     platform.work.painting = true;
     const auto done = qScopeGuard([&platform] { platform.work.painting = false; });
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents(which);
+}
+
+void Paint_Meanwhile(desktop::Platform& platform) {
+    Look_At_Events(platform, QEventLoop::ExcludeUserInputEvents);
+}
+
+void Paint_And_Listen(desktop::Platform& platform) {
+    Look_At_Events(platform, QEventLoop::AllEvents);
 }
 
 bool Behind_A_Box(const QWidget& control) {

@@ -16,6 +16,10 @@ void Guarded(desktop::Platform& platform, const std::function<void()>& work, con
 // as from a screen reader, is refused.
 void Paint_Meanwhile(desktop::Platform& platform);
 
+// The same behind a modal dialog of the handler's own, which goes on taking what the user does; but nothing
+// that On has connected is run.
+void Paint_And_Listen(desktop::Platform& platform);
+
 // Whether a box or dialog stands before the control's window.
 bool Behind_A_Box(const QWidget& control);
 

@@ -33,7 +33,10 @@ enum class Page_Id {
     Go_Back,
     Remove_Pupil,
     Earlier_Results, // over the Reports page: what the pupil scored before a retest
+    Pupil_Data,      // over the Fine tuning page: all that is kept of the pupil, to print or to save
     Changes,         // over the Settings page: what was done, and what is kept of whom
+    Tick_List,       // over Testing progress: its list as boxes to tick
+    Login_Cards,     // over the Security page: a group's logins to hand out
 };
 
 // How a page says what follows. It is destroyed after its handler has returned.

@@ -32,6 +32,10 @@ QString Ask_Where_To_Save(const File_To_Save& file, desktop::Platform& platform)
     return platform.file_dialogs.Save_File(question);
 }
 
+QString Ask_For_Folder(const QString& title, desktop::Platform& platform) {
+    return platform.file_dialogs.Choose_Folder(title, Own_Documents(platform));
+}
+
 bool Save_Whole(const QString& file, const QByteArray& bytes, const QString& title,
                 desktop::Platform& platform) {
     QSaveFile saved(basics::Native_Target(file));

@@ -20,6 +20,10 @@ struct File_To_Save {
 // isn't taken: nobody replaces a database by a list. Empty if it was cancelled.
 QString Ask_Where_To_Save(const File_To_Save& file, desktop::Platform& platform);
 
+// The folder where the user wants several files; the dialog begins as that for one. Empty if it was
+// cancelled.
+QString Ask_For_Folder(const QString& title, desktop::Platform& platform);
+
 // Writes the whole file or nothing. A failure is told in a critical box under `title`, and gives false.
 bool Save_Whole(const QString& file, const QByteArray& bytes, const QString& title,
                 desktop::Platform& platform);

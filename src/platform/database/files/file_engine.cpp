@@ -49,14 +49,31 @@ void Raise(sqlite3* engine, int result) {
 } // namespace
 
 File_Engine::File_Engine(const QString& file, Access access, int timeout_seconds) {
-    engine.emplace(file, access, Raise);
-    const bool in_wal_mode = Has_Write_Ahead_Log(engine->First_Bytes(Header_Size));
-    Prepare(timeout_seconds);
+    Open(file, access, timeout_seconds);
     // Beyond full: a journal's removal is on the disk before a commit is reported.
     Run(u"PRAGMA synchronous = EXTRA"_s);
+}
+
+QByteArray File_Engine::Open(const QString& file, Access access, int timeout_seconds) {
+    engine.emplace(file, access, Raise);
+    const QByteArray header = engine->First_Bytes(Header_Size);
+    const bool in_wal_mode = Has_Write_Ahead_Log(header);
+    Prepare(timeout_seconds);
     if (in_wal_mode) Refuse_Log_Of_Read_Only_File(engine->Get());
     if (in_wal_mode && Run(u"PRAGMA journal_mode = DELETE"_s) != QStringList{u"delete"_s})
         engine->Check(SQLITE_BUSY);
+    return header;
+}
+
+// The first question takes the lock, which the transaction keeps; with the second the tables are looked over.
+Database_At_Rest::Database_At_Rest(const QString& file, int timeout_seconds) try {
+    const QByteArray header = Open(file, Access::Read_Write, timeout_seconds);
+    if (!Begins_A_Database(header)) Refuse_What_Is_No_Database(file);
+    Run(u"BEGIN"_s);
+    Run(u"PRAGMA schema_version"_s);
+    Run(u"SELECT count(*) FROM sqlite_master"_s);
+} catch (const basics::Run_Time_Error&) {
+    Refuse_What_Is_No_Database(file); // tells what the engine has no words for
 }
 
 File_Engine::File_Engine(const QByteArray& bytes) {

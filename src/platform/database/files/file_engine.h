@@ -58,12 +58,25 @@ public:
 
     const Engine_Handle& Handle() const { return *engine; }
 
+protected:
+    // Opens it as it is; a file that is written through a log is turned back. Gives its first bytes.
+    File_Engine() = default;
+    QByteArray Open(const QString& file, Access access, int timeout_seconds);
+
 private:
     void Prepare(int timeout_seconds);
 
     QElapsedTimer since; // the running statement's start
     Busy_Waiting waiting;
     std::optional<Engine_Handle> engine;
+};
+
+// A database as it is between two transactions of those who write it, from the opening to the end: under a
+// read lock, so that nobody's is halfway through; one that a crash left half done is taken back first.
+// Refuses what is no database as `Refuse_What_Is_No_Database` does.
+class Database_At_Rest : public File_Engine {
+public:
+    Database_At_Rest(const QString& file, int timeout_seconds);
 };
 
 // Writes the open file anew, without what its unused pages held. In no transaction.

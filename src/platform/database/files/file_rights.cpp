@@ -55,9 +55,14 @@ constexpr mode_t Of_Everybody = S_IRWXO;
 constexpr mode_t Of_Files = 0666;
 constexpr mode_t Of_Folders = 0777 | S_ISGID; // what is made in it belongs to its group
 
-// The owner's come first, then the group's: the larger number lets more people in.
-QFile::Permissions Rights_Of(const QFileInfo& file) {
-    return file.permissions() & QFile::Permissions(0x6066);
+// The owner's come first, then the group's: the larger number lets more people in. Asked for all at once, the
+// system would be asked what this account may, too: three round trips on a share.
+int Rights_Of(const QFileInfo& file) {
+    QFile::Permissions rights;
+    for (const QFile::Permission right : {QFile::ReadOwner, QFile::WriteOwner, QFile::ReadGroup,
+                                          QFile::WriteGroup, QFile::ReadOther, QFile::WriteOther})
+        rights.setFlag(right, file.permission(right));
+    return rights.toInt();
 }
 
 // Only an account of a group may give a file to it. To the account's own group it then opens no more than to
@@ -74,7 +79,7 @@ QString Rights_Model(const QString& place, const QString& otherwise) {
     const QFileInfoList beside = there.dir().entryInfoList({u"*.mdb"_s}, QDir::Files);
     const auto widest =
         std::max_element(beside.begin(), beside.end(), [](const QFileInfo& left, const QFileInfo& right) {
-            return Rights_Of(left).toInt() < Rights_Of(right).toInt();
+            return Rights_Of(left) < Rights_Of(right);
         });
     return widest == beside.end() ? otherwise : widest->filePath();
 }

@@ -51,11 +51,9 @@ struct Content {
 // Under a read lock, which ends here.
 Content Content_Of(const QString& database, int timeout_seconds) {
     Content content;
-    File_Engine engine(database, Access::Read_Write, timeout_seconds);
-    engine.Run(u"BEGIN"_s);
+    Database_At_Rest engine(database, timeout_seconds);
     content.pupils = Number_Of_Pupils(engine);
     engine.Read_All([&content](const QByteArray& piece) { content.bytes += piece; });
-    engine.Run(u"COMMIT"_s);
     return content;
 }
 

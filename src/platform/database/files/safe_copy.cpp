@@ -29,14 +29,11 @@ void Refuse_Impossible(const QString& source, const QString& target) {
     if (onto_itself || !open_to_us) basics::Raise(basics::errors::Permission_Denied);
 }
 
-// Under a read lock, so that nobody's transaction is halfway through; a crashed one is taken back first.
 void Write_Copy(const QString& source, New_File& copy, int timeout_seconds) {
-    Refuse_What_Is_No_Database(source);
-    File_Engine engine(source, Access::Read_Write, timeout_seconds);
-    engine.Run(u"BEGIN"_s);
-    engine.Run(u"SELECT count(*) FROM sqlite_master"_s);
-    engine.Read_All([&copy](const QByteArray& bytes) { copy.Write(bytes); });
-    engine.Run(u"COMMIT"_s);
+    {
+        const Database_At_Rest engine(source, timeout_seconds);
+        engine.Read_All([&copy](const QByteArray& bytes) { copy.Write(bytes); });
+    }
     copy.Flush_And_Close();
 }
 

@@ -1,12 +1,10 @@
-#include "pupils/work_bar.h"
+#include "shell/conventions/work_bar.h"
 
-#include "shell/conventions/guard.h"
-
-namespace pupils {
+namespace shell {
 
 Work_Bar::Work_Bar(desktop::Platform& platform, const QString& name, const QString& accessible_name,
-                   const QRect& place, QWidget* parent)
-    : QProgressBar(parent), platform(platform) {
+                   const QRect& place, QWidget* parent, Look_At_Events look_at_events)
+    : QProgressBar(parent), platform(platform), look_at_events(look_at_events) {
     setObjectName(name);
     setAccessibleName(accessible_name);
     setGeometry(place);
@@ -28,8 +26,8 @@ void Work_Bar::Step() {
     setValue(value() + 1);
     setUpdatesEnabled(true);
     if (since_painted.elapsed() < frame_ms) return;
-    shell::Paint_Meanwhile(platform);
+    look_at_events(platform);
     since_painted.start();
 }
 
-} // namespace pupils
+} // namespace shell
