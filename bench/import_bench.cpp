@@ -21,7 +21,6 @@ namespace bench {
 namespace {
 
 constexpr int In_A_Class = 100;
-constexpr double Most_Times_The_Plain = 1.3;
 
 // Three letters that no other pupil's surname begins with, so that no two codes can be the same.
 QString Own_Letters(int i) {
@@ -124,8 +123,7 @@ void Import_A_School(benchmark::State& state, desktop::Platform& ports) {
     Measure_Beside(
         state, [&] { page.HotLabel3_Click(); }, write_plainly, Wall_Ms, make_ready);
     schools.Require_Equal_Rows();
-    state.SetLabel(state.counters["median_ratio"].value <= Most_Times_The_Plain ? "at most 1.3"
-                                                                                : "MORE than 1.3");
+    Tell_Whether_At_Most(state, Most_Times_One_By_One);
 }
 
 } // namespace bench

@@ -6,6 +6,9 @@
 
 namespace bench {
 
+// Of the same statements, one by one.
+inline constexpr double Most_Times_One_By_One = 1.1;
+
 // Imports a class on the Import page, beside the same statements run one by one on the engine alone, and goes
 // on with the next class until the school is full. Both times are by the clock on the wall: what takes long
 // is waiting for the disk.

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <cstdio>
 #include <ctime>
 #include <functional>
 #include <string>
@@ -32,6 +34,14 @@ inline double Median(std::vector<double> values) {
 inline void Tell_Whether_Below(benchmark::State& state, double mean_ms, double most_ms) {
     const std::string most = "below " + std::to_string(static_cast<int>(most_ms)) + " ms";
     state.SetLabel(mean_ms < most_ms ? most : "NOT " + most);
+}
+
+// The same for the median turn of the work, in those of the reference.
+inline void Tell_Whether_At_Most(benchmark::State& state, double most_times) {
+    std::array<char, 32> most{};
+    std::snprintf(most.data(), most.size(), "at most %.1f", most_times);
+    const bool kept = state.counters["median_ratio"].value <= most_times;
+    state.SetLabel(std::string(kept ? "" : "NOT ") + most.data());
 }
 
 // Runs the work and its reference in turns, so that both meet the machine in the same state; only the work

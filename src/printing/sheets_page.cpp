@@ -42,6 +42,7 @@ void Sheets_Page::Lay_Out(const Words& words) {
     constexpr int right = 832;
     constexpr int right_width = 232;
     constexpr int tick = 28;
+    constexpr int height = 26; // of a zoom entry
     constexpr int half = (right_width - 12) / 2;
     Make_Label(u"SheetsTitle"_s, words.title, Text_Role::Title, {Left, 16, words.title_width, 34});
     Make_Preview({Left, 54, Preview_Width, 490});
@@ -54,11 +55,14 @@ void Sheets_Page::Lay_Out(const Words& words) {
         Preview->Set_ShownPage(pages->currentRow() + 1);
         ViewPro1.ShowOutput();
     });
+    shell::On(Preview, &preview::Preview_Window::Turned, this, platform,
+              [this] { pages->setCurrentRow(Preview->ShownPage() - 1); });
     const auto zoom = [](const QString& caption, int top) {
         return Zoom_Entry{
-            caption, {right + tick + 8, top, right_width - tick - 8, 34}, {right, top, tick, 34}};
+            caption, {right + tick + 8, top, right_width - tick - 8, height}, {right, top, tick, height}};
     };
-    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 220), zoom(u"Zoom 40%"_s, 260)},
+    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 211), zoom(u"Zoom 40%"_s, 242),
+                       zoom(u"Fit to width"_s, 273)},
                       Frame1);
     Make_Copy_Entries({right, 304, half, 36}, {right + half + 12, 304, half, 36}, Frame1);
     Make_Save_Entry({right, 346, right_width, 36}, HotLabel2);

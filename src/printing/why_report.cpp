@@ -4,7 +4,6 @@
 #include "printing/sheet.h"
 
 #include <QHash>
-#include <QSignalBlocker>
 #include <algorithm>
 #include <numeric>
 #include <utility>
@@ -14,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace printing {
 
 using scoring::Why_Section;
-using shell::Text_Role;
 
 // ---- the sheets; twips from the corner of the margins
 
@@ -149,92 +147,24 @@ void Draw_Why(const scoring::Why_Words& words, const foundation::Installation& i
     sheet.EndOutput();
 }
 
-// ---- the pages
+// ---- the page
 
 Why_Report::Why_Report(desktop::Platform& platform, shell::Navigator& navigator,
                        const foundation::Installation& installation, const reports::Report_State& state)
-    : Words_Report(platform, navigator, installation), state(state) {
+    : Sheets_Page(platform, navigator, installation,
+                  {u"Why this score: Print Preview"_s, Preview_Width, u"Report Main Page"_s,
+                   u"Return to the main reports page"_s, u"Print out the explanation on A4 sheets."_s}),
+      state(state) {
     setObjectName(u"Why_Report"_s);
-    Lay_Out(u"Why"_s, u"Why this score: Print Preview"_s, u"Report Main Page"_s);
-    Tell_Helps(u"Print out the explanation on A4 sheets."_s);
+    Tell_Helps({});
 }
 
-void Why_Report::Draw() {
+void Why_Report::Draw_Sheets() {
     Draw_Why(state.why, installation, platform.clock, state.Norms_Digest, ViewPro1);
-}
-
-Words_Report::Words_Report(desktop::Platform& platform, shell::Navigator& navigator,
-                           const foundation::Installation& installation)
-    : Report_Page(platform, navigator, installation) {
-}
-
-void Words_Report::Load() {
-    const desktop::Wait_Pointer busy(platform.pointer);
-    Draw_Anew();
-    Set_Zoom(First_Zoom);
-}
-
-void Words_Report::Draw_Anew() {
-    Draw();
-    const QSignalBlocker quiet(pages);
-    pages->clear();
-    for (int page = 1; page <= ViewPro1.PageCount(); ++page)
-        pages->addItem(u"Page %1"_s.arg(page));
-    pages->setCurrentRow(Preview->ShownPage() - 1);
-    ViewPro1.ShowOutput();
 }
 
 QString Why_Report::Document_Name() const {
     return u"Mevo explanation of a score"_s;
-}
-
-void Words_Report::Lay_Out(const QString& name, const QString& title, const QString& way_back) {
-    constexpr int left = 16;
-    constexpr int preview_width = 804;
-    constexpr int right = Right;
-    constexpr int right_width = Right_Width;
-    constexpr int tick = 28;
-    constexpr int height = 26; // of a zoom entry
-    constexpr int half = (right_width - 12) / 2;
-    Make_Label(name + u"ReportTitle"_s, title, Text_Role::Title, {left, 16, preview_width, 34});
-    Make_Preview({left, 54, preview_width, 490});
-    Make_Label(name + u"ReportPages"_s, u"Preview Pages"_s, Text_Role::Caption, {right, 16, right_width, 20});
-    pages = new QListWidget(Frame1);
-    pages->setObjectName(name + u"Pages"_s);
-    pages->setAccessibleName(u"Preview Pages"_s);
-    pages->setGeometry(right, 40, right_width, 122);
-    shell::On(pages, &QListWidget::currentRowChanged, this, platform, [this] {
-        Preview->Set_ShownPage(pages->currentRow() + 1);
-        ViewPro1.ShowOutput();
-    });
-    shell::On(Preview, &preview::Preview_Window::Turned, this, platform,
-              [this] { pages->setCurrentRow(Preview->ShownPage() - 1); });
-    const auto zoom = [](const QString& caption, int top) {
-        return Zoom_Entry{
-            caption, {right + tick + 8, top, right_width - tick - 8, height}, {right, top, tick, height}};
-    };
-    Make_Zoom_Entries({zoom(u"Zoom 100%"_s, 180), zoom(u"Zoom 67%"_s, 211), zoom(u"Zoom 40%"_s, 242),
-                       zoom(u"Fit to width"_s, 273)},
-                      Frame1);
-    Make_Copy_Entries({right, 304, half, 36}, {right + half + 12, 304, half, 36}, Frame1);
-    Make_Save_Entry({right, 346, right_width, 36}, HotLabel2);
-    HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
-    help_text = Make_Label(name + u"ReportHelp"_s, u""_s, Text_Role::Help, {right, 392, right_width, 104});
-    help_text->setWordWrap(true);
-    help_text->setAccessibleName(u"Help"_s);
-    Make_Main_Entry({right, 504, right_width, 40}, way_back);
-}
-
-void Words_Report::Tell_Helps(const QString& printing, const std::function<void(shell::Help_Line&)>& others) {
-    auto* help = new shell::Help_Line(this, [this](const QString& text) { help_text->setText(text); });
-    Tell_Common_Helps(*help, u"Copy the sheet on view to the clipboard as a Windows Metafile (.WMF)"_s);
-    help->Tell(HotLabel2, printing);
-    help->Tell(pages, u"Select the sheet you wish to view"_s);
-    const QString previewing = u"What the printout will look like when it has been printed."_s;
-    help->Tell(Preview, previewing);
-    help->Tell(Preview->viewport(), previewing);
-    if (others) others(*help);
-    help->Follow_Focus(*this);
 }
 
 } // namespace printing

@@ -7,27 +7,28 @@ using namespace Qt::StringLiterals;
 
 namespace pupils {
 
+constexpr int Save_Width = 190;
+
 Whole_Data_Page::Whole_Data_Page(desktop::Platform& platform, shell::Navigator& navigator, Record_Data data)
-    : Words_Report(platform, navigator, data.installation), records(data.records) {
+    : Sheets_Page(platform, navigator, data.installation,
+                  {u"All data of a pupil: Print Preview"_s, Preview_Width - Save_Width - 12, u"Fine tuning"_s,
+                   u"Return to the Fine tuning page, which is as you left it"_s,
+                   u"Print out all data of the pupil on A4 sheets."_s}),
+      records(data.records) {
     setObjectName(u"Whole_Data_Page"_s);
-    Lay_Out(u"Data"_s, u"All data of a pupil: Print Preview"_s, u"Fine tuning"_s);
-    shell::HotLabel* save = Make_HotLabel(u"SaveData"_s, u"Save as CSV..."_s,
-                                          {Right + Right_Width / 2 + 6, 346, Right_Width / 2 - 6, 36},
-                                          [this] { SaveData_Click(); });
-    SaveAsPdf->resize(save->size()); // both in one row
-    Tell_Helps(u"Print out all data of the pupil on A4 sheets."_s, [&](shell::Help_Line& help) {
-        help.Tell(HotLabel1, u"Return to the Fine tuning page, which is as you left it"_s);
-        help.Tell(save, u"Save all data of the pupil for a spreadsheet or another program."_s);
-    });
+    shell::HotLabel* save =
+        Make_HotLabel(u"SaveData"_s, u"Save as CSV..."_s,
+                      {Left + Preview_Width - Save_Width, 16, Save_Width, 32}, [this] { SaveData_Click(); });
+    Tell_Helps({{save, u"Save all data of the pupil for a spreadsheet or another program."_s}});
 }
 
 void Whole_Data_Page::Load() {
     const desktop::Wait_Pointer busy(platform.pointer);
     data = All_Data_Of(records.To_Be_Shown, installation, platform);
-    Words_Report::Load();
+    Sheets_Page::Load();
 }
 
-void Whole_Data_Page::Draw() {
+void Whole_Data_Page::Draw_Sheets() {
     printing::Draw_Why(data.words, installation, platform.clock, data.norms, ViewPro1,
                        printing::Words_Kind::Record);
 }

@@ -8,7 +8,7 @@ namespace pupils {
 
 // The print preview of all that is kept of the pupil on the Fine tuning page, over which it lies: on paper,
 // or as a file for whoever may ask for it.
-class Whole_Data_Page final : public printing::Words_Report {
+class Whole_Data_Page final : public printing::Sheets_Page {
     Q_OBJECT
 public:
     Whole_Data_Page(desktop::Platform& platform, shell::Navigator& navigator, Record_Data data);
@@ -17,7 +17,7 @@ public:
     void SaveData_Click();
 
 private:
-    void Draw() override;
+    void Draw_Sheets() override;
     QString Document_Name() const override;
 
     const Pupil_Records& records;

@@ -18,6 +18,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QSaveFile>
+#include <QScopeGuard>
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
@@ -92,11 +93,11 @@ bool Paint_Pages(const Printed_Document& document, QPagedPaintDevice& device, QP
     for (int page = 1; page <= document.pages; ++page) {
         if (page > 1 && !device.newPage()) return false;
         painter.save();
+        const auto restored = qScopeGuard([&painter] { painter.restore(); }); // a sheet may end in a throw
         const double scale = double(dots_per_inch) / basics::Twips_Per_Inch;
         painter.scale(scale, scale);
         painter.setTransform(Placed_For(printable, document, page), true);
         document.paint(painter, page);
-        painter.restore();
     }
     return true;
 }
