@@ -240,9 +240,11 @@ QString Form92::Document_Name() const {
     return u"Mevo batch report"_s;
 }
 
-void Form92::Note_Printed() const {
+void Form92::Note_Printed(Outlet outlet) const {
+    const QString where =
+        outlet == Outlet::Printer && platform.printers.Is_Any_Set_Up() ? u"on the sheets"_s : u"in a PDF"_s;
     keeping::Note(installation, platform.clock, keeping::Act::Printed_Batch, {cboGroupFilter->currentText()},
-                  u"%1 on the sheets"_s.arg(Batch_Count));
+                  u"%1 "_s.arg(Batch_Count) + where);
 }
 
 static QListWidget* Make_List(const QString& name, const QString& told, const QRect& place, QWidget* parent) {
@@ -289,8 +291,9 @@ void Form92::Lay_Out() {
     Lay_Out_Zoom();
     QGroupBox* copies = Make_Frame(u"Frame9"_s, u"Make copies"_s, {Right, 362, Right_Width, 74});
     Make_Copy_Entries({12, 28, 98, 36}, {120, 28, 98, 36}, copies);
-    Make_Margins_Box({Right, 446, Right_Width, 30});
-    Make_Main_Entry({Right, 504, Right_Width, 40});
+    Make_Margins_Box({Right, 437, Right_Width, 26});
+    Make_Main_Entry({Right, 508, Right_Width, 36});
+    Make_Save_Entry({Right, 466, Right_Width, 36}, KeepToMargins);
 }
 
 void Form92::Lay_Out_List() {

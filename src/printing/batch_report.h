@@ -62,7 +62,7 @@ private:
     void Forget_Found();
     void Draw_Anew() override { Option_Click(); }
     QString Document_Name() const override;
-    void Note_Printed() const override;
+    void Note_Printed(Outlet outlet) const override;
 
     const reports::Report_State& state;
     scoring::Scoring& scoring;

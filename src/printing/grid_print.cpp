@@ -2,7 +2,6 @@
 
 #include "platform/basics/dates.h"
 #include "platform/basics/run_time_error.h"
-#include "printing/print_outcome.h"
 #include "printing/product_lines.h"
 
 using namespace Qt::StringLiterals;
@@ -35,17 +34,21 @@ grid::fpSpread& Spread1_Of(const QWidget& page) {
 
 } // namespace
 
-bool Print_On_Paper(grid::fpSpread& grid, const QString& document,
+bool Print_On_Paper(grid::fpSpread& grid, const Sheet_Names& names,
                     const foundation::Installation& installation, desktop::Platform& platform,
-                    const QString& about) {
-    const QString pdf = grid.Action(grid::fpSpread::Action_Print,
-                                    {platform.printers, document, installation.Archive_Folder, about});
-    Tell_Of_Pdf(pdf, platform);
-    return pdf.isEmpty();
+                    Outlet outlet) {
+    bool taken = false;
+    grid.Action(grid::fpSpread::Action_Print, {names.document, [&](desktop::Printed_Document sheets) {
+                                                   sheets.title = names.title;
+                                                   sheets.about = names.about;
+                                                   sheets.author = installation.Institution;
+                                                   taken = Put_Out(sheets, outlet, platform);
+                                               }});
+    return taken;
 }
 
-bool Print_List(grid::fpSpread& grid, const grid::Marked_Text& heading, const QString& document,
-                const foundation::Installation& installation, desktop::Platform& platform) {
+bool Print_List(grid::fpSpread& grid, const grid::Marked_Text& heading, const Sheet_Names& names,
+                const foundation::Installation& installation, desktop::Platform& platform, Outlet outlet) {
     const QString today = basics::Date_Text(platform.clock.Now().date().startOfDay());
     grid.PrintOrientation = grid::fpSpread::Portrait;
     grid.Set_PrintHeader(heading);
@@ -53,9 +56,9 @@ bool Print_List(grid::fpSpread& grid, const grid::Marked_Text& heading, const QS
     grid.PrintMarginLeft = 1440;
     grid.PrintColHeaders = true;
     grid.PrintRowHeaders = false;
-    const bool on_paper = Print_On_Paper(grid, document, installation, platform);
+    const bool taken = Print_On_Paper(grid, names, installation, platform, outlet);
     platform.pointer.Set(desktop::Pointer_Shape::Default);
-    return on_paper;
+    return taken;
 }
 
 grid::Marked_Text List_Heading(const foundation::Installation& installation) {
@@ -65,11 +68,11 @@ grid::Marked_Text List_Heading(const foundation::Installation& installation) {
 }
 
 bool Grid_Print(Grid_Kind kind, const QWidget& page, const foundation::Installation& installation,
-                desktop::Platform& platform) {
+                desktop::Platform& platform, Outlet outlet) {
     const Grid_Titles titles = Titles_Of(kind);
     return Print_List(Spread1_Of(page),
                       List_Heading(installation).Add_Markup(u"/n/cQuend Mevo"_s + titles.suffix),
-                      titles.document, installation, platform);
+                      titles.document, installation, platform, outlet);
 }
 
 } // namespace printing

@@ -68,7 +68,7 @@ void Form94::Lay_Out() {
                              {Preview_Left + title_width, 16, Preview_Width - title_width, 36});
     BatchNotice->setWordWrap(true);
     Make_Preview({Preview_Left, 54, Preview_Width, 490}); // a whole sheet at the first zoom
-    Label1 = Make_Label(u"Label1"_s, u""_s, Text_Role::Help, {Choices_Left, 380, Choices_Width, 116});
+    Label1 = Make_Label(u"Label1"_s, u""_s, Text_Role::Help, {Choices_Left, 408, Choices_Width, 94});
     Label1->setWordWrap(true);
     Label1->setAccessibleName(u"Help"_s);
     Lay_Out_Preferences();
@@ -83,8 +83,9 @@ void Form94::Lay_Out() {
     constexpr int half = (Choices_Width - 12) / 2;
     Make_Copy_Entries({Choices_Left, 304, half, 36}, {Choices_Left + half + 12, 304, half, 36}, Frame1);
     HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
-    Make_Margins_Box({Choices_Left, 346, Choices_Width, 28});
+    Make_Margins_Box({Choices_Left, 343, Choices_Width, 26});
     Make_Main_Entry({Choices_Left, 504, Choices_Width, 40});
+    Make_Save_Entry({Choices_Left, 372, Choices_Width, 34}, KeepToMargins);
 }
 
 namespace {

@@ -38,7 +38,7 @@ void Individual_Sheet::Report_Setup() {
 }
 
 QString Individual_Title(const reports::Report_State& state) {
-    return u"Mevo individual report - "_s + state.Current_Student_Code + u' ' + state.Pupil_Name;
+    return u"Mevo individual report - "_s + state.Pupil_In_Titles();
 }
 
 void Individual_Sheet::Build_Report(const Report_Sections& sections) {

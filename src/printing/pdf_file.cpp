@@ -10,9 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace printing {
 
-bool Save_As_Pdf(const desktop::Printed_Document& document, desktop::Platform& platform) {
-    const QString file = shell::Ask_Where_To_Save(
-        {u"Save as PDF"_s, u"PDF documents (*.pdf)"_s, u"pdf"_s, document.name}, platform);
+bool Save_As_Pdf(const desktop::Printed_Document& document, desktop::Platform& platform,
+                 const QString& dialog_title) {
+    const QString name = document.title.isEmpty() ? document.name : document.title;
+    const QString file =
+        shell::Ask_Where_To_Save({dialog_title, u"PDF documents (*.pdf)"_s, u"pdf"_s, name}, platform);
     if (file.isEmpty()) return false;
     bool saved = false;
     Telling_Printer_Errors(platform, [&] {
@@ -21,6 +23,15 @@ bool Save_As_Pdf(const desktop::Printed_Document& document, desktop::Platform& p
         saved = true;
     });
     return saved;
+}
+
+bool Put_Out(const desktop::Printed_Document& document, Outlet outlet, desktop::Platform& platform) {
+    if (outlet == Outlet::Pdf_File) return Save_As_Pdf(document, platform);
+    if (!platform.printers.Is_Any_Set_Up())
+        return Save_As_Pdf(document, platform, u"No printer is set up: save as PDF"_s);
+    const desktop::Wait_Pointer busy(platform.pointer);
+    platform.printers.Print(document);
+    return true;
 }
 
 } // namespace printing

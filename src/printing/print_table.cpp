@@ -55,7 +55,7 @@ QString Document_Name(const Chosen_Table& table) {
 } // namespace
 
 bool Print_Table(const Chosen_Table& table, const reports::Report_State& state,
-                 const foundation::Installation& installation, desktop::Platform& platform) {
+                 const foundation::Installation& installation, desktop::Platform& platform, Outlet outlet) {
     grid::fpSpread& grid = table.grid;
     if (table.table_to_print == Table_To_Print::Wide_Detail) grid.PrintDataOnly = true;
     grid.PrintOrientation = grid::fpSpread::Portrait;
@@ -64,8 +64,10 @@ bool Print_Table(const Chosen_Table& table, const reports::Report_State& state,
     grid.PrintMarginLeft = 1440;
     grid.PrintColHeaders = false;
     grid.PrintRowHeaders = false;
-    return Print_On_Paper(grid, Document_Name(table), installation, platform,
-                          About_Scores(state.Norms_Digest));
+    const QString name = Document_Name(table);
+    const Sheet_Names names(name, name + u" - "_s + state.Pupil_In_Titles(),
+                            About_Scores(state.Norms_Digest));
+    return Print_On_Paper(grid, names, installation, platform, outlet);
 }
 
 } // namespace printing

@@ -3,6 +3,7 @@
 #include "foundation/installation.h"
 #include "platform/desktop/ports.h"
 #include "platform/grid/spread.h"
+#include "printing/pdf_file.h"
 #include "reports/state/report_state.h"
 
 #include <QString>
@@ -18,9 +19,10 @@ struct Chosen_Table {
     QString title; // the caption of Label3
 };
 
-// Prints a table of the Reports page on the printer chosen last. Where no printer is set up the user is told
-// which PDF holds the sheets; gives whether a printer got them. A fault of the printer is a run-time error.
+// Prints a table of the Reports page on the printer chosen last, or saves it, as Put_Out does and with its
+// answer.
 bool Print_Table(const Chosen_Table& table, const reports::Report_State& state,
-                 const foundation::Installation& installation, desktop::Platform& platform);
+                 const foundation::Installation& installation, desktop::Platform& platform,
+                 Outlet outlet = Outlet::Printer);
 
 } // namespace printing

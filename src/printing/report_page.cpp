@@ -21,7 +21,7 @@ Report_Page::Report_Page(desktop::Platform& platform, shell::Navigator& navigato
 }
 
 void Report_Page::Make_Preview(const QRect& place) {
-    Preview = new preview::Preview_Window(ViewPro1, platform.printers, platform.clipboard, Frame1);
+    Preview = new preview::Preview_Window(ViewPro1, platform.clipboard, Frame1);
     Preview->setObjectName(u"ViewPro1"_s);
     Preview->setProperty("preview", true);
     Preview->setGeometry(place);
@@ -38,6 +38,11 @@ void Report_Page::Make_Copy_Entries(const QRect& print_place, const QRect& copy_
     HotLabel3 = Make_HotLabel(
         u"HotLabel3"_s, u"Copy"_s, copy_place, [this] { HotLabel3_Click(); }, HotLabel::Look::Command,
         parent);
+}
+
+void Report_Page::Make_Save_Entry(const QRect& place, QWidget* after) {
+    SaveAsPdf = Make_HotLabel(u"SaveAsPdf"_s, u"Save as PDF..."_s, place, [this] { SaveAsPdf_Click(); });
+    setTabOrder(after, SaveAsPdf);
 }
 
 // Both pages begin with what was chosen last on either, at first with what the school settled.
@@ -94,6 +99,7 @@ void Report_Page::Tell_Common_Helps(shell::Help_Line& help, const QString& copyi
     help.Tell(HotLabel1, u"Return to the main reports page"_s);
     help.Tell(HotLabel2, u"Print out the report as one A4 sheet."_s);
     help.Tell(HotLabel3, copying);
+    help.Tell(SaveAsPdf, u"Save all sheets in one PDF file, where you choose."_s);
     if (KeepToMargins)
         help.Tell(
             KeepToMargins,
@@ -137,16 +143,23 @@ void Report_Page::HotLabel1_Click() {
     navigator.Close_Page();
 }
 
-void Report_Page::HotLabel2_Click() {
+void Report_Page::Put_Out_Sheets(Outlet outlet) {
     const int pages = ViewPro1.PageCount();
     if (pages == 0) return; // no report has been created
-    QString pdf;
     Telling_Printer_Errors(platform, [&] {
-        const desktop::Wait_Pointer busy(platform.pointer);
-        pdf = Preview->PrintPages(Document_Name(), 1, pages, installation.Archive_Folder);
-        Note_Printed();
+        Preview->PrintPages(Document_Name(), 1, pages, [&](desktop::Printed_Document sheets) {
+            sheets.author = installation.Institution;
+            if (Put_Out(sheets, outlet, platform)) Note_Printed(outlet);
+        });
     });
-    Tell_Of_Pdf(pdf, platform);
+}
+
+void Report_Page::HotLabel2_Click() {
+    Put_Out_Sheets(Outlet::Printer);
+}
+
+void Report_Page::SaveAsPdf_Click() {
+    Put_Out_Sheets(Outlet::Pdf_File);
 }
 
 void Report_Page::HotLabel3_Click() {

@@ -65,6 +65,7 @@ void Sheets_Page::Lay_Out(const Words& words) {
                        zoom(u"Fit to width"_s, 273)},
                       Frame1);
     Make_Copy_Entries({right, 304, half, 36}, {right + half + 12, 304, half, 36}, Frame1);
+    Make_Save_Entry({right, 346, right_width, 36}, HotLabel2);
     HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
     Make_Main_Entry({right, 504, right_width, 40}, words.back);
 }

@@ -129,13 +129,15 @@ void Changes_Page::Lay_Out_Changes() {
     Text1 = Make_Entry(u"Text1"_s, u"Words to look for"_s, {12, 66, 306, 32}, frame);
     Text1->setPlaceholderText(u"User ID, file, group or computer"_s);
     shell::On(Text1, &QLineEdit::textEdited, this, platform, [this] { Show_Changes(); });
-    HotLabel2 = button(u"HotLabel2"_s, u"Print list"_s, {12, 106, 148, 36}, &Changes_Page::HotLabel2_Click);
-    HotLabel3 = button(u"HotLabel3"_s, u"Save as CSV"_s, {170, 106, 148, 36}, &Changes_Page::HotLabel3_Click);
+    HotLabel2 = button(u"HotLabel2"_s, u"Print list"_s, {12, 106, 90, 36}, &Changes_Page::HotLabel2_Click);
+    HotLabel3 = button(u"HotLabel3"_s, u"Save as CSV"_s, {108, 106, 102, 36}, &Changes_Page::HotLabel3_Click);
     Make_Label(u"Label2"_s, u"Entries older than"_s, Text_Role::Body, {12, 150, 306, 24}, frame);
     Combo2 = Make_Combo(u"Combo2"_s, u"Entries older than"_s, {12, 176, 148, 34}, frame);
     Fill_With_Times(*Combo2, 4);
     HotLabel4 = button(u"HotLabel4"_s, u"Remove"_s, {170, 175, 148, 36}, &Changes_Page::HotLabel4_Click);
     HotLabel4->Set_Weight(shell::HotLabel::Weight::Destructive);
+    SaveAsPdf = button(u"SaveAsPdf"_s, u"Save as PDF"_s, {216, 106, 102, 36}, &Changes_Page::SaveAsPdf_Click);
+    setTabOrder(HotLabel3, SaveAsPdf);
 }
 
 void Changes_Page::Lay_Out_Protection() {
@@ -169,6 +171,7 @@ void Changes_Page::Tell_Helps() {
          u"How far back a pupil's last test must lie. Pupils who have taken no test aren't listed."_s},
         {HotLabel1, u"Return to the Settings page"_s},
         {HotLabel2, u"Print what is listed."_s},
+        {SaveAsPdf, u"Save what is listed in a PDF file, where you choose."_s},
         {HotLabel3, u"Save the changes that are listed as comma-separated values, for a spreadsheet."_s},
         {HotLabel4, u"Remove the entries that are older than the chosen time from the list of changes."_s},
         {HotLabel5, u"List the pupils whose last test was taken longer ago than the chosen time."_s},
@@ -281,14 +284,21 @@ void Changes_Page::HotLabel1_Click() {
     navigator.Close_Page();
 }
 
-void Changes_Page::HotLabel2_Click() {
-    if (!platform.printers.Choose()) return;
-    printing::Telling_Printer_Errors(platform, [this] {
+void Changes_Page::Put_Out_List(printing::Outlet outlet) {
+    printing::Telling_Printer_Errors(platform, [this, outlet] {
         grid::Marked_Text heading = printing::List_Heading(installation);
         heading.Add_Markup(u"/n/cQuend Mevo - "_s).Add_Value(Heading->text()).Add_Markup(u"./n"_s);
-        printing::Print_List(*Spread1, heading, u"Mevo changes and data protection"_s, installation,
-                             platform);
+        printing::Print_List(*Spread1, heading, u"Mevo changes and data protection"_s, installation, platform,
+                             outlet);
     });
+}
+
+void Changes_Page::HotLabel2_Click() {
+    if (platform.printers.Choose()) Put_Out_List(printing::Outlet::Printer);
+}
+
+void Changes_Page::SaveAsPdf_Click() {
+    Put_Out_List(printing::Outlet::Pdf_File);
 }
 
 // Empty where the dialog was cancelled. A file that is there isn't replaced.

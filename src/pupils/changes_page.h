@@ -3,6 +3,7 @@
 #include "foundation/access_holder.h"
 #include "keeping/change_list.h"
 #include "platform/grid/spread.h"
+#include "printing/pdf_file.h"
 #include "pupils/pupil_records.h"
 #include "shell/conventions/click_combo.h"
 #include "shell/conventions/page.h"
@@ -24,6 +25,7 @@ public:
 
     void HotLabel1_Click(); // back to the Settings page
     void HotLabel2_Click(); // prints what is listed
+    void SaveAsPdf_Click();
     void HotLabel3_Click(); // saves the changes that the filters let pass
     void HotLabel4_Click(); // removes older entries
     void HotLabel5_Click(); // lists the pupils
@@ -31,6 +33,7 @@ public:
     void HotLabel7_Click(); // makes a support copy
 
 private:
+    void Put_Out_List(printing::Outlet outlet);
     struct Untested_Pupil {
         QString code, name, born, group;
         QDateTime last_test;
@@ -60,7 +63,8 @@ private:
     QLabel *Heading, *Notice;
     QLineEdit* Text1;
     shell::Click_Combo *Combo1, *Combo2, *Combo3;
-    shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
+    shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7,
+        *SaveAsPdf;
 };
 
 } // namespace pupils

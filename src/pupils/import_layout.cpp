@@ -42,14 +42,17 @@ void Form42::Lay_Out() {
     HotLabel1 = Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Menu_Left, 504, 140, height},
                               [this] { HotLabel1_Click(); });
     HotLabel3->Set_Weight(shell::HotLabel::Weight::Primary);
-    Offer_Import(false);
     Lay_Out_Grid();
     ProgressBar1 = new shell::Work_Bar(platform, u"ProgressBar1"_s, u"Progress of the import"_s,
                                        {Left, 474, Whole_Width, 20}, Frame1);
-    Label3 = Make_Help_Label(u"Label3"_s, {Left, 504, Menu_Left - 12 - Left, height}, Frame1);
+    Label3 = Make_Help_Label(u"Label3"_s, {Left, 500, Menu_Left - 164 - Left, 44}, Frame1);
     // Made last, so that the others keep their letters.
     HotLabel5 = Make_HotLabel(u"HotLabel5"_s, u"Prepare a file..."_s,
                               {Left + Whole_Width - 168, 30, 168, height}, [this] { HotLabel5_Click(); });
+    SaveAsPdf = Make_HotLabel(u"SaveAsPdf"_s, u"Save as PDF..."_s, {Menu_Left - 152, 504, 140, height},
+                              [this] { SaveAsPdf_Click(); });
+    setTabOrder(HotLabel4, SaveAsPdf);
+    Offer_Import(false);
 }
 
 // What is narrower on screen than on paper leaves room for the bar beside the rows.
@@ -100,6 +103,7 @@ void Form42::Tell_Helps() {
     help->Tell(
         HotLabel4,
         u"Print out the contents of the spreadsheet that previews the information you would like to import."_s);
+    help->Tell(SaveAsPdf, u"Save the contents of the spreadsheet in a PDF file, where you choose."_s);
     help->Tell(
         PreviewImport,
         u"Preview allows you to do a dry run and check that the import file is in the correct format."_s);

@@ -90,6 +90,7 @@ void Form42::Preview(const QString& file_name) {
 void Form42::Offer_Import(bool offered) {
     HotLabel3->setEnabled(offered);
     HotLabel4->setEnabled(offered);
+    SaveAsPdf->setEnabled(offered);
 }
 
 void Form42::Show_Marks() {
@@ -163,7 +164,6 @@ void Form42::Note_Import(const QString& file_name, int stored) {
 void Form42::HotLabel4_Click() {
     try {
         if (!platform.printers.Choose()) return;
-        // Without a printer the user is told of the file that stands in for the sheets.
         if (!printing::Grid_Print(printing::Grid_Kind::Import_Preview, *this, installation, platform)) return;
         platform.boxes.Ask(
             Box_Style::Information, u"Printed"_s,
@@ -171,6 +171,11 @@ void Form42::HotLabel4_Click() {
     } catch (const basics::Run_Time_Error&) {
         // A printer that fails ends it without a word, as a cancelled dialog does.
     }
+}
+
+void Form42::SaveAsPdf_Click() {
+    printing::Grid_Print(printing::Grid_Kind::Import_Preview, *this, installation, platform,
+                         printing::Outlet::Pdf_File);
 }
 
 void Form42::HotLabel5_Click() {

@@ -32,6 +32,7 @@ public:
     void HotLabel1_Click(); // the menu
     void HotLabel3_Click(); // imports
     void HotLabel4_Click(); // prints the preview
+    void SaveAsPdf_Click();
     void HotLabel5_Click(); // prepares a list of another form
 
 private:
@@ -57,7 +58,7 @@ private:
     grid::fpSpread* Spread1;
     shell::Work_Bar* ProgressBar1;
     QLabel* Label3; // the help line, and the result of an import
-    shell::HotLabel *PreviewImport, *HotLabel1, *HotLabel3, *HotLabel4, *HotLabel5;
+    shell::HotLabel *PreviewImport, *HotLabel1, *HotLabel3, *HotLabel4, *HotLabel5, *SaveAsPdf;
 };
 
 } // namespace pupils

@@ -102,6 +102,7 @@ void Login_Cards::Draw_Sheets() {
         Draw_Login_Cards(chosen, installation.Institution, ViewPro1);
     else
         Draw_Class_Sheets(chosen, installation.Institution, platform.clock, ViewPro1);
+    ViewPro1.Title = Document_Name() + u" - "_s + Group->currentText();
 }
 
 QString Login_Cards::Document_Name() const {

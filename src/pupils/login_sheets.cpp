@@ -99,6 +99,7 @@ void Draw_Name(ViewPro& sheet, const QRect& card, const Login& login) {
 }
 
 void Draw_Card(ViewPro& sheet, const QPoint& corner, const Login& login, const QString& school) {
+    sheet.Bookmark(login.surname + u' ' + login.forename);
     const QRect card(corner, QSize(Card_Width, Card_Height));
     const QRect band(card.x() + 150, card.y() + 150, card.width() - 300, 430);
     printing::Fill(sheet, band, Soft_Ground);

@@ -63,11 +63,15 @@ void Form2::Lay_Out() {
     Lay_Out_Individual();
     Lay_Out_Group_Settings();
     Lay_Out_Group_Names();
-    Make_HotLabel(u"HotLabel2"_s, u"Print"_s, {Buttons_Left, 504, 108, 40},
-                  With_Lists(&Form2::HotLabel2_Click));
+    HotLabel* print = Make_HotLabel(u"HotLabel2"_s, u"Print"_s, {Buttons_Left, 504, 108, 40},
+                                    With_Lists(&Form2::HotLabel2_Click));
     Make_HotLabel(u"HotLabel1"_s, u"Menu"_s, {Buttons_Left + 120, 504, 108, 40},
                   [this] { HotLabel1_Click(); });
-    Label8 = Make_Help_Label(u"Label8"_s, {Left, 500, Buttons_Left - 12 - Left, 44}, Frame1);
+    const QRect place(Right, 504, Buttons_Left - 12 - Right, 40);
+    HotLabel* save =
+        Make_HotLabel(u"SaveAsPdf"_s, u"Save as PDF..."_s, place, With_Lists(&Form2::SaveAsPdf_Click));
+    setTabOrder(print, save);
+    Label8 = Make_Help_Label(u"Label8"_s, {Left, 500, Right - 12 - Left, 44}, Frame1);
 }
 
 // A question with its two option buttons in a line of a panel.
@@ -181,6 +185,7 @@ void Form2::Tell_Helps() {
          u"Disband any group (except 'Universal') - this action will NOT delete pupils in that group!"_s},
         {u"HotLabel1", u"Return to the Main Menu."_s},
         {u"HotLabel2", u"Print out the contents of the spreadsheet shown on this page."_s},
+        {u"SaveAsPdf", u"Save the contents of the spreadsheet in a PDF file, where you choose."_s},
         {u"HotLabel7",
          u"Select 'Update' to commit any changes you make to the Swith database - take care!"_s},
         {u"Label1", u"Select whether individuals in Group/Class will appear on the 'Login List'."_s},

@@ -330,7 +330,6 @@ void Form2::HotLabel1_Click() {
 void Form2::HotLabel2_Click() {
     try {
         if (!platform.printers.Choose()) return;
-        // Without a printer the user is told of the file that stands in for the sheet.
         if (!printing::Grid_Print(printing::Grid_Kind::Security_Settings, *this, installation, platform))
             return;
         platform.boxes.Ask(Box_Style::Information, u"Will be printed"_s,
@@ -338,6 +337,11 @@ void Form2::HotLabel2_Click() {
     } catch (const basics::Run_Time_Error&) {
         // A printer that fails ends it without a word, as a cancelled dialog does.
     }
+}
+
+void Form2::SaveAsPdf_Click() {
+    printing::Grid_Print(printing::Grid_Kind::Security_Settings, *this, installation, platform,
+                         printing::Outlet::Pdf_File);
 }
 
 void Form2::LoginCards_Click() {

@@ -48,6 +48,7 @@ public:
     void Text4_Change();
     void HotLabel1_Click();  // the menu
     void HotLabel2_Click();  // prints the grid
+    void SaveAsPdf_Click();  // the grid
     void HotLabel3_Click();  // adds a group
     void LoginCards_Click(); // logins of the group in the panel of settings, on paper
 

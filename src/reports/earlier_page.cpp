@@ -62,12 +62,16 @@ void Earlier_Page::Lay_Out() {
     HotLabel2->Set_Weight(shell::HotLabel::Weight::Primary);
     HotLabel1 =
         Make_HotLabel(u"HotLabel1"_s, u"Reports"_s, {924, 504, 140, 40}, [this] { HotLabel1_Click(); });
+    SaveAsPdf = Make_HotLabel(u"SaveAsPdf"_s, u"Save as PDF..."_s, {620, 504, 140, 40},
+                              [this] { SaveAsPdf_Click(); });
+    setTabOrder(HotLabel2, SaveAsPdf);
 }
 
 void Earlier_Page::Tell_Helps() {
-    shell::Help_Line* help = Make_Help(u"Help"_s, {16, 494, 744, 50}).line;
+    shell::Help_Line* help = Make_Help(u"Help"_s, {16, 494, 592, 50}).line;
     help->Tell(HotLabel1, u"Return to the main reports page"_s);
     help->Tell(HotLabel2, u"Print out the list of earlier and present results"_s);
+    help->Tell(SaveAsPdf, u"Save the list in a PDF file, where you choose"_s);
     help->Tell(
         Spread1,
         u"Each score is by the norms of the age at that time. It is called higher or lower than the one before only where one raw point more or less would make no such difference."_s);
@@ -121,16 +125,25 @@ void Earlier_Page::HotLabel1_Click() {
     navigator.Close_Page();
 }
 
-void Earlier_Page::HotLabel2_Click() {
-    if (!platform.printers.Choose()) return;
-    printing::Telling_Printer_Errors(platform, [this] {
+void Earlier_Page::Put_Out_List(printing::Outlet outlet) {
+    printing::Telling_Printer_Errors(platform, [this, outlet] {
         grid::Marked_Text heading = printing::List_Heading(installation);
         heading.Add_Markup(u"/n/cQuend Mevo - Earlier results of "_s).Add_Value(state.Pupil_Name);
         heading.Add_Markup(u"./n/c/fz\"12\"/fb0ID:  "_s).Add_Value(state.Current_Student_Code);
         heading.Add_Markup(u"          Date of birth: "_s).Add_Value(state.Pupil_DOB.Text_Or_Empty());
         heading.Add_Markup(u"/n/n"_s);
-        printing::Print_List(*Spread1, heading, u"Mevo earlier results"_s, installation, platform);
+        const QString name = u"Mevo earlier results"_s;
+        printing::Print_List(*Spread1, heading, {name, name + u" - "_s + state.Pupil_In_Titles()},
+                             installation, platform, outlet);
     });
+}
+
+void Earlier_Page::HotLabel2_Click() {
+    if (platform.printers.Choose()) Put_Out_List(printing::Outlet::Printer);
+}
+
+void Earlier_Page::SaveAsPdf_Click() {
+    Put_Out_List(printing::Outlet::Pdf_File);
 }
 
 } // namespace reports

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/grid/spread.h"
+#include "printing/pdf_file.h"
 #include "reports/reports_page.h"
 #include "scoring/earlier/earlier_results.h"
 #include "shell/conventions/page.h"
@@ -18,8 +19,10 @@ public:
 
     void HotLabel1_Click(); // back to the Reports page
     void HotLabel2_Click(); // prints
+    void SaveAsPdf_Click();
 
 private:
+    void Put_Out_List(printing::Outlet outlet);
     void Lay_Out();
     void Tell_Helps();
     void Write_Headings();
@@ -33,7 +36,7 @@ private:
 
     grid::fpSpread* Spread1;
     QLabel* Notice; // what keeps the earlier results from being shown
-    shell::HotLabel *HotLabel1, *HotLabel2;
+    shell::HotLabel *HotLabel1, *HotLabel2, *SaveAsPdf;
 };
 
 } // namespace reports

@@ -288,14 +288,17 @@ void Form30::Lay_Out_Commands() {
                               std::function<void()> click) {
         return Make_HotLabel(QString::fromUtf16(name), caption, place, std::move(click));
     };
-    HotLabel7 = entry(u"HotLabel7", u"Summary"_s, {Left, 374, half, 36}, [this] { HotLabel7_Click(); });
-    HotLabel5 = entry(u"HotLabel5", u"Chart"_s, {second, 374, half, 36}, [this] { HotLabel5_Click(); });
-    HotLabel3 = entry(u"HotLabel3", u"Comment"_s, {Left, 416, half, 36}, [this] { HotLabel3_Click(); });
-    Label8 = Make_Label(u"Label8"_s, u"Print"_s, Text_Role::Quiet, {second, 416, 36, 36});
+    HotLabel7 = entry(u"HotLabel7", u"Summary"_s, {Left, 365, half, 28}, [this] { HotLabel7_Click(); });
+    HotLabel5 = entry(u"HotLabel5", u"Chart"_s, {second, 365, half, 28}, [this] { HotLabel5_Click(); });
+    HotLabel3 = entry(u"HotLabel3", u"Comment"_s, {Left, 396, half, 28}, [this] { HotLabel3_Click(); });
+    Label8 = Make_Label(u"Label8"_s, u"Print"_s, Text_Role::Quiet, {second, 396, 36, 28});
     PrintIcon =
-        entry(u"PrintIcon", u"Print out"_s, {second + 38, 416, half - 38, 36}, [this] { PrintIcon_Click(); });
-    Offer_Printing(false);
+        entry(u"PrintIcon", u"Print out"_s, {second + 38, 396, half - 38, 28}, [this] { PrintIcon_Click(); });
     HotLabel1 = entry(u"HotLabel1", u"Menu"_s, {Menu_Left, Last_Row, 140, 40}, [this] { HotLabel1_Click(); });
+    SaveAsPdf =
+        entry(u"SaveAsPdf", u"Save as PDF..."_s, {second, 427, half, 28}, [this] { SaveAsPdf_Click(); });
+    setTabOrder(PrintIcon, SaveAsPdf);
+    Offer_Printing(false);
 }
 
 // Beside the title, as it is about the pupil and not about the chart.
@@ -320,6 +323,7 @@ void Form30::Tell_Helps() {
     help->Tell(SaveScores, u"Save the scores of all pupils on the list, for a spreadsheet"_s);
     help->Tell(PrintIcon,
                u"Print out the scores summary table or any of the raw data tables currently on screen."_s);
+    help->Tell(SaveAsPdf, u"Save the table on screen in a PDF file, where you choose."_s);
     help->Tell(WhyEntry, u"Show how a score came about; a double click on its column does the same"_s);
     help->Tell(ShowValues, u"Show or hide the values at the bars, and why a column has no bar"_s);
     Why->Tell_Helps(*help);

@@ -332,6 +332,7 @@ void Form30::Show_Raw_Marker(int i) {
 
 void Form30::Offer_Printing(bool offered) {
     PrintIcon->setVisible(offered);
+    SaveAsPdf->setVisible(offered);
     Label8->setVisible(offered);
 }
 
@@ -424,7 +425,11 @@ void Form30::Label7_Click() {
 void Form30::PrintIcon_Click() {
     if (!Picture2->isHidden()) return; // only tables are printed from here
     if (!platform.printers.Choose()) return;
-    tables->Print(state, installation, platform);
+    tables->Print(state, installation, platform, printing::Outlet::Printer);
+}
+
+void Form30::SaveAsPdf_Click() {
+    if (Picture2->isHidden()) tables->Print(state, installation, platform, printing::Outlet::Pdf_File);
 }
 
 void Form30::Open_Detail_Table(int t) {

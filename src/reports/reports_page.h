@@ -65,6 +65,7 @@ public:
     void HotLabel7_Click();        // the summary
     void Label7_Click();           // back to the chart, while it says so
     void PrintIcon_Click();        // the table on screen
+    void SaveAsPdf_Click();        // the same
     void Test_Button_Click(int t); // BtnEnh11 to BtnEnh19: one test's answers, item by item
 
     void Open_Why(int t); // how the score of test t, 1 to 9, came about, before the chart
@@ -98,7 +99,7 @@ private:
     void Show_Chart(bool shown);
     void Hide_All_Markers();
     void Open_Detail_Table(int t);
-    void Offer_Printing(bool offered); // PrintIcon and its caption
+    void Offer_Printing(bool offered); // PrintIcon, its caption and SaveAsPdf
     bool Is_Done(int t) const;
     void Show_Summary_Cells();
     void Describe_Chart();
@@ -143,7 +144,7 @@ private:
     QFrame *Shape11, *Track;   // seen only while the strip grows
     QElapsedTimer strip_painted;
     shell::HotLabel *HotLabel1, *HotLabel2, *HotLabel3, *HotLabel4, *HotLabel5, *HotLabel6, *HotLabel7;
-    shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon;
+    shell::HotLabel *ShowCentiles, *ShowZScores, *ShowGreys, *ShowWhite, *PrintIcon, *SaveAsPdf;
 };
 
 } // namespace reports

@@ -118,7 +118,7 @@ void Table_Panel::Show_Which_Raw_Data(int t, int p) {
 }
 
 void Table_Panel::Print(const Report_State& state, const foundation::Installation& installation,
-                        desktop::Platform& platform) {
+                        desktop::Platform& platform, printing::Outlet outlet) {
     using printing::Table_To_Print;
     const std::pair<Table_To_Print, grid::fpSpread*> kinds[] = {{Table_To_Print::Wide_Detail, fpSpread2plus},
                                                                 {Table_To_Print::Summary, fpSpread1},
@@ -126,7 +126,7 @@ void Table_Panel::Print(const Report_State& state, const foundation::Installatio
     for (const auto& [kind, table] : kinds) {
         if (table->isHidden()) continue;
         printing::Telling_Printer_Errors(platform, [&] {
-            printing::Print_Table({kind, *table, Label3->text()}, state, installation, platform);
+            printing::Print_Table({kind, *table, Label3->text()}, state, installation, platform, outlet);
         });
         return;
     }

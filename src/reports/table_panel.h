@@ -4,6 +4,7 @@
 #include "platform/basics/value.h"
 #include "platform/desktop/ports.h"
 #include "platform/grid/spread.h"
+#include "printing/pdf_file.h"
 #include "reports/profile_bars.h"
 #include "reports/state/report_state.h"
 #include "scoring/scoring.h"
@@ -38,7 +39,7 @@ public:
     // Prints the table on screen, with its heading, on the printer chosen last; nothing if there is none. A
     // fault of the printer is shown in a box.
     void Print(const Report_State& state, const foundation::Installation& installation,
-               desktop::Platform& platform);
+               desktop::Platform& platform, printing::Outlet outlet);
 
 Q_SIGNALS:
     void Closed(); // a table, by a double click

@@ -119,10 +119,15 @@ void Form14::Lay_Out() {
     TickList = Make_HotLabel(u"TickList"_s, u"Tick list..."_s,
                              {QPoint(Left + Whole_Width - 3 * button.width() - 24, top), button},
                              [this] { TickList_Click(); });
+    HotLabel* save = Make_HotLabel(u"SaveAsPdf"_s, u"Save as PDF..."_s,
+                                   {QPoint(Left + Whole_Width - 4 * button.width() - 36, top), button},
+                                   [this] { SaveAsPdf_Click(); });
+    setTabOrder(print, save);
     print->Set_Weight(HotLabel::Weight::Primary);
     // The help line is only for the filter and the tick list; nothing else describes these to a screen
     // reader.
     print->setAccessibleDescription(u"Prints the chart."_s);
+    save->setAccessibleDescription(u"Saves the chart in a PDF file, where you choose."_s);
     menu->setAccessibleDescription(u"Return to Main Menu"_s);
 }
 
@@ -143,7 +148,7 @@ void Form14::Lay_Out_Filter() {
 }
 
 void Form14::Tell_Helps() {
-    Help_Line* help = Make_Help(u"ProgressHelp"_s, {Left, 500, 592, 44}).line;
+    Help_Line* help = Make_Help(u"ProgressHelp"_s, {Left, 500, 440, 44}).line;
     help->Tell(GroupFilter, u"Show the pupils of one group, here and on what is printed."_s);
     help->Tell(UnfinishedOnly, u"Show only pupils who haven't done all nine tests."_s);
     help->Tell(
@@ -244,6 +249,11 @@ void Form14::HotLabel2_Click() {
     } catch (const basics::Run_Time_Error&) {
         // Whatever the printer objects to is passed over in silence.
     }
+}
+
+void Form14::SaveAsPdf_Click() {
+    printing::Grid_Print(printing::Grid_Kind::Testing_Progress, *this, installation, platform,
+                         printing::Outlet::Pdf_File);
 }
 
 void Form14::TickList_Click() {

@@ -24,6 +24,7 @@ public:
     void Timer1_Timer(); // fills the grid, once the page has been painted
 
     void HotLabel1_Click(); // back to the menu
+    void SaveAsPdf_Click();
     void HotLabel2_Click(); // prints; a cancelled dialog and a faulty printer end it without a word
     void TickList_Click();  // those listed, with boxes to tick
 

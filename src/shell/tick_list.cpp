@@ -112,6 +112,7 @@ void Draw_Tick_List(const Ticks& ticks, const foundation::Installation& installa
     sheet.BeginOutput();
     printing::Draw_Running_Texts(sheet, u'|' + printing::Cell(installation.Institution) + u'|',
                                  u'|' + printing::Short_Product_Line() + u'|');
+    sheet.Title = u"Mevo tick list - "_s + ticks.title;
     Tick_Sheets(ticks, sheet).Draw();
     sheet.EndOutput();
 }

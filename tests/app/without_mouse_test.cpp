@@ -80,6 +80,13 @@ protected:
             EXPECT_TRUE(pattern.match(change).hasMatch()) << change.toStdString();
         seen = found;
     }
+    // Beside each entry that prints.
+    void Save_As_Pdf() {
+        const QString file = sample.Folder() + u"/saved.pdf"_s;
+        outside.file_dialogs.answers = {file};
+        Tab_And_Press(u"SaveAsPdf"_s);
+        EXPECT_TRUE(QFile::remove(file));
+    }
     // Gives the first question of the dialog its other answer. What the file holds, which is taken away.
     QByteArray Saved_As_Csv(const QString& entry) {
         const QString file = sample.Folder() + u"/taken out.csv"_s;
@@ -145,6 +152,7 @@ public:
         Write_Bytes(file, "Ashdown,Ella,female,14/03/2019,Class 1 Oak,\r\n");
         outside.file_dialogs.answers = {file};
         Tab_And_Press(u"PreviewImport"_s);
+        Save_As_Pdf();
         outside.boxes.Will_Answer(Answer::Yes);
         Tab_And_Press(u"HotLabel3"_s, Qt::Key_Space);
         Expect_Changed(u"Mevo_\\w+ ASHELL\\w+: new"_s);
@@ -234,6 +242,7 @@ public:
         Press(Qt::Key_Right);
         EXPECT_TRUE(no.isChecked());
         Press(Qt::Key_Left);
+        Save_As_Pdf();
         Tab_And_Press(u"HotLabel6"_s);
         Expect_Changed(u"Mevo_Groups \\d+: new, Dob_as_pw 1, Group_Name 'Willow',"_s);
         Print_Login_Cards();
@@ -278,6 +287,7 @@ public:
         EXPECT_TRUE(Shown(Page(), u"fpSpread1"_s));
         Tab_And_Press(u"PrintIcon"_s);
         EXPECT_EQ(outside.printers.printed.size(), 1);
+        Save_As_Pdf();
         Tab_And_Press(u"HotLabel5"_s, Qt::Key_Space);
         EXPECT_TRUE(Shown(Page(), u"Picture2"_s));
         EXPECT_TRUE(Saved_As_Csv(u"SaveScores"_s).contains(";Tolvens_raw_score;"));
@@ -299,6 +309,7 @@ public:
         EXPECT_FALSE(list.Text(6, 1).isEmpty());
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.last(), u"Mevo earlier results"_s);
+        Save_As_Pdf();
         Go(u"HotLabel1"_s, u"Form30"_s);
     }
 
@@ -314,6 +325,7 @@ public:
         Follow_To(u"Why_Report"_s);
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.takeLast(), u"Mevo explanation of a score"_s);
+        Save_As_Pdf();
         Go(u"HotLabel1"_s, u"Form30"_s);
         Press(Qt::Key_Escape);
         EXPECT_FALSE(Shown(Page(), u"Why"_s));
@@ -334,6 +346,7 @@ public:
         Press(Qt::Key_Plus);
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.last(), u"Mevo individual report"_s);
+        Save_As_Pdf();
         Go(u"HotLabel1"_s, u"Form30"_s);
         EXPECT_EQ(Focused(), u"HotLabel4"_s) << "the keys go on where they were";
         Press(Qt::Key_Tab);
@@ -344,6 +357,7 @@ public:
         Press(Qt::Key_Space);
         Tab_And_Press(u"HotLabel9"_s);
         EXPECT_EQ(Caption(Page(), u"Label5"_s), u"There are 1 pupils on 1 pages."_s);
+        Save_As_Pdf();
         Find_A_Name();
         Save_Full_Reports();
         EXPECT_EQ(Saved_As_Csv(u"SaveScores"_s).count('\n'), 2) << "in the form that was chosen before";
@@ -432,7 +446,7 @@ public:
         };
         EXPECT_EQ(
             listed(),
-            u"Removed everywhere, Archived, Printed batch, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
+            u"Removed everywhere, Archived, Printed batch, Printed batch, Corrected, Corrected, Retest allowed, Imported, Imported"_s);
         Tab_To(u"Combo1"_s);
         Type(u"Ret"_s);
         EXPECT_EQ(listed(), u"Retest allowed"_s);
@@ -442,6 +456,7 @@ public:
         EXPECT_EQ(listed(), u"Imported"_s);
         By_Letter(u"HotLabel2"_s);
         EXPECT_EQ(outside.printers.printed.last(), u"Mevo changes and data protection"_s);
+        Save_As_Pdf();
         const QString csv = sample.Folder() + u"/changes.csv"_s;
         const QString support = sample.Folder() + u"/support.mdb"_s;
         outside.file_dialogs.answers = {csv, support};
@@ -475,6 +490,7 @@ public:
         Press(Qt::Key_Down, 3);
         outside.boxes.Will_Answer(Answer::Ok);
         By_Letter(u"HotLabel2"_s);
+        Save_As_Pdf();
         Tab_To(u"GroupFilter"_s);
         Press(Qt::Key_Down);
         Tab_And_Press(u"UnfinishedOnly"_s, Qt::Key_Space);

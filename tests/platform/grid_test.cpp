@@ -78,8 +78,9 @@ Printed_Grid Long_Grid(int rows) {
 
 class Grid : public testing::Test {
 protected:
-    QString Print(fpSpread& grid) {
-        return grid.Action(fpSpread::Action_Print, {outside.printers, u"Sheet"_s, u"/archives"_s});
+    void Print(fpSpread& grid) {
+        grid.Action(fpSpread::Action_Print,
+                    {u"Sheet"_s, [this](const auto& sheets) { outside.printers.Print(sheets); }});
     }
     test_support::Scripted_Platform outside;
 };

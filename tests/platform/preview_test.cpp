@@ -365,7 +365,7 @@ protected:
 
     ViewPro document;
     test_support::Scripted_Platform scripted;
-    preview::Preview_Window window{document, scripted.printers, scripted.clipboard};
+    preview::Preview_Window window{document, scripted.clipboard};
 };
 
 } // namespace
@@ -457,9 +457,9 @@ TEST_F(PreviewWindow, AFittedWidthHoldsUntilTheSheetIsEnlargedAndWritesNoZoom) {
 }
 
 TEST_F(PreviewWindow, PrintsThePagesThatAreAskedFor) {
-    scripted.printers.says_pdf = u"/archives/report.pdf"_s;
-    EXPECT_EQ(window.PrintPages(u"Report"_s, 1, 2, u"/archives"_s), u"/archives/report.pdf"_s);
-    EXPECT_EQ(scripted.printers.pdf_folders, QStringList{u"/archives"_s});
+    window.PrintPages(u"Report"_s, 1, 2,
+                      [this](const desktop::Printed_Document& sheets) { scripted.printers.Print(sheets); });
+    EXPECT_EQ(scripted.printers.printed, QStringList{u"Report"_s});
     ASSERT_EQ(scripted.printers.pages.size(), 2);
     EXPECT_EQ(scripted.printers.pages[0].pixelColor(400, 900), QColor(Qt::red));
     EXPECT_EQ(scripted.printers.pages[1].pixelColor(400, 900), QColor(Qt::blue));

@@ -85,7 +85,6 @@ TEST_F(Individual_Report_Page, BeginsWithinTheMarginsAsTheSchoolSettledUntilTheA
 TEST_F(Individual_Report_Page, PrintsOneSheetAsItIsOnView) {
     Click(page, u"HotLabel2"_s);
     EXPECT_EQ(outside.printers.pages.size(), 1);
-    EXPECT_EQ(outside.printers.pdf_folders, QStringList{u"/archives"_s});
     EXPECT_EQ(outside.pointer.shapes.last(), Pointer_Shape::Default);
     const QImage whole = outside.printers.pages.first();
     Click(page, u"Check4"_s);

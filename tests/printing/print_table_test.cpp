@@ -5,6 +5,8 @@
 #include "printing/product_lines.h"
 #include "printing/pupil_on_paper.h"
 
+#include <gtest/gtest.h>
+
 using namespace printing;
 using namespace test_support;
 
@@ -77,17 +79,18 @@ TEST_F(Printed_Grids, OnlyTheWideTableIsLimitedToItsData) {
     EXPECT_EQ(grid.Printed().rows.size(), 1u);
 }
 
-TEST_F(Printed_Grids, APdfIsToldAndLiesInTheArchiveFolder) {
-    outside.printers.says_pdf = u"/archives/Mevo summary.pdf"_s;
-    outside.boxes.Will_Answer(desktop::Answer::Ok);
+TEST_F(Printed_Grids, WithoutAPrinterAskWhereThePdfIsToLie) {
+    outside.printers.is_set_up = false;
+    outside.file_dialogs.answers = {u"/missing/a.pdf"_s};
     outside.boxes.Will_Answer(desktop::Answer::Ok);
     EXPECT_FALSE(Print(Table_To_Print::Summary));
-    EXPECT_FALSE(Print(Grid_Kind::Security_Settings));
-    EXPECT_EQ(outside.printers.pdf_folders, (QStringList{u"/archives"_s, u"/archives"_s}));
-    for (const Box_Shown& box : outside.boxes.shown) {
-        EXPECT_EQ(box.style, desktop::Box_Style::Information);
-        EXPECT_TRUE(box.text.contains(u"/archives/Mevo summary.pdf"_s)) << box.text.toStdString();
-    }
+    EXPECT_EQ(outside.boxes.shown.last().style, desktop::Box_Style::Critical);
+    EXPECT_FALSE(Print(Grid_Kind::Security_Settings)) << "cancelled";
+    ASSERT_EQ(outside.file_dialogs.asked.size(), 2);
+    EXPECT_EQ(outside.file_dialogs.asked[0].title, u"No printer is set up: save as PDF"_s);
+    EXPECT_EQ(outside.file_dialogs.asked[0].file_name,
+              u"Mevo summary data table - SMIOLI633THJ Smith Oliver.pdf"_s);
+    EXPECT_EQ(outside.file_dialogs.asked[1].file_name, u"Mevo security settings.pdf"_s);
 }
 
 TEST_F(Printed_Grids, AFaultOfThePrinterIsARunTimeError) {

@@ -50,7 +50,7 @@ TEST_F(Print_Tool, FullReportsAreThoseOfThePreviewPupilByPupil) {
     for (int p = 1; p <= scores.pupils.Pupils_Listed; ++p)
         pupils.push_back(full.Score(p));
     const desktop::Printed_Document document = full.Document(u"all"_s, std::move(pupils));
-    outside.printers.Print(document, {});
+    outside.printers.Print(document);
     const QList<QImage> made = std::exchange(outside.printers.pages, {});
     ASSERT_EQ(made.size(), scores.pupils.Pupils_Listed);
     ASSERT_EQ(document.bookmarks.size(), std::size_t(made.size()));

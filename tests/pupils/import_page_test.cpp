@@ -248,11 +248,6 @@ TEST_F(Import, PrintsThePreviewAndSaysWhatBecameOfIt) {
     Expect_Box(
         Box_Style::Information, u"Printed"_s,
         u"A spreadsheet showing personal details of all individuals to import has been sent to your printer"_s);
-    outside.printers.says_pdf = u"preview.pdf"_s;
-    outside.boxes.Will_Answer(Answer::Ok);
-    Click(u"HotLabel4"_s);
-    EXPECT_TRUE(outside.boxes.shown.last().text.contains(u"preview.pdf"_s));
-    EXPECT_EQ(outside.printers.pdf_folders.last(), installation.Archive_Folder);
 }
 
 } // namespace pupils

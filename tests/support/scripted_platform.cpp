@@ -120,10 +120,9 @@ int Scripted_Registry::Query_Value(quintptr handle, const QString& name, int& ty
     return 0;
 }
 
-QString Picture_Printer::Print(const desktop::Printed_Document& document, const QString& pdf_folder) {
+void Picture_Printer::Print(const desktop::Printed_Document& document) {
     if (broken) throw basics::Run_Time_Error(482, u"Printer"_s, u"The printer is stopped."_s);
     printed.append(document.name);
-    pdf_folders.append(pdf_folder);
     for (int page = 1; page <= document.pages; ++page) {
         QImage sheet(794, 1123, QImage::Format_RGB32);
         sheet.fill(Qt::white);
@@ -132,7 +131,6 @@ QString Picture_Printer::Print(const desktop::Printed_Document& document, const 
         document.paint(painter, page);
         pages.append(sheet);
     }
-    return says_pdf;
 }
 
 void Scripted_Platform::Expect_Silent_Unless_Printed(const std::function<void()>& print) {

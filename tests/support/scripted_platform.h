@@ -159,13 +159,11 @@ class Picture_Printer final : public desktop::Printers {
 public:
     bool Is_Any_Set_Up() override { return is_set_up; }
     bool Choose() override { return !cancelled; }
-    QString Print(const desktop::Printed_Document& document, const QString& pdf_folder) override;
+    void Print(const desktop::Printed_Document& document) override;
     bool is_set_up = true;
     bool cancelled = false;
     bool broken = false;
-    QString says_pdf; // the name of a PDF that stood in for a printer
     QStringList printed;
-    QStringList pdf_folders;
     QList<QImage> pages;
 };
 

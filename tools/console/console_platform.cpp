@@ -98,7 +98,7 @@ class No_Printers final : public desktop::Printers {
 public:
     bool Is_Any_Set_Up() override { return false; }
     bool Choose() override { return false; }
-    QString Print(const desktop::Printed_Document&, const QString&) override { basics::Raise(Printer_Error); }
+    void Print(const desktop::Printed_Document&) override { basics::Raise(Printer_Error); }
 
 private:
     static constexpr int Printer_Error = 482;

@@ -1,7 +1,5 @@
 #include "platform/desktop/qt_printers.h"
 
-#include "platform/basics/file_stem.h"
-#include "platform/basics/native_path.h"
 #include "platform/basics/run_time_error.h"
 #include "platform/basics/twips.h"
 #include "platform/desktop/pdf_description.h"
@@ -11,7 +9,6 @@
 #include <QBuffer>
 #include <QClipboard>
 #include <QDateTime>
-#include <QDir>
 #include <QImage>
 #include <QMimeData>
 #include <QPageLayout>
@@ -135,7 +132,7 @@ public:
     bool Choose() override {
         if (!Is_Any_Set_Up()) {
             choice.reset();
-            return true; // a PDF needs no choice
+            return true;
         }
         QPrinter printer(QPrinter::HighResolution);
         if (choice) printer.setPrinterName(choice->printer);
@@ -148,13 +145,13 @@ public:
         return true;
     }
 
-    QString Print(const Printed_Document& document, const QString& pdf_folder) override {
+    void Print(const Printed_Document& document) override {
         const QStringList available = QPrinterInfo::availablePrinterNames();
-        if (available.isEmpty() && !choice) return Print_To_Pdf(document, pdf_folder);
+        if (available.isEmpty() && !choice)
+            Raise_Printer_Error(basics::errors::Printer_Error, u"No printer is set up on this computer."_s);
         const QString name = choice ? choice->printer : Usual_Printer(available);
         Refuse_What_Cannot_Print(name, available);
         Print_On(name, document);
-        return {};
     }
 
 private:
@@ -164,7 +161,7 @@ private:
     }
 
     // The toolkit ignores an unknown name in silence, and takes a job for a stopped printer as done. A
-    // printer that is gone is reported once; then the usual one takes its place, or a PDF.
+    // printer that is gone is reported once; then the usual one takes its place.
     void Refuse_What_Cannot_Print(const QString& name, const QStringList& available) {
         if (!available.contains(name)) {
             choice.reset();
@@ -201,18 +198,6 @@ private:
         printer.setDuplex(choice->duplex);
         printer.setColorMode(choice->colours);
         choice->copies = 1; // asked for this job; one that is printed without the dialog comes once
-    }
-
-    static QString Print_To_Pdf(const Printed_Document& document, const QString& folder) {
-        const QDir archives(basics::Native_Path(folder));
-        archives.mkpath(u"."_s);
-        const QString stem =
-            basics::File_Stem(document.name) + QDateTime::currentDateTime().toString(u" yyyy-MM-dd HHmmss"_s);
-        QString file = archives.filePath(stem + u".pdf"_s);
-        for (int again = 2; QFile::exists(file); ++again)
-            file = archives.filePath(stem + u" (%1).pdf"_s.arg(again));
-        Write_Pdf(document, file);
-        return file;
     }
 
     std::optional<Choice> choice;

@@ -311,13 +311,11 @@ void fpSpread::Set_PrintHeader(const Marked_Text& header) {
     PrintHeaderValues = header.values;
 }
 
-QString fpSpread::Action(int action, const Print_Outlet& outlet) {
+void fpSpread::Action(int action, const Print_Outlet& outlet) {
     if (action != Action_Print || PrintOrientation != Portrait)
         throw basics::Run_Time_Error(basics::errors::Invalid_Property_Value, objectName(),
                                      u"Invalid property value"_s);
-    desktop::Printed_Document document = Document_Of(Lay_Out_Sheets(Printed()), outlet.document);
-    document.about = outlet.about;
-    return outlet.printers.Print(document, outlet.pdf_folder);
+    outlet.take(Document_Of(Lay_Out_Sheets(Printed()), outlet.document));
 }
 
 } // namespace grid

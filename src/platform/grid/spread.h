@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QMap>
 #include <QTableView>
+#include <functional>
 #include <vector>
 
 namespace grid {
@@ -16,12 +17,10 @@ struct Cell_Look {
     bool bold = false;
 };
 
-// The printer that a grid goes to, and what the sheets are called there.
+// Where a grid's sheets go, and what they are called there.
 struct Print_Outlet {
-    desktop::Printers& printers;
-    QString document;   // as the printer's queue names it
-    QString pdf_folder; // for the PDF that stands in where no printer is set up
-    QString about = {}; // for that PDF's properties
+    QString document; // as a printer's queue names it
+    std::function<void(const desktop::Printed_Document& sheets)> take;
 };
 
 class Cells;
@@ -75,9 +74,9 @@ public:
 
     void Set_PrintHeader(const Marked_Text& header);
 
-    // 32 prints the grid. Gives the full name of the PDF if there was no printer, otherwise empty text. A
-    // fault of the printer, an action or an orientation that the grid doesn't know is a run-time error.
-    QString Action(int action, const Print_Outlet& outlet);
+    // 32 prints the grid. A fault of the printer, an action or an orientation that the grid doesn't know is a
+    // run-time error.
+    void Action(int action, const Print_Outlet& outlet);
 
     // The grid as Action would print it now.
     Printed_Grid Printed() const;

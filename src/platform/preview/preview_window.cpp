@@ -48,9 +48,8 @@ QAccessibleInterface* Interface_Of(const QString&, QObject* object) {
 
 } // namespace
 
-Preview_Window::Preview_Window(ViewPro& document, desktop::Printers& printers, desktop::Clipboard& clipboard,
-                               QWidget* parent)
-    : QAbstractScrollArea(parent), document(document), printers(printers), clipboard(clipboard) {
+Preview_Window::Preview_Window(ViewPro& document, desktop::Clipboard& clipboard, QWidget* parent)
+    : QAbstractScrollArea(parent), document(document), clipboard(clipboard) {
     QAccessible::installFactory(Interface_Of);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(u"Print preview"_s);
@@ -106,8 +105,9 @@ void Preview_Window::Bring_Mark_Into_View() {
     verticalScrollBar()->setValue(int(std::lround(middle.y())) - viewport()->height() / 2);
 }
 
-QString Preview_Window::PrintPages(const QString& name, int first, int last, const QString& pdf_folder) {
-    return printers.Print(document.Document(name, first, last), pdf_folder);
+void Preview_Window::PrintPages(const QString& name, int first, int last,
+                                const std::function<void(const desktop::Printed_Document& sheets)>& take) {
+    take(document.Document(name, first, last));
 }
 
 void Preview_Window::CopyPage() {

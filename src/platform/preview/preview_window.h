@@ -15,8 +15,7 @@ class Preview_Window final : public QAbstractScrollArea {
     Q_OBJECT
 public:
     // The document must live as long as this window is asked anything; the window answers its ShowOutput.
-    Preview_Window(ViewPro& document, desktop::Printers& printers, desktop::Clipboard& clipboard,
-                   QWidget* parent = nullptr);
+    Preview_Window(ViewPro& document, desktop::Clipboard& clipboard, QWidget* parent = nullptr);
 
     void Show_Output();
     void Set_ZoomPercent(int percent); // 100 is the real size by the screen's own resolution
@@ -29,8 +28,9 @@ public:
     // Frames a place of a page on screen only, in twips, and brings it into view; page 0 frames none.
     void Mark(int page, const QRect& place = {});
 
-    // As desktop::Printers::Print: the name of a PDF that stands in for a printer, or empty text.
-    QString PrintPages(const QString& name, int first, int last, const QString& pdf_folder);
+    // Hands the pages to what prints them, under the name that a printer's queue shows.
+    void PrintPages(const QString& name, int first, int last,
+                    const std::function<void(const desktop::Printed_Document& sheets)>& take);
     void CopyPage(); // the shown page
 
 Q_SIGNALS:
@@ -63,7 +63,6 @@ private:
     void Tell_Assistive_Tools();
 
     ViewPro& document;
-    desktop::Printers& printers;
     desktop::Clipboard& clipboard;
     Drawing sheet;
     int zoom = 100;

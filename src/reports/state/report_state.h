@@ -29,6 +29,9 @@ struct Report_State {
     bool Chart_Replaced = false;    // a table has been shown where the chart was
     bool Time_Scores_Ready = false; // the time pass has run for the current pupil
 
+    // "SMIOLI633THJ Smith Oliver": a pupil in the title of a file of their own.
+    QString Pupil_In_Titles() const { return Current_Student_Code + u' ' + Pupil_Name; }
+
     std::array<QString, 9> Test_Table_Title; // captions of the detail tables, set when the page is loaded
     scoring::Summary_Cells summary;          // what the summary grid shows
 
