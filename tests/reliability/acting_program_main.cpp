@@ -1,11 +1,12 @@
 // One act of the administration in a process that can be killed: acting_program ACT FOLDER [DESK]. FOLDER
 // holds the working database, the template, archives/archive.mdb and class.txt; where several are at work
 // each DESK imports a class of its own, class1.txt, deletes pupils with surnames as Zz1, and saves mine1.mdb.
-// "ready" on the output tells that the act begins, "stored N" that N pupils of an import are stored, "done"
-// that the act is over.
+// "ready" on the output tells that the act begins, "stored N" that N pupils of an import are stored, "waited
+// N" that it waited N seconds for the file at one time, "done" that the act is over.
 
 #include "conversion/older_files.h"
 #include "foundation/database_version.h"
+#include "platform/database/busy_waiting.h"
 #include "pupils/delete_page.h"
 #include "pupils/import_page.h"
 #include "shell/archiving.h"
@@ -15,6 +16,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QRandomGenerator>
+#include <algorithm>
 #include <iostream>
 
 #ifdef _WIN32
@@ -48,6 +50,19 @@ struct Desk {
     void Answer_With(const QList<Answer>& answers) {
         for (const Answer answer : answers)
             outside.boxes.Will_Answer(answer);
+    }
+};
+
+// Notes the longest wait for the file; one of less than a second isn't told.
+class Stop_Watch final : public QObject {
+public:
+    int seconds = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != database::Waiting_Event::Kind) return false;
+        constexpr int longest = 15;
+        const int left = static_cast<database::Waiting_Event*>(event)->seconds_left;
+        if (left != database::Waiting_Event::Is_Over) seconds = std::max(seconds, longest - left);
+        return false;
     }
 };
 
@@ -131,7 +146,10 @@ static int Act(const QString& name, const QString& folder, const QString& number
     desk.installation.Archive_Folder = folder + u"/archives"_s;
     desk.installation.Connection_String = foundation::Connection_String_For(desk.installation.Database_Path);
     desk.installation.Admin_Password = u"secret"_s;
+    Stop_Watch watch;
+    QCoreApplication::instance()->installEventFilter(&watch);
     act(desk);
+    std::cout << "waited " << watch.seconds << '\n';
     for (const Box_Shown& box : std::as_const(desk.outside.boxes.shown))
         std::cout << "box: " << box.text.simplified().toStdString() << '\n';
     std::cout << "done" << std::endl;

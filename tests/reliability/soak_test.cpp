@@ -8,6 +8,7 @@
 #include "reliability/player_process.h"
 #include "support/database_beside.h"
 #include "support/files.h"
+#include "support/printing.h"
 #include "support/sample_file.h"
 #include "support/written_answers.h"
 
@@ -101,6 +102,8 @@ protected:
         const QByteArray told = process.readAll();
         ASSERT_TRUE(told.endsWith("done\n")) << name.toStdString() << ": " << told.toStdString();
         ++acts;
+        const QByteArray waited = told.mid(told.lastIndexOf("waited ") + 7);
+        longest_wait_s = std::max<int>(longest_wait_s, waited.left(waited.indexOf('\n')).toInt());
         longest_act_ms = std::max<qint64>(longest_act_ms, since.elapsed());
     }
     void Work_Beside(int desk, const std::atomic<bool>& is_over) {
@@ -162,6 +165,7 @@ protected:
     QList<Archive_Made> archives;
     std::atomic<int> acts = 0;
     std::atomic<qint64> longest_act_ms = 0;
+    std::atomic<int> longest_wait_s = 0;
 };
 
 } // namespace
@@ -201,5 +205,6 @@ TEST_F(Soak, NothingIsLostTornOrComplainedOf) {
     std::cout << seconds << " s: " << std::accumulate(all.begin(), all.end(), qsizetype(0))
               << " rows of answers committed by " << Players << " players, " << acts << " acts, "
               << archives.size() << " archives; longest act " << longest_act_ms
-              << " ms, longest gap of a player " << Longest_Gap_Ms() << " ms" << std::endl;
+              << " ms, longest wait of one for the file about " << longest_wait_s
+              << " s, longest gap of a player " << Longest_Gap_Ms() << " ms" << std::endl;
 }

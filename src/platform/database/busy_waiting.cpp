@@ -4,10 +4,12 @@
 #include <QThread>
 #include <iterator>
 #include <sqlite3.h>
+#include <utility>
 
 namespace database {
 
-constexpr qint64 Told_After_Ms = 1000; // a shorter wait isn't worth a word
+constexpr qint64 Told_After_Ms = 1000;     // a shorter wait isn't worth a word
+constexpr unsigned long Way_Given_Ms = 10; // within which whoever waits has looked again
 
 static void Send(int seconds_left) {
     auto* application = QCoreApplication::instance();
@@ -39,6 +41,7 @@ int Busy_Waiting::Wait(void* waiting, int times) {
     // Uneven steps, so that two who wait for each other's pauses don't keep step.
     static constexpr unsigned long steps_ms[] = {1, 1, 2, 3, 1, 5, 2, 4};
     auto* self = static_cast<Busy_Waiting*>(waiting);
+    self->others_are_there = true;
     if (times == 0) {
         self->Is_Over(); // of another lock
         self->since.start();
@@ -50,6 +53,10 @@ int Busy_Waiting::Wait(void* waiting, int times) {
     self->Tell();
     QThread::msleep(steps_ms[static_cast<unsigned>(times) % std::size(steps_ms)]);
     return 1;
+}
+
+void Busy_Waiting::Give_Way() {
+    if (std::exchange(others_are_there, false)) QThread::msleep(Way_Given_Ms);
 }
 
 } // namespace database

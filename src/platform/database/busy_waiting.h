@@ -32,6 +32,9 @@ public:
     void Install(sqlite3* engine, int seconds);
     // The engine tells of no end: whoever has called it says that it came back.
     void Is_Over();
+    // Before one change of many, with no lock in hand: where others were at work on the file since the last
+    // time, they get a moment. Who changes row after row would else mostly be there first.
+    void Give_Way();
 
 private:
     static int Wait(void* waiting, int times);
@@ -39,6 +42,7 @@ private:
 
     QElapsedTimer since;
     qint64 longest_ms = 0;
+    bool others_are_there = false;
     int told_left = Waiting_Event::Is_Over; // the seconds told last
 };
 

@@ -284,6 +284,7 @@ Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Val
     const auto waited = qScopeGuard([this] { waiting.Is_Over(); });
     if (statement.Changes()) {
         End_Shared_Lock(); // it stands alone, and never waits for others with a lock in its hands
+        waiting.Give_Way();
         Settle_Journal();
     } else if (reads == Reads::Shared) {
         Share_Lock();
