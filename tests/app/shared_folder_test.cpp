@@ -5,6 +5,7 @@
 #include "support/files.h"
 
 #include <QDirIterator>
+#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 

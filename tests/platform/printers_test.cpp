@@ -112,10 +112,11 @@ TEST_F(Pdf, TellsWhoseItIsAndLeadsToEachPupil) {
     EXPECT_EQ(found, (QStringList{u"Zoë Łuk 1"_s, u"D'Souza (Mia) 2"_s, u"1 0 R 2"_s}));
     EXPECT_TRUE(Lasting_Bytes(file).contains(" <0020> ")); // between the words, where a tab was named
     EXPECT_FALSE(Lasting_Bytes(file).contains(" <0009> <"));
-    if (QFile::exists(u"/usr/share/java/preflight.jar"_s))
+    if (QFile::exists(u"/usr/share/java/preflight.jar"_s)) {
         EXPECT_TRUE(Told_By(u"java"_s, {u"-cp"_s, Validator_Path(),
                                         u"org.apache.pdfbox.preflight.Validator_A1b"_s, file})
                         .contains(u"is a valid PDF/A-1b file"_s));
+    }
 }
 
 TEST_F(Pdf, HasTheSameBytesForTheSameSheets) {
