@@ -79,7 +79,7 @@ void Date_Lists::Populate_Date_List(int days, int day) {
     for (int number = 1; number <= days; ++number)
         Combo2->AddItem(basics::Signed_Number(number));
     Combo2->Set_ListIndex((day <= days ? day : days) - 1);
-    Combo2->repaint();
+    Combo2->update(); // painted with all else that changes now, before the next key is looked at
 }
 
 void Date_Lists::Populate_Months_List() {

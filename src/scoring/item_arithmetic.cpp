@@ -7,22 +7,27 @@ namespace {
 using basics::Value;
 using Elements = basics::Bounded<List_Element, 100>;
 
+// An item is split again for its sequence errors: its text needn't be taken again for each element.
+void Set(List_Element& element, const QString& list, qsizetype start, qsizetype size) {
+    if (element.list.constData() != list.constData()) element.list = list;
+    element.start = start;
+    element.size = size;
+}
+
 void Split(const QString& list, Elements& elements, int& count) {
     count = 0;
     qsizetype start = 0;
     for (qsizetype at = 0; at < list.size(); ++at) {
         if (list[at] != u',') continue;
-        elements[++count] = {list, start, at - start};
+        Set(elements[++count], list, start, at - start);
         start = at + 1;
     }
     if (start < list.size())
-        elements[++count] = {list, start, list.size() - start}; // a trailing comma adds none
+        Set(elements[++count], list, start, list.size() - start); // a trailing comma adds none
 }
 
 struct Misplaced_Elements {
-    basics::Bounded<List_Element, 10> requested;
-    basics::Bounded<List_Element, 10> chosen;
-    basics::Bounded<int, 10> places; // in their lists
+    basics::Bounded<int, 10> places; // in both lists
     int count = 0;
 };
 
@@ -30,10 +35,7 @@ Misplaced_Elements Elements_Out_Of_Place(const Work_Lists& work) {
     Misplaced_Elements misplaced;
     for (int i = 1; i <= work.Requested_Count; ++i) {
         if (work.Chosen_Items[i] == work.Requested_Items[i]) continue;
-        ++misplaced.count;
-        misplaced.requested[misplaced.count] = work.Requested_Items[i];
-        misplaced.chosen[misplaced.count] = work.Chosen_Items[i];
-        misplaced.places[misplaced.count] = i;
+        misplaced.places[++misplaced.count] = i;
     }
     return misplaced;
 }
@@ -46,9 +48,11 @@ int Equal_Pairs(const Misplaced_Elements& misplaced, const Work_Lists& work) {
     int pairs = 0;
     for (int i = 1; i <= misplaced.count; ++i)
         for (int j = 1; j <= misplaced.count; ++j) {
-            if (misplaced.requested[i] != misplaced.chosen[j]) continue;
+            const int asked = misplaced.places[i];
+            const int chosen = misplaced.places[j];
+            if (work.Requested_Items[asked] != work.Chosen_Items[chosen]) continue;
             ++pairs;
-            Tell_Pair(misplaced.places[i], misplaced.places[j], work);
+            Tell_Pair(asked, chosen, work);
         }
     return pairs;
 }
