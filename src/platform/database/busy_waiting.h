@@ -38,9 +38,11 @@ public:
 
 private:
     static int Wait(void* waiting, int times);
+    void Pause(int times) const;
     void Tell();
 
     QElapsedTimer since;
+    sqlite3* engine = nullptr;
     qint64 longest_ms = 0;
     bool others_are_there = false;
     int told_left = Waiting_Event::Is_Over; // the seconds told last
