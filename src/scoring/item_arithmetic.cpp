@@ -7,23 +7,19 @@ namespace {
 using basics::Value;
 using Elements = basics::Bounded<List_Element, 100>;
 
-// An item is split again for its sequence errors: its text needn't be taken again for each element.
-void Set(List_Element& element, const QString& list, qsizetype start, qsizetype size) {
-    if (element.list.constData() != list.constData()) element.list = list;
-    element.start = start;
-    element.size = size;
+void Set(List_Element& element, QStringView text) {
+    element.letters.assign(text.utf16(), static_cast<std::size_t>(text.size()));
 }
 
-void Split(const QString& list, Elements& elements, int& count) {
+void Split(QStringView list, Elements& elements, int& count) {
     count = 0;
     qsizetype start = 0;
     for (qsizetype at = 0; at < list.size(); ++at) {
         if (list[at] != u',') continue;
-        Set(elements[++count], list, start, at - start);
+        Set(elements[++count], list.sliced(start, at - start));
         start = at + 1;
     }
-    if (start < list.size())
-        Set(elements[++count], list, start, list.size() - start); // a trailing comma adds none
+    if (start < list.size()) Set(elements[++count], list.sliced(start)); // a trailing comma adds none
 }
 
 struct Misplaced_Elements {

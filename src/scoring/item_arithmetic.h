@@ -3,20 +3,20 @@
 #include "platform/basics/bounded.h"
 #include "platform/basics/value.h"
 
+#include <string>
 #include <vector>
 
 namespace scoring {
 
-// One element of a list: a stretch of the text that it was split from.
+// One element of a list. Its letters are its own: an item whose text somebody shares is allocated anew when
+// the next pupil's is read.
 struct List_Element {
-    QString list;
-    qsizetype start = 0;
-    qsizetype size = 0;
+    std::u16string letters;
 
     friend bool operator==(const List_Element& left, const List_Element& right) {
-        return left.Text() == right.Text();
+        return left.letters == right.letters;
     }
-    QStringView Text() const { return QStringView(list).sliced(start, size); }
+    QStringView Text() const { return letters; }
 };
 
 // Two elements that make a sequence error together, by their places in their lists, from 1.

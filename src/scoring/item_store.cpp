@@ -1,16 +1,8 @@
 #include "scoring/item_store.h"
 
-#include "platform/basics/run_time_error.h"
-
 using namespace Qt::StringLiterals;
 
 namespace scoring {
-
-std::size_t Item_Array::Checked(int item) const {
-    if (item < 0 || static_cast<std::size_t>(item) >= values.size())
-        basics::Raise(basics::errors::Subscript_Out_Of_Range);
-    return static_cast<std::size_t>(item);
-}
 
 void Item_Places::Find(const database::Recordset& rows, const Item_Columns& names) {
     if (rows.Shape() == found_for) return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/basics/run_time_error.h"
 #include "platform/basics/value.h"
 #include "platform/database/recordset.h"
 #include "scoring/test_catalogue.h"
@@ -20,7 +21,11 @@ public:
     const basics::Value& operator[](int item) const { return values[Checked(item)]; }
 
 private:
-    std::size_t Checked(int item) const;
+    std::size_t Checked(int item) const {
+        if (item < 0 || static_cast<std::size_t>(item) >= values.size())
+            basics::Raise(basics::errors::Subscript_Out_Of_Range);
+        return static_cast<std::size_t>(item);
+    }
     std::vector<basics::Value> values;
 };
 

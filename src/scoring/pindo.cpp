@@ -9,8 +9,8 @@ namespace scoring {
 using test_index::Pindo;
 
 static constexpr Word_Pair Colour_Words[] = {
-    {u"LBLU", u"Sky blue"}, {u"LRED", u"Red"},      {u"PURP", u"Magenta"},
-    {u"YELL", u"Yellow"},   {u"DBLU", u"Mid blue"}, {u"GREN", u"Green"},
+    {u"LBLU", "Sky blue"}, {u"LRED", "Red"},      {u"PURP", "Magenta"},
+    {u"YELL", "Yellow"},   {u"DBLU", "Mid blue"}, {u"GREN", "Green"},
 };
 
 static constexpr int Body_Parts = 6; // one attempt for each is the optimum

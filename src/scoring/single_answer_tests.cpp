@@ -12,8 +12,8 @@ using test_index::Mirvel;
 using test_index::Yoon;
 
 constexpr Word_Pair Patterns_For_Colours[] = {
-    {u"Red", u"Checkers"}, {u"Yellow", u"Bullseye"}, {u"Blue", u"Stripes"},
-    {u"Purple", u"Spots"}, {u"Green", u"Waves"},     {u"Cyan", u"Triangles"},
+    {u"Red", "Checkers"}, {u"Yellow", "Bullseye"}, {u"Blue", "Stripes"},
+    {u"Purple", "Spots"}, {u"Green", "Waves"},     {u"Cyan", "Triangles"},
 };
 
 bool Is_Right(const Test_Items& items, int i) {

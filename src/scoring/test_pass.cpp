@@ -27,6 +27,7 @@ struct Field_To_Read {
 
 std::vector<Field_To_Read> Fields_To_Read(const Test_Entry& test, Item_Load load, Test_Items& items) {
     std::vector<Field_To_Read> fields;
+    fields.reserve(static_cast<std::size_t>(test.Fields.size()));
     for (const Item_Field field : test.Fields) {
         if (!Is_Loaded(field, load)) continue;
         const bool is_list = field == Item_Field::Requested || field == Item_Field::Chosen;

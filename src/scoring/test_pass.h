@@ -2,6 +2,8 @@
 
 #include "scoring/scoring.h"
 
+#include <string_view>
+
 namespace scoring {
 
 // What the passes of all tests share. rs is a row that the caller has opened, with the items under the names
@@ -38,7 +40,7 @@ void Time_Items(int t, Item_Range range, int p, database::Recordset* rs, Scoring
 // One word that takes another's place, in requested and chosen alike; other texts pass unchanged.
 struct Word_Pair {
     QStringView stored;
-    QStringView shown;
+    std::string_view shown; // in plain letters
 };
 template<std::size_t Count>
 void Replace_Words(const Word_Pair (&words)[Count], int t, Item_Store& store) {
@@ -47,7 +49,7 @@ void Replace_Words(const Word_Pair (&words)[Count], int t, Item_Store& store) {
             basics::Value& item = store[t].Of(field)[i];
             for (const Word_Pair& word : words) {
                 if (!item.Reads(word.stored)) continue;
-                item = word.shown.toString();
+                item.Set_Text(word.shown.data(), static_cast<qsizetype>(word.shown.size()));
                 break;
             }
         }

@@ -10,20 +10,18 @@ using namespace Qt::StringLiterals;
 
 namespace basics {
 
-static bool Is_Ascii(const char* utf8, qsizetype size) {
-    unsigned char bits = 0;
-    for (qsizetype i = 0; i < size; ++i)
-        bits |= static_cast<unsigned char>(utf8[i]);
-    return bits < 0x80;
-}
-
 void Value::Set_Text(const char* utf8, qsizetype size) {
     auto* text = std::get_if<QString>(&content);
     if (!text) text = &content.emplace<QString>();
-    if (Is_Ascii(utf8, size)) // nearly all that is stored are a few plain letters and digits
-        *text = QLatin1StringView(utf8, size);
-    else
-        *text = QString::fromUtf8(utf8, size);
+    text->resize(size);
+    QChar* letter = text->data();
+    unsigned char bits = 0;
+    for (qsizetype i = 0; i < size; ++i) { // nearly all that is stored are a few plain letters and digits
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        bits |= byte;
+        letter[i] = QLatin1Char(static_cast<char>(byte));
+    }
+    if (bits >= 0x80) *text = QString::fromUtf8(utf8, size);
 }
 
 bool Value::Is_Number() const {

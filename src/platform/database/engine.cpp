@@ -204,17 +204,21 @@ std::shared_ptr<Prepared_Statement> Engine::Prepared(const Translated_Statement&
     return unsorted;
 }
 
-// No statement begins with such a character, so those of the engine's own dialect have keys of their own too.
+// No statement ends with such a character, so those of the engine's own dialect have keys of their own too.
 static QChar Kind_Of_Use(bool to_be_written, bool is_lifted) {
-    if (is_lifted) return to_be_written ? u'1' : u'2';
-    return to_be_written ? u'3' : u'4';
+    if (is_lifted) return to_be_written ? u'\1' : u'\2';
+    return to_be_written ? u'\3' : u'\4';
 }
 
 Statement_Result Engine::Run_Jet(const QString& jet, bool to_be_written) {
     since.start();
-    const Lifted_Statement lifted = Lift_Texts(jet);
-    const QString key = Kind_Of_Use(to_be_written, lifted.is_lifted) + lifted.shape;
-    const auto prepared = Known_Or(key, [&] { return Prepared(Translate_Jet(lifted), to_be_written); });
+    Lifted_Statement lifted = Lift_Texts(jet);
+    QString key = std::move(lifted.shape);
+    key.append(Kind_Of_Use(to_be_written, lifted.is_lifted));
+    const auto prepared = Known_Or(key, [&] {
+        lifted.shape = key.chopped(1);
+        return Prepared(Translate_Jet(lifted), to_be_written);
+    });
     return Run(*prepared, lifted.texts);
 }
 

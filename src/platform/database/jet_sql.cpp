@@ -297,7 +297,7 @@ Lifted_Statement Lift_Texts(const QString& jet) {
     const QStringView all(jet);
     Lifted_Statement lifted;
     lifted.is_lifted = true;
-    lifted.shape.reserve(jet.size());
+    lifted.shape.reserve(jet.size() + 1); // whoever keeps it adds a mark
     for (qsizetype at = 0; at < jet.size();) {
         const auto* stop = std::find_if(all.begin() + at, all.end(), Ends_A_Plain_Run);
         const qsizetype end = stop - all.begin();
