@@ -66,7 +66,8 @@ void Access_Holder::Step(const Step_Of_Work& step) {
     }
 }
 
-void Access_Holder::ado_Open(const QString& connection_string, const QString& sql, const QString& lock_mode) {
+void Access_Holder::ado_Open(const QString& connection_string, const QString& sql, const QString& lock_mode,
+                             const QStringList& columns) {
     recordset.reset();
     connection.reset();
     Step([&] { connection = std::make_unique<database::Connection>(); });
@@ -79,7 +80,10 @@ void Access_Holder::ado_Open(const QString& connection_string, const QString& sq
     Step([&] { Required(connection.get()).Open(); });
     Step([&] { recordset = std::make_unique<database::Recordset>(); });
     Step([&] { Rows().LockType = Lock_Named(lock_mode, Rows().LockType); });
-    Step([&] { Rows().Source = sql; });
+    Step([&] {
+        Rows().Source = sql;
+        Rows().Columns = columns;
+    });
     Step([&] { Rows().Set_ActiveConnection(connection.get()); });
     Step([&] { Rows().Open(); });
 }

@@ -25,8 +25,9 @@ public:
     // Opens the query and stands on its first row. An error is put to the user with Abort, which ends the
     // program, Retry, which repeats the failing step, and Ignore, which goes on behind it.
     // lock_mode is "ReadOnly", "Optimistic", "Pessimistic" or "BatchOptimistic"; any other word leaves the
-    // default lock in force.
-    void ado_Open(const QString& connection_string, const QString& sql, const QString& lock_mode);
+    // default lock in force. A list that reads few columns of all rows names them: see Recordset::Columns.
+    void ado_Open(const QString& connection_string, const QString& sql, const QString& lock_mode,
+                  const QStringList& columns = {});
 
     // Sets count to the number of rows and goes back to the first; no row gives 0. Silent: on any other
     // error, and beyond 32767 rows, count stays as it stood.

@@ -117,7 +117,7 @@ void Form9::Load_Delete_List(int index) {
         index == 0 ? QString() : u" WHERE Group_Class = '"_s + records.groups.Group_Names[index] + u'\'';
     holder.ado_Open(installation.Connection_String,
                     u"SELECT * FROM Mevo_Pupils"_s + condition + u" ORDER BY Surname,Forename"_s,
-                    u"Optimistic"_s);
+                    u"Optimistic"_s, Columns_Of_Names() + QStringList{u"DOB"_s, u"Group_Class"_s});
     qint16 count = 0;
     holder.ado_RSCount(count);
     everyone_is_listed = index == 0 && count > 0;

@@ -34,7 +34,8 @@ void Form15::Timer1_Timer() {
 }
 
 void Form15::Load_All_Students() {
-    List_All_Pupils(holder, {installation, pupils, records}, *Combo1,
+    static const QStringList columns = QStringList{u"Sex"_s, u"DOB"_s} + scoring::Test_Columns();
+    List_All_Pupils(holder, {installation, pupils, records}, *Combo1, columns,
                     [this](foundation::Row_Fields& field, int p) { Take_Pupil(field, p); });
     if (pupils.Pupils_Listed == 0)
         Label7->setText(u"No reports are available as yet"_s);

@@ -3,6 +3,22 @@
 #include <QHeaderView>
 
 namespace pupils {
+namespace {
+
+// A row of texts; an item of the toolkit's would keep each in objects of its own.
+class Text_Row final : public QTreeWidgetItem {
+public:
+    explicit Text_Row(const QStringList& texts) : texts(texts) {}
+    QVariant data(int column, int role) const override {
+        const bool is_text = role == Qt::DisplayRole && column < texts.size();
+        return is_text ? texts[column] : QTreeWidgetItem::data(column, role);
+    }
+
+private:
+    QStringList texts;
+};
+
+} // namespace
 
 List_View::List_View(const QString& name, QWidget* parent) : QTreeWidget(parent) {
     setObjectName(name);
@@ -34,7 +50,7 @@ void List_View::Add_Items(const QList<QStringList>& rows) {
     QList<QTreeWidgetItem*> items;
     items.reserve(rows.size());
     for (const QStringList& row : rows)
-        items.append(new QTreeWidgetItem(row));
+        items.append(new Text_Row(row));
     addTopLevelItems(items);
 }
 

@@ -94,9 +94,11 @@ static QStringList Taken_Pupils(foundation::Access_Holder& holder, int count, co
 }
 
 void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,
+                     const QStringList& columns,
                      const std::function<void(foundation::Row_Fields& field, int p)>& take) {
     holder.ado_Open(data.installation.Connection_String,
-                    u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s, u"Optimistic"_s);
+                    u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s, u"Optimistic"_s,
+                    Columns_Of_Names() + columns);
     qint16 count = 0;
     holder.ado_RSCount(count);
     box.Clear();

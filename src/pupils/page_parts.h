@@ -37,8 +37,9 @@ QLabel* Make_Help_Label(const QString& name, const QRect& place, QWidget* parent
 shell::Help_Line* Help_In(QLabel* label, QObject* owner);
 
 // Reads all pupils by their names into the lists and the box to choose from. `take` fills what the page needs
-// of the row at hand at place p.
+// of the row at hand at place p; `columns` are those that it reads beside those of the names.
 void List_All_Pupils(foundation::Access_Holder& holder, const Record_Data& data, shell::Click_Combo& box,
+                     const QStringList& columns,
                      const std::function<void(foundation::Row_Fields& field, int p)>& take);
 
 // Selects the first item; a list without items is left alone.

@@ -28,6 +28,10 @@ bool Is_Group_Name(const Group_Lists& groups, const QString& name) {
     return false;
 }
 
+QStringList Columns_Of_Names() {
+    return {u"StudentCode"_s, u"Surname"_s, u"Forename"_s};
+}
+
 void Take_Names(foundation::Row_Fields& field, int p, Record_Data data) {
     data.pupils.Student_Code[p] = field.Text(u"StudentCode"_s);
     data.records.Pupil_Surname[p] = field.Text(u"Surname"_s);

@@ -58,6 +58,8 @@ void Load_Groups(foundation::Access_Holder& holder, const foundation::Installati
 // Letter by letter: a name that differs only in case is another group's.
 bool Is_Group_Name(const Group_Lists& groups, const QString& name);
 
+QStringList Columns_Of_Names(); // those that Take_Names reads
+
 // Code, surname and forename of the row at hand.
 void Take_Names(foundation::Row_Fields& field, int p, Record_Data data);
 

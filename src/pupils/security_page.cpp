@@ -38,7 +38,9 @@ void Form2::Timer1_Timer() {
 }
 
 void Form2::Load_Everyone_Afresh() {
-    List_All_Pupils(holder, {installation, pupils, records}, *Combo1,
+    static const QStringList columns{u"DOB"_s, u"Group_Class"_s, u"Password"_s, u"Show_Name"_s,
+                                     u"Dob_as_pw"_s};
+    List_All_Pupils(holder, {installation, pupils, records}, *Combo1, columns,
                     [this](foundation::Row_Fields& field, int p) { Take_Pupil(field, p); });
     Label3->setText(QString::number(pupils.Pupils_Listed));
     Populate_SpreadSheet(pupils.Pupils_Listed);

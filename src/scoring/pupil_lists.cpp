@@ -71,8 +71,11 @@ int Take_Those_With_Results(foundation::Access_Holder& holder, int rows, const d
 
 void Load_Pupil_Lists(foundation::Access_Holder& holder, const foundation::Installation& installation,
                       const desktop::Clock& clock, Pupil_Lists& lists) {
+    static const QStringList columns =
+        QStringList{u"StudentCode"_s, u"Surname"_s, u"Forename"_s, u"DOB"_s, u"Group_Class"_s} +
+        Test_Columns();
     holder.ado_Open(installation.Connection_String, u"SELECT * FROM Mevo_Pupils ORDER BY Surname,Forename"_s,
-                    u"Optimistic"_s);
+                    u"Optimistic"_s, columns);
     qint16 rows = 0;
     holder.ado_RSCount(rows);
     const int n = rows > 0 ? Take_Those_With_Results(holder, rows, clock, lists) : 0;
@@ -88,7 +91,7 @@ qint16 Age_When_First_Tested(const Pupil_Lists& lists, int p) {
 }
 
 QString Pupil_List_Entry(const Pupil_Lists& lists, int p) {
-    return lists.Pupil_Name_List[p] + u" ("_s + lists.Student_Code[p] + u')';
+    return lists.Pupil_Name_List[p] % " ("_L1 % lists.Student_Code[p] % u')';
 }
 
 } // namespace scoring

@@ -76,4 +76,14 @@ const Test_Entry& Test_At(int t) {
     return catalogue.at(t - 1);
 }
 
+const QStringList& Test_Columns() {
+    static const QStringList columns = [] {
+        QStringList names;
+        for (int t = 1; t <= All_Tests; ++t)
+            names << Test_At(t).Status_Column << Test_At(t).Age_Column << Test_At(t).Date_Column;
+        return names;
+    }();
+    return columns;
+}
+
 } // namespace scoring

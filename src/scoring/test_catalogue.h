@@ -57,4 +57,6 @@ struct Test_Entry {
 // t from 1 to 9; any other is run-time error 9.
 const Test_Entry& Test_At(int t);
 
+const QStringList& Test_Columns(); // of Mevo_Pupils: status, age and date of each test
+
 } // namespace scoring

@@ -25,8 +25,12 @@ struct Date_Form {
 constexpr Date_Form As_Written = {u"dd/mm/yyyy", false}; // as this program writes dates
 constexpr Date_Form Usual_Forms[] = {As_Written, {u"dd/mm/yy", true}, {u"yyyy-mm-dd", false}};
 
-// Null where the text isn't of that form.
-static QDate Date_Of_Form(QStringView text, const Date_Form& form) {
+struct Date_Numbers {
+    int year = 0, month = 0, day = 0; // all 0 where there is no date
+};
+
+// None where the text isn't of that form, or names a day that isn't in the calendar.
+static Date_Numbers Numbers_Of_Form(QStringView text, const Date_Form& form) {
     if (text.size() != form.letters.size()) return {};
     int day = 0, month = 0, year = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -39,18 +43,19 @@ static QDate Date_Of_Form(QStringView text, const Date_Form& form) {
         if (number ? digit > 9 : text[i] != letter) return {};
         if (number) *number = *number * 10 + static_cast<int>(digit);
     }
-    return {form.short_year ? Full_Year(year) : year, month, day};
+    if (form.short_year) year = Full_Year(year);
+    return QDate::isValid(year, month, day) ? Date_Numbers{year, month, day} : Date_Numbers{};
 }
 
 // Nearly all dates stand so, and a page that lists a school reads ten of them a pupil.
 static QDate Usual_Date(QStringView text) {
     for (const Date_Form& form : Usual_Forms)
-        if (const QDate date = Date_Of_Form(text, form); date.isValid()) return date;
+        if (const auto [year, month, day] = Numbers_Of_Form(text, form); day > 0) return {year, month, day};
     return {};
 }
 
 bool Is_Date_Text(QStringView text) {
-    return Date_Of_Form(text, As_Written).isValid();
+    return Numbers_Of_Form(text, As_Written).day > 0;
 }
 
 QString Stored_Date_Text(const QString& text) {

@@ -189,17 +189,35 @@ std::shared_ptr<Prepared_Statement> Engine::Prepared(const QString& sql, const Q
         Prepared_Statement{std::move(statement), std::move(shape), table, {}, {}});
 }
 
+// The statement of whole rows with these columns in the place of all.
+static QString With_Columns_Alone(QString sql, const QStringList& names) {
+    QStringList quoted;
+    for (const QString& name : names)
+        quoted.append(Quoted(name));
+    return sql.replace(sql.indexOf(u'*'), 1, quoted.join(u", "_s));
+}
+
 // The engine sorts rows together with all of their columns, each packed and unpacked on the way. Only what it
 // would refuse, or sort by something that isn't a column, is left to it.
 std::shared_ptr<Prepared_Statement> Engine::Prepared(const Translated_Statement& translated,
-                                                     bool to_be_written) const {
+                                                     bool to_be_written,
+                                                     const QStringList& only_columns) const {
     const bool with_identity = to_be_written && !translated.table.isEmpty();
     const QString& sql = with_identity ? translated.with_row_identity : translated.sql;
     const QString table = with_identity ? translated.table : QString();
     if (translated.sorted_by.isEmpty()) return Prepared(sql, table);
-    auto unsorted = Prepared(sql.chopped(translated.order.size()), table);
+    const QString unsorted_sql = sql.chopped(translated.order.size());
+    auto unsorted = Prepared(unsorted_sql, table);
     for (const QString& name : translated.sorted_by)
         if (!unsorted->shape->columns.contains(name)) return Prepared(sql, table);
+    if (!only_columns.isEmpty()) { // of a wide row the engine unpacks only what it is asked for
+        QStringList names = unsorted->shape->names.sliced(with_identity ? 1 : 0);
+        names.removeIf([&](const QString& name) {
+            return !only_columns.contains(name, Qt::CaseInsensitive) &&
+                   !translated.sorted_by.contains(name, Qt::CaseInsensitive);
+        });
+        unsorted = Prepared(With_Columns_Alone(unsorted_sql, names), table);
+    }
     unsorted->sorted_by = translated.sorted_by;
     return unsorted;
 }
@@ -210,14 +228,16 @@ static QChar Kind_Of_Use(bool to_be_written, bool is_lifted) {
     return to_be_written ? u'\3' : u'\4';
 }
 
-Statement_Result Engine::Run_Jet(const QString& jet, bool to_be_written) {
+Statement_Result Engine::Run_Jet(const QString& jet, bool to_be_written, const QStringList& only_columns) {
     since.start();
     Lifted_Statement lifted = Lift_Texts(jet);
     QString key = std::move(lifted.shape);
+    const qsizetype shape = key.size();
+    if (!only_columns.isEmpty()) key += u'\0' + only_columns.join(u'\0');
     key.append(Kind_Of_Use(to_be_written, lifted.is_lifted));
     const auto prepared = Known_Or(key, [&] {
-        lifted.shape = key.chopped(1);
-        return Prepared(Translate_Jet(lifted), to_be_written);
+        lifted.shape = key.first(shape);
+        return Prepared(Translate_Jet(lifted), to_be_written, only_columns);
     });
     return Run(*prepared, lifted.texts);
 }

@@ -48,8 +48,9 @@ public:
     bool Serves(const QString& connection_string);
 
     // Runs one statement of the Jet dialect. With `to_be_written` its rows come with their identities, where
-    // they have any.
-    Statement_Result Run_Jet(const QString& jet, bool to_be_written);
+    // they have any. Sorted whole rows may come with the named columns alone, and those that they are sorted
+    // by; a name that the table doesn't have is left out.
+    Statement_Result Run_Jet(const QString& jet, bool to_be_written, const QStringList& only_columns = {});
     // Runs one statement of the engine's own dialect with values for its place holders.
     Statement_Result Run(const QString& sql, const std::vector<basics::Value>& values = {});
     // Shared, reads that follow each other do so under one read lock of the file, for a quarter of a second
@@ -64,8 +65,8 @@ private:
     template<class Prepare>
     std::shared_ptr<Prepared_Statement> Known_Or(const QString& key, const Prepare& prepare);
     std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
-    std::shared_ptr<Prepared_Statement> Prepared(const Translated_Statement& translated,
-                                                 bool to_be_written) const;
+    std::shared_ptr<Prepared_Statement> Prepared(const Translated_Statement& translated, bool to_be_written,
+                                                 const QStringList& only_columns) const;
     Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);
     void Share_Lock();
     void Open(int timeout_seconds);

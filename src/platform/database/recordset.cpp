@@ -31,7 +31,7 @@ void Recordset::Open() {
     if (open) Raise_Object_Error(errors::Object_Open, This_Object);
     if (!connection || !connection->Is_Open()) Raise_Object_Error(errors::Connection_Invalid, This_Object);
     const bool writes = LockType != Lock_Type::Default && LockType != Lock_Type::Read_Only;
-    Take(connection->Opened().Run_Jet(Source, writes));
+    Take(connection->Opened().Run_Jet(Source, writes, Columns));
 }
 
 void Recordset::Open_Table(const QString& name) {

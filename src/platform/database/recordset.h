@@ -37,6 +37,9 @@ public:
 
     Lock_Type LockType = Lock_Type::Default;
     QString Source;
+    // Of a table's whole rows that are sorted: those that are read, where not all are. The others may be as
+    // if the table didn't have them.
+    QStringList Columns;
     void Set_ActiveConnection(Connection* connection); // must be open
 
     void Open();                          // runs Source; an action statement leaves the recordset closed

@@ -75,6 +75,7 @@ void Row_Store::Take_Bytes(const void* bytes, int size, Kind kind, Cell& cell) {
 void Row_Store::Clear() {
     width = rows = 0;
     cells.clear();
+    order.clear();
     texts.clear();
 }
 
@@ -111,8 +112,10 @@ void Row_Store::Read(std::size_t row, int column, bool is_date, Value& into) con
 QString Row_Store::Text(std::size_t row, int column, bool is_date) const {
     const Cell& cell = At(row, column);
     if (cell.kind == Kind::Text) {
-        const QString text = QString::fromUtf8(texts.data() + cell.start, cell.size);
-        if (!is_date) return text;
+        Value stored;
+        stored.Set_Text(texts.data() + cell.start, cell.size);
+        QString text = stored.As_Text();
+        if (!is_date || basics::Is_Date_Text(text)) return text;
         return Is_Blank(text) ? u""_s : basics::Stored_Date_Text(text);
     }
     Value value;
@@ -138,18 +141,14 @@ int Row_Store::Compare(const Cell& left, const Cell& right) const {
 
 void Row_Store::Sort_By(const std::vector<int>& columns) {
     if (columns.empty()) return;
-    std::vector<std::size_t> order(rows);
-    std::iota(order.begin(), order.end(), std::size_t(0));
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+    std::vector<std::size_t> sorted(rows);
+    std::iota(sorted.begin(), sorted.end(), std::size_t(0));
+    std::stable_sort(sorted.begin(), sorted.end(), [&](std::size_t left, std::size_t right) {
         for (const int column : columns)
             if (const int found = Compare(At(left, column), At(right, column)); found != 0) return found < 0;
         return false;
     });
-    std::vector<Cell> sorted;
-    sorted.reserve(cells.size());
-    for (const std::size_t row : order)
-        sorted.insert(sorted.end(), &At(row, 0), &At(row, 0) + width);
-    cells.swap(sorted);
+    order.swap(sorted);
 }
 
 } // namespace database

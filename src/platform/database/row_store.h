@@ -62,7 +62,8 @@ private:
     };
 
     const Cell& At(std::size_t row, int column) const {
-        return cells[row * width + static_cast<std::size_t>(column)];
+        const std::size_t place = order.empty() ? row : order[row];
+        return cells[place * width + static_cast<std::size_t>(column)];
     }
     std::string_view Text_Of(const Cell& cell) const {
         return std::string_view(texts).substr(cell.start, static_cast<std::size_t>(cell.size));
@@ -72,8 +73,9 @@ private:
 
     std::size_t width = 0;
     std::size_t rows = 0;
-    std::vector<Cell> cells;
-    std::string texts; // in UTF-8, one behind the other
+    std::vector<Cell> cells;        // of row after row, as they came
+    std::vector<std::size_t> order; // of the rows among these; empty where it is theirs
+    std::string texts;              // in UTF-8, one behind the other
 };
 
 } // namespace database
