@@ -266,8 +266,6 @@ int By_First_Letters(std::string_view left, std::string_view right, const Rows& 
 
 } // namespace
 
-// Nearly always one character decides. Where none does, or what stands beside one matters, the texts are
-// compared wholly.
 static Weights Characters_Of(std::string_view utf8) {
     Weights weights = Weights_Of(utf8, All_Rows());
     weights.removeIf([](Weight weight) { return weight < First_Character; });
@@ -280,6 +278,8 @@ bool Stands_In(std::string_view part, std::string_view text) {
     return std::search(all.begin(), all.end(), wanted.begin(), wanted.end()) != all.end();
 }
 
+// Nearly always one character decides. Where none does, or what stands beside one matters, the texts are
+// compared wholly.
 int Compare_Names(std::string_view left, std::string_view right) {
     const Rows& rows = All_Rows();
     const std::size_t common = Common_Size(left, right);

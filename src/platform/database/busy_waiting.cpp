@@ -38,7 +38,7 @@ void Busy_Waiting::Tell() {
     Send(left);
 }
 
-// Whether another is about to write. Who asks holds no lock meanwhile; elsewhere than here asking takes one.
+// Whether another is about to write. Who asks holds no lock meanwhile; on Windows asking would take one.
 static bool Another_Writes(sqlite3* engine) {
 #ifdef _WIN32
     Q_UNUSED(engine)
