@@ -175,7 +175,7 @@ void Full_Reports_Dialog::Tell_Outcome(const QString& where) {
     QString text = Outcome_In_Words(where);
     if (!left_out.isEmpty())
         text += u"\r\rLeft out, as they can't be scored ("_s + Count_Of_Pupils(left_out.size()) + u"):\r"_s +
-                left_out.join(u'\r');
+                Named(left_out);
     const bool all_well = left_out.isEmpty() && made.sheets > 0;
     platform.boxes.Ask(all_well ? Box_Style::Information : Box_Style::Exclamation, Full_Reports_Title, text);
 }

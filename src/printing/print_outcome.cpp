@@ -2,6 +2,8 @@
 
 #include "platform/basics/run_time_error.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace printing {
@@ -12,6 +14,12 @@ void Telling_Printer_Errors(desktop::Platform& platform, const std::function<voi
     } catch (const basics::Run_Time_Error& error) {
         platform.boxes.Ask(desktop::Box_Style::Critical, desktop::Default_Box_Title(), error.Description);
     }
+}
+
+QString Named(const QStringList& pupils) {
+    constexpr qsizetype most = 12;
+    const QString names = pupils.first(std::min(pupils.size(), most)).join(u'\r');
+    return pupils.size() <= most ? names : names + u"\rand %1 more"_s.arg(pupils.size() - most);
 }
 
 } // namespace printing

@@ -2,6 +2,7 @@
 
 #include "foundation/quiet_reading.h"
 #include "platform/desktop/wait_pointer.h"
+#include "printing/print_outcome.h"
 #include "scoring/cohort.h"
 #include "scoring/score_rows.h"
 #include "shell/conventions/csv_dialog.h"
@@ -9,7 +10,6 @@
 #include "shell/conventions/save_as.h"
 
 #include <QElapsedTimer>
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -90,13 +90,6 @@ private:
     QElapsedTimer painted;
     QString text;
 };
-
-// As many as a box has room for.
-QString Named(const QStringList& pupils) {
-    constexpr qsizetype most = 12;
-    const QString names = pupils.first(std::min(pupils.size(), most)).join(u'\r');
-    return pupils.size() <= most ? names : names + u"\rand %1 more"_s.arg(pupils.size() - most);
-}
 
 void Tell_Who_Is_Missing(const QStringList& not_scored, const QStringList& lost,
                          desktop::Platform& platform) {
