@@ -20,6 +20,7 @@ public:
     }
     // Its text, empty text for none.
     QString Text(const QString& name) { return rows.Text(Column_Of(name)); }
+    void Keep(const QString& name, basics::Kept_Date& into) { rows.Keep(Column_Of(name), into); }
     bool Is_Behind_The_Last() const { return rows.Eof(); }
     void Next_Row() {
         rows.MoveNext();

@@ -51,7 +51,7 @@ void Form15::Take_Pupil(foundation::Row_Fields& field, int p) {
         const scoring::Test_Entry& test = scoring::Test_At(t);
         pupils.Test_Status[t][p] = Number_Or_Zero(field(test.Status_Column));
         pupils.Test_Age[t][p] = Number_Or_Zero(field(test.Age_Column));
-        pupils.Test_Date[t][p] = field.Text(test.Date_Column);
+        field.Keep(test.Date_Column, pupils.Test_Date[t][p]);
     }
 }
 

@@ -48,7 +48,7 @@ void Take_Pupil(Row_Fields& field, const Statuses& statuses, const QDateTime& no
         const Test_Entry& test = Test_At(t);
         lists.Test_Status[t][p] = statuses[t].As_Integer();
         lists.Test_Age[t][p] = field(test.Age_Column).As_Integer();
-        lists.Test_Date[t][p] = field.Text(test.Date_Column);
+        field.Keep(test.Date_Column, lists.Test_Date[t][p]);
     }
     lists.Pupil_Test_Age[p] = Age_When_First_Tested(lists, p);
 }

@@ -3,6 +3,7 @@
 #include "foundation/access_holder.h"
 #include "foundation/installation.h"
 #include "platform/basics/bounded.h"
+#include "platform/basics/kept_date.h"
 #include "scoring/test_catalogue.h"
 
 #include <QString>
@@ -26,7 +27,7 @@ struct Pupil_Lists {
 
     basics::Bounded<Of_Each_Pupil<qint16>, All_Tests> Test_Status; // [t][p]; 1 alone is completed
     basics::Bounded<Of_Each_Pupil<qint16>, All_Tests> Test_Age; // [t][p], completed months; selects the norms
-    basics::Bounded<Of_Each_Pupil<QString>, All_Tests> Test_Date; // [t][p], dd/mm/yyyy
+    basics::Bounded<Of_Each_Pupil<basics::Kept_Date>, All_Tests> Test_Date; // [t][p], dd/mm/yyyy
 
     int Pupils_Listed = 0;
 };

@@ -112,6 +112,14 @@ QString Recordset::Text(int column) const {
     return Checked_Value(column).Text_Or_Empty();
 }
 
+void Recordset::Keep(int column, basics::Kept_Date& into) const {
+    const int place = column + first_column;
+    if (Is_As_Stored() && column >= 0 && place < shape->Column_Count() && shape->Is_Date(place))
+        rows->Keep(current, place, into);
+    else
+        into = Checked_Value(column).Text_Or_Empty();
+}
+
 Field Recordset::Fields(const QString& name) {
     return Fields(Column_Of(name));
 }

@@ -59,6 +59,7 @@ public:
     // error 3265.
     void Read(int column, basics::Value& into) const;
     QString Text(int column) const; // the text of that value, empty text for none
+    void Keep(int column, basics::Kept_Date& into) const; // the same, of a date
     const std::shared_ptr<const Row_Shape>& Shape() const { return shape; }
     Field Fields(const QString& name); // without regard to case
     Field Fields(int column);          // from 0

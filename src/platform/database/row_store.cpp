@@ -39,9 +39,7 @@ Row_Shape::Row_Shape(sqlite3_stmt* statement) {
 
 void Row_Store::Take_Row(sqlite3_stmt* statement, int columns) {
     width = static_cast<std::size_t>(columns);
-    ++rows;
-    cells.resize(rows * width);
-    Cell* cell = cells.data() + (rows - 1) * width;
+    Cell* cell = New_Row();
     for (int column = 0; column < columns; ++column, ++cell) {
         // One thread has the engine, so that its values may be asked as if they were copies.
         sqlite3_value* value = sqlite3_column_value(statement, column);
@@ -65,6 +63,17 @@ void Row_Store::Take_Row(sqlite3_stmt* statement, int columns) {
     }
 }
 
+Row_Store::Cell* Row_Store::New_Row() {
+    const std::size_t piece = rows++ / Rows_Of_A_Piece;
+    if (piece == pieces.size()) {
+        pieces.emplace_back();
+        if (piece > 0) pieces.back().reserve(Rows_Of_A_Piece * width); // of one row nothing more may come
+    }
+    std::vector<Cell>& cells = pieces[piece];
+    cells.resize(cells.size() + width);
+    return cells.data() + (cells.size() - width);
+}
+
 void Row_Store::Take_Bytes(const void* bytes, int size, Kind kind, Cell& cell) {
     cell.kind = kind;
     cell.size = size;
@@ -74,7 +83,8 @@ void Row_Store::Take_Bytes(const void* bytes, int size, Kind kind, Cell& cell) {
 
 void Row_Store::Clear() {
     width = rows = 0;
-    cells.clear();
+    for (std::vector<Cell>& cells : pieces)
+        cells.clear();
     order.clear();
     texts.clear();
 }
@@ -112,15 +122,21 @@ void Row_Store::Read(std::size_t row, int column, bool is_date, Value& into) con
 QString Row_Store::Text(std::size_t row, int column, bool is_date) const {
     const Cell& cell = At(row, column);
     if (cell.kind == Kind::Text) {
-        Value stored;
-        stored.Set_Text(texts.data() + cell.start, cell.size);
-        QString text = stored.As_Text();
+        QString text = QString::fromUtf8(texts.data() + cell.start, cell.size);
         if (!is_date || basics::Is_Date_Text(text)) return text;
         return Is_Blank(text) ? u""_s : basics::Stored_Date_Text(text);
     }
     Value value;
     Read(row, column, is_date, value);
     return value.Text_Or_Empty();
+}
+
+void Row_Store::Keep(std::size_t row, int column, basics::Kept_Date& into) const {
+    const Cell& cell = At(row, column);
+    if (cell.kind == Kind::Text)
+        into.Set_Stored(Text_Of(cell));
+    else
+        into = Text(row, column, true);
 }
 
 int Row_Store::Compare(const Cell& left, const Cell& right) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/basics/kept_date.h"
 #include "platform/basics/value.h"
 
 #include <QString>
@@ -48,6 +49,7 @@ public:
     std::size_t Row_Count() const { return rows; }
     void Read(std::size_t row, int column, bool is_date, basics::Value& into) const;
     QString Text(std::size_t row, int column, bool is_date) const; // Text_Or_Empty of what Read gives
+    void Keep(std::size_t row, int column, basics::Kept_Date& into) const; // that text, of a date
 
 private:
     enum class Kind : quint8 { Empty, Whole, Number, Text, Bytes };
@@ -63,18 +65,21 @@ private:
 
     const Cell& At(std::size_t row, int column) const {
         const std::size_t place = order.empty() ? row : order[row];
-        return cells[place * width + static_cast<std::size_t>(column)];
+        return pieces[place / Rows_Of_A_Piece][place % Rows_Of_A_Piece * width + static_cast<std::size_t>(column)];
     }
     std::string_view Text_Of(const Cell& cell) const {
         return std::string_view(texts).substr(cell.start, static_cast<std::size_t>(cell.size));
     }
+    Cell* New_Row();
     void Take_Bytes(const void* bytes, int size, Kind kind, Cell& cell);
     int Compare(const Cell& left, const Cell& right) const;
 
+    static constexpr std::size_t Rows_Of_A_Piece = 128;
+
     std::size_t width = 0;
     std::size_t rows = 0;
-    std::vector<Cell> cells;        // of row after row, as they came
-    std::vector<std::size_t> order; // of the rows among these; empty where it is theirs
+    std::vector<std::vector<Cell>> pieces; // of row after row, as they came; a school's never move as they grow
+    std::vector<std::size_t> order;        // of the rows among these; empty where it is theirs
     std::string texts;              // in UTF-8, one behind the other
 };
 
