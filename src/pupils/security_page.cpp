@@ -93,7 +93,6 @@ void Form2::Populate_SpreadSheet(int count) {
         texts.push_back(records.Pupil_Show_Name[row] == 1 ? u"Yes"_s : u"No"_s);
     }
     Spread1->Set_All_Texts(std::move(texts));
-    Spread1->viewport()->update();
 }
 
 void Form2::Bring_Into_View(int row) {

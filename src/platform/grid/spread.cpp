@@ -105,8 +105,9 @@ public:
     }
     void Set_All(std::vector<QString> all) {
         Set_Rows(static_cast<int>(all.size()) / columns);
-        texts = std::move(all);
-        if (!texts.empty()) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
+        texts.swap(all);
+        for (int column = 0; column < columns; ++column)
+            Tell_What_Changed(column, all);
     }
     // Words by row, from 1.
     void Set_Marks(const QMap<int, QString>& words) {
@@ -120,6 +121,18 @@ private:
     std::size_t At(int column, int row) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
                static_cast<std::size_t>(column);
+    }
+
+    // Of the column's cells, beside what stood in them: what is the same needn't be painted anew.
+    void Tell_What_Changed(int column, const std::vector<QString>& before) {
+        const auto is_as_before = [&](int row) { return texts[At(column, row)] == before[At(column, row)]; };
+        int first = 0;
+        int last = rowCount() - 1;
+        while (first <= last && is_as_before(first))
+            ++first;
+        while (first < last && is_as_before(last))
+            --last;
+        if (first <= last) Q_EMIT dataChanged(index(first, column), index(last, column));
     }
 
     // A row without a mark has an empty heading, or its number would show.
@@ -171,7 +184,9 @@ int fpSpread::columnCount() const {
 }
 
 void fpSpread::Set_Heading(int column, const QString& text) {
-    cells->headings[static_cast<std::size_t>(column) - 1].text = text;
+    QString& heading = cells->headings[static_cast<std::size_t>(column) - 1].text;
+    if (heading == text) return;
+    heading = text;
     cells->Heading_Changed(column - 1);
 }
 
