@@ -151,6 +151,7 @@ void Profile_Chart::Load_Ground(const QString& app_path) {
     const QString file = app_path + u"\\system\\"_s + name;
     if (!ground.load(basics::Native_Path(file)))
         throw basics::Run_Time_Error(basics::errors::File_Not_Found, u"Mevo"_s, u"File not found: "_s + file);
+    setAttribute(Qt::WA_OpaquePaintEvent, !ground.hasAlpha()); // nothing beneath it need be painted
     update();
 }
 

@@ -16,16 +16,17 @@ namespace {
 using basics::Value;
 using foundation::Row_Fields;
 
-using Statuses = basics::Bounded<Value, All_Tests>; // of one pupil's tests, as they are stored
+using Statuses = basics::Bounded<double, All_Tests>; // of one pupil's tests, as they are stored
 
 // A single status without a value leaves the sum without one, and so the pupil off the list, however many
 // tests are done.
 bool Belongs_On_List(Row_Fields& field, Statuses& statuses) {
     double sum = 0;
     for (int t = 1; t <= All_Tests; ++t) {
-        statuses[t] = field(Test_At(t).Status_Column);
-        if (statuses[t].Is_Empty()) return false;
-        sum += statuses[t].As_Double();
+        const Value& status = field(Test_At(t).Status_Column);
+        if (status.Is_Empty()) return false;
+        statuses[t] = status.As_Double();
+        sum += statuses[t];
     }
     return sum > 0;
 }
@@ -46,7 +47,7 @@ void Take_Pupil(Row_Fields& field, const Statuses& statuses, const QDateTime& no
     Passing_Over_Errors([&] { lists.Pupil_Class_List[p] = field.Text(u"Group_Class"_s).trimmed(); });
     for (int t = 1; t <= All_Tests; ++t) {
         const Test_Entry& test = Test_At(t);
-        lists.Test_Status[t][p] = statuses[t].As_Integer();
+        lists.Test_Status[t][p] = Value(statuses[t]).As_Integer();
         lists.Test_Age[t][p] = field(test.Age_Column).As_Integer();
         field.Keep(test.Date_Column, lists.Test_Date[t][p]);
     }

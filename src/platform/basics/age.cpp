@@ -2,28 +2,47 @@
 
 namespace basics {
 
-// The date's day and month in another year; the 29th of February becomes the 1st of March where it is
-// missing.
-static QDate Anniversary(const QDate& date, int year) {
-    return QDate(year, date.month(), 1).addDays(date.day() - 1);
+namespace {
+
+struct Day {
+    explicit Day(const QDateTime& time) { time.date().getDate(&year, &month, &day); }
+    int year = 0, month = 0, day = 0;
+};
+
+// Whether the day of this month comes later in the year `to`; the 29th of February is the 1st of March there
+// where it is missing.
+bool Is_Still_To_Come(const Day& from, const Day& to) {
+    const bool is_missing = from.month == 2 && from.day == 29 && !QDate::isLeapYear(to.year);
+    const int month = is_missing ? 3 : from.month;
+    const int day = is_missing ? 1 : from.day;
+    return to.month < month || (to.month == month && to.day < day);
 }
 
-qint16 Whole_Years_Since(const QDateTime& date, const QDateTime& now) {
-    const int years = now.date().year() - date.date().year();
-    const bool still_to_come = now.date() < Anniversary(date.date(), now.date().year());
-    return static_cast<qint16>(still_to_come ? years - 1 : years);
+qint16 Whole_Years(const Day& from, const Day& to) {
+    const int years = to.year - from.year;
+    return static_cast<qint16>(Is_Still_To_Come(from, to) ? years - 1 : years);
 }
 
-qint16 Months_Part_Since(const QDateTime& date, const QDateTime& now) {
-    const QDate from = date.date();
-    const QDate to = now.date();
-    int months = (to.year() - from.year()) * 12 + to.month() - from.month();
-    if (from.day() > to.day()) --months;
+qint16 Months_Part(const Day& from, const Day& to) {
+    int months = (to.year - from.year) * 12 + to.month - from.month;
+    if (from.day > to.day) --months;
     return static_cast<qint16>(months < 0 ? 0 : months % 12);
 }
 
+} // namespace
+
+qint16 Whole_Years_Since(const QDateTime& date, const QDateTime& now) {
+    return Whole_Years(Day(date), Day(now));
+}
+
+qint16 Months_Part_Since(const QDateTime& date, const QDateTime& now) {
+    return Months_Part(Day(date), Day(now));
+}
+
 qint16 Age_In_Months(const QDateTime& date, const QDateTime& now) {
-    return static_cast<qint16>(Whole_Years_Since(date, now) * 12 + Months_Part_Since(date, now));
+    const Day from(date);
+    const Day to(now);
+    return static_cast<qint16>(Whole_Years(from, to) * 12 + Months_Part(from, to));
 }
 
 } // namespace basics

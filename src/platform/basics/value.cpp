@@ -52,9 +52,12 @@ double Value::As_Double() const {
 
 template<class Whole>
 static Whole Converted(double number) {
+    const auto fits = [](double whole) {
+        return whole >= std::numeric_limits<Whole>::min() && whole <= std::numeric_limits<Whole>::max();
+    };
+    if (fits(number) && static_cast<Whole>(number) == number) return static_cast<Whole>(number);
     const double rounded = Round_To_Even(number);
-    if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
-        Raise(errors::Overflow);
+    if (!fits(rounded)) Raise(errors::Overflow);
     return static_cast<Whole>(rounded);
 }
 

@@ -106,12 +106,12 @@ void HotLabel::paintEvent(QPaintEvent*) {
         chosen.ground = chosen.edge = Colours_In_Force().Hover_Ground;
         chosen.text = Colours_In_Force().Text;
     }
-    const qreal inset = hasFocus() ? 4.5 : 0.5; // the mark of the focus stands around it
+    const int inset = hasFocus() ? 4 : 0; // the mark of the focus stands around it
     const qreal corner = hasFocus() ? Corner - 3 : Corner;
     // What can't be used, and what is chosen, is told apart by its edge as well as by its colour.
-    painter.setPen(QPen(chosen.edge, isChecked() ? 2 : 1, isEnabled() ? Qt::SolidLine : Qt::DashLine));
-    painter.setBrush(chosen.ground);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), corner, corner);
+    const QPen edge(chosen.edge, isChecked() ? 2 : 1, isEnabled() ? Qt::SolidLine : Qt::DashLine);
+    shell::Look::Draw_Plate(painter, rect().adjusted(inset, inset, -inset, -inset), corner, edge,
+                            chosen.ground);
     if (hasFocus()) shell::Look::Draw_Focus(painter, rect(), Corner);
     Draw_Caption(painter, chosen.text);
 }

@@ -3,9 +3,13 @@
 #include "shell/conventions/theme.h"
 
 #include <QPainter>
-#include <QPainterPath>
+#include <QPixmapCache>
 #include <QStyleFactory>
 #include <QStyleOptionComboBox>
+#include <QtMath>
+#include <algorithm>
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -70,15 +74,70 @@ void Draw_Combo(QPainter& painter, const QStyleOptionComplex& option) {
     const Inks inks = Inks_Of(option);
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);
-    painter.setPen(QPen(enabled ? inks.edge : colours.Faint_Edge, 1));
-    painter.setBrush(inks.ground);
-    painter.drawRoundedRect(box, Corner, Corner);
+    Look::Draw_Plate(painter, option.rect, Corner, QPen(enabled ? inks.edge : colours.Faint_Edge, 1),
+                     inks.ground);
     Draw_Chevron(painter, {box.right() - 16, box.center().y()},
                  enabled ? colours.Quiet_Text : colours.Disabled_Text);
     if (option.state.testFlag(QStyle::State_HasFocus)) Look::Draw_Focus(painter, option.rect, Corner);
 }
 
+void Draw_Whole_Plate(QPainter& painter, const QRectF& place, qreal corner, const QPen& edge,
+                      const QColor& ground) {
+    painter.setPen(edge);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
+}
+
+QPixmap Small_Plate(int side, qreal corner, const QPen& edge, const QColor& ground, qreal ratio) {
+    const QString key = u"plate/%1/%2/%3/%4/%5/%6"_s.arg(side)
+                            .arg(corner)
+                            .arg(edge.widthF())
+                            .arg(edge.color().rgba())
+                            .arg(ground.rgba())
+                            .arg(ratio);
+    QPixmap plate;
+    if (QPixmapCache::find(key, &plate)) return plate;
+    plate = QPixmap(QSize(side, side) * ratio);
+    plate.setDevicePixelRatio(ratio);
+    plate.fill(Qt::transparent);
+    QPainter painter(&plate);
+    painter.setRenderHint(QPainter::Antialiasing);
+    Draw_Whole_Plate(painter, QRectF(0, 0, side, side), corner, edge, ground);
+    painter.end();
+    QPixmapCache::insert(key, plate);
+    return plate;
+}
+
 } // namespace
+
+// Rounded edges are what takes longest on a page of many fields: they are drawn once for all sizes, as a
+// small plate whose middle row and column are stretched. A dashed edge, and one that doesn't lie on whole
+// pixels, can't be put together so.
+void Look::Draw_Plate(QPainter& painter, const QRect& place, qreal corner, const QPen& edge,
+                      const QColor& ground) {
+    const qreal ratio = painter.device()->devicePixelRatio();
+    const int piece = qCeil(corner) + 2;
+    const int side = 2 * piece + 1;
+    const bool is_whole = edge.style() == Qt::SolidLine && ratio == qRound(ratio) &&
+                          painter.worldTransform().type() <= QTransform::TxTranslate &&
+                          std::min(place.width(), place.height()) >= side;
+    if (!is_whole) return Draw_Whole_Plate(painter, place, corner, edge, ground);
+    const QPixmap plate = Small_Plate(side, corner, edge, ground, ratio);
+    const auto parts = [piece](int start, int length) {
+        return std::array{std::pair(start, piece), std::pair(start + piece, length - 2 * piece),
+                          std::pair(start + length - piece, piece)};
+    };
+    const auto rows = parts(place.top(), place.height());
+    const auto columns = parts(place.left(), place.width());
+    const auto from = parts(0, side);
+    for (std::size_t row = 0; row < from.size(); ++row)
+        for (std::size_t column = 0; column < from.size(); ++column) {
+            const QRectF source(from[column].first, from[row].first, from[column].second, from[row].second);
+            painter.drawPixmap(QRectF(columns[column].first, rows[row].first, columns[column].second,
+                                      rows[row].second),
+                               plate, QRectF(source.topLeft() * ratio, source.size() * ratio));
+        }
+}
 
 Look::Look() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) { // the same on every system
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPen>
 #include <QProxyStyle>
 
 namespace shell {
@@ -13,6 +14,9 @@ public:
 
     // The mark of the focus along the inner edge of a place.
     static void Draw_Focus(QPainter& painter, const QRectF& place, qreal corner);
+    // The ground of a button or a list with its rounded edge, which goes along the outermost pixels.
+    static void Draw_Plate(QPainter& painter, const QRect& place, qreal corner, const QPen& edge,
+                           const QColor& ground);
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
