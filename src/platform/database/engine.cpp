@@ -329,7 +329,7 @@ Statement_Result Engine::Run(Prepared_Statement& prepared, const std::vector<Val
         Row_Store& rows = Room_For_Rows(prepared);
         for (; is_row; is_row = statement.Step())
             rows.Take_Row(statement.Get(), columns);
-        rows.Sort_By(Columns_Of(prepared.sorted_by, *result.shape));
+        rows.Put_In_Order(Columns_Of(prepared.sorted_by, *result.shape));
         result.rows = prepared.rows;
     }
     if (columns == 0) result.affected = engine->Changed_Rows();

@@ -4,7 +4,6 @@
 #include "platform/basics/text_order.h"
 
 #include <algorithm>
-#include <numeric>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -85,7 +84,7 @@ void Row_Store::Clear() {
     width = rows = 0;
     for (std::vector<Cell>& cells : pieces)
         cells.clear();
-    order.clear();
+    ordered.clear();
     texts.clear();
 }
 
@@ -155,16 +154,16 @@ int Row_Store::Compare(const Cell& left, const Cell& right) const {
     return kind == Kind::Empty ? 0 : in_order(number(left), number(right));
 }
 
-void Row_Store::Sort_By(const std::vector<int>& columns) {
-    if (columns.empty()) return;
-    std::vector<std::size_t> sorted(rows);
-    std::iota(sorted.begin(), sorted.end(), std::size_t(0));
-    std::stable_sort(sorted.begin(), sorted.end(), [&](std::size_t left, std::size_t right) {
-        for (const int column : columns)
-            if (const int found = Compare(At(left, column), At(right, column)); found != 0) return found < 0;
+void Row_Store::Put_In_Order(const std::vector<int>& by_columns) {
+    ordered.reserve(rows);
+    for (std::size_t row = 0; row < rows; ++row)
+        ordered.push_back(pieces[row / Rows_Of_A_Piece].data() + row % Rows_Of_A_Piece * width);
+    if (by_columns.empty()) return;
+    std::stable_sort(ordered.begin(), ordered.end(), [&](const Cell* left, const Cell* right) {
+        for (const int column : by_columns)
+            if (const int found = Compare(left[column], right[column]); found != 0) return found < 0;
         return false;
     });
-    order.swap(sorted);
 }
 
 } // namespace database

@@ -42,9 +42,10 @@ class Row_Store {
 public:
     void Take_Row(sqlite3_stmt* statement, int columns);
     void Clear(); // keeps its room
-    // By these columns, the first goes first, in the order that the engine gives mixed values and the program
-    // texts; rows that are the same there stay in the order in which they came.
-    void Sort_By(const std::vector<int>& columns);
+    // When all are taken, and before one is read. They are sorted by these columns, the first goes first, in the
+    // order that the engine gives mixed values and the program texts; rows that are the same there stay in the
+    // order in which they came.
+    void Put_In_Order(const std::vector<int>& by_columns);
 
     std::size_t Row_Count() const { return rows; }
     void Read(std::size_t row, int column, bool is_date, basics::Value& into) const;
@@ -64,8 +65,7 @@ private:
     };
 
     const Cell& At(std::size_t row, int column) const {
-        const std::size_t place = order.empty() ? row : order[row];
-        return pieces[place / Rows_Of_A_Piece][place % Rows_Of_A_Piece * width + static_cast<std::size_t>(column)];
+        return ordered[row][column];
     }
     std::string_view Text_Of(const Cell& cell) const {
         return std::string_view(texts).substr(cell.start, static_cast<std::size_t>(cell.size));
@@ -79,7 +79,7 @@ private:
     std::size_t width = 0;
     std::size_t rows = 0;
     std::vector<std::vector<Cell>> pieces; // of row after row, as they came; a school's never move as they grow
-    std::vector<std::size_t> order;        // of the rows among these; empty where it is theirs
+    std::vector<const Cell*> ordered; // where each row begins there, in their order
     std::string texts;              // in UTF-8, one behind the other
 };
 
