@@ -105,19 +105,15 @@ void Recordset::Read(int column, Value& into) const {
         into = Checked_Value(column);
 }
 
-QString Recordset::Text(int column) const {
-    const int place = column + first_column;
-    if (Is_As_Stored() && column >= 0 && place < shape->Column_Count())
-        return rows->Text(current, place, shape->Is_Date(place));
-    return Checked_Value(column).Text_Or_Empty();
+const Row_Store& Recordset::Stored_Rows() const {
+    Require_Open();
+    return *rows;
 }
 
-void Recordset::Keep(int column, basics::Kept_Date& into) const {
-    const int place = column + first_column;
-    if (Is_As_Stored() && column >= 0 && place < shape->Column_Count() && shape->Is_Date(place))
-        rows->Keep(current, place, into);
-    else
-        into = Checked_Value(column).Text_Or_Empty();
+int Recordset::Stored_Place(const QString& name) const {
+    const int column = Column_Of(name);
+    if (column < 0) Raise_Object_Error(errors::No_Such_Field, This_Object);
+    return column + first_column;
 }
 
 Field Recordset::Fields(const QString& name) {

@@ -58,8 +58,10 @@ public:
     // The column's value in the current row, put where the caller keeps it; a column that isn't there is
     // error 3265.
     void Read(int column, basics::Value& into) const;
-    QString Text(int column) const; // the text of that value, empty text for none
-    void Keep(int column, basics::Kept_Date& into) const; // the same, of a date
+    // The rows as they were read, whatever was assigned or written since, and the place of a column in these;
+    // error 3265 for one that isn't there.
+    const Row_Store& Stored_Rows() const;
+    int Stored_Place(const QString& name) const;
     const std::shared_ptr<const Row_Shape>& Shape() const { return shape; }
     Field Fields(const QString& name); // without regard to case
     Field Fields(int column);          // from 0
