@@ -6,7 +6,9 @@
 #include <QVarLengthArray>
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
+#include <set>
 
 namespace basics {
 namespace {
@@ -264,7 +266,37 @@ int By_First_Letters(std::string_view left, std::string_view right, const Rows& 
     return of_left < of_right ? -1 : 1;
 }
 
+using Plain_Places = std::array<quint8, 0x80>;
+
+// The places of those ASCII characters that count by themselves, from 1; 0 for the others.
+Plain_Places Places_Of_Plain_Characters(const Rows& rows) {
+    const auto weight_of = [&rows](std::size_t character) { return rows[character].only_character; };
+    std::set<Weight> weights;
+    for (std::size_t character = 0; character < Plain_Places().size(); ++character)
+        weights.insert(weight_of(character));
+    weights.insert(0);
+    Plain_Places places{};
+    for (std::size_t character = 0; character < places.size(); ++character)
+        places[character] =
+            static_cast<quint8>(std::distance(weights.begin(), weights.find(weight_of(character))));
+    return places;
+}
+
 } // namespace
+
+Name_Start::Name_Start(std::string_view utf8) : is_whole(utf8.size() <= Most) {
+    static const Plain_Places plain = Places_Of_Plain_Characters(All_Rows());
+    for (const char letter : utf8.substr(0, Most)) {
+        const auto byte = static_cast<unsigned char>(letter);
+        if (byte >= plain.size() || plain[byte] == 0) {
+            is_whole = false;
+            return;
+        }
+        ++known;
+        places |= std::uint64_t(plain[byte]) << 8 * (Most - known);
+    }
+    known = Most;
+}
 
 static Weights Characters_Of(std::string_view utf8) {
     Weights weights = Weights_Of(utf8, All_Rows());

@@ -158,12 +158,34 @@ void Row_Store::Put_In_Order(const std::vector<int>& by_columns) {
     ordered.reserve(rows);
     for (std::size_t row = 0; row < rows; ++row)
         ordered.push_back(pieces[row / Rows_Of_A_Piece].data() + row % Rows_Of_A_Piece * width);
-    if (by_columns.empty()) return;
-    std::stable_sort(ordered.begin(), ordered.end(), [&](const Cell* left, const Cell* right) {
-        for (const int column : by_columns)
-            if (const int found = Compare(left[column], right[column]); found != 0) return found < 0;
+    if (!by_columns.empty()) Sort_By(by_columns);
+}
+
+void Row_Store::Sort_By(const std::vector<int>& columns) {
+    struct Row {
+        const Cell* cells;
+        std::size_t starts; // where those of its texts begin
+    };
+    std::vector<Row> sorted;
+    std::vector<basics::Name_Start> starts;
+    sorted.reserve(rows);
+    starts.reserve(rows * columns.size());
+    for (const Cell* cells : ordered) {
+        sorted.push_back({cells, starts.size()});
+        for (const int column : columns)
+            starts.push_back(cells[column].kind == Kind::Text ? basics::Name_Start(Text_Of(cells[column]))
+                                                              : basics::Name_Start());
+    }
+    std::stable_sort(sorted.begin(), sorted.end(), [&](const Row& left, const Row& right) {
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            const auto by_start = Compare_Starts(starts[left.starts + i], starts[right.starts + i]);
+            const int found =
+                by_start ? *by_start : Compare(left.cells[columns[i]], right.cells[columns[i]]);
+            if (found != 0) return found < 0;
+        }
         return false;
     });
+    std::transform(sorted.begin(), sorted.end(), ordered.begin(), [](const Row& row) { return row.cells; });
 }
 
 } // namespace database

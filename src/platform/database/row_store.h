@@ -72,6 +72,7 @@ private:
     }
     Cell* New_Row();
     void Take_Bytes(const void* bytes, int size, Kind kind, Cell& cell);
+    void Sort_By(const std::vector<int>& columns);
     int Compare(const Cell& left, const Cell& right) const;
 
     static constexpr std::size_t Rows_Of_A_Piece = 128;
