@@ -19,6 +19,14 @@ public:
         rows.Read(row, place.column, place.is_date, value);
         return value;
     }
+    // The same as a whole number of 16 bits, by the rules of values.
+    qint16 Integer(const QString& name) {
+        const Place& place = Place_Of(name);
+        const std::optional<qint64> whole = rows.Whole(row, place.column);
+        if (whole && *whole == static_cast<qint16>(*whole)) return static_cast<qint16>(*whole);
+        rows.Read(row, place.column, place.is_date, value);
+        return value.As_Integer();
+    }
     // Its text, empty text for none.
     QString Text(const QString& name) {
         const Place& place = Place_Of(name);

@@ -2,6 +2,7 @@
 
 #include "foundation/row_fields.h"
 #include "platform/basics/age.h"
+#include "platform/basics/dates.h"
 #include "scoring/passing_over_errors.h"
 
 #include <QStringBuilder>
@@ -32,8 +33,14 @@ bool Belongs_On_List(Row_Fields& field, Statuses& statuses) {
 }
 
 qint16 Age_At(const QDateTime& now, const Value& date_of_birth) {
-    if (date_of_birth.Is_Empty()) return 0;
-    return static_cast<qint16>(basics::Age_In_Months(date_of_birth.As_Date(), now));
+    return date_of_birth.Is_Empty() ? qint16(0) : basics::Age_In_Months(date_of_birth.As_Date(), now);
+}
+
+void Take_Birthday(Row_Fields& field, const QDateTime& now, int p, Pupil_Lists& lists) {
+    lists.Pupil_DOB_List[p] = field.Text(u"DOB"_s);
+    const QDate usual = basics::Written_Day(lists.Pupil_DOB_List[p]);
+    lists.Pupil_Age_Now[p] =
+        usual.isValid() ? basics::Age_In_Months(usual, now.date()) : Age_At(now, field(u"DOB"_s));
 }
 
 void Take_Pupil(Row_Fields& field, const Statuses& statuses, const QDateTime& now, int p,
@@ -41,14 +48,13 @@ void Take_Pupil(Row_Fields& field, const Statuses& statuses, const QDateTime& no
     lists.Student_Code[p] = field.Text(u"StudentCode"_s);
     const QString surname = field.Text(u"Surname"_s);
     lists.Pupil_Name_List[p] = surname % u' ' % field.Text(u"Forename"_s);
-    lists.Pupil_DOB_List[p] = field.Text(u"DOB"_s);
-    lists.Pupil_Age_Now[p] = Age_At(now, field(u"DOB"_s));
+    Take_Birthday(field, now, p, lists);
     lists.Pupil_Class_List[p].clear();
     Passing_Over_Errors([&] { lists.Pupil_Class_List[p] = field.Text(u"Group_Class"_s).trimmed(); });
     for (int t = 1; t <= All_Tests; ++t) {
         const Test_Entry& test = Test_At(t);
         lists.Test_Status[t][p] = Value(statuses[t]).As_Integer();
-        lists.Test_Age[t][p] = field(test.Age_Column).As_Integer();
+        lists.Test_Age[t][p] = field.Integer(test.Age_Column);
         field.Keep(test.Date_Column, lists.Test_Date[t][p]);
     }
     lists.Pupil_Test_Age[p] = Age_When_First_Tested(lists, p);

@@ -5,7 +5,7 @@ namespace basics {
 namespace {
 
 struct Day {
-    explicit Day(const QDateTime& time) { time.date().getDate(&year, &month, &day); }
+    explicit Day(QDate date) { date.getDate(&year, &month, &day); }
     int year = 0, month = 0, day = 0;
 };
 
@@ -32,17 +32,21 @@ qint16 Months_Part(const Day& from, const Day& to) {
 } // namespace
 
 qint16 Whole_Years_Since(const QDateTime& date, const QDateTime& now) {
-    return Whole_Years(Day(date), Day(now));
+    return Whole_Years(Day(date.date()), Day(now.date()));
 }
 
 qint16 Months_Part_Since(const QDateTime& date, const QDateTime& now) {
-    return Months_Part(Day(date), Day(now));
+    return Months_Part(Day(date.date()), Day(now.date()));
 }
 
-qint16 Age_In_Months(const QDateTime& date, const QDateTime& now) {
+qint16 Age_In_Months(QDate date, QDate now) {
     const Day from(date);
     const Day to(now);
     return static_cast<qint16>(Whole_Years(from, to) * 12 + Months_Part(from, to));
+}
+
+qint16 Age_In_Months(const QDateTime& date, const QDateTime& now) {
+    return Age_In_Months(date.date(), now.date());
 }
 
 } // namespace basics

@@ -13,5 +13,6 @@ qint16 Months_Part_Since(const QDateTime& date, const QDateTime& now);
 
 // In completed months; negative for a date that is still to come.
 qint16 Age_In_Months(const QDateTime& date, const QDateTime& now);
+qint16 Age_In_Months(QDate date, QDate now);
 
 } // namespace basics

@@ -54,6 +54,11 @@ static QDate Usual_Date(QStringView text) {
     return {};
 }
 
+QDate Written_Day(QStringView text) {
+    const auto [year, month, day] = Numbers_Of_Form(text, As_Written);
+    return day > 0 ? QDate(year, month, day) : QDate();
+}
+
 bool Is_Date_Text(QStringView text) {
     return Numbers_Of_Form(text, As_Written).day > 0;
 }

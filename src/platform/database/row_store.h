@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -49,6 +50,10 @@ public:
 
     std::size_t Row_Count() const { return rows; }
     void Read(std::size_t row, int column, bool is_date, basics::Value& into) const;
+    std::optional<qint64> Whole(std::size_t row, int column) const { // none for what is stored as anything else
+        const Cell& cell = At(row, column);
+        return cell.kind == Kind::Whole ? std::optional(cell.whole) : std::nullopt;
+    }
     QString Text(std::size_t row, int column, bool is_date) const; // Text_Or_Empty of what Read gives
     void Keep(std::size_t row, int column, basics::Kept_Date& into) const; // that text, of a date
 
