@@ -181,12 +181,16 @@ std::shared_ptr<Prepared_Statement> Engine::Known_Or(const QString& key, const P
     return prepared;
 }
 
-std::shared_ptr<Prepared_Statement> Engine::Prepared(const QString& sql, const QString& table) const {
-    Engine_Statement statement(*engine, sql, Engine_Statement::Use::Often);
-    if (statement.Is_Empty()) Raise_Engine_Error(errors::Syntax, u"Invalid SQL statement."_s);
+static std::shared_ptr<Prepared_Statement> With_Shape(Engine_Statement statement, const QString& table) {
     auto shape = std::make_shared<const Row_Shape>(statement.Get());
     return std::make_shared<Prepared_Statement>(
         Prepared_Statement{std::move(statement), std::move(shape), table, {}, {}});
+}
+
+std::shared_ptr<Prepared_Statement> Engine::Prepared(const QString& sql, const QString& table) const {
+    Engine_Statement statement(*engine, sql, Engine_Statement::Use::Often);
+    if (statement.Is_Empty()) Raise_Engine_Error(errors::Syntax, u"Invalid SQL statement."_s);
+    return With_Shape(std::move(statement), table);
 }
 
 // The statement of whole rows with these columns in the place of all.
@@ -195,6 +199,24 @@ static QString With_Columns_Alone(QString sql, const QStringList& names) {
     for (const QString& name : names)
         quoted.append(Quoted(name));
     return sql.replace(sql.indexOf(u'*'), 1, quoted.join(u", "_s));
+}
+
+static void Remove_All_But(const QStringList& wanted, QStringList& names) {
+    names.removeIf([&](const QString& name) { return !wanted.contains(name, Qt::CaseInsensitive); });
+}
+
+// Of a wide row the engine unpacks only what it is asked for. Nearly always the table has all of these columns;
+// where it hasn't, its own are looked at first.
+std::shared_ptr<Prepared_Statement> Engine::Prepared_Unsorted(const QString& sql, const QString& table,
+                                                              const QStringList& only_columns) const {
+    if (only_columns.isEmpty()) return Prepared(sql, table);
+    const auto narrow = With_Columns_Alone(sql, only_columns);
+    if (auto statement = Engine_Statement::If_Possible(*engine, narrow, Engine_Statement::Use::Often))
+        return With_Shape(std::move(*statement), table);
+    auto whole = Prepared(sql, table);
+    QStringList names = whole->shape->names.sliced(table.isEmpty() ? 0 : 1); // the identity isn't its own
+    Remove_All_But(only_columns, names);
+    return names.isEmpty() ? whole : Prepared(With_Columns_Alone(sql, names), table);
 }
 
 // The engine sorts rows together with all of their columns, each packed and unpacked on the way. Only what it
@@ -206,18 +228,12 @@ std::shared_ptr<Prepared_Statement> Engine::Prepared(const Translated_Statement&
     const QString& sql = with_identity ? translated.with_row_identity : translated.sql;
     const QString table = with_identity ? translated.table : QString();
     if (translated.sorted_by.isEmpty()) return Prepared(sql, table);
-    const QString unsorted_sql = sql.chopped(translated.order.size());
-    auto unsorted = Prepared(unsorted_sql, table);
+    QStringList wanted = only_columns;
+    for (const QString& name : translated.sorted_by)
+        if (!only_columns.isEmpty() && !only_columns.contains(name, Qt::CaseInsensitive)) wanted.append(name);
+    auto unsorted = Prepared_Unsorted(sql.chopped(translated.order.size()), table, wanted);
     for (const QString& name : translated.sorted_by)
         if (!unsorted->shape->columns.contains(name)) return Prepared(sql, table);
-    if (!only_columns.isEmpty()) { // of a wide row the engine unpacks only what it is asked for
-        QStringList names = unsorted->shape->names.sliced(with_identity ? 1 : 0);
-        names.removeIf([&](const QString& name) {
-            return !only_columns.contains(name, Qt::CaseInsensitive) &&
-                   !translated.sorted_by.contains(name, Qt::CaseInsensitive);
-        });
-        unsorted = Prepared(With_Columns_Alone(unsorted_sql, names), table);
-    }
     unsorted->sorted_by = translated.sorted_by;
     return unsorted;
 }

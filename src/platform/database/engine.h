@@ -67,6 +67,8 @@ private:
     std::shared_ptr<Prepared_Statement> Prepared(const QString& sql, const QString& table) const;
     std::shared_ptr<Prepared_Statement> Prepared(const Translated_Statement& translated, bool to_be_written,
                                                  const QStringList& only_columns) const;
+    std::shared_ptr<Prepared_Statement> Prepared_Unsorted(const QString& sql, const QString& table,
+                                                          const QStringList& only_columns) const;
     Statement_Result Run(Prepared_Statement& prepared, const std::vector<basics::Value>& values);
     void Share_Lock();
     void Open(int timeout_seconds);

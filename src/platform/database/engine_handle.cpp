@@ -58,13 +58,24 @@ void Engine_Statement::Finalizer::operator()(sqlite3_stmt* statement) const {
 
 Engine_Statement::Engine_Statement(const Engine_Handle& engine, const QString& sql, Use use)
     : engine(&engine) {
+    engine.Check(Prepare(sql, use));
+}
+
+std::optional<Engine_Statement> Engine_Statement::If_Possible(const Engine_Handle& engine, const QString& sql,
+                                                              Use use) {
+    Engine_Statement statement(engine);
+    if (statement.Prepare(sql, use) != SQLITE_OK) return std::nullopt;
+    return statement;
+}
+
+int Engine_Statement::Prepare(const QString& sql, Use use) {
     const QByteArray text = sql.toUtf8();
     sqlite3_stmt* prepared = nullptr;
     const int result =
-        sqlite3_prepare_v3(engine.Get(), text.constData(), static_cast<int>(text.size()),
+        sqlite3_prepare_v3(engine->Get(), text.constData(), static_cast<int>(text.size()),
                            use == Use::Often ? SQLITE_PREPARE_PERSISTENT : 0, &prepared, nullptr);
     statement.reset(prepared);
-    engine.Check(result);
+    return result;
 }
 
 void Engine_Statement::Bind_Null(int place) {

@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -48,6 +49,9 @@ public:
     enum class Use { Once, Often };
 
     Engine_Statement(const Engine_Handle& engine, const QString& sql, Use use = Use::Once);
+    // None where the engine refuses it, for whatever reason.
+    static std::optional<Engine_Statement> If_Possible(const Engine_Handle& engine, const QString& sql,
+                                                       Use use);
     bool Is_Empty() const { return !statement; } // nothing but blanks and comments
 
     // Places count from 1.
@@ -73,6 +77,9 @@ private:
     struct Finalizer {
         void operator()(sqlite3_stmt* statement) const;
     };
+    explicit Engine_Statement(const Engine_Handle& engine) : engine(&engine) {}
+    int Prepare(const QString& sql, Use use);
+
     const Engine_Handle* engine;
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
 };
