@@ -130,8 +130,10 @@ void Look::Draw_Plate(QPainter& painter, const QRect& place, qreal corner, const
     const auto rows = parts(place.top(), place.height());
     const auto columns = parts(place.left(), place.width());
     const auto from = parts(0, side);
+    painter.fillRect(place.adjusted(piece, piece, -piece, -piece), ground);
     for (std::size_t row = 0; row < from.size(); ++row)
         for (std::size_t column = 0; column < from.size(); ++column) {
+            if (row == 1 && column == 1) continue; // the middle has no edge
             const QRectF source(from[column].first, from[row].first, from[column].second, from[row].second);
             painter.drawPixmap(QRectF(columns[column].first, rows[row].first, columns[column].second,
                                       rows[row].second),

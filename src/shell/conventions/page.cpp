@@ -1,18 +1,46 @@
 #include "shell/conventions/page.h"
 
 #include "shell/conventions/button_access.h"
+#include "shell/conventions/look.h"
+
+#include <QPaintEvent>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
 namespace shell {
 
+namespace {
+
+// What a page's controls stand on. Whatever changes on a page has a piece of it painted anew, so it does that
+// quickly, and leaves nothing of the page beneath to be seen.
+class Card final : public QFrame {
+public:
+    explicit Card(QWidget* page) : QFrame(page) { setAttribute(Qt::WA_OpaquePaintEvent); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        constexpr int rim = 10;
+        const Colours& colours = Colours_In_Force();
+        QPainter painter(this);
+        if (rect().adjusted(rim, rim, -rim, -rim).contains(event->rect())) {
+            painter.fillRect(event->rect(), colours.Card);
+            return;
+        }
+        painter.fillRect(rect(), colours.Ground);
+        painter.setRenderHint(QPainter::Antialiasing);
+        Look::Draw_Plate(painter, rect(), rim - 0.5, QPen(colours.Faint_Edge, 1), colours.Card);
+    }
+};
+
+} // namespace
+
 Page::Page(desktop::Platform& platform, Navigator& navigator, const QSize& frame_size)
-    : platform(platform), navigator(navigator), Frame1(new QFrame(this)) {
+    : platform(platform), navigator(navigator), Frame1(new Card(this)) {
     Install_Button_Access();
     setProperty("page", true);
     setAttribute(Qt::WA_StyledBackground);
     Frame1->setObjectName(u"Frame1"_s);
-    Frame1->setProperty("card", true);
     Frame1->setFixedSize(frame_size);
 }
 
