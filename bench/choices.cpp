@@ -47,7 +47,7 @@ void Choose_A_Pupil(benchmark::State& state, Full_School& school, Time_Bars time
             QApplication::processEvents(); // paints what has changed
         },
         [&] { Read_Answers_Plainly(school, index + 1, time_bars); });
-    Tell_Whether_Below(state, mean_ms, Longest_Choice_Ms);
+    state.SetLabel(Limit_Below(mean_ms, Longest_Choice_Ms));
 }
 
 } // namespace

@@ -68,7 +68,7 @@ void Delete_A_School(benchmark::State& state, desktop::Platform& ports) {
     const QString all = u"SELECT * FROM Mevo_Pupils"_s;
     if (Read_Plainly(by_page, all) != Read_Plainly(plain, all))
         throw std::runtime_error("the two schools differ");
-    Tell_Whether_At_Most(state, Most_Times_One_By_One);
+    state.SetLabel(Limit_At_Most(state, Most_Times_One_By_One));
 }
 
 } // namespace bench

@@ -123,7 +123,7 @@ void Import_A_School(benchmark::State& state, desktop::Platform& ports) {
     Measure_Beside(
         state, [&] { page.HotLabel3_Click(); }, write_plainly, Wall_Ms, make_ready);
     schools.Require_Equal_Rows();
-    Tell_Whether_At_Most(state, Most_Times_One_By_One);
+    state.SetLabel(Limit_At_Most(state, Most_Times_One_By_One));
 }
 
 } // namespace bench

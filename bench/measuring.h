@@ -29,19 +29,22 @@ inline double Median(std::vector<double> values) {
     return *middle;
 }
 
-// `most_ms` is a time that a teacher doesn't notice. The line says whether it was kept, and fails nothing:
-// the machine may be busy with other things.
-inline void Tell_Whether_Below(benchmark::State& state, double mean_ms, double most_ms) {
-    const std::string most = "below " + std::to_string(static_cast<int>(most_ms)) + " ms";
-    state.SetLabel(mean_ms < most_ms ? most : "NOT " + most);
+// What a line was to keep is its label, with a NOT where it didn't; that fails nothing, as the machine may be
+// busy with other things.
+inline std::string Limit_Kept(bool kept, const std::string& limit) {
+    return (kept ? "" : "NOT ") + limit;
 }
 
-// The same for the median turn of the work, in those of the reference.
-inline void Tell_Whether_At_Most(benchmark::State& state, double most_times) {
+// `most_ms` is a time that a teacher doesn't notice.
+inline std::string Limit_Below(double mean_ms, double most_ms) {
+    return Limit_Kept(mean_ms < most_ms, "below " + std::to_string(static_cast<int>(most_ms)) + " ms");
+}
+
+// The median turn of the work in those of the reference.
+inline std::string Limit_At_Most(const benchmark::State& state, double most_times) {
     std::array<char, 32> most{};
-    std::snprintf(most.data(), most.size(), "at most %.1f", most_times);
-    const bool kept = state.counters["median_ratio"].value <= most_times;
-    state.SetLabel(std::string(kept ? "" : "NOT ") + most.data());
+    std::snprintf(most.data(), most.size(), "at most %g times", most_times);
+    return Limit_Kept(state.counters.at("median_ratio").value <= most_times, most.data());
 }
 
 // Runs the work and its reference in turns, so that both meet the machine in the same state; only the work

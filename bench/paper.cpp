@@ -121,6 +121,8 @@ void Write_Sheets(benchmark::State& state, Full_School& school) {
         [&] { Write_Plainly(drawings); });
     state.counters["sheets"] = batch.sheets.PageCount();
     state.counters["peak_MB"] = Peak_Memory_MB();
+    constexpr double most_times = 1.2;
+    state.SetLabel(Limit_At_Most(state, most_times));
 }
 
 // The sheet of each pupil, as it would be drawn.
@@ -165,7 +167,7 @@ void Write_Full_Reports(benchmark::State& state, Full_School& school, bool a_fil
         [&] { Write_Plainly(drawings); });
     state.counters["sheets"] = made.sheets;
     state.counters["peak_MB"] = Peak_Memory_MB();
-    Tell_Whether_Below(state, mean_ms, patience_ms);
+    state.SetLabel(Limit_Below(mean_ms, patience_ms));
 }
 
 } // namespace

@@ -60,7 +60,7 @@ void Prepare_A_List(benchmark::State& state, Full_School& school) {
         [&] { Read_Lines_Plainly(name); }, Processor_Ms, [&] { shared.Forget(); });
     if (pupils::Drafts(shared.list).size() != school.size)
         throw std::runtime_error("the list wasn't read whole");
-    Tell_Whether_Below(state, mean_ms, Longest_Rehearsal_Ms);
+    state.SetLabel(Limit_Below(mean_ms, Longest_Rehearsal_Ms));
 }
 
 } // namespace

@@ -50,6 +50,8 @@ void Score_Cohort(benchmark::State& state, Full_School& school) {
                 count, [](const QString&) {}, cohort, school.scoring);
         },
         [&] { Read_Bound(school); });
+    constexpr double most_times = 1.15;
+    state.SetLabel(Limit_At_Most(state, most_times));
     const double each_ms = One_Connection_Each_Ms(school);
     state.counters["pupils"] = count;
     state.counters["one_connection_each_ms"] = each_ms;

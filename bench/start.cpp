@@ -114,7 +114,7 @@ void Start_To_Menu(benchmark::State& state) {
             Start({u"--paint-the-menu"_s, installed.Path()});
         },
         [] { Start({u"--paint-a-window"_s}); }, Wall_Ms);
-    Tell_Whether_Below(state, mean_ms, Longest_Start_Ms);
+    state.SetLabel(Limit_Below(mean_ms, Longest_Start_Ms));
 }
 
 void Memory_Of_A_Full_List(benchmark::State& state) {

@@ -60,7 +60,7 @@ void Update_A_Group(benchmark::State& state, Full_School& school, Noted noted) {
         },
         Wall_Ms);
     constexpr double most_times = 1.5;
-    if (noted == Noted::No) Tell_Whether_At_Most(state, most_times);
+    if (noted == Noted::No) state.SetLabel(Limit_At_Most(state, most_times));
 }
 
 // The same bytes copied without a look at what they are, and as safely brought to the disk.
@@ -107,7 +107,7 @@ void Copy_Before_A_Page(benchmark::State& state, Full_School& school) {
     const auto kept = database::Kept_Files_In(database::Copies_Folder(file));
     if (kept.isEmpty() || QFileInfo(kept.first().path).size() != QFileInfo(file).size())
         throw std::runtime_error("no whole copy was kept");
-    Tell_Whether_Below(state, mean_ms, longest_ms);
+    state.SetLabel(Limit_Below(mean_ms, longest_ms));
 }
 
 } // namespace

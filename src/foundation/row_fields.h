@@ -6,8 +6,8 @@
 
 namespace foundation {
 
-// The fields of row after row of an open holder, as they were read. A list asks each row for the same fields in
-// the same order, so that where each stands is looked up once.
+// The fields of row after row of an open holder, as they were read. A list asks each row for the same fields
+// in the same order, so that where each stands is looked up once.
 class Row_Fields {
 public:
     explicit Row_Fields(Access_Holder& holder) : recordset(holder.Rows()), rows(recordset.Stored_Rows()) {}

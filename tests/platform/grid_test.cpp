@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QPaintEvent>
 #include <QRegularExpression>
+#include <QTest>
 #include <QToolTip>
 #include <gtest/gtest.h>
 
@@ -234,6 +236,39 @@ TEST_F(Grid, TakesNoTextOutsideUnlessItsRowsComeAsTheyAreWritten) {
     open.Set_Text(1, 12, u"later"_s);
     EXPECT_EQ(open.rowCount(), 12);
     EXPECT_EQ(open.Text(2, 12), u""_s);
+}
+
+// Where a widget was painted.
+struct Painted : QObject {
+    explicit Painted(QWidget* watched) { watched->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) places += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion places;
+};
+
+TEST_F(Grid, PaintsAnewWhatSaysSomethingElseAndNothingBesides) {
+    fpSpread grid(u"Spread1"_s, 3, 0, nullptr);
+    grid.resize(400, 300);
+    grid.show();
+    std::vector<QString> texts(9, u"as before"_s);
+    grid.Set_All_Texts(texts);
+    QApplication::processEvents();
+    const auto cell = [&](int row, int column) { return grid.visualRect(grid.model()->index(row, column)); };
+    Painted painted(grid.viewport());
+    texts[1] = texts[7] = u"new"_s; // in the second column
+    grid.Set_All_Texts(texts);
+    QApplication::processEvents();
+    for (int row = 0; row < 3; ++row)
+        EXPECT_EQ(painted.places.intersected(cell(row, 1)), QRegion(cell(row, 1))) << row;
+    EXPECT_FALSE(painted.places.contains(cell(1, 0).center()) ||
+                 painted.places.contains(cell(1, 2).center()));
+    const QRect last = cell(2, 0);
+    grid.Set_All_Texts({u"alone"_s, u"new"_s, u"as before"_s});
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return painted.places.contains(cell(0, 0).center()) && painted.places.contains(last.center());
+    }));
 }
 
 TEST_F(Grid, PrintsColumnHeadsAndRowNumbersOnlyWhenAsked) {

@@ -1,5 +1,6 @@
 #include "platform/basics/bounded.h"
 #include "platform/basics/dates.h"
+#include "platform/basics/kept_date.h"
 #include "platform/basics/native_path.h"
 #include "platform/basics/number_text.h"
 #include "platform/basics/text_order.h"
@@ -94,9 +95,12 @@ TEST(StoredDates, AreReadInEveryFormThatFilesHold) {
         ASSERT_TRUE(date.has_value());
         EXPECT_EQ(Date_Text(*date), text);
         EXPECT_EQ(Stored_Date_Text(stored), text);
+        EXPECT_EQ(QString(Kept_Date(stored)), text);
     }
     for (const QString& none : {u""_s, u"31/02/2003"_s, u"13/13/2003"_s, u"yesterday"_s, u"2003"_s})
-        EXPECT_TRUE(!Stored_Date(none) && Stored_Date_Text(none) == none) << none.toStdString();
+        EXPECT_TRUE(!Stored_Date(none) && Stored_Date_Text(none) == none && QString(Kept_Date(none)) == none)
+            << none.toStdString();
+    EXPECT_TRUE(Kept_Date(u" \t "_s).isEmpty() && QString(Kept_Date(u" "_s)).isEmpty());
 }
 
 TEST(TaggedValue, ConvertsByTheRunTimesRules) {

@@ -14,7 +14,9 @@ public:
     Kept_Date(const QString& text) : stored(text.toStdString()) {}
 
     void Set_Stored(std::string_view utf8) { stored = utf8; }
-    bool isEmpty() const { return stored.empty() || Text().trimmed().isEmpty(); } // blank where it is left out
+    bool isEmpty() const {
+        return stored.empty() || Text().trimmed().isEmpty();
+    } // blank where it is left out
     operator QString() const { return isEmpty() ? QString() : Stored_Date_Text(Text()); }
 
 private:

@@ -205,8 +205,8 @@ static void Remove_All_But(const QStringList& wanted, QStringList& names) {
     names.removeIf([&](const QString& name) { return !wanted.contains(name, Qt::CaseInsensitive); });
 }
 
-// Of a wide row the engine unpacks only what it is asked for. Nearly always the table has all of these columns;
-// where it hasn't, its own are looked at first.
+// Of a wide row the engine unpacks only what it is asked for. Nearly always the table has all of these
+// columns; where it hasn't, its own are looked at first.
 std::shared_ptr<Prepared_Statement> Engine::Prepared_Unsorted(const QString& sql, const QString& table,
                                                               const QStringList& only_columns) const {
     if (only_columns.isEmpty()) return Prepared(sql, table);

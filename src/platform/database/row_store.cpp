@@ -179,8 +179,7 @@ void Row_Store::Sort_By(const std::vector<int>& columns) {
     std::stable_sort(sorted.begin(), sorted.end(), [&](const Row& left, const Row& right) {
         for (std::size_t i = 0; i < columns.size(); ++i) {
             const auto by_start = Compare_Starts(starts[left.starts + i], starts[right.starts + i]);
-            const int found =
-                by_start ? *by_start : Compare(left.cells[columns[i]], right.cells[columns[i]]);
+            const int found = by_start ? *by_start : Compare(left.cells[columns[i]], right.cells[columns[i]]);
             if (found != 0) return found < 0;
         }
         return false;

@@ -43,18 +43,19 @@ class Row_Store {
 public:
     void Take_Row(sqlite3_stmt* statement, int columns);
     void Clear(); // keeps its room
-    // When all are taken, and before one is read. They are sorted by these columns, the first goes first, in the
-    // order that the engine gives mixed values and the program texts; rows that are the same there stay in the
-    // order in which they came.
+    // When all are taken, and before one is read. They are sorted by these columns, the first goes first, in
+    // the order that the engine gives mixed values and the program texts; rows that are the same there stay
+    // in the order in which they came.
     void Put_In_Order(const std::vector<int>& by_columns);
 
     std::size_t Row_Count() const { return rows; }
     void Read(std::size_t row, int column, bool is_date, basics::Value& into) const;
-    std::optional<qint64> Whole(std::size_t row, int column) const { // none for what is stored as anything else
+    std::optional<qint64> Whole(std::size_t row,
+                                int column) const { // none for what is stored as anything else
         const Cell& cell = At(row, column);
         return cell.kind == Kind::Whole ? std::optional(cell.whole) : std::nullopt;
     }
-    QString Text(std::size_t row, int column, bool is_date) const; // Text_Or_Empty of what Read gives
+    QString Text(std::size_t row, int column, bool is_date) const;         // Text_Or_Empty of what Read gives
     void Keep(std::size_t row, int column, basics::Kept_Date& into) const; // that text, of a date
 
 private:
@@ -69,9 +70,7 @@ private:
         Kind kind = Kind::Empty;
     };
 
-    const Cell& At(std::size_t row, int column) const {
-        return ordered[row][column];
-    }
+    const Cell& At(std::size_t row, int column) const { return ordered[row][column]; }
     std::string_view Text_Of(const Cell& cell) const {
         return std::string_view(texts).substr(cell.start, static_cast<std::size_t>(cell.size));
     }
@@ -84,9 +83,10 @@ private:
 
     std::size_t width = 0;
     std::size_t rows = 0;
-    std::vector<std::vector<Cell>> pieces; // of row after row, as they came; a school's never move as they grow
+    std::vector<std::vector<Cell>>
+        pieces;                       // of row after row, as they came; a school's never move as they grow
     std::vector<const Cell*> ordered; // where each row begins there, in their order
-    std::string texts;              // in UTF-8, one behind the other
+    std::string texts;                // in UTF-8, one behind the other
 };
 
 } // namespace database

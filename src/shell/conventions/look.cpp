@@ -135,9 +135,9 @@ void Look::Draw_Plate(QPainter& painter, const QRect& place, qreal corner, const
         for (std::size_t column = 0; column < from.size(); ++column) {
             if (row == 1 && column == 1) continue; // the middle has no edge
             const QRectF source(from[column].first, from[row].first, from[column].second, from[row].second);
-            painter.drawPixmap(QRectF(columns[column].first, rows[row].first, columns[column].second,
-                                      rows[row].second),
-                               plate, QRectF(source.topLeft() * ratio, source.size() * ratio));
+            painter.drawPixmap(
+                QRectF(columns[column].first, rows[row].first, columns[column].second, rows[row].second),
+                plate, QRectF(source.topLeft() * ratio, source.size() * ratio));
         }
 }
 
