@@ -26,15 +26,20 @@ constexpr int Row_Padding = 24;
 // As wide as the longest text, up to where it is broken into lines; together as wide as the sheet at most.
 QString Format_By_Contents(const Why_Section& section) {
     constexpr qsizetype longest_line = 44;
-    constexpr int letter = 92; // of the tables' size, in twips
+    constexpr int letter = 92;       // of the tables' size, in twips
+    constexpr int bold_letter = 108; // of a heading
     constexpr int rim = 190;
     QList<int> widths;
-    for (const QStringList& row : section.rows + QList<QStringList>{section.headings})
+    const auto make_room_for = [&](const QStringList& row, int of_a_letter) {
         for (qsizetype column = 0; column < row.size(); ++column) {
             if (column == widths.size()) widths.append(0);
-            const int width = rim + letter * static_cast<int>(std::min(longest_line, row[column].size()));
-            widths[column] = std::max(widths[column], width);
+            const int letters = static_cast<int>(std::min(longest_line, row[column].size()));
+            widths[column] = std::max(widths[column], rim + of_a_letter * letters);
         }
+    };
+    make_room_for(section.headings, bold_letter);
+    for (const QStringList& row : section.rows)
+        make_room_for(row, letter);
     const int sum = std::accumulate(widths.begin(), widths.end(), 0);
     QStringList format;
     for (const int width : widths)
