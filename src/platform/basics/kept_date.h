@@ -3,6 +3,7 @@
 #include "platform/basics/dates.h"
 
 #include <string>
+#include <string_view>
 
 namespace basics {
 
@@ -14,9 +15,8 @@ public:
     Kept_Date(const QString& text) : stored(text.toStdString()) {}
 
     void Set_Stored(std::string_view utf8) { stored = utf8; }
-    bool isEmpty() const {
-        return stored.empty() || Text().trimmed().isEmpty();
-    } // blank where it is left out
+    // Some files have blanks where it is left out.
+    bool isEmpty() const { return stored.empty() || Text().trimmed().isEmpty(); }
     operator QString() const { return isEmpty() ? QString() : Stored_Date_Text(Text()); }
 
 private:

@@ -50,8 +50,8 @@ public:
 
     std::size_t Row_Count() const { return rows; }
     void Read(std::size_t row, int column, bool is_date, basics::Value& into) const;
-    std::optional<qint64> Whole(std::size_t row,
-                                int column) const { // none for what is stored as anything else
+    // None for what is stored as anything else.
+    std::optional<qint64> Whole(std::size_t row, int column) const {
         const Cell& cell = At(row, column);
         return cell.kind == Kind::Whole ? std::optional(cell.whole) : std::nullopt;
     }
