@@ -149,9 +149,10 @@ void Profile_Chart::Load_Ground(const QString& app_path) {
     const QString name = Ground_File(state);
     if (name.isEmpty()) return;
     const QString file = app_path + u"\\system\\"_s + name;
-    if (!ground.load(basics::Native_Path(file)))
+    const bool is_loaded = ground.load(basics::Native_Path(file));          // or there is none any more
+    setAttribute(Qt::WA_OpaquePaintEvent, is_loaded && !ground.hasAlpha()); // nothing beneath need be painted
+    if (!is_loaded)
         throw basics::Run_Time_Error(basics::errors::File_Not_Found, u"Mevo"_s, u"File not found: "_s + file);
-    setAttribute(Qt::WA_OpaquePaintEvent, !ground.hasAlpha()); // nothing beneath it need be painted
     update();
 }
 

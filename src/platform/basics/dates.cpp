@@ -60,7 +60,7 @@ QDate Written_Day(QStringView text) {
 }
 
 bool Is_Date_Text(QStringView text) {
-    return Numbers_Of_Form(text, As_Written).day > 0;
+    return Written_Day(text).isValid();
 }
 
 QString Stored_Date_Text(const QString& text) {

@@ -115,7 +115,7 @@ QPixmap Small_Plate(int side, qreal corner, const QPen& edge, const QColor& grou
 // pixels, can't be put together so.
 void Look::Draw_Plate(QPainter& painter, const QRect& place, qreal corner, const QPen& edge,
                       const QColor& ground) {
-    const qreal ratio = painter.device()->devicePixelRatio();
+    const qreal ratio = painter.device()->devicePixelRatioF();
     const int piece = qCeil(corner) + 2;
     const int side = 2 * piece + 1;
     const bool is_whole = edge.style() == Qt::SolidLine && ratio == qRound(ratio) &&
